@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The controls of a window: pictures, labels, buttons, a list box. Positions and sizes are twips (1/1440 inch).
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace lumotune::platform {
+
+struct TwipsRect {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+  friend bool operator==(const TwipsRect&, const TwipsRect&) = default;
+};
+
+// 0x00BBGGRR, as skins write it.
+enum class Colour : std::uint32_t {};
+
+enum class MouseButton : int { none = 0, left = 1, right = 2, middle = 4 };
+
+struct MouseEvent {
+  MouseButton button = MouseButton::none; // held (move) or pressed (down)
+  int x = 0;                              // twips from the control's left edge
+  int y = 0;                              // twips from its top edge
+};
+
+// A real child window. Its designer name never changes. All calls on the user-interface thread; handlers run there too
+// and may change anything. Setting a value by program never fires a handler.
+class Control {
+public:
+  Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control() = default;
+
+  [[nodiscard]] virtual const std::wstring& name() const = 0;
+
+  virtual void set_visible(bool visible) = 0;
+  [[nodiscard]] virtual bool visible() const = 0; // its own flag, whether or not the window is shown
+  virtual void set_enabled(bool enabled) = 0;
+  [[nodiscard]] virtual bool enabled() const = 0;
+
+  virtual void move(int left, int top) = 0;
+  virtual void resize(int width, int height) = 0; // below 0 counts as 0
+  [[nodiscard]] virtual TwipsRect rect() const = 0;
+
+  // The window text: what a label shows, a button's caption, a picture's accessible name. Shown as it is: "&" is a
+  // letter.
+  virtual void set_text(const std::wstring& text) = 0;
+  [[nodiscard]] virtual std::wstring text() const = 0;
+  virtual void set_tooltip(const std::wstring& text) = 0;
+  [[nodiscard]] virtual std::wstring tooltip() const = 0;
+
+  std::function<void()> on_click; // left button, or Space and Enter while it has the keyboard; never while disabled
+  std::function<void()> on_double_click;
+  std::function<void(const MouseEvent&)> on_mouse_move;
+  std::function<void(const MouseEvent&)> on_mouse_down;
+};
+
+// Shows a GIF and takes its size. A picture button is a tab stop with a visible focus; a plain picture is not.
+class PictureBox : public Control {
+public:
+  // False when the file is missing or no picture; the old picture then stays.
+  [[nodiscard]] virtual bool load_picture(const std::wstring& path) = 0;
+  [[nodiscard]] virtual std::wstring picture() const = 0; // path of the picture shown, empty for none
+};
+
+// Text over whatever lies behind it. A link label is a tab stop and can be pressed.
+class Label : public Control {
+public:
+  virtual void set_text_colour(Colour colour) = 0;
+  [[nodiscard]] virtual Colour text_colour() const = 0;
+  virtual void set_underline(bool on) = 0;
+  [[nodiscard]] virtual bool underline() const = 0;
+};
+
+class Button : public Control {
+public:
+  // As a click of the mouse: fires on_click when enabled, visible or not.
+  virtual void press() = 0;
+};
+
+class ListBox : public Control {
+public:
+  static constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+  virtual void clear() = 0;
+  virtual void add(const std::wstring& item) = 0;
+  [[nodiscard]] virtual std::size_t count() const = 0;
+  [[nodiscard]] virtual std::wstring item(std::size_t index) const = 0; // empty past the end
+  [[nodiscard]] virtual std::size_t selected() const = 0;               // `none` when nothing is
+  virtual void select(std::size_t index) = 0;                           // fires nothing
+  virtual void set_colours(Colour background, Colour text) = 0;
+  [[nodiscard]] virtual Colour background_colour() const = 0;
+  [[nodiscard]] virtual Colour text_colour() const = 0;
+};
+
+} // namespace lumotune::platform

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Message boxes.
+#pragma once
+
+#include <string>
+
+namespace lumotune::platform {
+
+enum class BoxIcon { none, information };
+enum class BoxButtons { ok, yes_no };
+enum class BoxAnswer { ok, yes, no };
+
+// A box lets events run while it is open: afterwards everything may have changed. User-interface thread.
+class Dialogs {
+public:
+  // The title of a box that names none. It never equals the main window's caption, which other programs look for.
+  static constexpr const wchar_t* default_title = L"Lumotune - rádio";
+
+  Dialogs() = default;
+  Dialogs(const Dialogs&) = delete;
+  Dialogs& operator=(const Dialogs&) = delete;
+  virtual ~Dialogs() = default;
+
+  virtual BoxAnswer message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) = 0;
+};
+
+} // namespace lumotune::platform

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Files as bytes. Paths are whole paths of the machine, backslashes or slashes, letter case ignored.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumotune::platform {
+
+// Nothing throws; a call that fails leaves the old content as it was. User-interface thread.
+class Files {
+public:
+  // The largest file that is read: past it a file counts as unreadable.
+  static constexpr std::uint64_t max_bytes = 512ULL * 1024 * 1024;
+
+  Files() = default;
+  Files(const Files&) = delete;
+  Files& operator=(const Files&) = delete;
+  virtual ~Files() = default;
+
+  [[nodiscard]] virtual bool exists(const std::wstring& path) const = 0;                       // a file, not a folder
+  [[nodiscard]] virtual std::optional<std::uint64_t> size(const std::wstring& path) const = 0; // bytes
+
+  // The whole content, read while other programs may have the file open; nothing when missing or unreadable.
+  [[nodiscard]] virtual std::optional<std::string> read(const std::wstring& path) const = 0;
+  // The same into `bytes`, whose capacity is used again; false leaves `bytes` empty.
+  [[nodiscard]] virtual bool read_into(const std::wstring& path, std::string& bytes) const = 0;
+
+  // The new content is complete and flushed on disk beside the file first ("name.new"), then takes its place: a crash
+  // leaves either the old file or the new one. False when it could not be done; the old file is then still there.
+  [[nodiscard]] virtual bool replace(const std::wstring& path, std::string_view bytes) = 0;
+
+  [[nodiscard]] virtual bool append(const std::wstring& path,
+                                    std::string_view bytes) = 0;   // makes the file when missing
+  [[nodiscard]] virtual bool remove(const std::wstring& path) = 0; // true when it is gone
+  // Copies over an existing file, as safely as `replace`.
+  [[nodiscard]] virtual bool copy(const std::wstring& from, const std::wstring& to) = 0;
+
+  // The names (without folder) of the files that match `pattern` ("*.skin"), in the order the file system gives them.
+  [[nodiscard]] virtual std::vector<std::wstring> list(const std::wstring& folder,
+                                                       const std::wstring& pattern) const = 0;
+};
+
+} // namespace lumotune::platform

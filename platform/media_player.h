@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The embedded media player as the rooms see it: an address, play, stop, a volume and texts that say what goes on.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace lumotune::platform {
+
+// The numbers that the play-state notification carries.
+enum class PlayState : int { stopped = 1, playing = 3, buffering = 6, reconnecting = 11, connecting = 9 };
+
+// One player of one stream. Every member is called on the user-interface thread and returns at once: no call waits for
+// the network, the disk or the sound device. Nothing throws; what goes wrong is told by `status`.
+//
+// The listener's intent (between `play` and `stop`) is kept apart from the flow of sound: while it lasts the player
+// comes back by itself after a drop, an error page, a suspended machine or a lost sound device.
+class MediaPlayer {
+public:
+  MediaPlayer() = default;
+  MediaPlayer(const MediaPlayer&) = delete;
+  MediaPlayer& operator=(const MediaPlayer&) = delete;
+  virtual ~MediaPlayer() = default;
+
+  // The address to play: http, https, mms, rtsp, file address or a path of this machine. While a stream plays, a new
+  // address stops it; sound starts again with `play`, or at once where automatic start is on (which it is when made).
+  virtual void set_url(const std::wstring& url) = 0;
+  [[nodiscard]] virtual std::wstring url() const = 0;
+  virtual void set_auto_start(bool on) = 0;
+
+  virtual void play() = 0; // starts live, never with old sound; with no address the status says so
+  virtual void stop() = 0; // silence within 50 ms whatever the network does
+
+  virtual void set_volume(int percent) = 0; // clamped to 0..100, ramped without a click
+  [[nodiscard]] virtual int volume() const = 0;
+
+  // The machine goes to sleep or has woken up: drop the connection, or take it up again at once if sound is wanted.
+  virtual void system_suspended() = 0;
+  virtual void system_resumed() = 0;
+
+  // What goes on, short and Czech: "Zastaveno", "Připojování...", "Přehrávání: Artist - Title (128 kbps)".
+  [[nodiscard]] virtual std::wstring status() const = 0;
+
+  // The same in fixed columns for the status display: 1-32 the state, padded; 33-54 codec, bit rate and sample rate
+  // ("MP3 128 kbps 44,1 kHz"), padded; from 55 the title, or the state where there is no title.
+  [[nodiscard]] virtual std::wstring Status1() const = 0;
+
+  // Milliseconds of the stream heard since `play`, outages left out; 0 while none was heard or when stopped.
+  [[nodiscard]] virtual std::uint64_t played_ms() const = 0;
+
+  // Notifications, on the user-interface thread, never from inside one of the calls above.
+  std::function<void(int new_state)> on_play_state_change;
+  std::function<void()> on_status_change;
+};
+
+} // namespace lumotune::platform
