@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What the core asks of the rooms above it. Every call is synchronous, on the user-interface thread: the order of steps
+// matters. A call may let events run only where it says so.
+#pragma once
+
+#include "core/slot.h"
+
+#include <string>
+
+namespace lumotune::core {
+
+// The look of the main window.
+struct SkinPort {
+  virtual ~SkinPort() = default;
+  virtual void LoadSkin(const std::wstring& name) = 0; // lets events run between lines
+  virtual void ZobrazCoMas(const std::wstring& play_button_text) = 0;
+  virtual void SkinVolume(int percent) = 0;
+  virtual void load_play_picture() = 0; // "\play.gif" of the current skin into Control_Play
+};
+struct NoSkin final : SkinPort {
+  void LoadSkin(const std::wstring& /*name*/) override {}
+  void ZobrazCoMas(const std::wstring& /*play_button_text*/) override {}
+  void SkinVolume(int /*percent*/) override {}
+  void load_play_picture() override {}
+};
+using SkinSlot = Slot<SkinPort, NoSkin>;
+
+// The window's frame: topmost layer, hiding and showing, the notification-area icon.
+struct ChromePort {
+  virtual ~ChromePort() = default;
+  virtual void OnTopYES() = 0;
+  virtual void OnTopNO() = 0;
+  virtual void FormMax() = 0;
+  virtual void Tray() = 0;
+  virtual void remove_tray() = 0;
+};
+struct NoChrome final : ChromePort {
+  void OnTopYES() override {}
+  void OnTopNO() override {}
+  void FormMax() override {}
+  void Tray() override {}
+  void remove_tray() override {}
+};
+using ChromeSlot = Slot<ChromePort, NoChrome>;
+
+// The pop-up menus: check marks, and the menus that a click on the main window opens (events run while one is open).
+struct MenuPort {
+  virtual ~MenuPort() = default;
+  virtual void check_auto_start(bool on) = 0; // LT_Menu_Nastaveni_AutoStart
+  virtual void check_on_top(bool on) = 0;     // LT_Menu_Nastaveni_OnTop
+  virtual void check_volume(int level) = 0;   // Volume0..Volume5: that one checked, the others not
+  virtual void open_volume() = 0;             // LT_Volume
+  virtual void open_station() = 0;            // LT_MenuPlRaria, as opened by a click on InfoName
+};
+struct NoMenu final : MenuPort {
+  void check_auto_start(bool /*on*/) override {}
+  void check_on_top(bool /*on*/) override {}
+  void check_volume(int /*level*/) override {}
+  void open_volume() override {}
+  void open_station() override {}
+};
+using MenuSlot = Slot<MenuPort, NoMenu>;
+
+// The list of favourite stations.
+struct FavouritesPort {
+  virtual ~FavouritesPort() = default;
+  virtual void ZobrazOblibene() = 0;
+};
+struct NoFavourites final : FavouritesPort {
+  void ZobrazOblibene() override {}
+};
+using FavouritesSlot = Slot<FavouritesPort, NoFavourites>;
+
+// The station directory window.
+struct DirectoryPort {
+  virtual ~DirectoryPort() = default;
+  virtual void Naladit() = 0;
+};
+struct NoDirectory final : DirectoryPort {
+  void Naladit() override {}
+};
+using DirectorySlot = Slot<DirectoryPort, NoDirectory>;
+
+// The one-shot play report to the community service.
+struct PlayReportPort {
+  virtual ~PlayReportPort() = default;
+  virtual void enable_Timer1() = 0;
+};
+struct NoPlayReport final : PlayReportPort {
+  void enable_Timer1() override {}
+};
+using PlayReportSlot = Slot<PlayReportPort, NoPlayReport>;
+
+} // namespace lumotune::core
