@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/memory/event_loop.h"
+
+#include <algorithm>
+#include <cassert>
+#include <utility>
+
+namespace lumotune::platform::memory {
+
+// Each tick's function is copied before it runs, so that a handler may destroy its own timer.
+class MemoryTimer final : public Timer {
+public:
+  MemoryTimer(MemoryEventLoop& loop, std::uint32_t interval_ms, std::function<void()> tick)
+      : loop_(loop), interval_(std::max(interval_ms, 1U)), tick_(std::move(tick)) {
+    loop_.timers_.push_back(this);
+  }
+  MemoryTimer(const MemoryTimer&) = delete;
+  MemoryTimer& operator=(const MemoryTimer&) = delete;
+  ~MemoryTimer() override { std::erase(loop_.timers_, this); }
+
+  void start() override {
+    if (!running_)
+      arm();
+  }
+  void stop() override { running_ = false; }
+  [[nodiscard]] bool running() const override { return running_; }
+  void set_interval(std::uint32_t milliseconds) override {
+    interval_ = std::max(milliseconds, 1U);
+    if (running_)
+      arm();
+  }
+
+  [[nodiscard]] std::uint64_t due() const { return due_; }
+  [[nodiscard]] std::uint64_t order() const { return turn_; }
+  void fire() {
+    arm();
+    const auto tick = tick_;
+    tick();
+  }
+
+private:
+  void arm() {
+    running_ = true;
+    due_ = loop_.now_ + interval_;
+    turn_ = ++loop_.order_;
+  }
+
+  MemoryEventLoop& loop_;
+  std::uint32_t interval_;
+  std::function<void()> tick_;
+  bool running_ = false;
+  std::uint64_t due_ = 0;
+  std::uint64_t turn_ = 0;
+};
+
+class MemoryWaker final : public Waker {
+public:
+  MemoryWaker(MemoryEventLoop& loop, std::function<void()> work) : loop_(loop), work_(std::move(work)) {
+    loop_.wakers_.push_back(this);
+  }
+  MemoryWaker(const MemoryWaker&) = delete;
+  MemoryWaker& operator=(const MemoryWaker&) = delete;
+  ~MemoryWaker() override { std::erase(loop_.wakers_, this); }
+
+  void wake() override { pending_ = true; }
+  // Takes the wish to run; the work itself runs when no member is touched any more.
+  [[nodiscard]] std::function<void()> take() { return pending_.exchange(false) ? work_ : std::function<void()>{}; }
+
+private:
+  MemoryEventLoop& loop_;
+  std::function<void()> work_;
+  std::atomic<bool> pending_ = false;
+};
+
+MemoryEventLoop::~MemoryEventLoop() {
+  assert(timers_.empty() && wakers_.empty() && "timers and wakers must go before their loop");
+}
+
+std::unique_ptr<Timer> MemoryEventLoop::make_timer(std::uint32_t interval_ms, std::function<void()> tick) {
+  return std::make_unique<MemoryTimer>(*this, interval_ms, std::move(tick));
+}
+
+std::unique_ptr<Waker> MemoryEventLoop::make_waker(std::function<void()> work) {
+  return std::make_unique<MemoryWaker>(*this, std::move(work));
+}
+
+bool MemoryEventLoop::run_one_due() {
+  for (MemoryWaker* waker : wakers_) {
+    if (const auto work = waker->take()) {
+      work();
+      return true;
+    }
+  }
+  MemoryTimer* timer = nullptr;
+  for (MemoryTimer* each : timers_) {
+    if (each->running() && each->due() <= now_ &&
+        (timer == nullptr || std::pair(each->due(), each->order()) < std::pair(timer->due(), timer->order())))
+      timer = each;
+  }
+  const auto plan = std::min_element(planned_.begin(), planned_.end(), [](const Planned& a, const Planned& b) {
+    return std::pair(a.due, a.order) < std::pair(b.due, b.order);
+  });
+  const bool plan_due = plan != planned_.end() && plan->due <= now_;
+  if (plan_due && (timer == nullptr || std::pair(plan->due, plan->order) < std::pair(timer->due(), timer->order()))) {
+    const auto action = std::move(plan->action);
+    planned_.erase(plan);
+    action();
+    return true;
+  }
+  if (timer == nullptr)
+    return false;
+  timer->fire();
+  return true;
+}
+
+void MemoryEventLoop::run_due() {
+  // A handler that makes work for itself for ever must not hang a test.
+  for (int guard = 0; guard < 100000 && run_one_due(); ++guard) {
+  }
+}
+
+void MemoryEventLoop::run_pending() {
+  ++pending_runs_;
+  run_due();
+}
+
+bool MemoryEventLoop::wait_a_little() {
+  if (quitting_)
+    return false;
+  ++wait_passes_;
+  run_due();
+  if (!quitting_)
+    now_ += wait_step_;
+  return !quitting_;
+}
+
+bool MemoryEventLoop::next_due(std::uint64_t& due) const {
+  bool found = false;
+  const auto take = [&](std::uint64_t candidate) {
+    if (!found || candidate < due)
+      due = candidate;
+    found = true;
+  };
+  for (const MemoryTimer* timer : timers_) {
+    if (timer->running())
+      take(timer->due());
+  }
+  for (const Planned& plan : planned_)
+    take(plan.due);
+  return found;
+}
+
+void MemoryEventLoop::advance(std::uint64_t ms) {
+  const std::uint64_t aim = now_ + ms;
+  run_due();
+  std::uint64_t due = 0;
+  while (next_due(due) && due <= aim) {
+    now_ = std::max(now_, due);
+    run_due();
+  }
+  now_ = std::max(now_, aim);
+}
+
+void MemoryEventLoop::at(std::uint64_t in_ms, std::function<void()> action) {
+  planned_.push_back({now_ + in_ms, ++order_, std::move(action)});
+}
+
+void MemoryEventLoop::run() {
+  run_due();
+  std::uint64_t due = 0;
+  while (!quitting_ && next_due(due)) {
+    now_ = std::max(now_, due);
+    run_due();
+  }
+}
+
+} // namespace lumotune::platform::memory

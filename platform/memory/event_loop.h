@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// An event loop without a screen, whose clock is moved by hand: for tests, on one thread.
+#pragma once
+
+#include "platform/event_loop.h"
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace lumotune::platform::memory {
+
+class MemoryTimer;
+class MemoryWaker;
+
+// Due events run in the order of their times, then of their making. Time moves only by `advance`, by the passes of a
+// wait and by `run`; a handler that waits inside `advance` moves the clock past its aim, as on a real machine.
+class MemoryEventLoop final : public EventLoop {
+public:
+  explicit MemoryEventLoop(std::uint32_t start_ms = 1000) : now_(start_ms) {}
+  ~MemoryEventLoop() override;
+
+  [[nodiscard]] std::unique_ptr<Timer> make_timer(std::uint32_t interval_ms, std::function<void()> tick) override;
+  [[nodiscard]] std::unique_ptr<Waker> make_waker(std::function<void()> work) override;
+  void run_pending() override;
+  [[nodiscard]] bool wait_a_little() override;
+  [[nodiscard]] std::uint32_t tick_count_ms() const override { return static_cast<std::uint32_t>(now_); }
+  void quit() override { quitting_ = true; }
+  [[nodiscard]] bool quitting() const override { return quitting_; }
+  void run() override; // returns also when nothing will ever happen any more
+
+  // Moves the clock on by that much, running what falls due on the way.
+  void advance(std::uint64_t ms);
+  // Does something once, that many milliseconds from now: how a test plays the user during a wait.
+  void at(std::uint64_t in_ms, std::function<void()> action);
+
+  // How many milliseconds a pass of a wait takes.
+  void set_wait_step(std::uint32_t ms) { wait_step_ = ms; }
+  [[nodiscard]] std::uint64_t pending_runs() const { return pending_runs_; }
+  [[nodiscard]] std::uint64_t wait_passes() const { return wait_passes_; }
+
+private:
+  friend class MemoryTimer;
+  friend class MemoryWaker;
+  struct Planned {
+    std::uint64_t due = 0;
+    std::uint64_t order = 0;
+    std::function<void()> action;
+  };
+
+  void run_due();
+  [[nodiscard]] bool run_one_due();
+  [[nodiscard]] bool next_due(std::uint64_t& due) const;
+
+  std::uint64_t now_;
+  std::uint64_t order_ = 0;
+  std::uint64_t pending_runs_ = 0;
+  std::uint64_t wait_passes_ = 0;
+  std::uint32_t wait_step_ = 5;
+  bool quitting_ = false;
+  std::vector<MemoryTimer*> timers_;
+  std::vector<MemoryWaker*> wakers_;
+  std::vector<Planned> planned_;
+};
+
+} // namespace lumotune::platform::memory

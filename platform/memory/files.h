@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Files in memory, with knobs to misbehave: for tests.
+#pragma once
+
+#include "platform/ansi_codec.h"
+#include "platform/common/code_page_1250.h"
+#include "platform/files.h"
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace lumotune::platform::memory {
+
+class MemoryFiles final : public Files {
+public:
+  [[nodiscard]] bool exists(const std::wstring& path) const override;
+  [[nodiscard]] std::optional<std::uint64_t> size(const std::wstring& path) const override;
+  [[nodiscard]] std::optional<std::string> read(const std::wstring& path) const override;
+  [[nodiscard]] bool read_into(const std::wstring& path, std::string& bytes) const override;
+  [[nodiscard]] bool replace(const std::wstring& path, std::string_view bytes) override;
+  [[nodiscard]] bool append(const std::wstring& path, std::string_view bytes) override;
+  [[nodiscard]] bool remove(const std::wstring& path) override;
+  [[nodiscard]] bool copy(const std::wstring& from, const std::wstring& to) override;
+  [[nodiscard]] std::vector<std::wstring> list(const std::wstring& folder, const std::wstring& pattern) const override;
+
+  // Knobs: a file of that path can no longer be read, or no longer be written, removed or replaced.
+  void make_unreadable(const std::wstring& path) { unreadable_.insert(key(path)); }
+  void make_readonly(const std::wstring& path) { readonly_.insert(key(path)); }
+  void mend(const std::wstring& path);
+  // Records: every read, and every change as "replace C:\...", "append ...", "remove ...", "copy to ...".
+  [[nodiscard]] const std::vector<std::wstring>& changes() const { return changes_; }
+  [[nodiscard]] std::size_t reads(const std::wstring& path) const;
+
+private:
+  struct Entry {
+    std::wstring path; // as it was first written
+    std::string bytes;
+  };
+  [[nodiscard]] static std::wstring key(const std::wstring& path);
+  [[nodiscard]] const Entry* readable(const std::wstring& path) const;
+  bool put(const std::wstring& path, std::string_view bytes, const wchar_t* verb);
+
+  std::map<std::wstring, Entry> files_;
+  std::set<std::wstring> unreadable_;
+  std::set<std::wstring> readonly_;
+  std::vector<std::wstring> changes_;
+  mutable std::map<std::wstring, std::size_t> reads_;
+};
+
+// The Czech code page.
+class MemoryCodec final : public AnsiCodec {
+public:
+  [[nodiscard]] std::wstring decode(std::string_view bytes) const override { return decode_1250(bytes); }
+  [[nodiscard]] std::string encode(std::wstring_view text) const override { return encode_1250(text); }
+};
+
+} // namespace lumotune::platform::memory

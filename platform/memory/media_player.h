@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// A media player without sound: it records what it is asked and says what a test puts in its mouth.
+#pragma once
+
+#include "platform/media_player.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace lumotune::platform::memory {
+
+class MemoryMediaPlayer final : public MediaPlayer {
+public:
+  void set_url(const std::wstring& url) override {
+    url_ = url;
+    calls.push_back(L"url " + url);
+    if (auto_start_)
+      play();
+  }
+  [[nodiscard]] std::wstring url() const override { return url_; }
+  void set_auto_start(bool on) override {
+    auto_start_ = on;
+    calls.push_back(on ? L"auto start on" : L"auto start off");
+  }
+  void play() override { calls.emplace_back(L"play"); }
+  void stop() override { calls.emplace_back(L"stop"); }
+  void set_volume(int percent) override {
+    volume_ = std::clamp(percent, 0, 100);
+    calls.push_back(L"volume " + std::to_wstring(percent));
+  }
+  [[nodiscard]] int volume() const override { return volume_; }
+  void system_suspended() override { calls.emplace_back(L"suspended"); }
+  void system_resumed() override { calls.emplace_back(L"resumed"); }
+  [[nodiscard]] std::wstring status() const override { return status_text; }
+  [[nodiscard]] std::wstring Status1() const override { return status_columns; }
+  [[nodiscard]] std::uint64_t played_ms() const override { return played; }
+
+  std::vector<std::wstring> calls;
+  std::wstring status_text;
+  std::wstring status_columns;
+  std::uint64_t played = 0;
+
+private:
+  std::wstring url_;
+  bool auto_start_ = true;
+  int volume_ = 100;
+};
+
+} // namespace lumotune::platform::memory

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/memory/messages.h"
+
+namespace lumotune::platform::memory {
+
+WindowRef MemoryMessages::find_by_caption(const std::wstring& caption) const {
+  looked_up.push_back(caption);
+  if (on_look_up)
+    on_look_up(caption);
+  const auto found = windows_.find(caption);
+  return found == windows_.end() ? WindowRef::none : found->second;
+}
+
+void MemoryMessages::send_copy_data(WindowRef target, std::string_view bytes) {
+  if (target != WindowRef::none)
+    sent.push_back({target, std::string(bytes)});
+}
+
+int MemoryMessages::deliver(const std::string& bytes, std::uint32_t kind) {
+  if (!receive_)
+    return 0;
+  const auto receive = receive_;
+  receive(CopyData{kind, bytes.size() > max_bytes ? std::string() : bytes});
+  return -1;
+}
+
+BoxAnswer MemoryDialogs::message(const std::wstring& text, const std::wstring& title, BoxIcon icon,
+                                 BoxButtons buttons) {
+  shown.push_back({text, title, icon, buttons});
+  if (while_open)
+    while_open();
+  if (answers.empty())
+    return buttons == BoxButtons::ok ? BoxAnswer::ok : BoxAnswer::no;
+  const BoxAnswer answer = answers.front();
+  answers.pop_front();
+  return answer;
+}
+
+bool MemoryShell::start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) {
+  started.push_back({command_line, application, show});
+  if (start_works && on_start)
+    on_start(Started{started.back()});
+  return start_works;
+}
+
+int MemoryShell::open(const std::wstring& quoted_target) {
+  opened.push_back(quoted_target);
+  return open_answer;
+}
+
+void MemoryTray::add(const std::wstring& text) {
+  added = true;
+  tip = text.substr(0, max_tip);
+}
+
+void MemoryTray::modify(const std::wstring& text) {
+  if (!added)
+    return;
+  tip = text.substr(0, max_tip);
+  ++modified;
+}
+
+} // namespace lumotune::platform::memory

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Other programs, boxes, the tray and the machine in memory: they record what they are asked and answer as told.
+#pragma once
+
+#include "platform/common/code_page_1250.h"
+#include "platform/dialogs.h"
+#include "platform/machine.h"
+#include "platform/shell.h"
+#include "platform/tray.h"
+#include "platform/window_messages.h"
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace lumotune::platform::memory {
+
+class MemoryMessages final : public WindowMessages {
+public:
+  struct Sent {
+    WindowRef target = WindowRef::none;
+    std::string bytes;
+  };
+
+  [[nodiscard]] WindowRef find_by_caption(const std::wstring& caption) const override;
+  void send_copy_data(WindowRef target, std::string_view bytes) override;
+  void let_take_foreground(WindowRef target) override { foreground_given.push_back(target); }
+  void hook(std::function<void(const CopyData&)> receive) override { receive_ = std::move(receive); }
+
+  // A window of another program appears or goes.
+  void add_window(const std::wstring& caption, WindowRef window) { windows_[caption] = window; }
+  void remove_window(const std::wstring& caption) { windows_.erase(caption); }
+  // Another program sends copy-data: -1 when hooked, 0 when nobody listens.
+  int deliver(const std::string& bytes, std::uint32_t kind = 1);
+  [[nodiscard]] bool hooked() const { return static_cast<bool>(receive_); }
+
+  std::vector<Sent> sent;
+  std::vector<WindowRef> foreground_given;
+  mutable std::vector<std::wstring> looked_up;
+  std::function<void(const std::wstring& caption)> on_look_up; // lets a test make a window appear at the n-th look-up
+
+private:
+  std::map<std::wstring, WindowRef> windows_;
+  std::function<void(const CopyData&)> receive_;
+};
+
+class MemoryDialogs final : public Dialogs {
+public:
+  struct Shown {
+    std::wstring text;
+    std::wstring title;
+    BoxIcon icon = BoxIcon::none;
+    BoxButtons buttons = BoxButtons::ok;
+  };
+  BoxAnswer message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) override;
+
+  std::vector<Shown> shown;
+  std::deque<BoxAnswer> answers;    // taken in turn; empty answers ok, or no to a question
+  std::function<void()> while_open; // what happens while a box is open
+};
+
+class MemoryShell final : public Shell {
+public:
+  struct Started {
+    std::wstring command_line;
+    std::wstring application;
+    ShowWindow show = ShowWindow::normal_focus;
+  };
+  [[nodiscard]] bool start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) override;
+  [[nodiscard]] int open(const std::wstring& quoted_target) override;
+
+  std::vector<Started> started;
+  std::vector<std::wstring> opened;
+  bool start_works = true;
+  int open_answer = 33;
+  std::function<void(const Started&)> on_start; // lets a test make the started program's window appear
+};
+
+class MemoryTray final : public Tray {
+public:
+  void add(const std::wstring& tip) override;
+  void modify(const std::wstring& tip) override;
+  void remove() override { added = false; }
+
+  bool added = false;
+  std::wstring tip;
+  std::size_t modified = 0;
+};
+
+class MemoryMachine final : public Machine {
+public:
+  [[nodiscard]] std::wstring program_folder() const override { return folder; }
+  [[nodiscard]] std::wstring command_line() const override { return arguments; }
+  [[nodiscard]] bool previous_instance() const override { return previous; }
+  [[nodiscard]] std::wstring date_and_time() const override { return now; }
+
+  std::wstring folder = L"C:\\Orb";
+  std::wstring arguments;
+  bool previous = false;
+  std::wstring now = L"1. 2. 2024 3:04:05";
+};
+
+} // namespace lumotune::platform::memory

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/memory/window.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+namespace lumotune::platform::memory {
+namespace {
+
+constexpr int twips_a_pixel = 15;
+
+// Width and height stand in the GIF's header, two bytes each, low byte first.
+std::optional<std::pair<int, int>> gif_size(const Files& files, const std::wstring& path) {
+  const auto bytes = files.read(path);
+  if (!bytes || bytes->size() < 10 || bytes->compare(0, 4, "GIF8") != 0)
+    return std::nullopt;
+  const auto at = [&](std::size_t index) { return static_cast<int>(static_cast<unsigned char>((*bytes)[index])); };
+  return std::pair(at(6) + at(7) * 256, at(8) + at(9) * 256);
+}
+
+} // namespace
+
+bool MemoryPicture::load_picture(const std::wstring& path) {
+  const auto size = gif_size(files_, path);
+  if (!size)
+    return false;
+  picture_ = path;
+  resize(size->first * twips_a_pixel, size->second * twips_a_pixel);
+  return true;
+}
+
+void MemoryList::clear() {
+  items_.clear();
+  selected_ = none;
+}
+
+std::wstring MemoryList::item(std::size_t index) const {
+  return index < items_.size() ? items_[index] : std::wstring();
+}
+
+void MemoryList::set_colours(Colour background, Colour text) {
+  background_ = background;
+  text_colour_ = text;
+}
+
+bool MemoryList::user_pick(std::size_t index) {
+  if (!visible() || !enabled() || index >= items_.size())
+    return false;
+  selected_ = index;
+  return fire(on_click);
+}
+
+template <typename Kind>
+Kind* MemoryWindow::find(const std::wstring& name) const {
+  for (const auto& control : controls_) {
+    if (control->name() == name)
+      return dynamic_cast<Kind*>(control.get());
+  }
+  return nullptr;
+}
+
+MemoryPicture* MemoryWindow::picture(const std::wstring& name) const {
+  return find<MemoryPicture>(name);
+}
+MemoryLabel* MemoryWindow::label(const std::wstring& name) const {
+  return find<MemoryLabel>(name);
+}
+MemoryButton* MemoryWindow::button(const std::wstring& name) const {
+  return find<MemoryButton>(name);
+}
+MemoryList* MemoryWindow::list(const std::wstring& name) const {
+  return find<MemoryList>(name);
+}
+
+PictureBox& MemoryWindow::make_picture(const std::wstring& designer_name, PictureKind kind) {
+  auto made = std::make_unique<MemoryPicture>(designer_name, files_, kind);
+  auto& reference = *made;
+  controls_.push_back(std::move(made));
+  return reference;
+}
+
+Label& MemoryWindow::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont /*font*/) {
+  auto made = std::make_unique<MemoryLabel>(designer_name, kind);
+  auto& reference = *made;
+  controls_.push_back(std::move(made));
+  return reference;
+}
+
+Button& MemoryWindow::make_button(const std::wstring& designer_name) {
+  auto made = std::make_unique<MemoryButton>(designer_name);
+  auto& reference = *made;
+  controls_.push_back(std::move(made));
+  return reference;
+}
+
+ListBox& MemoryWindow::make_list(const std::wstring& designer_name) {
+  auto made = std::make_unique<MemoryList>(designer_name);
+  auto& reference = *made;
+  controls_.push_back(std::move(made));
+  return reference;
+}
+
+void MemoryWindow::move(int left, int top) {
+  rect_.left = left;
+  rect_.top = top;
+}
+
+void MemoryWindow::resize(int width, int height) {
+  rect_.width = std::max(width, 0);
+  rect_.height = std::max(height, 0);
+}
+
+// A usable piece is where the user can take hold of the window: its upper left corner with some room beside it.
+bool MemoryWindow::on_some_monitor(int left, int top) const {
+  constexpr std::int64_t piece = 32 * twips_a_pixel;
+  const auto overlap = [](std::int64_t start, std::int64_t length, std::int64_t other, std::int64_t other_length) {
+    return std::min(start + length, other + other_length) - std::max(start, other);
+  };
+  return std::any_of(monitors.begin(), monitors.end(), [&](const TwipsRect& monitor) {
+    return overlap(left, rect_.width, monitor.left, monitor.width) >= piece &&
+           overlap(top, rect_.height, monitor.top, monitor.height) >= piece;
+  });
+}
+
+bool MemoryWindow::load_background(const std::wstring& path) {
+  if (!gif_size(files_, path))
+    return false;
+  background_ = path;
+  return true;
+}
+
+bool MemoryWindow::set_topmost(bool on) {
+  if (!topmost_works)
+    return false;
+  topmost_ = on;
+  return true;
+}
+
+} // namespace lumotune::platform::memory

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// A window without a screen, 15 twips a pixel, and the user's hand for tests.
+#pragma once
+
+#include "platform/files.h"
+#include "platform/window.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace lumotune::platform::memory {
+
+// What every control has in common, over its interface.
+template <typename Interface>
+class MemoryControl : public Interface {
+public:
+  explicit MemoryControl(std::wstring designer_name) : name_(std::move(designer_name)) {}
+
+  [[nodiscard]] const std::wstring& name() const override { return name_; }
+  void set_visible(bool visible) override { visible_ = visible; }
+  [[nodiscard]] bool visible() const override { return visible_; }
+  void set_enabled(bool enabled) override { enabled_ = enabled; }
+  [[nodiscard]] bool enabled() const override { return enabled_; }
+  void move(int left, int top) override {
+    rect_.left = left;
+    rect_.top = top;
+  }
+  void resize(int width, int height) override {
+    rect_.width = width < 0 ? 0 : width;
+    rect_.height = height < 0 ? 0 : height;
+  }
+  [[nodiscard]] TwipsRect rect() const override { return rect_; }
+  void set_text(const std::wstring& text) override { text_ = text; }
+  [[nodiscard]] std::wstring text() const override { return text_; }
+  void set_tooltip(const std::wstring& text) override { tooltip_ = text; }
+  [[nodiscard]] std::wstring tooltip() const override { return tooltip_; }
+
+  // The user's hand: acts only on what can be seen and is enabled; whether it did.
+  bool user_click() { return visible_ && fire(this->on_click); }
+  bool user_double_click() { return visible_ && fire(this->on_double_click); }
+  bool user_mouse_move(const MouseEvent& event) { return visible_ && fire(this->on_mouse_move, event); }
+  bool user_mouse_down(const MouseEvent& event) { return visible_ && fire(this->on_mouse_down, event); }
+  // The system's hand: a tray event over a hidden control arrives all the same.
+  bool system_mouse_move(const MouseEvent& event) { return fire(this->on_mouse_move, event); }
+
+protected:
+  // The handler is copied first: it may replace itself.
+  template <typename Handler, typename... Arguments>
+  bool fire(const Handler& handler, const Arguments&... arguments) {
+    if (!enabled_)
+      return false;
+    if (const Handler copy = handler)
+      copy(arguments...);
+    return true;
+  }
+
+private:
+  std::wstring name_;
+  bool visible_ = true;
+  bool enabled_ = true;
+  TwipsRect rect_;
+  std::wstring text_;
+  std::wstring tooltip_;
+};
+
+class MemoryPicture final : public MemoryControl<PictureBox> {
+public:
+  MemoryPicture(std::wstring designer_name, const Files& files, PictureKind kind)
+      : MemoryControl(std::move(designer_name)), kind_(kind), files_(files) {}
+  [[nodiscard]] bool load_picture(const std::wstring& path) override;
+  [[nodiscard]] std::wstring picture() const override { return picture_; }
+  [[nodiscard]] PictureKind kind() const { return kind_; }
+
+private:
+  PictureKind kind_;
+  const Files& files_;
+  std::wstring picture_;
+};
+
+class MemoryLabel final : public MemoryControl<Label> {
+public:
+  MemoryLabel(std::wstring designer_name, LabelKind kind) : MemoryControl(std::move(designer_name)), kind_(kind) {}
+  void set_text_colour(Colour colour) override { colour_ = colour; }
+  [[nodiscard]] Colour text_colour() const override { return colour_; }
+  void set_underline(bool on) override { underline_ = on; }
+  [[nodiscard]] bool underline() const override { return underline_; }
+  [[nodiscard]] LabelKind kind() const { return kind_; }
+
+private:
+  LabelKind kind_;
+  Colour colour_{};
+  bool underline_ = false;
+};
+
+class MemoryButton final : public MemoryControl<Button> {
+public:
+  using MemoryControl::MemoryControl;
+  void press() override { (void)fire(on_click); } // a disabled button does nothing, and that is no error
+};
+
+class MemoryList final : public MemoryControl<ListBox> {
+public:
+  using MemoryControl::MemoryControl;
+  void clear() override;
+  void add(const std::wstring& item) override { items_.push_back(item); }
+  [[nodiscard]] std::size_t count() const override { return items_.size(); }
+  [[nodiscard]] std::wstring item(std::size_t index) const override;
+  [[nodiscard]] std::size_t selected() const override { return selected_; }
+  void select(std::size_t index) override { selected_ = index < items_.size() ? index : none; }
+  void set_colours(Colour background, Colour text) override;
+  [[nodiscard]] Colour background_colour() const override { return background_; }
+  [[nodiscard]] Colour text_colour() const override { return text_colour_; }
+
+  // The user selects a row with the left button.
+  bool user_pick(std::size_t index);
+
+private:
+  std::vector<std::wstring> items_;
+  std::size_t selected_ = none;
+  Colour background_{};
+  Colour text_colour_{};
+};
+
+class MemoryWindow final : public Window {
+public:
+  explicit MemoryWindow(const Files& files) : files_(files) {}
+
+  [[nodiscard]] PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
+  [[nodiscard]] Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
+  [[nodiscard]] Button& make_button(const std::wstring& designer_name) override;
+  [[nodiscard]] ListBox& make_list(const std::wstring& designer_name) override;
+
+  void set_caption(const std::wstring& caption) override { caption_ = caption; }
+  [[nodiscard]] std::wstring caption() const override { return caption_; }
+  void set_visible(bool visible) override { visible_ = visible; }
+  [[nodiscard]] bool visible() const override { return visible_; }
+  void set_state(WindowState state) override { state_ = state; }
+  [[nodiscard]] WindowState state() const override { return state_; }
+  void move(int left, int top) override;
+  void resize(int width, int height) override;
+  [[nodiscard]] TwipsRect rect() const override { return rect_; }
+  [[nodiscard]] bool on_some_monitor(int left, int top) const override;
+  [[nodiscard]] int twips_per_pixel_x() const override { return 15; }
+  [[nodiscard]] bool load_background(const std::wstring& path) override;
+  [[nodiscard]] std::wstring background() const override { return background_; }
+  [[nodiscard]] bool set_topmost(bool on) override;
+  [[nodiscard]] bool topmost() const override { return topmost_; }
+  void activate() override { ++activated; }
+  void redraw() override { ++redrawn; }
+  void drag_by_caption() override { ++dragged; }
+
+  // The controls as what they are, for the user's hand; nullptr when there is none of that name and kind.
+  [[nodiscard]] MemoryPicture* picture(const std::wstring& name) const;
+  [[nodiscard]] MemoryLabel* label(const std::wstring& name) const;
+  [[nodiscard]] MemoryButton* button(const std::wstring& name) const;
+  [[nodiscard]] MemoryList* list(const std::wstring& name) const;
+
+  // Records and knobs.
+  int activated = 0;
+  int redrawn = 0;
+  int dragged = 0;
+  bool topmost_works = true;
+  std::vector<TwipsRect> monitors = {{0, 0, 1920 * 15, 1080 * 15}};
+
+private:
+  template <typename Kind>
+  Kind* find(const std::wstring& name) const;
+
+  const Files& files_;
+  std::vector<std::unique_ptr<Control>> controls_;
+  std::wstring caption_;
+  bool visible_ = false;
+  WindowState state_ = WindowState::normal;
+  TwipsRect rect_{1500, 1500, 6000, 3000};
+  std::wstring background_;
+  bool topmost_ = false;
+};
+
+} // namespace lumotune::platform::memory
