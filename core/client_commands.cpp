@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "core/client_commands.h"
+
+#include "core/text.h"
+
+#include <utility>
+
+namespace lumotune::core {
+
+ClientCommands::ClientCommands(const Uses& uses)
+    : uses_(uses), waker_(uses.loop.make_waker([this] { run_waiting(); })) {}
+
+void ClientCommands::Hook(bool enable) {
+  if (enable)
+    uses_.messages.hook([this](const platform::CopyData& data) { receive(data); });
+  else
+    uses_.messages.hook({});
+}
+
+void ClientCommands::receive(const platform::CopyData& data) {
+  constexpr std::uint32_t text_command = 1;
+  if (data.kind != text_command || waiting_.size() >= max_waiting)
+    return;
+  // Some senders count the terminating zero among the bytes of the text.
+  std::string_view bytes = data.bytes;
+  bytes = bytes.substr(0, bytes.find('\0'));
+  waiting_.push_back(uses_.codec.decode(bytes));
+  waker_->wake();
+}
+
+// A procedure of a command may let events run, and with them this function: the outer run then takes what waits.
+void ClientCommands::run_waiting() {
+  if (busy_)
+    return;
+  busy_ = true;
+  while (!waiting_.empty() && !uses_.loop.quitting()) {
+    const std::wstring text = std::move(waiting_.front());
+    waiting_.pop_front();
+    execute(text);
+  }
+  busy_ = false;
+}
+
+void ClientCommands::execute(const std::wstring& text) {
+  const auto rest_after = [&](std::size_t prefix) { return std::wstring(mid(text, prefix + 1)); };
+  if (starts_with_ignoring_case(text, L"p:")) {
+    uses_.playback.PlayAll(rest_after(2));
+    uses_.form.window.activate();
+  }
+  if (equal_ignoring_case(text, L"list"))
+    favourites->ZobrazOblibene();
+  if (starts_with_ignoring_case(text, L"id:"))
+    uses_.settings.IDlastRadio = rest_after(3);
+  if (starts_with_ignoring_case(text, L"idk:"))
+    uses_.settings.KvalitaLT = rest_after(4);
+  if (starts_with_ignoring_case(text, L"remoteplay"))
+    remote_play(text);
+  if (equal_ignoring_case(text, L"play"))
+    uses_.playback.AutoStart(uses_.settings.IDlastRadio, uses_.settings.KvalitaLT);
+  if (equal_ignoring_case(text, L"fmax"))
+    chrome->FormMax();
+}
+
+void ClientCommands::remote_play(const std::wstring& text) {
+  auto fields = split_record(text);
+  fields.resize(5);
+  uses_.settings.IDlastRadio = fields[1];
+  uses_.settings.KvalitaLT = fields[2];
+  uses_.session.OverrideURL = fields[3];
+  uses_.session.OverrideName = fields[4];
+  uses_.playback.AutoStart(uses_.settings.IDlastRadio, uses_.settings.KvalitaLT);
+}
+
+} // namespace lumotune::core

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The text commands that other programs send to the main window.
+#pragma once
+
+#include "core/playback.h"
+#include "core/ports.h"
+#include "platform/ansi_codec.h"
+#include "platform/event_loop.h"
+#include "platform/window_messages.h"
+
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <string>
+
+namespace lumotune::core {
+
+// User-interface thread. A command is taken in and answered at once, and carried out from the top of the loop, in the
+// order of arrival: one that comes while another runs waits its turn.
+class ClientCommands {
+public:
+  // A sender that floods us loses its newest commands.
+  static constexpr std::size_t max_waiting = 256;
+
+  struct Uses {
+    Settings& settings;
+    Session& session;
+    LumotuneForm& form;
+    platform::EventLoop& loop;
+    platform::WindowMessages& messages;
+    const platform::AnsiCodec& codec;
+    Playback& playback;
+  };
+  explicit ClientCommands(const Uses& uses);
+
+  FavouritesSlot favourites;
+  ChromeSlot chrome;
+
+  void Hook(bool enable);
+
+  // The command of a copy-data message; one whose kind is not 1 is ignored.
+  void receive(const platform::CopyData& data);
+
+private:
+  void run_waiting();
+  void execute(const std::wstring& text);
+  void remote_play(const std::wstring& text);
+
+  Uses uses_;
+  std::deque<std::wstring> waiting_;
+  bool busy_ = false;
+  std::unique_ptr<platform::Waker> waker_;
+};
+
+} // namespace lumotune::core

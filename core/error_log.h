@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The error log of the data folder, append only.
+#pragma once
+
+#include "platform/ansi_codec.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+
+#include <string>
+
+namespace lumotune::core {
+
+class ErrorLog {
+public:
+  struct Uses {
+    platform::Files& files;
+    const platform::AnsiCodec& codec;
+    const platform::Machine& machine;
+  };
+  explicit ErrorLog(const Uses& uses) : uses_(uses) {}
+
+  // Appends one line: date and time, " Lumotune (", the procedure, ") ", what was wrong. A log that cannot be written
+  // is given up silently. Account values never go here. User-interface thread.
+  void add(const std::wstring& procedure, const std::wstring& what);
+
+private:
+  Uses uses_;
+};
+
+} // namespace lumotune::core

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "core/playback.h"
+
+#include "core/text.h"
+
+#include <algorithm>
+
+namespace lumotune::core {
+
+// The picture button says to a screen reader what the hidden button says.
+void Playback::set_play_caption(const std::wstring& caption) {
+  uses_.form.PlayTL.set_text(caption);
+  uses_.form.Control_Play.set_text(caption);
+  uses_.form.Control_Play.set_tooltip(caption);
+}
+
+void Playback::PripravHrani(std::wstring URL) {
+  if (URL.empty())
+    URL = uses_.session.OverrideURL;
+  uses_.session.OverrideURL.clear();
+  uses_.player.set_url(URL);
+  uses_.form.PlayTL.set_enabled(true);
+  uses_.form.Control_Play.set_enabled(true);
+  skin->load_play_picture();
+}
+
+void Playback::Play() {
+  uses_.player.play();
+  set_play_caption(caption_stop);
+  skin->ZobrazCoMas(uses_.form.PlayTL.text());
+  uses_.form.InfoTime.set_visible(true);
+  uses_.form.InfoName.set_visible(true);
+  uses_.form.InfoStatus.set_visible(true);
+  uses_.form.InfoNaladit.set_visible(false);
+  uses_.session.station_name = uses_.stations.RadioInfo(uses_.settings.IDlastRadio, L"name");
+  report->enable_Timer1();
+}
+
+void Playback::PlayStop() {
+  uses_.player.stop();
+  set_play_caption(caption_play);
+  skin->ZobrazCoMas(uses_.form.PlayTL.text());
+  favourites->ZobrazOblibene();
+}
+
+void Playback::PlayAll(const std::wstring& URL) {
+  PripravHrani(URL);
+  Play();
+}
+
+std::wstring Playback::tuned_address() {
+  const auto& settings = uses_.settings;
+  return uses_.stations.RadioInfo(settings.IDlastRadio,
+                                  L"u" + (settings.KvalitaLT.empty() ? L"1" : settings.KvalitaLT));
+}
+
+void Playback::AutoStart(const std::wstring& IDlastRadio, const std::wstring& KvalitaLT) {
+  // Copies first: the arguments may be the very values that are written.
+  std::wstring quality = KvalitaLT.empty() ? L"1" : KvalitaLT;
+  uses_.settings.IDlastRadio = std::wstring(IDlastRadio);
+  uses_.settings.KvalitaLT = std::move(quality);
+  PripravHrani(tuned_address());
+  Play();
+}
+
+void Playback::VolumeSet(int VolValue) {
+  const int percent = std::clamp(VolValue, 0, 100);
+  uses_.player.set_volume(percent);
+  uses_.settings.LTvolume = std::to_wstring(percent);
+  skin->SkinVolume(percent);
+}
+
+bool Playback::stopped() const {
+  return equal_ignoring_case(uses_.form.PlayTL.text(), caption_play);
+}
+
+void Playback::PlayTL_Click() {
+  if (stopped())
+    Play();
+  else
+    PlayStop();
+}
+
+} // namespace lumotune::core

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The playback engine of the main window: hands addresses to the media player, starts and stops it, sets the volume and
+// keeps the display in step.
+#pragma once
+
+#include "core/lumotune_form.h"
+#include "core/ports.h"
+#include "core/session.h"
+#include "core/station_lookup.h"
+#include "platform/media_player.h"
+
+#include <string>
+
+namespace lumotune::core {
+
+// User-interface thread. Nothing waits for the network; what the player cannot do it says in its status.
+class Playback {
+public:
+  struct Uses {
+    Settings& settings;
+    Session& session;
+    LumotuneForm& form;
+    platform::MediaPlayer& player; // WindowsMediaPlayer1
+    StationLookup& stations;
+  };
+  explicit Playback(const Uses& uses) : uses_(uses) {}
+
+  SkinSlot skin;
+  FavouritesSlot favourites;
+  DirectorySlot directory;
+  PlayReportSlot report;
+  MenuSlot menus;
+
+  // Prepares an address, or the pending one-shot address when it is empty; that one is used up in every case.
+  void PripravHrani(std::wstring URL);
+  void Play();
+  void PlayStop();
+  void PlayAll(const std::wstring& URL); // prepares and plays
+
+  // Plays a station of the database; an empty quality becomes "1". The station becomes the tuned one.
+  void AutoStart(const std::wstring& IDlastRadio, const std::wstring& KvalitaLT);
+  // Its address as it stands in the database, without playing.
+  [[nodiscard]] std::wstring tuned_address();
+
+  void VolumeSet(int VolValue); // percent, clamped to 0..100; kept as the saved volume
+
+  [[nodiscard]] bool stopped() const; // told by PlayTL's caption, letter case ignored
+
+  // Events of the window's controls.
+  void PlayTL_Click();
+  void Control_Play_Click() { uses_.form.PlayTL.press(); }
+  void Control_Sat_Click() { directory->Naladit(); }
+  void Control_Volume_Click() { menus->open_volume(); }
+  void InfoName_Click() { menus->open_station(); }
+  void InfoNaladit_Click() { directory->Naladit(); }
+
+private:
+  void set_play_caption(const std::wstring& caption);
+
+  Uses uses_;
+};
+
+} // namespace lumotune::core

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The settings file shared with the client, and the client's server-address file.
+#pragma once
+
+#include "core/error_log.h"
+#include "core/lumotune_form.h"
+#include "core/options_lines.h"
+#include "core/session.h"
+#include "platform/ansi_codec.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+
+#include <string>
+
+namespace lumotune::core {
+
+// User-interface thread. Nothing throws or shows a message.
+class SettingsFiles {
+public:
+  struct Uses {
+    platform::Files& files;
+    const platform::AnsiCodec& codec;
+    const platform::Machine& machine;
+    platform::Window& window;
+    ErrorLog& error_log;
+    Settings& settings;
+    const Session& session;
+  };
+  explicit SettingsFiles(const Uses& uses) : uses_(uses) {}
+
+  // Fills List4 with the non-empty lines of options.ini; a file that cannot be read leaves it empty.
+  void LoadOptions();
+
+  // Reads every value out of List4, as LoadOptions left it.
+  void read_values();
+  [[nodiscard]] bool logged_in() const; // whether the client has written its login line
+
+  // Replaces the player's lines of List4 and writes it as the new options.ini. Callers run LoadOptions first. A file of
+  // fewer than 24 non-empty lines, or one that could not be read, is never written: then nothing happens.
+  void SaveOptions();
+
+  // Reads the server address. On any error the client's backup takes the file's place, the error log gets a line and
+  // the address keeps its value.
+  void LoadOptionsServer();
+
+private:
+  [[nodiscard]] std::wstring data_file(const wchar_t* name) const;
+
+  Uses uses_;
+  // The line buffer that both files use in turn: after LoadOptionsServer it holds the server file's lines.
+  TextLines List4;
+};
+
+} // namespace lumotune::core

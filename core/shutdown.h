@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The end of the program.
+#pragma once
+
+#include "core/client_commands.h"
+#include "core/ports.h"
+#include "core/send_command.h"
+#include "core/settings_files.h"
+
+namespace lumotune::core {
+
+// User-interface thread.
+class Shutdown {
+public:
+  struct Uses {
+    const Session& session;
+    platform::EventLoop& loop;
+    platform::WindowMessages& messages;
+    platform::MediaPlayer& player;
+    SettingsFiles& options;
+    ClientCommands& commands;
+    CommandSender& sender;
+  };
+  explicit Shutdown(const Uses& uses) : uses_(uses) {}
+
+  ChromeSlot chrome;
+
+  // Saves and ends. Runs once, whoever asks: the close picture, the menus, the system's close, the end of the session.
+  void Konec();
+  // The window is unloaded by the system.
+  void Form_Unload() { Konec(); }
+
+private:
+  Uses uses_;
+  bool begun_ = false;
+};
+
+} // namespace lumotune::core

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "core/startup.h"
+
+#include "core/text.h"
+
+namespace lumotune::core {
+
+using platform::WindowRef;
+
+bool Startup::Form_Load() {
+  if (uses_.machine.previous_instance()) {
+    forward_to_previous();
+    uses_.loop.quit();
+    return false;
+  }
+  uses_.commands.Hook(true);
+  uses_.player.set_auto_start(false);
+  uses_.options.LoadOptions();
+  if (!LoadOptionsWorkIt()) {
+    uses_.loop.quit();
+    return false;
+  }
+  chrome->Tray();
+  play_command_line();
+  start_client_if_missing();
+  return true;
+}
+
+// Our own caption changes first, so that the look-up cannot find this window.
+void Startup::forward_to_previous() {
+  uses_.form.window.set_caption(L"Lumotune...");
+  uses_.messages.let_take_foreground(uses_.messages.find_by_caption(main_caption));
+  uses_.sender.SendCommand(L"lumotune.exe", main_caption, L"fmax", L"0");
+}
+
+bool Startup::LoadOptionsWorkIt() {
+  if (!uses_.options.logged_in()) {
+    (void)uses_.dialogs.message(L"Nejprve zapněte Orb klienta.", platform::Dialogs::default_title,
+                                platform::BoxIcon::information, platform::BoxButtons::ok);
+    // A client that cannot be started is for the user to find; the box has told what is needed.
+    (void)uses_.shell.start(client_program, L"", platform::ShowWindow::normal_focus);
+    return false;
+  }
+  uses_.options.read_values();
+  load_skin_of_settings();
+  if (uses_.settings.LTautoStart == L"1")
+    uses_.playback.AutoStart(uses_.settings.IDlastRadio, uses_.settings.KvalitaLT);
+  else
+    tune_last_station();
+  menus->check_auto_start(uses_.settings.LTautoStart == L"1");
+  if (uses_.settings.LTTop == L"1")
+    chrome->OnTopYES();
+  else
+    chrome->OnTopNO();
+  place_window();
+  return true;
+}
+
+void Startup::load_skin_of_settings() {
+  std::wstring name = uses_.settings.LTskin;
+  if (!uses_.files.exists(uses_.machine.program_folder() + L"\\Orb_Data\\skins\\" + name + L".skin"))
+    name = default_skin;
+  skin->LoadSkin(name);
+  skin->ZobrazCoMas(uses_.form.PlayTL.text());
+  uses_.playback.VolumeSet(volume_value(uses_.settings.LTvolume)); // shows the volume picture too
+  favourites->ZobrazOblibene();
+}
+
+// Nothing plays, but one press of the play button will.
+void Startup::tune_last_station() {
+  const std::wstring address = uses_.playback.tuned_address();
+  if (!address.empty())
+    uses_.playback.PripravHrani(address);
+}
+
+// Each edge by itself: a bad value leaves that edge where it is. A place that no monitor shows any more is a bad one.
+void Startup::place_window() {
+  auto& window = uses_.form.window;
+  const platform::TwipsRect now = window.rect();
+  const int left = twips_value(uses_.settings.LTpleft).value_or(now.left);
+  const int top = twips_value(uses_.settings.LTptop).value_or(now.top);
+  if (window.on_some_monitor(left, top))
+    window.move(left, top);
+}
+
+void Startup::play_command_line() {
+  const std::wstring address = uses_.machine.command_line();
+  if (address.empty())
+    return;
+  uses_.playback.PripravHrani(address);
+  uses_.playback.Play();
+}
+
+void Startup::start_client_if_missing() {
+  const bool missing = uses_.messages.find_by_caption(client_caption) == WindowRef::none;
+  uses_.session.ClientStartedByUs = missing;
+  if (!missing)
+    return;
+  const std::wstring program = uses_.machine.program_folder() + L"\\" + client_program;
+  // The player works without the client as well; nothing more is to be done when it cannot be started.
+  (void)uses_.shell.start(program + L" m", program, platform::ShowWindow::normal_no_focus);
+}
+
+} // namespace lumotune::core

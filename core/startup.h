@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What happens when the main window is loaded.
+#pragma once
+
+#include "core/client_commands.h"
+#include "core/playback.h"
+#include "core/ports.h"
+#include "core/send_command.h"
+#include "core/settings_files.h"
+#include "core/status_display.h"
+#include "platform/dialogs.h"
+
+#include <string>
+
+namespace lumotune::core {
+
+// The client's communication window and program.
+inline constexpr const wchar_t* client_caption = L"Orb - Lumotune";
+inline constexpr const wchar_t* client_program = L"orb.exe";
+
+// The skin that is always installed.
+inline constexpr const wchar_t* default_skin = L"Lumo";
+
+// User-interface thread; runs once.
+class Startup {
+public:
+  struct Uses {
+    Settings& settings;
+    Session& session;
+    LumotuneForm& form;
+    platform::EventLoop& loop;
+    const platform::Files& files;
+    const platform::Machine& machine;
+    platform::WindowMessages& messages;
+    platform::Shell& shell;
+    platform::Dialogs& dialogs;
+    platform::MediaPlayer& player;
+    SettingsFiles& options;
+    Playback& playback;
+    ClientCommands& commands;
+    CommandSender& sender;
+  };
+  explicit Startup(const Uses& uses) : uses_(uses) {}
+
+  SkinSlot skin;
+  ChromeSlot chrome;
+  MenuSlot menus;
+  FavouritesSlot favourites;
+
+  // False when this run is over already: another copy runs, or the client has not logged in. `quit` was called then.
+  [[nodiscard]] bool Form_Load();
+
+private:
+  void forward_to_previous();
+  [[nodiscard]] bool LoadOptionsWorkIt();
+  void load_skin_of_settings();
+  void tune_last_station();
+  void place_window();
+  void play_command_line();
+  void start_client_if_missing();
+
+  Uses uses_;
+};
+
+} // namespace lumotune::core

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "core/status_display.h"
+
+#include "core/text.h"
+
+namespace lumotune::core {
+namespace {
+
+constexpr std::uint32_t interval_ms = 1000;
+constexpr std::size_t name_characters = 15;
+
+std::wstring two_digits(std::uint64_t number) {
+  const std::wstring digits = std::to_wstring(number);
+  return digits.size() < 2 ? L"0" + digits : digits;
+}
+
+} // namespace
+
+std::wstring elapsed_text(std::uint64_t milliseconds) {
+  if (milliseconds == 0)
+    return {};
+  const std::uint64_t seconds = milliseconds / 1000;
+  const std::wstring tail = L":" + two_digits(seconds % 60);
+  if (seconds < 3600)
+    return std::to_wstring(seconds / 60) + tail;
+  return std::to_wstring(seconds / 3600) + L":" + two_digits(seconds / 60 % 60) + tail;
+}
+
+StatusDisplay::StatusDisplay(const Uses& uses)
+    : uses_(uses), aktualizujWMP(uses.loop.make_timer(interval_ms, [this] { tick(); })) {}
+
+void StatusDisplay::tick() {
+  auto& session = uses_.session;
+  session.time_text = elapsed_text(uses_.player.played_ms());
+  session.shown_name = session.station_name.empty() ? session.OverrideName : session.station_name;
+  show_status();
+  show_name();
+  uses_.form.InfoTime.set_text(session.time_text);
+  const std::wstring& named = session.station_name.empty() ? session.shown_name : session.station_name;
+  session.title_text = named.empty() ? std::wstring(main_caption) : named + L" - " + main_caption;
+  title->show_title(session.title_text);
+}
+
+// The first layout leaves out the state and the quality of the player's columns, the second the state alone.
+void StatusDisplay::show_status() {
+  constexpr std::size_t title_column = 55;
+  constexpr std::size_t quality_column = 33;
+  const auto& kept = uses_.session.skin;
+  const bool first = equal_ignoring_case(kept.status_mode, L"1") && uses_.session.time_text.empty();
+  auto& label = uses_.form.InfoStatus;
+  const platform::TwipsRect place = label.rect();
+  label.set_text(std::wstring(mid(uses_.player.Status1(), first ? title_column : quality_column)));
+  label.move(place.left, first ? kept.status_top_1 : kept.status_top_2);
+  label.resize(place.width, first ? kept.status_height_1 : kept.status_height_2);
+}
+
+void StatusDisplay::show_name() {
+  const std::wstring& name = uses_.session.shown_name;
+  std::wstring shown = name.substr(0, name_characters);
+  if (name.size() >= name_characters)
+    shown += L"...";
+  uses_.form.InfoName.set_text(shown);
+  uses_.form.InfoName.set_tooltip(name);
+}
+
+void StatusDisplay::copy_status() {
+  const std::wstring status = uses_.player.status();
+  uses_.form.InfoStatus.set_text(status);
+  uses_.form.InfoStatus.set_tooltip(status);
+}
+
+void StatusDisplay::PlayStateChange(int /*new_state*/) {
+  copy_status();
+}
+
+void StatusDisplay::StatusChange() {
+  copy_status();
+}
+
+} // namespace lumotune::core

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The status display: keeps the labels of the main window in step with the player.
+#pragma once
+
+#include "core/lumotune_form.h"
+#include "core/session.h"
+#include "core/slot.h"
+#include "platform/event_loop.h"
+#include "platform/media_player.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace lumotune::core {
+
+// Who shows the title text: the tip of the notification-area icon.
+struct TitlePort {
+  virtual ~TitlePort() = default;
+  virtual void show_title(const std::wstring& title) = 0;
+};
+struct NoTitle final : TitlePort {
+  void show_title(const std::wstring& /*title*/) override {}
+};
+using TitleSlot = Slot<TitlePort, NoTitle>;
+
+// "0:05", "12:03", "1:02:33"; empty for 0: nothing was heard yet.
+[[nodiscard]] std::wstring elapsed_text(std::uint64_t milliseconds);
+
+// User-interface thread.
+class StatusDisplay {
+public:
+  struct Uses {
+    Session& session;
+    LumotuneForm& form;
+    platform::MediaPlayer& player;
+    platform::EventLoop& loop;
+  };
+  explicit StatusDisplay(const Uses& uses);
+
+  TitleSlot title;
+
+  void start() { aktualizujWMP->start(); }
+  void tick(); // once a second
+
+  // The player's notifications.
+  void PlayStateChange(int new_state);
+  void StatusChange();
+
+private:
+  void show_status();
+  void show_name();
+  void copy_status();
+
+  Uses uses_;
+  std::unique_ptr<platform::Timer> aktualizujWMP;
+};
+
+} // namespace lumotune::core

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The frame of the borderless main window: dragging, the topmost layer, hiding and showing, the links' underlines.
+#pragma once
+
+#include "core/lumotune_form.h"
+#include "core/ports.h"
+#include "core/session.h"
+#include "platform/machine.h"
+#include "skin/ports.h"
+
+namespace lumotune::skin {
+
+// User-interface thread. Nothing here shows a message or fails loudly.
+class Chrome {
+public:
+  struct Uses {
+    core::Settings& settings;
+    core::Session& session;
+    core::LumotuneForm& form;
+    const platform::Machine& machine;
+  };
+  explicit Chrome(const Uses& uses) : uses_(uses) {}
+
+  core::MenuSlot menus;
+  ExitSlot exit;
+
+  void OnTopYES();
+  void OnTopNO();
+  void FormMax(); // visible, normal, redrawn, with the keyboard
+  void FormMin(); // minimised and out of sight; the notification-area icon remains
+  void OrbMinMax();
+
+  // Events of the window and its controls.
+  void Form_MouseMove(const platform::MouseEvent& event); // with the left button held the system moves the window
+  void LineMenu_OnTop_Click();
+  void LineMenu_Min_Click() { FormMin(); }
+  void LineMenu_End_Click() { exit->Konec(); }
+  void InfoName_MouseMove();
+  void InfoNaladit_MouseMove();
+  void LTDisplay_MouseMove();
+
+private:
+  void SetTopmost(bool& flag);
+  void show_layer_picture(const wchar_t* picture);
+
+  Uses uses_;
+};
+
+} // namespace lumotune::skin

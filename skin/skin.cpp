@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "skin/skin.h"
+
+#include "skin/play_look.h"
+#include "skin/volume_look.h"
+
+#include <array>
+
+namespace lumotune::skin {
+namespace {
+
+// Relative to the program folder; the skins submenu lists the same folder with a capital letter, which is the same.
+constexpr const wchar_t* skins_folder = L"\\Orb_Data\\skins\\";
+
+std::wstring bad_number(const SkinLine& line) {
+  return L"'" + line.field(0) + L"': bad number";
+}
+
+} // namespace
+
+std::wstring Skin::picture_path(const std::wstring& picture) const {
+  return uses_.machine.program_folder() + skins_folder + uses_.settings.LTskin + picture;
+}
+
+bool Skin::exists(const std::wstring& name) const {
+  return uses_.files.exists(uses_.machine.program_folder() + skins_folder + name + L".skin");
+}
+
+void Skin::hide_all() {
+  auto& form = uses_.form;
+  const std::array<platform::Control*, 12> hidden = {&form.LineMenu_OnTop, &form.LineMenu_Min, &form.LineMenu_End,
+                                                     &form.Control_Play,   &form.Control_Rec,  &form.Control_ShowUser,
+                                                     &form.Control_Menu,   &form.Control_Sat,  &form.Control_Volume,
+                                                     &form.Control_List,   &form.LTDisplay,    &form.Orbwww};
+  for (auto* control : hidden)
+    control->set_visible(false);
+}
+
+// Labels have no "show" field: without a size they are out of sight until the new skin places them.
+void Skin::reset_kept() {
+  uses_.session.skin = core::KeptSkinFields{};
+  auto& form = uses_.form;
+  const std::array<platform::Label*, 4> labels = {&form.InfoName, &form.InfoTime, &form.InfoNaladit, &form.InfoStatus};
+  for (auto* label : labels)
+    label->resize(0, 0);
+}
+
+void Skin::LoadSkin(const std::wstring& name) {
+  const unsigned turn = ++turn_;
+  uses_.settings.LTskin = name;
+  hide_all();
+  reset_kept();
+  const std::wstring path = uses_.machine.program_folder() + skins_folder + name + L".skin";
+  const auto bytes = uses_.files.read(path);
+  if (!bytes) {
+    uses_.error_log.add(L"LoadSkin", path + L": cannot be read");
+    return;
+  }
+  apply_lines(path, uses_.codec.decode(*bytes), turn);
+}
+
+void Skin::apply_lines(const std::wstring& path, const std::wstring& text, unsigned turn) {
+  std::size_t number = 0;
+  for (const std::wstring& each : split_lines(text)) {
+    ++number;
+    if (const auto line = SkinLine::parse(each)) {
+      const std::wstring wrong = apply(*line);
+      if (!wrong.empty()) {
+        uses_.error_log.add(L"LoadSkin", path + L" line " + std::to_wstring(number) + L": " + wrong);
+        return;
+      }
+    }
+    uses_.loop.run_pending();
+    if (turn != turn_ || uses_.loop.quitting())
+      return;
+  }
+}
+
+std::wstring Skin::apply(const SkinLine& line) {
+  struct Simple {
+    const wchar_t* name;
+    platform::PictureBox* control;
+    const wchar_t* picture; // empty: another procedure shows it
+  };
+  auto& form = uses_.form;
+  const bool on_top = uses_.settings.LTTop != L"0";
+  const std::array<Simple, 9> pictures = {
+      {{L"LineMenu_OnTop", &form.LineMenu_OnTop, on_top ? L"\\ot.gif" : L"\\otn.gif"},
+       {L"LineMenu_Min", &form.LineMenu_Min, L"\\min.gif"},
+       {L"LineMenu_End", &form.LineMenu_End, L"\\end.gif"},
+       {L"Control_Play", &form.Control_Play, L""},
+       {L"Control_Rec", &form.Control_Rec, L"\\rec.gif"},
+       {L"Control_ShowUser", &form.Control_ShowUser, L"\\show.gif"},
+       {L"Control_Menu", &form.Control_Menu, L"\\menu.gif"},
+       {L"Control_Sat", &form.Control_Sat, L"\\sat.gif"},
+       {L"Control_Volume", &form.Control_Volume, L""}}};
+  if (line.names(L"LTform"))
+    return apply_form(line);
+  for (const Simple& each : pictures) {
+    if (line.names(each.name))
+      return apply_picture(line, *each.control, each.picture);
+  }
+  if (line.names(L"Control_List"))
+    return apply_list(line);
+  if (line.names(L"InfoName"))
+    return apply_label(line, form.InfoName);
+  if (line.names(L"InfoTime"))
+    return apply_label(line, form.InfoTime);
+  if (line.names(L"InfoNaladit"))
+    return apply_label(line, form.InfoNaladit);
+  if (line.names(L"InfoStatus"))
+    return apply_status(line);
+  return apply_kept(line);
+}
+
+std::wstring Skin::apply_form(const SkinLine& line) {
+  const auto width = line.size(1);
+  const auto height = line.size(2);
+  if (!width || !height)
+    return bad_number(line);
+  uses_.form.window.resize(*width, *height);
+  const std::wstring picture = picture_path(L"\\form.gif");
+  return uses_.form.window.load_background(picture) ? L"" : picture;
+}
+
+// The picture comes first, so that a control whose picture is missing stays hidden.
+std::wstring Skin::apply_picture(const SkinLine& line, platform::PictureBox& control, const std::wstring& picture) {
+  if (!line.shows())
+    return L"";
+  const auto top = line.twips(2);
+  const auto left = line.twips(3);
+  if (!top || !left)
+    return bad_number(line);
+  if (!picture.empty() && !control.load_picture(picture_path(picture)))
+    return picture_path(picture);
+  control.move(*left, *top);
+  control.set_visible(true);
+  return L"";
+}
+
+std::wstring Skin::apply_list(const SkinLine& line) {
+  auto& kept = uses_.session.skin;
+  kept.list_show = line.field(1);
+  kept.list_mode = line.field(4);
+  if (!line.shows())
+    return L"";
+  const auto top = line.twips(2);
+  const auto left = line.twips(3);
+  const auto width = line.size(5);
+  const auto height = line.size(6);
+  const auto background = line.colour(7);
+  const auto text = line.colour(8);
+  if (!top || !left || !width || !height || !background || !text)
+    return bad_number(line);
+  auto& list = uses_.form.Control_List;
+  list.move(*left, *top);
+  list.resize(*width, *height);
+  list.set_colours(platform::Colour{*background}, platform::Colour{*text});
+  list.set_visible(true);
+  return L"";
+}
+
+std::wstring Skin::apply_label(const SkinLine& line, platform::Label& label) {
+  const auto top = line.twips(1);
+  const auto left = line.twips(2);
+  const auto width = line.size(3);
+  const auto height = line.size(4);
+  const auto colour = line.colour(5);
+  if (!top || !left || !width || !height || !colour)
+    return bad_number(line);
+  label.move(*left, *top);
+  label.resize(*width, *height);
+  label.set_text_colour(platform::Colour{*colour});
+  return L"";
+}
+
+std::wstring Skin::apply_status(const SkinLine& line) {
+  const auto top_1 = line.twips(2);
+  const auto top_2 = line.twips(3);
+  const auto left = line.twips(4);
+  const auto width = line.size(5);
+  const auto height_1 = line.size(6);
+  const auto height_2 = line.size(7);
+  const auto colour = line.colour(8);
+  if (!top_1 || !top_2 || !left || !width || !height_1 || !height_2 || !colour)
+    return bad_number(line);
+  auto& kept = uses_.session.skin;
+  kept.status_mode = line.field(1);
+  kept.status_top_1 = *top_1;
+  kept.status_top_2 = *top_2;
+  kept.status_height_1 = *height_1;
+  kept.status_height_2 = *height_2;
+  auto& label = uses_.form.InfoStatus;
+  label.move(*left, *top_1);
+  label.resize(*width, *height_1);
+  label.set_text_colour(platform::Colour{*colour});
+  return L"";
+}
+
+// The display and the logo: what they show follows the play state too. A line that names no control is passed over.
+std::wstring Skin::apply_kept(const SkinLine& line) {
+  auto& kept = uses_.session.skin;
+  if (line.names(L"LTDisplay")) {
+    kept.display_show = line.field(1);
+    kept.display_mode = line.field(4);
+    kept.display_value = line.field(5);
+    return apply_picture(line, uses_.form.LTDisplay, L"\\display.gif");
+  }
+  if (line.names(L"Orbwww")) {
+    kept.logo_show = line.field(1);
+    kept.logo_mode = line.field(4);
+    return apply_picture(line, uses_.form.Orbwww, L"\\orb.gif");
+  }
+  return L"";
+}
+
+void Skin::ZobrazCoMas(const std::wstring& play_button_text) {
+  const PlayLook look = play_look(play_button_text, uses_.session.skin);
+  // A missing picture leaves the old one; the visibility below must follow the state all the same.
+  (void)uses_.form.Control_Play.load_picture(picture_path(look.playing ? L"\\stop.gif" : L"\\play.gif"));
+  uses_.form.Control_List.set_visible(look.list);
+  uses_.form.LTDisplay.set_visible(look.display);
+  uses_.form.Orbwww.set_visible(look.logo);
+}
+
+void Skin::SkinVolume(int percent) {
+  const int level = volume_level(percent);
+  menus->check_volume(level);
+  // A skin without that picture keeps the one it shows.
+  (void)uses_.form.Control_Volume.load_picture(picture_path(L"\\vol" + std::to_wstring(level) + L".gif"));
+}
+
+void Skin::load_play_picture() {
+  // A skin without it keeps the picture it shows.
+  (void)uses_.form.Control_Play.load_picture(picture_path(L"\\play.gif"));
+}
+
+} // namespace lumotune::skin

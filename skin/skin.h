@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The look of the main window: applies skin files and the looks that follow the play state and the volume.
+#pragma once
+
+#include "core/error_log.h"
+#include "core/lumotune_form.h"
+#include "core/ports.h"
+#include "core/session.h"
+#include "platform/ansi_codec.h"
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "skin/skin_file.h"
+
+#include <optional>
+#include <string>
+
+namespace lumotune::skin {
+
+// User-interface thread. Nothing shows a message: what was wrong with a skin goes to the error log.
+class Skin final : public core::SkinPort {
+public:
+  struct Uses {
+    core::Settings& settings;
+    core::Session& session;
+    core::LumotuneForm& form;
+    const platform::Files& files;
+    const platform::AnsiCodec& codec;
+    const platform::Machine& machine;
+    platform::EventLoop& loop;
+    core::ErrorLog& error_log;
+  };
+  explicit Skin(const Uses& uses) : uses_(uses) {}
+
+  core::MenuSlot menus;
+
+  // Applies the skin of that name, line by line, letting pending events run after each. Ends at the first missing file,
+  // picture or number; controls not yet reached then stay hidden. A load that begins inside another one ends that one.
+  void LoadSkin(const std::wstring& name) override;
+  void ZobrazCoMas(const std::wstring& play_button_text) override;
+  void SkinVolume(int percent) override;
+  void load_play_picture() override;
+
+  // Whether the description of that skin exists.
+  [[nodiscard]] bool exists(const std::wstring& name) const;
+
+private:
+  [[nodiscard]] std::wstring picture_path(const std::wstring& picture) const;
+  void hide_all();
+  void reset_kept();
+  void apply_lines(const std::wstring& path, const std::wstring& text, unsigned turn);
+  // Each answers what was wrong, empty when nothing was.
+  [[nodiscard]] std::wstring apply(const SkinLine& line);
+  [[nodiscard]] std::wstring apply_form(const SkinLine& line);
+  [[nodiscard]] std::wstring apply_picture(const SkinLine& line, platform::PictureBox& control,
+                                           const std::wstring& picture);
+  [[nodiscard]] std::wstring apply_list(const SkinLine& line);
+  [[nodiscard]] std::wstring apply_label(const SkinLine& line, platform::Label& label);
+  [[nodiscard]] std::wstring apply_status(const SkinLine& line);
+  [[nodiscard]] std::wstring apply_kept(const SkinLine& line);
+
+  Uses uses_;
+  unsigned turn_ = 0; // counts the loads, so that an interrupted one knows
+};
+
+} // namespace lumotune::skin

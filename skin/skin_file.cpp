@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "skin/skin_file.h"
+
+#include "core/text.h"
+
+namespace lumotune::skin {
+namespace {
+
+// A line of a hostile file may be huge; the longest control line has ten fields.
+constexpr std::size_t max_fields = 64;
+
+// Blanks around it and a sign are allowed, nothing else. More digits than any skin needs are no number.
+std::optional<long> whole_number(std::wstring_view text) {
+  while (!text.empty() && text.front() == L' ')
+    text.remove_prefix(1);
+  while (!text.empty() && text.back() == L' ')
+    text.remove_suffix(1);
+  const bool negative = !text.empty() && text.front() == L'-';
+  if (!text.empty() && (negative || text.front() == L'+'))
+    text.remove_prefix(1);
+  if (text.empty() || text.size() > 9)
+    return std::nullopt;
+  long number = 0;
+  for (const wchar_t character : text) {
+    if (character < L'0' || character > L'9')
+      return std::nullopt;
+    number = number * 10 + (character - L'0');
+  }
+  return negative ? -number : number;
+}
+
+std::optional<long> number_between(std::wstring_view text, long lowest, long highest) {
+  const auto number = whole_number(text);
+  return number && *number >= lowest && *number <= highest ? number : std::nullopt;
+}
+
+} // namespace
+
+std::optional<SkinLine> SkinLine::parse(std::wstring_view line) {
+  if (line.find(L'|') == std::wstring_view::npos)
+    return std::nullopt;
+  SkinLine parsed;
+  std::size_t start = 0;
+  while (parsed.fields_.size() < max_fields) {
+    const std::size_t bar = line.find(L'|', start);
+    parsed.fields_.emplace_back(line.substr(start, bar == std::wstring_view::npos ? bar : bar - start));
+    if (bar == std::wstring_view::npos)
+      break;
+    start = bar + 1;
+  }
+  if (parsed.names(L"Author"))
+    return std::nullopt;
+  return parsed;
+}
+
+const std::wstring& SkinLine::field(std::size_t index) const {
+  static const std::wstring missing;
+  return index < fields_.size() ? fields_[index] : missing;
+}
+
+bool SkinLine::names(std::wstring_view control) const {
+  return core::equal_ignoring_case(field(0), control);
+}
+
+bool SkinLine::shows() const {
+  return core::equal_ignoring_case(field(1), L"show");
+}
+
+std::optional<int> SkinLine::twips(std::size_t index) const {
+  const auto number = number_between(field(index), -max_twips, max_twips);
+  return number ? std::optional<int>(static_cast<int>(*number)) : std::nullopt;
+}
+
+std::optional<int> SkinLine::size(std::size_t index) const {
+  const auto number = number_between(field(index), 0, max_twips);
+  return number ? std::optional<int>(static_cast<int>(*number)) : std::nullopt;
+}
+
+std::optional<unsigned> SkinLine::colour(std::size_t index) const {
+  const auto number = number_between(field(index), 0, max_colour);
+  return number ? std::optional<unsigned>(static_cast<unsigned>(*number)) : std::nullopt;
+}
+
+std::vector<std::wstring> split_lines(std::wstring_view text) {
+  std::vector<std::wstring> lines;
+  while (!text.empty()) {
+    const std::size_t end = text.find_first_of(L"\r\n");
+    lines.emplace_back(text.substr(0, end));
+    if (end == std::wstring_view::npos)
+      break;
+    const bool pair = text[end] == L'\r' && end + 1 < text.size() && text[end + 1] == L'\n';
+    text.remove_prefix(end + (pair ? 2 : 1));
+  }
+  return lines;
+}
+
+} // namespace lumotune::skin

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "skin/tray_icon.h"
+
+namespace lumotune::skin {
+namespace {
+
+constexpr int left_button_down = 513;
+constexpr int right_button_up = 517;
+
+// Cleared on every path, also when a handler throws.
+class Busy {
+public:
+  explicit Busy(bool& flag) : flag_(flag) { flag_ = true; }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+  ~Busy() { flag_ = false; }
+
+private:
+  bool& flag_;
+};
+
+} // namespace
+
+void TrayIcon::show_title(const std::wstring& title) {
+  if (title == title_)
+    return;
+  title_ = title;
+  uses_.tray.modify(title);
+}
+
+void TrayIcon::TrayIcon_MouseMove(const platform::MouseEvent& event) {
+  if (busy_)
+    return;
+  const Busy guard(busy_);
+  const int message = event.x / uses_.form.window.twips_per_pixel_x();
+  if (message == left_button_down) {
+    uses_.chrome.OrbMinMax();
+  } else if (message == right_button_up) {
+    // The system closes a menu at a click elsewhere only when the menu's window is in the foreground.
+    uses_.form.window.activate();
+    menu->show_volume_submenu();
+    menu->pop_up();
+  }
+}
+
+} // namespace lumotune::skin

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What the notification-area icon does.
+#pragma once
+
+#include "core/lumotune_form.h"
+#include "platform/tray.h"
+#include "skin/chrome.h"
+#include "skin/ports.h"
+
+#include <string>
+
+namespace lumotune::skin {
+
+// User-interface thread.
+class TrayIcon {
+public:
+  struct Uses {
+    core::LumotuneForm& form;
+    platform::Tray& tray;
+    Chrome& chrome;
+  };
+  explicit TrayIcon(const Uses& uses) : uses_(uses) {}
+
+  TrayMenuSlot menu;
+
+  void Tray() { uses_.tray.add(L"Lumotune"); }
+  void remove() { uses_.tray.remove(); }
+  void show_title(const std::wstring& title); // modifies the tip when it changes
+
+  // A tray event: its message number is the horizontal coordinate in pixels. One that arrives while another is being
+  // handled (the menu is open, say) is ignored.
+  void TrayIcon_MouseMove(const platform::MouseEvent& event);
+
+private:
+  Uses uses_;
+  std::wstring title_;
+  bool busy_ = false;
+};
+
+} // namespace lumotune::skin
