@@ -1,0 +1,300 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/media/engine.h"
+
+#include "platform/media/address.h"
+#include "platform/media/decoder.h"
+#include "platform/media/playlist.h"
+
+#include <algorithm>
+#include <cmath>
+#include <thread>
+#include <utility>
+
+namespace lumotune::media {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int usual_rate = 48000;
+constexpr std::size_t ring_seconds = 8;
+constexpr std::uint32_t start_level_ms = 200; // sound begins with that much
+constexpr std::uint32_t rebuffer_level_ms =
+    1000; // and goes on with that much after it ran dry, twice as much next time
+constexpr std::uint32_t highest_level_ms = 4000;
+
+std::uint32_t wanted_level_ms(std::uint32_t underruns) {
+  if (underruns == 0)
+    return start_level_ms;
+  return std::min(rebuffer_level_ms << std::min(underruns - 1, 2U), highest_level_ms);
+}
+
+} // namespace
+
+// The ring is made for the highest usual rate, so that a device may choose its own.
+Engine::Engine(EngineOptions options, std::shared_ptr<Board> board)
+    : mixer(static_cast<std::size_t>(usual_rate) * ring_seconds, usual_rate),
+      device(mixer, options.make_output, options.latency_ms),
+      options_(std::move(options)),
+      board_(std::move(board)),
+      random_(std::random_device{}()) {}
+
+void Engine::start() {
+  std::thread([self = shared_from_this()] {
+    self->work();
+    const std::lock_guard lock(self->end_mutex_);
+    self->ended_ = true;
+    self->end_changed_.notify_all();
+  }).detach();
+}
+
+bool Engine::wait_ended(std::chrono::milliseconds time) {
+  std::unique_lock lock(end_mutex_);
+  return end_changed_.wait_for(lock, time, [this] { return ended_; });
+}
+
+void Engine::work() {
+  avformat_network_init();
+  while (true) {
+    wish_ = mailbox.take(wish_.stream);
+    if (mailbox.closed())
+      break;
+    mixer.let_flow(0);
+    mixer.ring.discard();
+    status_ = {};
+    if (wish_.playing)
+      play(wish_);
+  }
+  mixer.let_flow(0);
+}
+
+void Engine::report() {
+  board_->report(wish_.stream, status_);
+}
+
+std::uint32_t Engine::level_ms() const {
+  return static_cast<std::uint32_t>(mixer.ring.level() * 1000 / static_cast<std::size_t>(std::max(mixer.rate(), 1)));
+}
+
+// For as long as the listener wants it: there is no last try.
+void Engine::play(const Wish& wish) {
+  retry_ = {};
+  device.wait_for_rate();
+  while (!superseded()) {
+    status_ = {};
+    status_.phase = Phase::connecting;
+    report();
+    const Attempt result = attempt(wish.address, false, 0);
+    if (result.outcome == Outcome::cancelled || superseded())
+      return;
+    const bool hopeless = result.trouble == Trouble::no_address || result.trouble == Trouble::unsupported_address;
+    if (hopeless || result.outcome == Outcome::ended) {
+      status_ = {};
+      status_.trouble = result.trouble;
+      report();
+      return;
+    }
+    if (!wait_and_count_down(result))
+      return;
+  }
+}
+
+bool Engine::wait_and_count_down(const Attempt& failure) {
+  const double random = std::uniform_real_distribution<double>(0.0, 1.0)(random_);
+  auto left = std::chrono::milliseconds(std::llround(retry_.next_delay_ms(random) * options_.retry_scale));
+  status_ = {};
+  status_.phase = Phase::waiting;
+  status_.trouble = failure.trouble;
+  status_.http_code = failure.http_code;
+  while (left > 0ms) {
+    status_.retry_seconds = static_cast<int>((left.count() + 999) / 1000);
+    report();
+    const auto piece = std::min(left, std::chrono::milliseconds((left.count() - 1) % 1000 + 1));
+    if (mailbox.wait(wish_.stream, piece))
+      return false;
+    left -= piece;
+  }
+  return true;
+}
+
+Engine::Attempt Engine::attempt(const std::string& address, bool from_network, int depth) {
+  const AddressKind kind = address_kind(address);
+  if (kind == AddressKind::none)
+    return {Outcome::failed, Trouble::no_address};
+  // A list of the network must not reach into the listener's files.
+  if (kind == AddressKind::unsupported || (from_network && kind == AddressKind::local))
+    return {Outcome::failed, Trouble::unsupported_address};
+  Attempt last{Outcome::failed, Trouble::not_answering};
+  for (const std::string& each : openable_addresses(address)) {
+    SourceOptions options;
+    options.user_agent = options_.user_agent;
+    options.proxy = options_.proxy;
+    options.timeout_ms = options_.timeout_ms;
+    options.interrupted = [this] {
+      tend();
+      return superseded();
+    };
+    Opened opened = Source::open(each, options);
+    if (opened.cancelled || superseded())
+      return {Outcome::cancelled};
+    if (opened.source != nullptr)
+      return stream(*opened.source);
+    if (!opened.entries.empty())
+      return attempt_entries(opened.entries, from_network || kind == AddressKind::network, depth + 1);
+    last = {Outcome::failed, opened.trouble, opened.http_code};
+  }
+  return last;
+}
+
+// One after the other until one plays. What the first one lacks is told when none does.
+Engine::Attempt Engine::attempt_entries(const std::vector<std::string>& entries, bool from_network, int depth) {
+  Attempt first{Outcome::failed, Trouble::unknown_format};
+  if (depth > max_playlist_depth)
+    return first;
+  bool tried = false;
+  for (const std::string& entry : entries) {
+    const Attempt result = attempt(entry, from_network, depth);
+    if (result.outcome != Outcome::failed)
+      return result;
+    if (!tried)
+      first = result;
+    tried = true;
+  }
+  // Nothing in a list is ours to call hopeless: tomorrow's list may be another.
+  if (first.trouble == Trouble::no_address || first.trouble == Trouble::unsupported_address)
+    first.trouble = Trouble::unknown_format;
+  return first;
+}
+
+Engine::Attempt Engine::stream(Source& source) {
+  Decoder decoder(mixer.rate());
+  if (!decoder.open(source.parameters()))
+    return {Outcome::failed, Trouble::unknown_format};
+  streaming_ = true;
+  flowed_ = mixer.flows(); // what is left of the lost connection still plays
+  underruns_ = 0;
+  drift_ = {};
+  drift_checked_ = std::chrono::steady_clock::now();
+  status_ = {};
+  status_.phase = flowed_ ? Phase::playing : Phase::buffering;
+  status_.codec = source.codec_name();
+  status_.kbps = source.kbps();
+  status_.hertz = source.parameters().sample_rate;
+  const auto opened = std::chrono::steady_clock::now();
+  Attempt result;
+  while (pump(source, decoder, result)) {
+  }
+  streaming_ = false;
+  if (flowed_)
+    retry_.heard(static_cast<std::uint64_t>(
+        std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - opened).count()));
+  return result;
+}
+
+// One packet; false when the stream is over, for the reason in `result`.
+bool Engine::pump(Source& source, Decoder& decoder, Attempt& result) {
+  const auto sink = [this](const float* frames, std::size_t count) { write(frames, count); };
+  const Packet packet(av_packet_alloc());
+  const ReadResult read = packet == nullptr ? ReadResult::lost : source.read(*packet);
+  if (superseded() || read == ReadResult::cancelled) {
+    result = {Outcome::cancelled};
+    return false;
+  }
+  if (read == ReadResult::lost) {
+    result = {Outcome::lost, Trouble::lost};
+    return false;
+  }
+  if (read == ReadResult::ended) {
+    decoder.flush(sink);
+    drain();
+    result = superseded() ? Attempt{Outcome::cancelled} : Attempt{Outcome::ended, Trouble::ended};
+    return false;
+  }
+  if (read == ReadResult::packet && !decoder.decode(*packet, sink)) {
+    result = {Outcome::failed, Trouble::unknown_format};
+    return false;
+  }
+  if (decoder.sample_rate() != 0)
+    status_.hertz = decoder.sample_rate();
+  if (auto title = source.new_title())
+    status_.title = std::move(*title);
+  correct_drift(decoder, source.live());
+  tend();
+  return !superseded();
+}
+
+// Waits for room where there is none: until the ring is half empty, so that the worker wakes seldom.
+void Engine::write(const float* frames, std::size_t count) {
+  while (count > 0 && !superseded()) {
+    const std::size_t taken = mixer.ring.write(frames, count);
+    frames += taken * 2;
+    count -= taken;
+    if (count == 0)
+      break;
+    tend();
+    const auto rate = static_cast<std::size_t>(std::max(mixer.rate(), 1));
+    const auto half = std::chrono::milliseconds(mixer.ring.capacity() * 500 / rate);
+    // Without a device nothing is taken out but by us.
+    const auto pause = mixer.flows() && !device.missing() ? std::min<std::chrono::milliseconds>(half, 1000ms) : 50ms;
+    if (mailbox.wait(wish_.stream, pause))
+      break;
+  }
+}
+
+// The end of a file: what is in the ring is still to be heard.
+void Engine::drain() {
+  if (!mixer.flows())
+    mixer.let_flow(wish_.stream);
+  while (mixer.ring.level() > 0 && mixer.flows() && !mailbox.wait(wish_.stream, 50ms)) {
+  }
+}
+
+// Lets sound flow when there is enough of it, and says what is going on. Called often, also from inside FFmpeg's waits.
+void Engine::tend() {
+  const std::size_t level = mixer.ring.level();
+  if (device.missing())
+    tend_missing_device(level);
+  if (!streaming_)
+    return;
+  if (!mixer.flows()) {
+    if (flowed_) {
+      flowed_ = false;
+      ++underruns_;
+    }
+    const std::uint32_t wanted = wanted_level_ms(underruns_);
+    const std::uint32_t there = level_ms();
+    status_.phase = Phase::buffering;
+    // In steps of ten: nobody reads faster.
+    status_.percent = static_cast<int>(std::min(there * 10 / wanted, 10U) * 10);
+    if (there >= wanted) {
+      mixer.let_flow(wish_.stream);
+      flowed_ = true;
+    }
+  }
+  if (mixer.flows()) {
+    status_.phase = Phase::playing;
+    status_.trouble = device.missing() ? Trouble::no_device : Trouble::none;
+  }
+  report();
+}
+
+// Nothing takes samples out: we do, and keep the newest second, so that a device that appears starts live.
+void Engine::tend_missing_device(std::size_t level) {
+  const auto second = static_cast<std::size_t>(mixer.rate());
+  std::vector<float> unheard;
+  if (level <= second * 2)
+    return;
+  unheard.resize((level - second) * 2);
+  (void)mixer.ring.read(unheard.data(), level - second);
+}
+
+void Engine::correct_drift(Decoder& decoder, bool live) {
+  const auto now = std::chrono::steady_clock::now();
+  if (!live || !mixer.flows() || now - drift_checked_ < 1000ms)
+    return;
+  drift_checked_ = now;
+  const int correction = drift_.step(level_ms());
+  if (correction != 0)
+    decoder.compensate(correction);
+}
+
+} // namespace lumotune::media

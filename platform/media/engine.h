@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The worker: opens what the mailbox asks for, decodes it into the mixer's ring, and comes back after every trouble for
+// as long as it is wanted.
+#pragma once
+
+#include "platform/media/board.h"
+#include "platform/media/device.h"
+#include "platform/media/drift.h"
+#include "platform/media/mailbox.h"
+#include "platform/media/mixer.h"
+#include "platform/media/retry.h"
+#include "platform/media/source.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace lumotune::media {
+
+class Decoder;
+
+struct EngineOptions {
+  int latency_ms = 100; // of the device; less than 100 makes gaps on some sound systems
+  OutputFactory make_output;
+  std::string user_agent;
+  std::function<std::string(const std::string& address)> proxy;
+  int timeout_ms = 10000;
+  double retry_scale = 1.0; // tests make the waits shorter
+};
+
+// A worker that hangs in a name look-up, which nothing interrupts, is left behind: it owns all it touches and goes when
+// it comes to itself.
+class Engine : public std::enable_shared_from_this<Engine> {
+public:
+  Engine(EngineOptions options, std::shared_ptr<Board> board);
+
+  Mailbox mailbox;
+  Mixer mixer;
+  Device device;
+
+  void start();                                                  // once; the thread keeps the engine alive
+  [[nodiscard]] bool wait_ended(std::chrono::milliseconds time); // after the mailbox was closed
+
+private:
+  enum class Outcome { cancelled, failed, lost, ended };
+  struct Attempt {
+    Outcome outcome = Outcome::failed;
+    Trouble trouble = Trouble::none;
+    int http_code = 0;
+  };
+
+  void work();
+  void play(const Wish& wish);
+  [[nodiscard]] Attempt attempt(const std::string& address, bool from_network, int depth);
+  [[nodiscard]] Attempt attempt_entries(const std::vector<std::string>& entries, bool from_network, int depth);
+  [[nodiscard]] Attempt stream(Source& source);
+  [[nodiscard]] bool pump(Source& source, Decoder& decoder, Attempt& result);
+  void write(const float* frames, std::size_t count);
+  void drain();
+  [[nodiscard]] bool wait_and_count_down(const Attempt& failure);
+  [[nodiscard]] bool superseded() const { return mailbox.newer_than(wish_.stream); }
+  void tend();
+  void tend_missing_device(std::size_t level);
+  void correct_drift(Decoder& decoder, bool live);
+  void report();
+  [[nodiscard]] std::uint32_t level_ms() const;
+
+  EngineOptions options_;
+  std::shared_ptr<Board> board_;
+  Wish wish_;
+  StreamStatus status_;
+  RetryPolicy retry_;
+  DriftControl drift_;
+  std::chrono::steady_clock::time_point drift_checked_;
+  bool streaming_ = false; // a source is open
+  bool flowed_ = false;    // this stream was let flow at least once since it was opened
+  std::uint32_t underruns_ = 0;
+  std::minstd_rand random_;
+
+  std::mutex end_mutex_;
+  std::condition_variable end_changed_;
+  bool ended_ = false;
+};
+
+} // namespace lumotune::media

@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/media/player.h"
+
+#include "platform/media/cubeb_output.h"
+#include "platform/media/engine.h"
+#include "platform/media/wide.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace lumotune::media {
+namespace {
+
+using namespace std::chrono_literals;
+
+// How often it is looked whether the worker took the newest wish, and after how many looks it counts as stuck.
+constexpr std::uint32_t look_every_ms = 100;
+constexpr int looks_until_stuck = 6;
+
+class Player final : public platform::MediaPlayer {
+public:
+  Player(platform::EventLoop& loop, PlayerOptions options)
+      : options_(std::move(options)),
+        board_(std::make_shared<Board>()),
+        waker_(loop.make_waker([this] { notify(); })),
+        watchdog_(loop.make_timer(look_every_ms, [this] { look(); })) {
+    board_->open(waker_.get());
+    make_engine();
+  }
+  Player(const Player&) = delete;
+  Player& operator=(const Player&) = delete;
+  // A worker that does not come back in time is left to itself; it touches nothing of ours any more.
+  ~Player() override {
+    board_->close();
+    engine_->mixer.want(0);
+    engine_->mailbox.close();
+    (void)engine_->wait_ended(500ms);
+  }
+
+  void set_url(const std::wstring& url) override {
+    url_ = url;
+    if (wanted_)
+      stop();
+    if (auto_start_)
+      play();
+  }
+  [[nodiscard]] std::wstring url() const override { return url_; }
+  void set_auto_start(bool on) override { auto_start_ = on; }
+
+  void play() override {
+    wanted_ = true;
+    StreamStatus first;
+    first.phase = Phase::connecting;
+    wish(true, first);
+    waker_->wake();
+  }
+
+  void stop() override {
+    wanted_ = false;
+    wish(false, {});
+    waker_->wake();
+  }
+
+  void set_volume(int percent) override {
+    volume_ = std::clamp(percent, 0, 100);
+    engine_->mixer.set_volume(volume_);
+  }
+  [[nodiscard]] int volume() const override { return volume_; }
+
+  // The intent stays; only the connection goes.
+  void system_suspended() override {
+    if (!wanted_)
+      return;
+    StreamStatus first;
+    first.phase = Phase::waiting;
+    first.trouble = Trouble::lost;
+    wish(false, first);
+    waker_->wake();
+  }
+  void system_resumed() override {
+    if (wanted_)
+      play();
+  }
+
+  [[nodiscard]] std::wstring status() const override { return status_text(now()); }
+  [[nodiscard]] std::wstring Status1() const override { return status_columns(now()); }
+  [[nodiscard]] std::uint64_t played_ms() const override { return wanted_ ? engine_->mixer.heard_ms(stream_) : 0; }
+
+private:
+  void make_engine() {
+    EngineOptions options;
+    options.latency_ms = options_.latency_ms;
+    options.user_agent = options_.user_agent;
+    options.proxy = options_.proxy;
+    options.timeout_ms = options_.timeout_ms;
+    options.retry_scale = options_.retry_scale;
+    options.make_output = options_.make_output ? options_.make_output : OutputFactory(make_cubeb_output);
+    engine_ = std::make_shared<Engine>(std::move(options), board_);
+    engine_->mixer.set_volume(volume_);
+    engine_->start();
+  }
+
+  void wish(bool playing, const StreamStatus& first) {
+    ++stream_;
+    board_->expect(stream_, first);
+    send(playing);
+  }
+
+  void send(bool playing) {
+    sent_playing_ = playing;
+    engine_->mixer.want(playing ? stream_ : 0);
+    if (playing)
+      engine_->device.run();
+    else
+      engine_->device.silence();
+    engine_->mailbox.post({stream_, to_utf8(url_), playing});
+    looks_ = 0;
+    watchdog_->start();
+  }
+
+  // A worker that has not taken the wish hangs where nothing reaches it: another one takes over.
+  void look() {
+    if (engine_->mailbox.taken() == stream_) {
+      watchdog_->stop();
+      return;
+    }
+    if (++looks_ < looks_until_stuck)
+      return;
+    engine_->mixer.want(0);
+    engine_->device.silence();
+    engine_->mailbox.close();
+    make_engine();
+    send(sent_playing_);
+  }
+
+  [[nodiscard]] StreamStatus now() const { return board_->read(); }
+
+  void notify() {
+    const StreamStatus status = now();
+    const std::wstring text = status_text(status);
+    const bool phase_changed = status.phase != told_phase_;
+    const bool text_changed = text != told_text_;
+    told_phase_ = status.phase;
+    told_text_ = text;
+    if (phase_changed && on_play_state_change)
+      on_play_state_change(static_cast<int>(play_state(status)));
+    if (text_changed && on_status_change)
+      on_status_change();
+  }
+
+  [[nodiscard]] static platform::PlayState play_state(const StreamStatus& status) {
+    switch (status.phase) {
+    case Phase::connecting:
+      return platform::PlayState::connecting;
+    case Phase::buffering:
+      return platform::PlayState::buffering;
+    case Phase::playing:
+      return platform::PlayState::playing;
+    case Phase::waiting:
+      return platform::PlayState::reconnecting;
+    case Phase::stopped:
+      break;
+    }
+    return platform::PlayState::stopped;
+  }
+
+  PlayerOptions options_;
+  std::shared_ptr<Board> board_;
+  std::unique_ptr<platform::Waker> waker_;
+  std::unique_ptr<platform::Timer> watchdog_;
+  std::shared_ptr<Engine> engine_;
+  std::wstring url_;
+  bool auto_start_ = true;
+  bool wanted_ = false;       // what the listener wants
+  bool sent_playing_ = false; // what the worker was told: another thing while the machine sleeps
+  int volume_ = 100;
+  int looks_ = 0;
+  std::uint64_t stream_ = 0;
+  Phase told_phase_ = Phase::stopped;
+  std::wstring told_text_;
+};
+
+} // namespace
+
+std::unique_ptr<platform::MediaPlayer> make_media_player(platform::EventLoop& loop, PlayerOptions options) {
+  av_log_set_level(AV_LOG_QUIET);
+  return std::make_unique<Player>(loop, std::move(options));
+}
+
+} // namespace lumotune::media

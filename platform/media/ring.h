@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Stereo samples between the worker (the one producer) and the sound callback (the one consumer). No locks.
+#pragma once
+
+#include <algorithm>
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+namespace lumotune::media {
+
+// Positions count frames since the ring was made and never wrap. A frame is two float samples.
+class Ring {
+public:
+  explicit Ring(std::size_t capacity_frames) : samples_(capacity_frames * 2), capacity_(capacity_frames) {}
+
+  [[nodiscard]] std::size_t capacity() const { return capacity_; }
+
+  // Any thread; exact for the thread that changes it.
+  [[nodiscard]] std::size_t level() const {
+    const std::uint64_t read =
+        std::max(read_.load(std::memory_order_acquire), discard_.load(std::memory_order_acquire));
+    const std::uint64_t write = write_.load(std::memory_order_acquire);
+    return write > read ? static_cast<std::size_t>(write - read) : 0;
+  }
+
+  // Producer: how much can be written now, and the writing of at most that; answers how many frames were taken.
+  [[nodiscard]] std::size_t room() const {
+    return capacity_ -
+           static_cast<std::size_t>(write_.load(std::memory_order_relaxed) - read_.load(std::memory_order_acquire));
+  }
+  std::size_t write(const float* frames, std::size_t count) {
+    count = std::min(count, room());
+    const std::uint64_t at = write_.load(std::memory_order_relaxed);
+    for (std::size_t done = 0; done < count;) {
+      const std::size_t offset = static_cast<std::size_t>((at + done) % capacity_);
+      const std::size_t piece = std::min(count - done, capacity_ - offset);
+      std::memcpy(&samples_[offset * 2], frames + done * 2, piece * 2 * sizeof(float));
+      done += piece;
+    }
+    write_.store(at + count, std::memory_order_release);
+    return count;
+  }
+  // Producer: what was written so far is not to be played any more. The consumer passes over it when it runs next.
+  void discard() { discard_.store(write_.load(std::memory_order_relaxed), std::memory_order_release); }
+
+  // Consumer: takes at most `count` frames; answers how many there were.
+  std::size_t read(float* frames, std::size_t count) {
+    const std::uint64_t at = skip();
+    const std::uint64_t write = write_.load(std::memory_order_acquire);
+    count = std::min(count, static_cast<std::size_t>(write - at));
+    for (std::size_t done = 0; done < count;) {
+      const std::size_t offset = static_cast<std::size_t>((at + done) % capacity_);
+      const std::size_t piece = std::min(count - done, capacity_ - offset);
+      std::memcpy(frames + done * 2, &samples_[offset * 2], piece * 2 * sizeof(float));
+      done += piece;
+    }
+    read_.store(at + count, std::memory_order_release);
+    return count;
+  }
+  // Consumer: carries out a discard; also for the producer's thread while no consumer runs.
+  std::uint64_t skip() {
+    std::uint64_t at = read_.load(std::memory_order_relaxed);
+    const std::uint64_t discard = discard_.load(std::memory_order_acquire);
+    if (discard > at) {
+      at = discard;
+      read_.store(at, std::memory_order_release);
+    }
+    return at;
+  }
+
+private:
+  std::vector<float> samples_;
+  std::size_t capacity_;
+  std::atomic<std::uint64_t> write_ = 0;
+  std::atomic<std::uint64_t> read_ = 0;
+  std::atomic<std::uint64_t> discard_ = 0;
+};
+
+} // namespace lumotune::media

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/media/status_text.h"
+
+namespace lumotune::media {
+namespace {
+
+std::wstring trouble_text(const StreamStatus& status) {
+  switch (status.trouble) {
+  case Trouble::no_address:
+    return L"Není zadána adresa stanice";
+  case Trouble::unsupported_address:
+    return L"Neznámý druh adresy";
+  case Trouble::lost:
+    return L"Spojení ztraceno";
+  case Trouble::not_answering:
+    return L"Stanice neodpovídá";
+  case Trouble::no_such_host:
+    return L"Adresu stanice nelze najít";
+  case Trouble::not_found:
+    return status.http_code != 0 ? L"Stanice nenalezena (404)" : L"Soubor nenalezen";
+  case Trouble::refused_by_server:
+    return L"Stanice odmítla spojení (" + std::to_wstring(status.http_code) + L")";
+  case Trouble::unknown_format:
+    return L"Neznámý formát zvuku";
+  case Trouble::ended:
+    return L"Přehrávání skončilo";
+  case Trouble::no_device:
+    return L"Zvukové zařízení není k dispozici";
+  case Trouble::none:
+    break;
+  }
+  return {};
+}
+
+// Cut or padded with blanks to exactly that many characters.
+std::wstring column(std::wstring text, std::size_t width) {
+  text.resize(width, L' ');
+  return text;
+}
+
+// 44100 is "44,1 kHz", 48000 "48 kHz", 22050 "22,05 kHz".
+std::wstring kilohertz(int hertz) {
+  std::wstring text = std::to_wstring(hertz / 1000);
+  const int rest = hertz % 1000;
+  if (rest != 0) {
+    std::wstring digits = std::to_wstring(1000 + rest).substr(1);
+    digits.erase(digits.find_last_not_of(L'0') + 1);
+    text += L"," + digits;
+  }
+  return text + L" kHz";
+}
+
+} // namespace
+
+std::wstring state_text(const StreamStatus& status) {
+  const std::wstring trouble = trouble_text(status);
+  switch (status.phase) {
+  case Phase::stopped:
+    return trouble.empty() ? L"Zastaveno" : trouble;
+  case Phase::connecting:
+    return L"Připojování...";
+  case Phase::buffering:
+    return L"Načítání do vyrovnávací paměti (" + std::to_wstring(status.percent) + L" %)";
+  case Phase::playing:
+    return trouble.empty() ? L"Přehrávání" : trouble;
+  case Phase::waiting:
+    break;
+  }
+  if (status.retry_seconds <= 0)
+    return trouble;
+  return trouble + L", další pokus za " + std::to_wstring(status.retry_seconds) + L" s";
+}
+
+std::wstring quality_text(const StreamStatus& status) {
+  std::wstring text = status.codec;
+  const auto add = [&](const std::wstring& part) { text += text.empty() ? part : L" " + part; };
+  if (status.kbps > 0)
+    add(std::to_wstring(status.kbps) + L" kbps");
+  if (status.hertz > 0)
+    add(kilohertz(status.hertz));
+  return text;
+}
+
+std::wstring status_text(const StreamStatus& status) {
+  std::wstring text = state_text(status);
+  if (status.phase != Phase::playing || status.trouble != Trouble::none)
+    return text;
+  if (!status.title.empty())
+    text += L": " + status.title;
+  if (status.kbps > 0)
+    text += L" (" + std::to_wstring(status.kbps) + L" kbps)";
+  return text;
+}
+
+std::wstring status_columns(const StreamStatus& status) {
+  constexpr std::size_t state_width = 32;
+  constexpr std::size_t quality_width = 22;
+  const bool plays = status.phase == Phase::playing && status.trouble == Trouble::none;
+  const std::wstring state = state_text(status);
+  // While no sound flows, why it does not is worth more than the title of what was heard.
+  const std::wstring& last = plays && !status.title.empty() ? status.title : state;
+  return column(state, state_width) + column(plays ? quality_text(status) : std::wstring(), quality_width) + last;
+}
+
+} // namespace lumotune::media
