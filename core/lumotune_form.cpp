@@ -34,6 +34,8 @@ LumotuneForm::LumotuneForm(platform::Window& window_made)
   // Nothing to play until an address has been prepared.
   PlayTL.set_enabled(false);
   Control_Play.set_enabled(false);
+  // Behind the shown text an item carries its quality, its identifier and its address.
+  Control_List.set_shown_columns(93);
   InfoNaladit.set_text(L"Klikněte na naladit...");
   // What a screen reader says of a picture; a tool tip tells the same to the eye.
   const auto tell = [](platform::PictureBox& picture, const wchar_t* what) {

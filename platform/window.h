@@ -48,7 +48,7 @@ public:
   // Whether some monitor of now shows a usable piece of the window if it were moved there.
   [[nodiscard]] virtual bool on_some_monitor(int left, int top) const = 0;
   // Twips of one pixel of the screen, in the horizontal direction (15 at 96 dots an inch).
-  [[nodiscard]] virtual int twips_per_pixel_x() const = 0;
+  [[nodiscard]] virtual double twips_per_pixel_x() const = 0;
 
   // The picture behind all controls. False when the file is missing or no picture; the old one then stays.
   [[nodiscard]] virtual bool load_background(const std::wstring& path) = 0;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "skin/tray_icon.h"
 
+#include <cmath>
+
 namespace lumotune::skin {
 namespace {
 
@@ -32,7 +34,7 @@ void TrayIcon::TrayIcon_MouseMove(const platform::MouseEvent& event) {
   if (busy_)
     return;
   const Busy guard(busy_);
-  const int message = event.x / uses_.form.window.twips_per_pixel_x();
+  const auto message = std::lround(event.x / uses_.form.window.twips_per_pixel_x());
   if (message == left_button_down) {
     uses_.chrome.OrbMinMax();
   } else if (message == right_button_up) {

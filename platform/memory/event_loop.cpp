@@ -34,8 +34,13 @@ public:
   [[nodiscard]] std::uint64_t order() const { return turn_; }
   void fire() {
     arm();
+    if (*busy_)
+      return;
     const auto tick = tick_;
+    const auto busy = busy_; // the tick may destroy this timer
+    *busy = true;
     tick();
+    *busy = false;
   }
 
 private:
@@ -49,6 +54,7 @@ private:
   std::uint32_t interval_;
   std::function<void()> tick_;
   bool running_ = false;
+  std::shared_ptr<bool> busy_ = std::make_shared<bool>(false);
   std::uint64_t due_ = 0;
   std::uint64_t turn_ = 0;
 };

@@ -111,6 +111,8 @@ public:
   void set_colours(Colour background, Colour text) override;
   [[nodiscard]] Colour background_colour() const override { return background_; }
   [[nodiscard]] Colour text_colour() const override { return text_colour_; }
+  void set_shown_columns(std::size_t columns) override { shown_columns_ = columns; }
+  [[nodiscard]] std::size_t shown_columns() const { return shown_columns_; }
 
   // The user selects a row with the left button.
   bool user_pick(std::size_t index);
@@ -120,6 +122,7 @@ private:
   std::size_t selected_ = none;
   Colour background_{};
   Colour text_colour_{};
+  std::size_t shown_columns_ = none;
 };
 
 class MemoryWindow final : public Window {
@@ -141,7 +144,7 @@ public:
   void resize(int width, int height) override;
   [[nodiscard]] TwipsRect rect() const override { return rect_; }
   [[nodiscard]] bool on_some_monitor(int left, int top) const override;
-  [[nodiscard]] int twips_per_pixel_x() const override { return 15; }
+  [[nodiscard]] double twips_per_pixel_x() const override { return twips_per_pixel; }
   [[nodiscard]] bool load_background(const std::wstring& path) override;
   [[nodiscard]] std::wstring background() const override { return background_; }
   [[nodiscard]] bool set_topmost(bool on) override;
@@ -157,6 +160,7 @@ public:
   [[nodiscard]] MemoryList* list(const std::wstring& name) const;
 
   // Records and knobs.
+  double twips_per_pixel = 15.0;
   int activated = 0;
   int redrawn = 0;
   int dragged = 0;
