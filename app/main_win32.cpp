@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The program's entry on Windows: makes the backend, the player and the program, and runs the loop.
+#include "app/program.h"
+#include "platform/media/player.h"
+#include "platform/win32/backend.h"
+#include "resource.h"
+#include "version.h"
+
+namespace {
+
+using namespace lumotune;
+
+int run() {
+  // A file look-up dialog of the system would hide what we report ourselves.
+  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+  platform::win32::Backend backend(LUMOTUNE_ICON);
+  // Two companion programs are started from the current directory.
+  SetCurrentDirectoryW(backend.machine.program_folder().c_str());
+  core::LumotuneForm form(backend.window);
+  platform::win32::Win32Tray tray(backend.window, form.TrayIcon, backend.codec);
+  media::PlayerOptions options;
+  options.user_agent = "Lumotune/" LUMOTUNE_VERSION;
+  options.proxy = platform::win32::system_proxy;
+  const auto player = media::make_media_player(backend.loop, options);
+  app::Program program({backend.loop, backend.codec, backend.files, backend.shell, backend.machine, backend.window,
+                        backend.messages, backend.dialogs, tray, *player},
+                       form);
+  if (program.start())
+    backend.loop.run();
+  return 0;
+}
+
+} // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+  int result = 1;
+  platform::win32::guarded([&] { result = run(); });
+  // A worker that hangs in a name look-up must not keep the process alive.
+  ExitProcess(static_cast<UINT>(result));
+}

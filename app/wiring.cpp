@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "app/wiring.h"
+
+#include "app/program.h"
+
+namespace lumotune::app {
+
+using platform::MouseEvent;
+
+void bind_ports(Program& program) {
+  program.playback.skin.bind(program.skin);
+  program.playback.favourites.bind(program.favourites);
+  program.startup.skin.bind(program.skin);
+  program.startup.chrome.bind(program.chrome_parts);
+  program.startup.favourites.bind(program.favourites);
+  program.commands.chrome.bind(program.chrome_parts);
+  program.commands.favourites.bind(program.favourites);
+  program.shutdown.chrome.bind(program.chrome_parts);
+  program.status.title.bind(program.title_to_tray);
+  program.chrome.exit.bind(program.exit_to_shutdown);
+}
+
+void bind_events(Program& program, const Platform& platform, core::LumotuneForm& form) {
+  auto& playback = program.playback;
+  auto& chrome = program.chrome;
+  auto& window = form.window;
+
+  window.on_mouse_move = [&](const MouseEvent& event) { chrome.Form_MouseMove(event); };
+  window.on_close = [&] { program.shutdown.Form_Unload(); };
+  window.on_session_end = [&] { program.shutdown.Konec(); };
+  window.on_suspend = [&platform_player = platform.player] { platform_player.system_suspended(); };
+  window.on_resume = [&platform_player = platform.player] { platform_player.system_resumed(); };
+
+  form.PlayTL.on_click = [&] { playback.PlayTL_Click(); };
+  form.Control_Play.on_click = [&] { playback.Control_Play_Click(); };
+  form.Control_Sat.on_click = [&] { playback.Control_Sat_Click(); };
+  form.Control_Volume.on_click = [&] { playback.Control_Volume_Click(); };
+  form.InfoName.on_click = [&] { playback.InfoName_Click(); };
+  form.InfoName.on_mouse_move = [&](const MouseEvent&) { chrome.InfoName_MouseMove(); };
+  form.InfoNaladit.on_click = [&] { playback.InfoNaladit_Click(); };
+  form.InfoNaladit.on_mouse_move = [&](const MouseEvent&) { chrome.InfoNaladit_MouseMove(); };
+  form.LTDisplay.on_mouse_move = [&](const MouseEvent&) { chrome.LTDisplay_MouseMove(); };
+  form.LineMenu_OnTop.on_click = [&] { chrome.LineMenu_OnTop_Click(); };
+  form.LineMenu_Min.on_click = [&] { chrome.LineMenu_Min_Click(); };
+  form.LineMenu_End.on_click = [&] { chrome.LineMenu_End_Click(); };
+  form.TrayIcon.on_mouse_move = [&](const MouseEvent& event) { program.tray_icon.TrayIcon_MouseMove(event); };
+
+  platform.player.on_play_state_change = [&](int state) { program.status.PlayStateChange(state); };
+  platform.player.on_status_change = [&] { program.status.StatusChange(); };
+}
+
+} // namespace lumotune::app

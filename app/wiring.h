@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Who calls whom: every port and every event of the program in one readable place.
+#pragma once
+
+namespace lumotune::core {
+struct LumotuneForm;
+}
+
+namespace lumotune::app {
+
+class Program;
+struct Platform;
+
+void bind_ports(Program& program);
+void bind_events(Program& program, const Platform& platform, core::LumotuneForm& form);
+
+} // namespace lumotune::app

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Everything of the system that the program is built on, made in the right order on the user-interface thread.
+#pragma once
+
+#include "platform/win32/event_loop.h"
+#include "platform/win32/files.h"
+#include "platform/win32/messages.h"
+#include "platform/win32/picture.h"
+#include "platform/win32/system.h"
+#include "platform/win32/tray.h"
+#include "platform/win32/window.h"
+
+namespace lumotune::platform::win32 {
+
+// Single-threaded COM of the user-interface thread, which embedded controls of the system want.
+class ComSession {
+public:
+  ComSession();
+  ComSession(const ComSession&) = delete;
+  ComSession& operator=(const ComSession&) = delete;
+  ~ComSession();
+
+private:
+  bool entered_ = false;
+};
+
+struct Backend {
+  explicit Backend(int icon);
+
+  ComSession com;
+  PictureLibrary pictures;
+  Win32EventLoop loop;
+  Win32Codec codec;
+  Win32Files files;
+  Win32Shell shell;
+  Win32Machine machine;
+  Win32Window window; // `Lumotune`
+  Win32Messages messages;
+  Win32Dialogs dialogs;
+};
+
+} // namespace lumotune::platform::win32

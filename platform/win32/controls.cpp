@@ -1,0 +1,328 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/win32/controls.h"
+
+#include "platform/win32/dpi.h"
+
+#include <commctrl.h>
+#include <windowsx.h>
+
+#include <cmath>
+
+namespace lumotune::platform::win32 {
+namespace {
+
+COLORREF colour_ref(Colour colour) {
+  return static_cast<COLORREF>(colour) & 0xffffff;
+}
+
+} // namespace
+
+ChildWindow::ChildWindow(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style)
+    : surface_(surface) {
+  window_ = CreateWindowExW(0, system_class, L"", style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0,
+                            surface.handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
+  SetWindowSubclass(window_, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+  // By this property programs for the blind and checks find the control, whatever it shows.
+  SetPropW(window_, (L"Lumotune." + designer_name).c_str(), reinterpret_cast<HANDLE>(1));
+  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(surface.font(LabelFont::normal, false)), FALSE);
+}
+
+ChildWindow::~ChildWindow() {
+  RemoveWindowSubclass(window_, procedure, 1);
+  if (IsWindow(window_) != 0)
+    DestroyWindow(window_);
+}
+
+LRESULT CALLBACK ChildWindow::procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR /*id*/,
+                                        DWORD_PTR self) {
+  LRESULT result = 0;
+  bool done = false;
+  guarded([&] { done = reinterpret_cast<ChildWindow*>(self)->handle_message(message, w, l, result); });
+  return done ? result : DefSubclassProc(window, message, w, l);
+}
+
+bool ChildWindow::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+  switch (message) {
+  case WM_ERASEBKGND: // everything is drawn at once, over what lies behind
+    result = 1;
+    return pressable() || (GetWindowLongPtrW(window_, GWL_STYLE) & SS_TYPEMASK) == SS_OWNERDRAW;
+  case WM_MOUSEMOVE:
+    mouse_moved(mouse_event(w, l, MouseButton::none));
+    return false;
+  case WM_LBUTTONDOWN:
+    mouse_pressed(mouse_event(w, l, MouseButton::left));
+    return false;
+  case WM_RBUTTONDOWN:
+    mouse_pressed(mouse_event(w, l, MouseButton::right));
+    return false;
+  case WM_SETFOCUS:
+  case WM_KILLFOCUS:
+    InvalidateRect(window_, nullptr, FALSE);
+    return false;
+  case WM_SETCURSOR:
+    if (!pressable() || LOWORD(l) != HTCLIENT || GetWindowLongPtrW(window_, GWLP_ID) == -1)
+      return false;
+    SetCursor(LoadCursorW(nullptr, IDC_HAND));
+    result = TRUE;
+    return true;
+  default:
+    return false;
+  }
+}
+
+MouseEvent ChildWindow::mouse_event(WPARAM keys, LPARAM point, MouseButton pressed) const {
+  MouseEvent event;
+  event.button = pressed;
+  if (pressed == MouseButton::none && (keys & MK_LBUTTON) != 0)
+    event.button = MouseButton::left;
+  else if (pressed == MouseButton::none && (keys & MK_RBUTTON) != 0)
+    event.button = MouseButton::right;
+  event.x = twips(GET_X_LPARAM(point), surface_.dpi());
+  event.y = twips(GET_Y_LPARAM(point), surface_.dpi());
+  return event;
+}
+
+void ChildWindow::show(bool visible) {
+  if (shown_ == visible)
+    return;
+  shown_ = visible;
+  ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+  redraw();
+}
+
+void ChildWindow::apply_place() {
+  const unsigned dpi = surface_.dpi();
+  // The far edges are converted, not the lengths: neighbours then stay neighbours at every scale.
+  const int left = pixels(place_.left, dpi);
+  const int top = pixels(place_.top, dpi);
+  const int right = pixels(place_.left + place_.width, dpi);
+  const int bottom = pixels(place_.top + place_.height, dpi);
+  SetWindowPos(window_, nullptr, left, top, right - left, bottom - top, SWP_NOZORDER | SWP_NOACTIVATE);
+  redraw();
+}
+
+void ChildWindow::redraw() {
+  RECT area{};
+  GetWindowRect(window_, &area);
+  MapWindowPoints(nullptr, surface_.handle(), reinterpret_cast<POINT*>(&area), 2);
+  RedrawWindow(surface_.handle(), &area, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void ChildWindow::dpi_changed() {
+  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(surface_.font(LabelFont::normal, false)), FALSE);
+  apply_place();
+}
+
+void ChildWindow::paint_item(const DRAWITEMSTRUCT& item) {
+  const RECT& area = item.rcItem;
+  const int width = area.right - area.left;
+  const int height = area.bottom - area.top;
+  if (width <= 0 || height <= 0)
+    return;
+  const MemoryDc buffer(CreateCompatibleDC(item.hDC));
+  const GdiObject bitmap(CreateCompatibleBitmap(item.hDC, width, height));
+  const auto dc = static_cast<HDC>(buffer.get());
+  const HGDIOBJ before = SelectObject(dc, bitmap.get());
+  const RECT inside{0, 0, width, height};
+  surface_.draw_behind(dc, window_);
+  draw(dc, inside);
+  BitBlt(item.hDC, area.left, area.top, width, height, dc, 0, 0, SRCCOPY);
+  SelectObject(dc, before);
+}
+
+// Two frames, light and dark: one of them is seen on any picture.
+void ChildWindow::draw_focus(HDC target, const RECT& area) const {
+  if (GetFocus() != window_ || !surface_.keyboard_used())
+    return;
+  RECT frame = area;
+  const GdiObject dark(CreateSolidBrush(RGB(0, 0, 0)));
+  const GdiObject light(CreateSolidBrush(RGB(255, 255, 255)));
+  const int thickness = static_cast<int>(surface_.dpi() / picture_dpi);
+  for (int i = 0; i < 2 * thickness; ++i) {
+    FrameRect(target, &frame, static_cast<HBRUSH>(i < thickness ? light.get() : dark.get()));
+    InflateRect(&frame, -1, -1);
+  }
+}
+
+Win32Picture::Win32Picture(Surface& surface, const std::wstring& designer_name, PictureKind kind)
+    : Win32Control(surface, designer_name, kind == PictureKind::button ? L"BUTTON" : L"STATIC",
+                   kind == PictureKind::button ? BS_OWNERDRAW | BS_NOTIFY | WS_TABSTOP : SS_OWNERDRAW | SS_NOTIFY),
+      kind_(kind) {}
+
+bool Win32Picture::load_picture(const std::wstring& path) {
+  if (path == path_ && !picture_.empty())
+    return true;
+  if (!picture_.load(path))
+    return false;
+  path_ = path;
+  resize(twips(picture_.width(), picture_dpi), twips(picture_.height(), picture_dpi));
+  redraw();
+  return true;
+}
+
+void Win32Picture::draw(HDC target, const RECT& area) {
+  constexpr BYTE faded = 90;
+  picture_.draw(target, 0, 0, area.right, area.bottom, IsWindowEnabled(window_) != 0 ? 255 : faded);
+  if (kind_ == PictureKind::button)
+    draw_focus(target, area);
+}
+
+// A quick second click comes as a double click: it presses the button again.
+void Win32Picture::notified(WORD code) {
+  if (kind_ == PictureKind::button && (code == BN_CLICKED || code == BN_DOUBLECLICKED))
+    fire(on_click);
+  else if (kind_ == PictureKind::decoration && (code == STN_CLICKED || code == STN_DBLCLK))
+    fire(on_click);
+}
+
+Win32Label::Win32Label(Surface& surface, const std::wstring& designer_name, LabelKind kind, LabelFont font)
+    : Win32Control(surface, designer_name, L"STATIC",
+                   SS_OWNERDRAW | SS_NOTIFY | (kind == LabelKind::link ? static_cast<DWORD>(WS_TABSTOP) : 0U)),
+      kind_(kind),
+      font_(font) {}
+
+void Win32Label::set_text_colour(Colour colour) {
+  colour_ = colour;
+  redraw();
+}
+
+void Win32Label::set_underline(bool on) {
+  if (underline_ == on)
+    return;
+  underline_ = on;
+  redraw();
+}
+
+void Win32Label::draw(HDC target, const RECT& area) {
+  const HGDIOBJ before = SelectObject(target, surface_.font(font_, underline_));
+  SetBkMode(target, TRANSPARENT);
+  SetTextColor(target, colour_ref(colour_));
+  RECT room = area;
+  DrawTextW(target, text_.c_str(), static_cast<int>(text_.size()), &room,
+            DT_LEFT | DT_NOPREFIX | DT_WORDBREAK | DT_EDITCONTROL | DT_END_ELLIPSIS);
+  SelectObject(target, before);
+  if (kind_ == LabelKind::link)
+    draw_focus(target, area);
+}
+
+void Win32Label::notified(WORD code) {
+  if (code == STN_CLICKED)
+    fire(on_click);
+  else if (code == STN_DBLCLK)
+    fire(on_double_click);
+}
+
+// The class of labels knows no keyboard: a link takes Space as a button does.
+bool Win32Label::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+  if (kind_ == LabelKind::link && message == WM_GETDLGCODE) {
+    result = DLGC_BUTTON;
+    return true;
+  }
+  if (kind_ == LabelKind::link && message == WM_KEYUP && w == VK_SPACE) {
+    fire(on_click);
+    return true;
+  }
+  return Win32Control::handle_message(message, w, l, result);
+}
+
+Win32Button::Win32Button(Surface& surface, const std::wstring& designer_name)
+    : Win32Control(surface, designer_name, L"BUTTON", BS_PUSHBUTTON) {}
+
+void Win32Button::press() {
+  if (enabled())
+    fire(on_click);
+}
+
+void Win32Button::notified(WORD code) {
+  if (code == BN_CLICKED)
+    fire(on_click);
+}
+
+Win32List::Win32List(Surface& surface, const std::wstring& designer_name)
+    : Win32Control(surface, designer_name, L"LISTBOX",
+                   LBS_NOTIFY | LBS_HASSTRINGS | LBS_OWNERDRAWFIXED | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP) {
+  set_colours(background_, text_colour_);
+  set_row_height();
+}
+
+void Win32List::set_row_height() {
+  SendMessageW(window_, LB_SETITEMHEIGHT, 0, static_cast<LPARAM>(pixels(300, surface_.dpi())));
+}
+
+void Win32List::dpi_changed() {
+  ChildWindow::dpi_changed();
+  set_row_height();
+}
+
+void Win32List::clear() {
+  SendMessageW(window_, LB_RESETCONTENT, 0, 0);
+}
+
+void Win32List::add(const std::wstring& item) {
+  SendMessageW(window_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+}
+
+std::size_t Win32List::count() const {
+  const LRESULT answer = SendMessageW(window_, LB_GETCOUNT, 0, 0);
+  return answer < 0 ? 0 : static_cast<std::size_t>(answer);
+}
+
+std::wstring Win32List::item(std::size_t index) const {
+  if (index >= count())
+    return {};
+  const LRESULT length = SendMessageW(window_, LB_GETTEXTLEN, index, 0);
+  std::wstring text(static_cast<std::size_t>(length < 0 ? 0 : length) + 1, L'\0');
+  const LRESULT got = SendMessageW(window_, LB_GETTEXT, index, reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<std::size_t>(got < 0 ? 0 : got));
+  return text;
+}
+
+std::size_t Win32List::selected() const {
+  const LRESULT answer = SendMessageW(window_, LB_GETCURSEL, 0, 0);
+  return answer < 0 ? none : static_cast<std::size_t>(answer);
+}
+
+void Win32List::select(std::size_t index) {
+  SendMessageW(window_, LB_SETCURSEL, index < count() ? index : static_cast<WPARAM>(-1), 0);
+}
+
+void Win32List::set_shown_columns(std::size_t columns) {
+  shown_columns_ = columns;
+  redraw();
+}
+
+void Win32List::set_colours(Colour background, Colour text) {
+  background_ = background;
+  text_colour_ = text;
+  brush_.reset(CreateSolidBrush(colour_ref(background)));
+  redraw();
+}
+
+void Win32List::notified(WORD code) {
+  if (code == LBN_SELCHANGE)
+    fire(on_click);
+  else if (code == LBN_DBLCLK)
+    fire(on_double_click);
+}
+
+// The chosen row has the two colours exchanged.
+void Win32List::draw_row(const DRAWITEMSTRUCT& item) {
+  if (item.itemID == static_cast<UINT>(-1))
+    return;
+  const bool chosen = (item.itemState & ODS_SELECTED) != 0;
+  const GdiObject chosen_brush(CreateSolidBrush(colour_ref(text_colour_)));
+  FillRect(item.hDC, &item.rcItem, chosen ? static_cast<HBRUSH>(chosen_brush.get()) : brush());
+  std::wstring shown = this->item(item.itemID).substr(0, shown_columns_);
+  shown.erase(shown.find_last_not_of(L' ') + 1);
+  RECT room = item.rcItem;
+  room.left += pixels(90, surface_.dpi());
+  room.right -= pixels(45, surface_.dpi());
+  const HGDIOBJ before = SelectObject(item.hDC, surface_.font(LabelFont::normal, false));
+  SetBkMode(item.hDC, TRANSPARENT);
+  SetTextColor(item.hDC, colour_ref(chosen ? background_ : text_colour_));
+  DrawTextW(item.hDC, shown.c_str(), static_cast<int>(shown.size()), &room,
+            DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+  SelectObject(item.hDC, before);
+}
+
+} // namespace lumotune::platform::win32

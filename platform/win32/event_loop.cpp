@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/win32/event_loop.h"
+
+#include <algorithm>
+#include <atomic>
+#include <utility>
+
+namespace lumotune::platform::win32 {
+namespace {
+
+constexpr UINT message_wake = WM_APP + 1;
+constexpr const wchar_t* class_name = L"LumotuneLoop";
+// So many messages at the most in one round: a flood must not keep a caller waiting for ever.
+constexpr int most_messages = 500;
+
+} // namespace
+
+// The system's own timers: they also tick inside its modal loops (menus, boxes, the dragging of a window).
+class Win32Timer final : public Timer {
+public:
+  Win32Timer(Win32EventLoop& loop, std::uint32_t interval_ms, std::function<void()> tick)
+      : loop_(loop), id_(++loop.last_id_), interval_(std::max(interval_ms, 1U)) {
+    loop_.timers_[id_] = std::make_shared<Win32EventLoop::Ticking>(Win32EventLoop::Ticking{std::move(tick)});
+  }
+  Win32Timer(const Win32Timer&) = delete;
+  Win32Timer& operator=(const Win32Timer&) = delete;
+  ~Win32Timer() override {
+    stop();
+    loop_.timers_.erase(id_);
+  }
+  void start() override {
+    if (!running_)
+      arm();
+  }
+  void stop() override {
+    if (running_)
+      KillTimer(loop_.window_, id_);
+    running_ = false;
+  }
+  [[nodiscard]] bool running() const override { return running_; }
+  void set_interval(std::uint32_t milliseconds) override {
+    interval_ = std::max(milliseconds, 1U);
+    if (running_)
+      arm();
+  }
+
+private:
+  void arm() { running_ = SetTimer(loop_.window_, id_, interval_, nullptr) != 0; }
+
+  Win32EventLoop& loop_;
+  UINT_PTR id_;
+  std::uint32_t interval_;
+  bool running_ = false;
+};
+
+class Win32Waker final : public Waker {
+public:
+  Win32Waker(Win32EventLoop& loop, std::function<void()> work)
+      : loop_(loop), window_(loop.window_), work_(std::move(work)) {
+    loop_.wakers_.push_back(this);
+  }
+  Win32Waker(const Win32Waker&) = delete;
+  Win32Waker& operator=(const Win32Waker&) = delete;
+  ~Win32Waker() override { std::erase(loop_.wakers_, this); }
+
+  // A full message queue refuses the post; the wish stays, and the next round of the loop sees it.
+  void wake() override {
+    if (!pending_.exchange(true))
+      PostMessageW(window_, message_wake, 0, 0);
+  }
+  [[nodiscard]] std::function<void()> take() { return pending_.exchange(false) ? work_ : std::function<void()>{}; }
+
+private:
+  Win32EventLoop& loop_;
+  HWND window_;
+  std::function<void()> work_;
+  std::atomic<bool> pending_ = false;
+};
+
+Win32EventLoop::Win32EventLoop() {
+  WNDCLASSW made{};
+  made.lpfnWndProc = procedure;
+  made.hInstance = GetModuleHandleW(nullptr);
+  made.lpszClassName = class_name;
+  RegisterClassW(&made); // a second registration fails, and the first one serves
+  window_ = CreateWindowExW(0, class_name, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, made.hInstance, nullptr);
+  SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+Win32EventLoop::~Win32EventLoop() {
+  DestroyWindow(window_);
+}
+
+LRESULT CALLBACK Win32EventLoop::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+  auto* self = reinterpret_cast<Win32EventLoop*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self != nullptr && message == WM_TIMER)
+    guarded([&] { self->tick(w); });
+  else if (self != nullptr && message == message_wake)
+    guarded([&] { self->run_wakers(); });
+  else
+    return DefWindowProcW(window, message, w, l);
+  return 0;
+}
+
+void Win32EventLoop::tick(UINT_PTR id) {
+  const auto found = timers_.find(id);
+  if (found == timers_.end() || found->second->busy)
+    return;
+  const auto ticking = found->second; // the tick may destroy its timer
+  ticking->busy = true;
+  guarded(ticking->tick);
+  ticking->busy = false;
+}
+
+// The work of one may destroy others: the list is looked at anew after each.
+void Win32EventLoop::run_wakers() {
+  for (bool again = true; again;) {
+    again = false;
+    for (Win32Waker* waker : wakers_) {
+      if (const auto work = waker->take()) {
+        guarded(work);
+        again = true;
+        break;
+      }
+    }
+  }
+}
+
+std::unique_ptr<Timer> Win32EventLoop::make_timer(std::uint32_t interval_ms, std::function<void()> tick) {
+  return std::make_unique<Win32Timer>(*this, interval_ms, std::move(tick));
+}
+
+std::unique_ptr<Waker> Win32EventLoop::make_waker(std::function<void()> work) {
+  return std::make_unique<Win32Waker>(*this, std::move(work));
+}
+
+void Win32EventLoop::dispatch(MSG& message) {
+  if (message.message == WM_QUIT) {
+    quitting_ = true;
+    return;
+  }
+  if (filter_ && filter_(message))
+    return;
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
+}
+
+void Win32EventLoop::run_pending() {
+  MSG message{};
+  for (int i = 0; i < most_messages && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0; ++i)
+    dispatch(message);
+  run_wakers();
+}
+
+bool Win32EventLoop::wait_a_little() {
+  constexpr DWORD pass_ms = 5;
+  if (quitting_)
+    return false;
+  run_pending();
+  if (!quitting_)
+    MsgWaitForMultipleObjectsEx(0, nullptr, pass_ms, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+  return !quitting_;
+}
+
+std::uint32_t Win32EventLoop::tick_count_ms() const {
+  return GetTickCount();
+}
+
+void Win32EventLoop::quit() {
+  quitting_ = true;
+  PostMessageW(window_, WM_NULL, 0, 0); // wakes `run`
+}
+
+void Win32EventLoop::run() {
+  MSG message{};
+  while (!quitting_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
+    dispatch(message);
+    run_wakers();
+  }
+}
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The message loop of the user-interface thread.
+#pragma once
+
+#include "platform/event_loop.h"
+#include "platform/win32/win.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace lumotune::platform::win32 {
+
+class Win32Timer;
+class Win32Waker;
+
+class Win32EventLoop final : public EventLoop {
+public:
+  Win32EventLoop();
+  Win32EventLoop(const Win32EventLoop&) = delete;
+  Win32EventLoop& operator=(const Win32EventLoop&) = delete;
+  ~Win32EventLoop() override;
+
+  [[nodiscard]] std::unique_ptr<Timer> make_timer(std::uint32_t interval_ms, std::function<void()> tick) override;
+  [[nodiscard]] std::unique_ptr<Waker> make_waker(std::function<void()> work) override;
+  void run_pending() override;
+  [[nodiscard]] bool wait_a_little() override;
+  [[nodiscard]] std::uint32_t tick_count_ms() const override;
+  void quit() override;
+  [[nodiscard]] bool quitting() const override { return quitting_; }
+  void run() override;
+
+  // Sees every message before it is dispatched; true when it is dealt with.
+  void set_filter(std::function<bool(MSG&)> filter) { filter_ = std::move(filter); }
+
+private:
+  friend class Win32Timer;
+  friend class Win32Waker;
+  struct Ticking {
+    std::function<void()> tick;
+    bool busy = false;
+  };
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
+  void dispatch(MSG& message);
+  void tick(UINT_PTR id);
+  void run_wakers();
+
+  HWND window_ = nullptr;
+  bool quitting_ = false;
+  UINT_PTR last_id_ = 0;
+  std::map<UINT_PTR, std::shared_ptr<Ticking>> timers_;
+  std::vector<Win32Waker*> wakers_;
+  std::function<bool(MSG&)> filter_;
+};
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/win32/messages.h"
+
+namespace lumotune::platform::win32 {
+namespace {
+
+constexpr const wchar_t* self_property = L"Lumotune.Hook";
+constexpr DWORD text_command = 1;
+
+HWND handle_of(WindowRef window) {
+  return reinterpret_cast<HWND>(window);
+}
+
+} // namespace
+
+WindowRef Win32Messages::find_by_caption(const std::wstring& caption) const {
+  return static_cast<WindowRef>(reinterpret_cast<std::uintptr_t>(FindWindowA(nullptr, codec_.encode(caption).c_str())));
+}
+
+// The receiver copies the bytes before it answers. Its answer tells nothing that anybody asks for.
+void Win32Messages::send_copy_data(WindowRef target, std::string_view bytes) {
+  if (target == WindowRef::none)
+    return;
+  std::string text(bytes);
+  COPYDATASTRUCT record{};
+  record.dwData = text_command;
+  record.cbData = static_cast<DWORD>(text.size());
+  record.lpData = text.data();
+  DWORD_PTR answer = 0;
+  SendMessageTimeoutA(handle_of(target), WM_COPYDATA, reinterpret_cast<WPARAM>(window_),
+                      reinterpret_cast<LPARAM>(&record), SMTO_ABORTIFHUNG | SMTO_NORMAL, send_limit_ms, &answer);
+}
+
+void Win32Messages::let_take_foreground(WindowRef target) {
+  DWORD process = 0;
+  if (target != WindowRef::none && GetWindowThreadProcessId(handle_of(target), &process) != 0)
+    AllowSetForegroundWindow(process);
+}
+
+void Win32Messages::hook(std::function<void(const CopyData&)> receive) {
+  Hook(static_cast<bool>(receive));
+  receive_ = std::move(receive);
+}
+
+// The pointer-sized call: the 32-bit one would cut the procedure's address in a 64-bit program.
+void Win32Messages::Hook(bool enable) {
+  if (enable == (old_procedure_ != nullptr))
+    return;
+  if (enable) {
+    SetPropW(window_, self_property, this);
+    old_procedure_ =
+        reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProc)));
+  } else {
+    SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(old_procedure_));
+    RemovePropW(window_, self_property);
+    old_procedure_ = nullptr;
+  }
+}
+
+LRESULT CALLBACK Win32Messages::WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
+  auto* self = static_cast<Win32Messages*>(GetPropW(hwnd, self_property));
+  if (self == nullptr)
+    return DefWindowProcW(hwnd, msg, wParam, lParam);
+  if (msg != WM_COPYDATA)
+    return CallWindowProcW(self->old_procedure_, hwnd, msg, wParam, lParam);
+  guarded([&] { self->receive(lParam); });
+  return -1;
+}
+
+// The system has copied the sender's bytes into our memory, but for a message sent from inside our own process.
+void Win32Messages::receive(LPARAM record) {
+  const auto* sent = reinterpret_cast<const COPYDATASTRUCT*>(record);
+  if (sent == nullptr || !receive_)
+    return;
+  CopyData data;
+  data.kind = static_cast<std::uint32_t>(sent->dwData);
+  const bool usable = sent->lpData != nullptr && sent->cbData <= max_bytes;
+  if (usable)
+    data.bytes.assign(static_cast<const char*>(sent->lpData), sent->cbData);
+  const auto receive = receive_;
+  receive(data);
+}
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "platform/ansi_codec.h"
+#include "platform/win32/win.h"
+#include "platform/window_messages.h"
+
+namespace lumotune::platform::win32 {
+
+class Win32Messages final : public WindowMessages {
+public:
+  Win32Messages(HWND main_window, const AnsiCodec& codec) : window_(main_window), codec_(codec) {}
+  Win32Messages(const Win32Messages&) = delete;
+  Win32Messages& operator=(const Win32Messages&) = delete;
+  ~Win32Messages() override { Hook(false); }
+
+  [[nodiscard]] WindowRef find_by_caption(const std::wstring& caption) const override;
+  void send_copy_data(WindowRef target, std::string_view bytes) override;
+  void let_take_foreground(WindowRef target) override;
+  void hook(std::function<void(const CopyData&)> receive) override;
+
+private:
+  static LRESULT CALLBACK WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
+  void Hook(bool enable);
+  void receive(LPARAM record);
+
+  HWND window_;
+  const AnsiCodec& codec_;
+  std::function<void(const CopyData&)> receive_;
+  WNDPROC old_procedure_ = nullptr; // kept while the hook is installed
+};
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/win32/system.h"
+
+#include <shellapi.h>
+#include <winhttp.h>
+
+#include <array>
+
+namespace lumotune::platform::win32 {
+
+bool Win32Shell::start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) {
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESHOWWINDOW;
+  startup.wShowWindow = static_cast<WORD>(show);
+  PROCESS_INFORMATION started{};
+  std::wstring writable = command_line; // the system writes into it
+  if (CreateProcessW(application.empty() ? nullptr : application.c_str(), writable.data(), nullptr, nullptr, FALSE, 0,
+                     nullptr, nullptr, &startup, &started) == 0)
+    return false;
+  // What is started by the user's click may come to the front.
+  if (show == ShowWindow::normal_focus)
+    AllowSetForegroundWindow(started.dwProcessId);
+  const KernelHandle process(started.hProcess);
+  const KernelHandle thread(started.hThread);
+  return true;
+}
+
+int Win32Shell::open(const std::wstring& quoted_target) {
+  return static_cast<int>(reinterpret_cast<INT_PTR>(
+      ShellExecuteW(nullptr, nullptr, quoted_target.c_str(), nullptr, nullptr, SW_SHOWNORMAL)));
+}
+
+BoxAnswer Win32Dialogs::message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) {
+  UINT style = MB_SETFOREGROUND;
+  style |= icon == BoxIcon::information ? MB_ICONINFORMATION : 0U;
+  style |= buttons == BoxButtons::yes_no ? MB_YESNO : MB_OK;
+  switch (MessageBoxW(owner_, text.c_str(), title.c_str(), style)) {
+  case IDYES:
+    return BoxAnswer::yes;
+  case IDNO:
+    return BoxAnswer::no;
+  default:
+    return buttons == BoxButtons::yes_no ? BoxAnswer::no : BoxAnswer::ok;
+  }
+}
+
+Win32Machine::Win32Machine() {
+  std::wstring path(32768, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  folder_ = path.substr(0, path.find_last_of(L'\\'));
+  running_mark_.reset(CreateMutexW(nullptr, FALSE, L"Local\\Lumotune.Running"));
+  previous_ = GetLastError() == ERROR_ALREADY_EXISTS;
+}
+
+// The program's name comes first, in quotation marks where it holds a blank.
+std::wstring Win32Machine::command_line() const {
+  std::wstring text = GetCommandLineW();
+  const std::size_t end = !text.empty() && text[0] == L'"' ? text.find(L'"', 1) : text.find_first_of(L" \t");
+  if (end == std::wstring::npos)
+    return {};
+  text.erase(0, end + 1);
+  const std::size_t first = text.find_first_not_of(L" \t");
+  if (first == std::wstring::npos)
+    return {};
+  return text.substr(first, text.find_last_not_of(L" \t") - first + 1);
+}
+
+std::wstring Win32Machine::date_and_time() const {
+  std::array<wchar_t, 80> date{};
+  std::array<wchar_t, 80> time{};
+  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, nullptr, nullptr, date.data(),
+                  static_cast<int>(date.size()), nullptr);
+  GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, nullptr, nullptr, time.data(), static_cast<int>(time.size()));
+  return std::wstring(date.data()) + L" " + time.data();
+}
+
+namespace {
+
+std::string narrow(LPCWSTR text) {
+  std::string bytes;
+  for (; text != nullptr && *text != 0; ++text)
+    bytes += *text < 128 ? static_cast<char>(*text) : '?';
+  return bytes;
+}
+
+// "host:port", or "http=host:port;https=host:port": the one for this kind of address.
+std::string choose_proxy(const std::string& list, bool secure) {
+  const std::string key = secure ? "https=" : "http=";
+  const std::size_t named = list.find(key);
+  if (named == std::string::npos && list.find('=') != std::string::npos)
+    return {};
+  const std::size_t start = named == std::string::npos ? 0 : named + key.size();
+  std::string host = list.substr(start, list.find_first_of("; ", start) - start);
+  if (host.empty())
+    return {};
+  return host.find("://") == std::string::npos ? "http://" + host : host;
+}
+
+bool is_own_machine(const std::string& address) {
+  return address.find("://127.") != std::string::npos || address.find("://localhost") != std::string::npos ||
+         address.find("://[::1]") != std::string::npos;
+}
+
+} // namespace
+
+// Only what the settings name outright; a script that computes proxies is not run.
+std::string system_proxy(const std::string& address) {
+  if (is_own_machine(address))
+    return {};
+  WINHTTP_CURRENT_USER_IE_PROXY_CONFIG config{};
+  if (WinHttpGetIEProxyConfigForCurrentUser(&config) == 0)
+    return {};
+  const std::string list = narrow(config.lpszProxy);
+  for (LPWSTR text : {config.lpszAutoConfigUrl, config.lpszProxy, config.lpszProxyBypass}) {
+    if (text != nullptr)
+      GlobalFree(text);
+  }
+  return choose_proxy(list, address.starts_with("https:"));
+}
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Programs, boxes and facts of the machine.
+#pragma once
+
+#include "platform/dialogs.h"
+#include "platform/machine.h"
+#include "platform/shell.h"
+#include "platform/win32/win.h"
+
+#include <string>
+
+namespace lumotune::platform::win32 {
+
+class Win32Shell final : public Shell {
+public:
+  [[nodiscard]] bool start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) override;
+  [[nodiscard]] int open(const std::wstring& quoted_target) override;
+};
+
+class Win32Dialogs final : public Dialogs {
+public:
+  explicit Win32Dialogs(HWND owner) : owner_(owner) {}
+  BoxAnswer message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) override;
+
+private:
+  HWND owner_;
+};
+
+// Finds out at once, when made, whether another copy of the program runs in this session of the user.
+class Win32Machine final : public Machine {
+public:
+  Win32Machine();
+  [[nodiscard]] std::wstring program_folder() const override { return folder_; }
+  [[nodiscard]] std::wstring command_line() const override;
+  [[nodiscard]] bool previous_instance() const override { return previous_; }
+  [[nodiscard]] std::wstring date_and_time() const override;
+
+private:
+  std::wstring folder_;
+  KernelHandle running_mark_;
+  bool previous_ = false;
+};
+
+// The proxy that the user's settings name for an address: "http://host:port", or empty. Any thread.
+[[nodiscard]] std::string system_proxy(const std::string& address);
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,425 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/win32/window.h"
+
+#include "platform/win32/dpi.h"
+
+#include <commctrl.h>
+#include <windowsx.h>
+
+#include <algorithm>
+#include <cwchar>
+
+namespace lumotune::platform::win32 {
+namespace {
+
+constexpr const wchar_t* class_name = L"LumotuneWindow";
+
+} // namespace
+
+// A tool window has no button in the task bar: the program lives in the notification area.
+Win32Window::Win32Window(Win32EventLoop& loop, const std::wstring& name, int icon) : loop_(loop) {
+  const HINSTANCE program = GetModuleHandleW(nullptr);
+  icon_ = LoadIconW(program, MAKEINTRESOURCEW(icon));
+  if (icon_ == nullptr)
+    icon_ = LoadIconW(nullptr, IDI_APPLICATION);
+  taskbar_created_ = RegisterWindowMessageW(L"TaskbarCreated");
+  WNDCLASSEXW made{};
+  made.cbSize = sizeof made;
+  made.lpfnWndProc = procedure;
+  made.hInstance = program;
+  made.hIcon = icon_;
+  made.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  made.lpszClassName = class_name;
+  RegisterClassExW(&made); // a second registration fails, and the first one serves
+  system_dpi_ = GetDpiForSystem();
+  dpi_ = system_dpi_;
+  window_ =
+      CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT, class_name, L"", WS_POPUP | WS_CLIPCHILDREN, place_.x,
+                      place_.y, pixels(width_, dpi_), pixels(height_, dpi_), nullptr, nullptr, program, this);
+  dpi_ = GetDpiForWindow(window_) != 0 ? GetDpiForWindow(window_) : system_dpi_;
+  SetPropW(window_, (name + L".Form").c_str(), reinterpret_cast<HANDLE>(1));
+  tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
+                          window_, nullptr, program, nullptr);
+  SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels(6000, dpi_));
+  loop_.set_filter([this](MSG& message) { return filter(message); });
+}
+
+Win32Window::~Win32Window() {
+  loop_.set_filter({});
+  children_.clear();
+  SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+  DestroyWindow(window_);
+}
+
+PictureBox& Win32Window::make_picture(const std::wstring& designer_name, PictureKind kind) {
+  auto made = std::make_unique<Win32Picture>(*this, designer_name, kind);
+  auto& reference = *made;
+  pictures_.push_back(&reference);
+  children_.push_back(std::move(made));
+  return reference;
+}
+
+Label& Win32Window::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) {
+  auto made = std::make_unique<Win32Label>(*this, designer_name, kind, font);
+  auto& reference = *made;
+  children_.push_back(std::move(made));
+  return reference;
+}
+
+Button& Win32Window::make_button(const std::wstring& designer_name) {
+  auto made = std::make_unique<Win32Button>(*this, designer_name);
+  auto& reference = *made;
+  children_.push_back(std::move(made));
+  return reference;
+}
+
+ListBox& Win32Window::make_list(const std::wstring& designer_name) {
+  auto made = std::make_unique<Win32List>(*this, designer_name);
+  auto& reference = *made;
+  children_.push_back(std::move(made));
+  return reference;
+}
+
+HWND Win32Window::handle_of(const Control& control) const {
+  const auto* child = dynamic_cast<const ChildWindow*>(&control);
+  return child == nullptr ? nullptr : child->handle();
+}
+
+ChildWindow* Win32Window::child_of(HWND window) const {
+  const auto found =
+      std::find_if(children_.begin(), children_.end(), [&](const auto& child) { return child->handle() == window; });
+  return found == children_.end() ? nullptr : found->get();
+}
+
+void Win32Window::fire(const std::function<void()>& handler) {
+  if (const auto copy = handler)
+    guarded(copy);
+}
+
+LRESULT CALLBACK Win32Window::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_NCCREATE) {
+    const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(l);
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
+    static_cast<Win32Window*>(creation->lpCreateParams)->window_ = window;
+  }
+  auto* self = reinterpret_cast<Win32Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self == nullptr)
+    return DefWindowProcW(window, message, w, l);
+  LRESULT result = 0;
+  guarded([&] { result = self->handle_message(message, w, l); });
+  return result;
+}
+
+LRESULT Win32Window::handle_message(UINT message, WPARAM w, LPARAM l) {
+  LRESULT result = 0;
+  if (handle_child_message(message, w, l, result) || handle_system_message(message, w, l, result))
+    return result;
+  switch (message) {
+  case WM_ERASEBKGND:
+    return 1;
+  case WM_PAINT: {
+    PAINTSTRUCT painting{};
+    const HDC dc = BeginPaint(window_, &painting);
+    paint(dc, painting.rcPaint);
+    EndPaint(window_, &painting);
+    return 0;
+  }
+  case WM_MOUSEMOVE: {
+    const auto button = (w & MK_LBUTTON) != 0   ? MouseButton::left
+                        : (w & MK_RBUTTON) != 0 ? MouseButton::right
+                                                : MouseButton::none;
+    if (const auto copy = on_mouse_move)
+      copy(MouseEvent{button, twips(GET_X_LPARAM(l), dpi_), twips(GET_Y_LPARAM(l), dpi_)});
+    return 0;
+  }
+  case WM_WINDOWPOSCHANGED:
+    note_place();
+    return DefWindowProcW(window_, message, w, l);
+  default:
+    return DefWindowProcW(window_, message, w, l);
+  }
+}
+
+bool Win32Window::handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+  if (message == WM_DRAWITEM) {
+    const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
+    ChildWindow* child = child_of(item.hwndItem);
+    if (auto* list = dynamic_cast<Win32List*>(child))
+      list->draw_row(item);
+    else if (child != nullptr)
+      child->paint_item(item);
+    result = TRUE;
+    return child != nullptr;
+  }
+  if (message == WM_COMMAND && l != 0) {
+    if (ChildWindow* child = child_of(reinterpret_cast<HWND>(l)))
+      child->notified(HIWORD(w));
+    return true;
+  }
+  if (message == WM_CTLCOLORLISTBOX) {
+    const auto* list = dynamic_cast<Win32List*>(child_of(reinterpret_cast<HWND>(l)));
+    if (list != nullptr)
+      result = reinterpret_cast<LRESULT>(list->brush());
+    return list != nullptr;
+  }
+  return false;
+}
+
+bool Win32Window::handle_system_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+  if (message == taskbar_created_ && taskbar_created_ != 0) {
+    fire(on_shell_restart);
+    return true;
+  }
+  switch (message) {
+  case WM_CLOSE:
+    fire(on_close);
+    return true;
+  case WM_QUERYENDSESSION:
+    result = TRUE;
+    return true;
+  case WM_ENDSESSION:
+    if (w != 0)
+      fire(on_session_end);
+    return true;
+  case WM_POWERBROADCAST:
+    if (w == PBT_APMSUSPEND)
+      fire(on_suspend);
+    else if (w == PBT_APMRESUMEAUTOMATIC || w == PBT_APMRESUMESUSPEND)
+      fire(on_resume);
+    result = TRUE;
+    return true;
+  case WM_DPICHANGED: {
+    const auto& wished = *reinterpret_cast<const RECT*>(l);
+    change_dpi(HIWORD(w));
+    SetWindowPos(window_, nullptr, wished.left, wished.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    return true;
+  }
+  default:
+    return false;
+  }
+}
+
+// Keys that move between the controls or press them, before the system's own classes see them.
+bool Win32Window::filter(MSG& message) {
+  const bool ours = message.hwnd == window_ || IsChild(window_, message.hwnd) != 0;
+  if (!ours)
+    return false;
+  if (message.message == WM_LBUTTONDOWN || message.message == WM_RBUTTONDOWN)
+    keyboard_used_ = false;
+  if (message.message != WM_KEYDOWN)
+    return message.message == WM_KEYUP ? false : IsDialogMessageW(window_, &message) != 0;
+  keyboard_used_ = true;
+  if (message.wParam == VK_RETURN) {
+    ChildWindow* child = child_of(GetFocus());
+    const bool first_time = (message.lParam & 0x40000000) == 0; // not held down
+    if (child != nullptr && first_time && child->pressable() && IsWindowEnabled(child->handle()) != 0)
+      child->pressed_by_key();
+    return true;
+  }
+  return IsDialogMessageW(window_, &message) != 0;
+}
+
+void Win32Window::set_caption(const std::wstring& caption) {
+  caption_ = caption;
+  SetWindowTextW(window_, caption.c_str());
+}
+
+// Restoring a minimised window in one step brings it back to its place; showing it first would not.
+void Win32Window::set_visible(bool visible) {
+  if (!visible) {
+    ShowWindow(window_, SW_HIDE);
+    return;
+  }
+  if (IsIconic(window_) != 0) {
+    const POINT place = place_;
+    ShowWindow(window_, SW_RESTORE);
+    SetWindowPos(window_, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  } else {
+    ShowWindow(window_, SW_SHOW);
+  }
+}
+
+bool Win32Window::visible() const {
+  return IsWindowVisible(window_) != 0;
+}
+
+void Win32Window::set_state(WindowState state) {
+  const bool minimized = IsIconic(window_) != 0;
+  if (state == WindowState::minimized && !minimized)
+    ShowWindow(window_, visible() ? SW_MINIMIZE : SW_SHOWMINNOACTIVE);
+  else if (state == WindowState::normal && minimized)
+    set_visible(true);
+}
+
+WindowState Win32Window::state() const {
+  return IsIconic(window_) != 0 ? WindowState::minimized : WindowState::normal;
+}
+
+void Win32Window::note_place() {
+  RECT place{};
+  // A minimised window is kept far off the desktop.
+  constexpr LONG far_off = -30000;
+  if (IsWindowVisible(window_) != 0 && IsIconic(window_) == 0 && GetWindowRect(window_, &place) != 0 &&
+      place.left > far_off && place.top > far_off)
+    place_ = {place.left, place.top};
+}
+
+void Win32Window::move(int left, int top) {
+  place_ = {pixels(left, system_dpi_), pixels(top, system_dpi_)};
+  SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Win32Window::resize(int width, int height) {
+  width_ = std::max(width, 0);
+  height_ = std::max(height, 0);
+  apply_size();
+}
+
+void Win32Window::apply_size() {
+  SetWindowPos(window_, nullptr, 0, 0, pixels(width_, dpi_), pixels(height_, dpi_),
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  redraw();
+}
+
+TwipsRect Win32Window::rect() const {
+  return {twips(place_.x, system_dpi_), twips(place_.y, system_dpi_), width_, height_};
+}
+
+bool Win32Window::on_some_monitor(int left, int top) const {
+  const RECT wished{pixels(left, system_dpi_), pixels(top, system_dpi_),
+                    pixels(left, system_dpi_) + pixels(width_, dpi_), pixels(top, system_dpi_) + pixels(height_, dpi_)};
+  const HMONITOR monitor = MonitorFromRect(&wished, MONITOR_DEFAULTTONULL);
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  RECT seen{};
+  if (monitor == nullptr || GetMonitorInfoW(monitor, &info) == 0 || IntersectRect(&seen, &wished, &info.rcMonitor) == 0)
+    return false;
+  // Enough to take hold of it with the mouse.
+  const int piece = pixels(480, dpi_);
+  return seen.right - seen.left >= piece && seen.bottom - seen.top >= piece;
+}
+
+bool Win32Window::load_background(const std::wstring& path) {
+  if (path == background_path_ && !background_.empty())
+    return true;
+  if (!background_.load(path))
+    return false;
+  background_path_ = path;
+  redraw();
+  return true;
+}
+
+bool Win32Window::set_topmost(bool on) {
+  return SetWindowPos(window_, on ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE) != 0;
+}
+
+bool Win32Window::topmost() const {
+  return (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+}
+
+void Win32Window::activate() {
+  BringWindowToTop(window_);
+  SetForegroundWindow(window_);
+  if (IsWindowVisible(window_) != 0 && GetFocus() == nullptr)
+    SetFocus(window_);
+}
+
+void Win32Window::redraw() {
+  RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+// The system's own loop moves the window until the button is let go; mouse moves inside it must not begin again.
+void Win32Window::drag_by_caption() {
+  if (dragging_)
+    return;
+  dragging_ = true;
+  ReleaseCapture();
+  SendMessageW(window_, WM_NCLBUTTONDOWN, HTCAPTION, 0);
+  dragging_ = false;
+}
+
+void Win32Window::paint(HDC target, const RECT& area) {
+  const int width = pixels(width_, dpi_);
+  const int height = pixels(height_, dpi_);
+  const HRGN clip = CreateRectRgnIndirect(&area);
+  SelectClipRgn(target, clip);
+  DeleteObject(clip);
+  if (background_.empty())
+    FillRect(target, &area, GetSysColorBrush(COLOR_3DFACE));
+  else
+    background_.draw(target, 0, 0, width, height);
+}
+
+// The background, and over it the decorations below the control.
+void Win32Window::draw_behind(HDC target, HWND control) {
+  RECT area{};
+  GetWindowRect(control, &area);
+  MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&area), 2);
+  POINT origin{};
+  SetViewportOrgEx(target, -area.left, -area.top, &origin);
+  if (background_.empty())
+    FillRect(target, &area, GetSysColorBrush(COLOR_3DFACE));
+  else
+    background_.draw(target, 0, 0, pixels(width_, dpi_), pixels(height_, dpi_));
+  for (Win32Picture* picture : pictures_) {
+    if (picture->kind() != PictureKind::decoration || !picture->visible() || picture->handle() == control)
+      continue;
+    RECT place{};
+    RECT both{};
+    GetWindowRect(picture->handle(), &place);
+    MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
+    if (IntersectRect(&both, &place, &area) == 0)
+      continue;
+    SetViewportOrgEx(target, place.left - area.left, place.top - area.top, nullptr);
+    picture->draw(target, RECT{0, 0, place.right - place.left, place.bottom - place.top});
+  }
+  SetViewportOrgEx(target, origin.x, origin.y, nullptr);
+}
+
+// The system's message font, at the size of this monitor; headings are larger and bolder.
+HFONT Win32Window::font(LabelFont kind, bool underline) {
+  GdiObject& kept = fonts_[(kind == LabelFont::heading ? 2U : 0U) + (underline ? 1U : 0U)];
+  if (kept != nullptr)
+    return static_cast<HFONT>(kept.get());
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  LOGFONTW wished{};
+  if (SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi_) != 0)
+    wished = metrics.lfMessageFont;
+  else
+    wcscpy(wished.lfFaceName, L"Segoe UI");
+  wished.lfHeight = -pixels(kind == LabelFont::heading ? 250 : 180, dpi_); // 12.5 and 9 points
+  wished.lfWeight = kind == LabelFont::heading ? FW_SEMIBOLD : FW_NORMAL;
+  wished.lfUnderline = underline ? TRUE : FALSE;
+  kept.reset(CreateFontIndirectW(&wished));
+  return static_cast<HFONT>(kept.get());
+}
+
+void Win32Window::set_tip(HWND control, const std::wstring& text) {
+  std::wstring shown = text; // the record wants writable text
+  TTTOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = window_;
+  tool.uId = reinterpret_cast<UINT_PTR>(control);
+  tool.lpszText = shown.data();
+  // Adding a tool that is there already changes nothing; the text is set in either case.
+  SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  SendMessageW(tips_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void Win32Window::change_dpi(unsigned dpi) {
+  if (dpi == 0 || dpi == dpi_)
+    return;
+  dpi_ = dpi;
+  for (const auto& child : children_)
+    SendMessageW(child->handle(), WM_SETFONT, 0, FALSE); // the old fonts go
+  for (GdiObject& kept : fonts_)
+    kept.reset();
+  SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels(6000, dpi_));
+  for (const auto& child : children_)
+    child->dpi_changed();
+  apply_size();
+}
+
+} // namespace lumotune::platform::win32
