@@ -9,7 +9,8 @@
 namespace lumotune::platform {
 
 // A repeating timer of the user-interface thread. Stopped when made; destroying it cancels it, also from inside its own
-// tick. A tick never nests in itself: one that falls due while it runs is left out. Starting a running timer changes nothing: its next tick stays where it was.
+// tick. A tick never nests in itself: one that falls due while it runs is left out. Starting a running timer changes
+// nothing: its next tick stays where it was.
 class Timer {
 public:
   Timer() = default;

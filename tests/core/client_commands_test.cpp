@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/support/core_world.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::test {
+namespace {
+
+struct ClientCommandsTest : testing::Test {
+  CoreWorld w;
+  ClientCommandsTest() {
+    w.commands.Hook(true);
+    w.player.set_auto_start(false);
+    w.player.calls.clear();
+  }
+};
+
+TEST_F(ClientCommandsTest, PlaysAnAddressAndComesToTheFront) {
+  w.settings.IDlastRadio = L"RADIO1";
+  EXPECT_EQ(w.command("p:http://adresa/\xe8"), -1);
+  EXPECT_EQ(w.player.url(), L"http://adresa/č");
+  EXPECT_EQ(w.player.calls.back(), L"play");
+  EXPECT_EQ(w.window.activated, 1);
+  EXPECT_FALSE(w.window.visible()) << "a hidden window stays hidden";
+  EXPECT_EQ(w.settings.IDlastRadio, L"RADIO1");
+}
+
+TEST_F(ClientCommandsTest, IsAnsweredBeforeItIsCarriedOut) {
+  EXPECT_EQ(w.messages.deliver("play"), -1);
+  EXPECT_FALSE(w.called(L"play"));
+  w.loop.run_pending();
+  EXPECT_TRUE(w.called(L"play"));
+}
+
+TEST_F(ClientCommandsTest, SetsStationAndQuality) {
+  w.command("id:RADIO2");
+  w.command("IDK:2");
+  EXPECT_EQ(w.settings.IDlastRadio, L"RADIO2");
+  EXPECT_EQ(w.settings.KvalitaLT, L"2");
+  w.command("PLAY");
+  EXPECT_EQ(w.player.url(), L"u2b");
+}
+
+TEST_F(ClientCommandsTest, AnEmptyQualityPlaysTheFirst) {
+  w.command("id:RADIO1");
+  w.command("idk:");
+  w.command("play");
+  EXPECT_EQ(w.player.url(), L"u1a");
+}
+
+TEST_F(ClientCommandsTest, RemotePlayOfAnUnknownStationPlaysItsAddressOnce) {
+  w.command("remoteplay/@/NIKDE1/@/4/@/http://odjinud/@/Cizi r\xe1"
+            "dio");
+  EXPECT_EQ(w.player.url(), L"http://odjinud");
+  EXPECT_EQ(w.session.OverrideName, L"Cizi rádio");
+  EXPECT_EQ(w.settings.KvalitaLT, L"4");
+  w.command("play");
+  EXPECT_EQ(w.player.url(), L"") << "the address is used up";
+  EXPECT_EQ(w.session.OverrideName, L"Cizi rádio") << "the name stays until it is replaced";
+}
+
+TEST_F(ClientCommandsTest, RemotePlayOfAKnownStationPlaysTheStation) {
+  w.command("remoteplay/@/radio1/@/2/@/http://odjinud/@/Jm\xe9no");
+  EXPECT_EQ(w.player.url(), L"u2a");
+}
+
+TEST_F(ClientCommandsTest, RemotePlayWithMissingFieldsStillStarts) {
+  w.session.OverrideName = L"staré";
+  w.command("remoteplay/@/RADIO1");
+  EXPECT_EQ(w.player.url(), L"u1a");
+  EXPECT_EQ(w.settings.KvalitaLT, L"1");
+  EXPECT_EQ(w.session.OverrideName, L"");
+  w.command("remoteplay");
+  EXPECT_EQ(w.settings.IDlastRadio, L"");
+  EXPECT_EQ(w.player.calls.back(), L"play");
+}
+
+TEST_F(ClientCommandsTest, ListAndFmaxMustBeTheWholeText) {
+  w.command("list");
+  w.command("FMAX");
+  EXPECT_EQ(w.journal, (Journal{L"ZobrazOblibene", L"FormMax"}));
+  w.journal.clear();
+  w.command("listx");
+  w.command("fmax ");
+  w.command("playnow");
+  w.command("neznamy");
+  w.command("");
+  EXPECT_TRUE(w.journal.empty());
+  EXPECT_TRUE(w.player.calls.empty());
+}
+
+TEST_F(ClientCommandsTest, OtherKindsAreAcceptedAndIgnored) {
+  EXPECT_EQ(w.messages.deliver("play", 2), -1);
+  EXPECT_EQ(w.messages.deliver("play", 0), -1);
+  w.loop.run_pending();
+  EXPECT_TRUE(w.player.calls.empty());
+}
+
+TEST_F(ClientCommandsTest, ATerminatingZeroIsNotPartOfTheText) {
+  w.command(std::string("fmax\0", 5));
+  EXPECT_TRUE(w.did(L"FormMax"));
+}
+
+TEST_F(ClientCommandsTest, AnAbsurdLengthArrivesEmpty) {
+  EXPECT_EQ(w.command("p:" + std::string(platform::WindowMessages::max_bytes, 'x')), -1);
+  EXPECT_TRUE(w.player.calls.empty());
+}
+
+TEST_F(ClientCommandsTest, ACommandThatComesDuringAnotherWaitsItsTurn) {
+  w.favourites.during = [this] {
+    w.favourites.during = {};
+    w.messages.deliver("fmax");
+    w.loop.run_pending();
+    EXPECT_FALSE(w.did(L"FormMax")) << "not inside the first one";
+    w.journal.emplace_back(L"list done");
+  };
+  w.command("list");
+  EXPECT_EQ(w.journal, (Journal{L"ZobrazOblibene", L"list done", L"FormMax"}));
+}
+
+TEST_F(ClientCommandsTest, AFloodIsBounded) {
+  for (int i = 0; i < 10000; ++i)
+    EXPECT_EQ(w.messages.deliver("fmax"), -1);
+  w.loop.run_pending();
+  EXPECT_EQ(w.journal.size(), core::ClientCommands::max_waiting);
+}
+
+TEST_F(ClientCommandsTest, WithoutTheHookNothingArrives) {
+  w.commands.Hook(false);
+  EXPECT_EQ(w.command("fmax"), 0);
+  EXPECT_TRUE(w.journal.empty());
+}
+
+} // namespace
+} // namespace lumotune::test

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/support/core_world.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::test {
+namespace {
+
+using platform::ShowWindow;
+using platform::WindowRef;
+
+struct SendCommand : testing::Test {
+  CoreWorld w;
+  void send(const std::wstring& mode) { w.sender.SendCommand(L"prog.exe", L"Okno", L"lts:č", mode); }
+};
+
+TEST_F(SendCommand, DeliversAnsiBytesToTheWindowFound) {
+  w.messages.add_window(L"Okno", WindowRef{5});
+  send(L"2");
+  ASSERT_EQ(w.messages.sent.size(), 1U);
+  EXPECT_EQ(w.messages.sent[0].target, WindowRef{5});
+  EXPECT_EQ(w.messages.sent[0].bytes, "lts:\xe8");
+  EXPECT_TRUE(w.shell.started.empty());
+}
+
+TEST_F(SendCommand, ModeOneAndAnEmptyOneStartTheProgramOnceWithoutRetry) {
+  for (const wchar_t* mode : {L"1", L""}) {
+    w.shell.started.clear();
+    w.messages.looked_up.clear();
+    send(mode);
+    ASSERT_EQ(w.shell.started.size(), 1U);
+    EXPECT_EQ(w.shell.started[0].command_line, L"prog.exe");
+    EXPECT_EQ(w.shell.started[0].show, ShowWindow::normal_focus);
+    EXPECT_EQ(w.messages.looked_up.size(), 1U);
+    EXPECT_TRUE(w.messages.sent.empty());
+  }
+}
+
+TEST_F(SendCommand, OtherModesLookOnceAndStartNothing) {
+  for (const wchar_t* mode : {L"0", L"x"}) {
+    w.messages.looked_up.clear();
+    send(mode);
+    EXPECT_EQ(w.messages.looked_up.size(), 1U);
+    EXPECT_TRUE(w.shell.started.empty());
+    EXPECT_TRUE(w.messages.sent.empty());
+  }
+}
+
+TEST_F(SendCommand, ModeTwoGivesUpAfterNineLookUpsWithoutSending) {
+  const auto start = w.loop.tick_count_ms();
+  send(L"2");
+  EXPECT_EQ(w.messages.looked_up.size(), 9U);
+  EXPECT_EQ(w.shell.started.size(), 9U);
+  EXPECT_TRUE(w.messages.sent.empty());
+  EXPECT_GE(w.loop.tick_count_ms() - start, 9 * 1500U);
+}
+
+TEST_F(SendCommand, ModeTwoFindsAWindowThatAppearsMeanwhile) {
+  w.loop.at(2000, [this] { w.messages.add_window(L"Okno", WindowRef{9}); });
+  send(L"2");
+  ASSERT_EQ(w.messages.sent.size(), 1U);
+  EXPECT_EQ(w.messages.looked_up.size(), 3U);
+}
+
+TEST_F(SendCommand, AnEndingProgramDoesNotGoOnWaiting) {
+  w.loop.at(100, [this] { w.loop.quit(); });
+  send(L"2");
+  EXPECT_EQ(w.messages.looked_up.size(), 1U);
+  EXPECT_TRUE(w.messages.sent.empty());
+}
+
+} // namespace
+} // namespace lumotune::test

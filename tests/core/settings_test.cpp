@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/support/core_world.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::test {
+namespace {
+
+TEST(Settings, ReadsEveryValueFromItsLineAndColumn) {
+  CoreWorld w;
+  w.options.LoadOptions();
+  w.options.read_values();
+  EXPECT_EQ(w.settings.idh, L"idhhodnota");
+  EXPECT_EQ(w.settings.h, L"tajne");
+  EXPECT_EQ(w.settings.nickname, L"Přezdívka");
+  EXPECT_EQ(w.settings.LTTop, L"0");
+  EXPECT_EQ(w.settings.IDlastRadio, L"RADIO1");
+  EXPECT_EQ(w.settings.KvalitaLT, L"2");
+  EXPECT_EQ(w.settings.LTautoStart, L"0");
+  EXPECT_EQ(w.settings.client_link, L"on");
+  EXPECT_EQ(w.settings.LTvolume, L"40");
+  EXPECT_EQ(w.settings.LTskin, L"Lumo");
+  EXPECT_EQ(w.settings.LTpleft, L"3000");
+  EXPECT_EQ(w.settings.LTptop, L"4500");
+}
+
+TEST(Settings, EmptyLinesBetweenTheEntriesChangeNothing) {
+  CoreWorld w;
+  std::string bytes;
+  for (const std::string& line : option_lines())
+    bytes += "\r\n" + line + "\r\n\r\n";
+  w.put(L"Orb_Data\\options.ini", bytes);
+  w.options.LoadOptions();
+  w.options.read_values();
+  EXPECT_EQ(w.settings.IDlastRadio, L"RADIO1");
+  EXPECT_EQ(w.settings.LTptop, L"4500");
+  w.options.SaveOptions();
+  const std::string saved = w.get(L"Orb_Data\\options.ini");
+  EXPECT_EQ(saved.find("\r\n\r\n"), saved.size() - 4) << "only the closing line is empty";
+}
+
+TEST(Settings, ValuesAreTakenByLineNumberWhateverTheKey) {
+  CoreWorld w;
+  w.set_option(20, "#099:JinyKlic:77");
+  w.options.LoadOptions();
+  w.options.read_values();
+  EXPECT_EQ(w.settings.LTvolume, L"77");
+}
+
+TEST(Settings, AShortIdentifierTakesTheSlashIntoItself) {
+  CoreWorld w;
+  w.set_option(12, "#012:LTLast:AB/3");
+  w.options.LoadOptions();
+  w.options.read_values();
+  EXPECT_EQ(w.settings.IDlastRadio, L"AB/3");
+  EXPECT_EQ(w.settings.KvalitaLT, L"");
+}
+
+TEST(Settings, SavesItsOwnLinesAndKeepsTheOthersAsBytes) {
+  CoreWorld w;
+  auto lines = option_lines();
+  lines[2] = "#002:\x81\x90\xff zvl\xe1\x9atn\xed";
+  w.put(L"Orb_Data\\options.ini", joined(lines));
+  w.options.LoadOptions();
+  w.options.read_values();
+  w.settings.LTvolume = L"85";
+  w.settings.IDlastRadio = L"RADIO2";
+  w.settings.KvalitaLT = L"3";
+  w.window.move(150, 300);
+  w.options.SaveOptions();
+  lines[12] = "#012:LTLast:RADIO2/3";
+  lines[20] = "#020:LTvolume:85";
+  lines[22] = "#022:LTpleft:150";
+  lines[23] = "#023:LTptop:300";
+  EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined(lines));
+}
+
+TEST(Settings, AHiddenWindowKeepsThePlaceReadAtStart) {
+  CoreWorld w;
+  w.options.LoadOptions();
+  w.options.read_values();
+  w.session.window_shown = L"0";
+  w.window.move(-480000, -480000);
+  w.options.SaveOptions();
+  const std::string saved = w.get(L"Orb_Data\\options.ini");
+  EXPECT_NE(saved.find("#022:LTpleft:3000\r\n"), std::string::npos);
+  EXPECT_NE(saved.find("#023:LTptop:4500\r\n"), std::string::npos);
+}
+
+TEST(Settings, AShortOrUnreadableFileIsNeverWritten) {
+  CoreWorld w;
+  auto lines = option_lines();
+  lines.pop_back();
+  w.put(L"Orb_Data\\options.ini", joined(lines));
+  w.options.LoadOptions();
+  w.options.SaveOptions();
+  EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined(lines));
+  w.put(L"Orb_Data\\options.ini", joined(option_lines()));
+  w.files.make_unreadable(w.path(L"Orb_Data\\options.ini"));
+  const auto changes = w.files.changes().size();
+  w.options.LoadOptions();
+  w.options.SaveOptions();
+  EXPECT_EQ(w.files.changes().size(), changes);
+}
+
+TEST(Settings, ALineBreakInAValueCannotMoveTheOtherLines) {
+  CoreWorld w;
+  w.options.LoadOptions();
+  w.options.read_values();
+  w.settings.IDlastRadio = L"A\r\nB\nC";
+  w.options.SaveOptions();
+  EXPECT_EQ(core::without_empty_lines(core::split_text_lines(w.get(L"Orb_Data\\options.ini"))).size(), 24U);
+}
+
+TEST(Settings, ServerAddressStandsInTheSeventhLineEmptyLinesCounted) {
+  CoreWorld w;
+  w.options.LoadOptionsServer();
+  EXPECT_EQ(w.settings.server_address, L"http://server.example");
+}
+
+TEST(Settings, AFailedServerFileIsRestoredAndLoggedAndTheAddressKept) {
+  CoreWorld w;
+  w.settings.server_address = L"http://stary.example";
+  w.put(L"Orb_Data\\orb_server.tt", "jen\r\njeden\r\n");
+  w.put(L"Orb_Data\\orb_server.tt.tmp", "zaloha\r\n");
+  w.options.LoadOptionsServer();
+  w.options.LoadOptionsServer();
+  EXPECT_EQ(w.settings.server_address, L"http://stary.example");
+  EXPECT_EQ(w.get(L"Orb_Data\\orb_server.tt"), "zaloha\r\n");
+  const std::string line = "1. 2. 2024 3:04:05 Lumotune (LoadOptionsServer) orb_server.tt\r\n";
+  EXPECT_EQ(w.get(L"Orb_Data\\error.log"), line + line);
+  EXPECT_TRUE(w.dialogs.shown.empty());
+}
+
+TEST(Settings, ASaveRightAfterTheServerFileWouldUseItsLines) {
+  CoreWorld w;
+  w.options.LoadOptions();
+  w.options.read_values();
+  w.options.LoadOptionsServer();
+  w.options.SaveOptions(); // seven lines are no settings file: nothing may be written
+  EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined(option_lines()));
+}
+
+} // namespace
+} // namespace lumotune::test

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/support/core_world.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::test {
+namespace {
+
+struct ShutdownTest : testing::Test {
+  CoreWorld w;
+  void start() {
+    ASSERT_TRUE(w.startup.Form_Load());
+    w.journal.clear();
+  }
+};
+
+TEST_F(ShutdownTest, UnhooksSavesAndEnds) {
+  start();
+  w.shutdown.Konec();
+  EXPECT_FALSE(w.messages.hooked());
+  EXPECT_EQ(w.journal, (Journal{L"remove tray", L"OnTopNO"}));
+  EXPECT_TRUE(w.loop.quitting());
+  EXPECT_TRUE(w.called(L"stop"));
+}
+
+TEST_F(ShutdownTest, KeepsWhatTheClientWroteMeanwhile) {
+  start();
+  auto lines = option_lines();
+  lines[8] = "#008:klient:nova hodnota";
+  w.put(L"Orb_Data\\options.ini", joined(lines));
+  w.playback.VolumeSet(90);
+  w.shutdown.Konec();
+  lines[20] = "#020:LTvolume:90";
+  EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined(lines));
+}
+
+TEST_F(ShutdownTest, TheOnTopFlagIsSavedBeforeTheLayerIsLeft) {
+  w.set_option(11, "#011:LTTop:1");
+  start();
+  w.shutdown.Konec();
+  EXPECT_NE(w.get(L"Orb_Data\\options.ini").find("#011:LTTop:1\r\n"), std::string::npos);
+}
+
+TEST_F(ShutdownTest, ASettingsFileThatWentAwayIsNotInvented) {
+  start();
+  (void)w.files.remove(w.path(L"Orb_Data\\options.ini"));
+  w.shutdown.Konec();
+  EXPECT_FALSE(w.files.exists(w.path(L"Orb_Data\\options.ini")));
+  EXPECT_TRUE(w.loop.quitting());
+}
+
+TEST_F(ShutdownTest, TellsTheClientItStartedToEnd) {
+  w.messages.remove_window(L"Orb - Lumotune");
+  start();
+  w.messages.add_window(L"Orb - Lumotune", platform::WindowRef{8});
+  w.shutdown.Konec();
+  ASSERT_EQ(w.messages.sent.size(), 1U);
+  EXPECT_EQ(w.messages.sent[0].bytes, "orbend");
+}
+
+TEST_F(ShutdownTest, LeavesAClientThatRanBeforeAlone) {
+  start();
+  w.shutdown.Konec();
+  EXPECT_TRUE(w.messages.sent.empty());
+}
+
+TEST_F(ShutdownTest, AStartedClientThatIsGoneIsNotStartedAgain) {
+  w.messages.remove_window(L"Orb - Lumotune");
+  start();
+  w.shell.started.clear();
+  w.shutdown.Konec();
+  EXPECT_TRUE(w.messages.sent.empty());
+  EXPECT_TRUE(w.shell.started.empty());
+}
+
+TEST_F(ShutdownTest, RunsOnce) {
+  start();
+  w.shutdown.Konec();
+  w.shutdown.Form_Unload();
+  EXPECT_EQ(w.journal, (Journal{L"remove tray", L"OnTopNO"}));
+}
+
+} // namespace
+} // namespace lumotune::test

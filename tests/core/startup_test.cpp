@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/support/core_world.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::test {
+namespace {
+
+using platform::ShowWindow;
+using platform::WindowRef;
+
+struct StartupTest : testing::Test {
+  CoreWorld w;
+};
+
+TEST_F(StartupTest, DoesItsStepsInOrder) {
+  w.set_option(13, "#013:LTautoStart:1");
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_TRUE(w.messages.hooked());
+  EXPECT_EQ(w.player.calls[0], L"auto start off");
+  EXPECT_EQ(w.journal,
+            (Journal{L"LoadSkin Lumo", L"ZobrazCoMas Zapnout", L"SkinVolume 40", L"ZobrazOblibene", L"play picture",
+                     L"ZobrazCoMas Stop", L"Timer1", L"auto start checked", L"OnTopNO", L"Tray"}));
+  EXPECT_EQ(w.player.url(), L"u2a");
+  EXPECT_EQ(w.player.volume(), 40);
+  EXPECT_EQ(w.window.rect().left, 3000);
+  EXPECT_EQ(w.window.rect().top, 4500);
+}
+
+TEST_F(StartupTest, WithoutAutoStartTheLastStationIsTunedOnly) {
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_EQ(w.player.url(), L"u2a");
+  EXPECT_FALSE(w.called(L"play"));
+  EXPECT_TRUE(w.form.PlayTL.enabled());
+  EXPECT_TRUE(w.did(L"auto start unchecked"));
+}
+
+TEST_F(StartupTest, AnUnknownLastStationIsNotTuned) {
+  w.set_option(12, "#012:LTLast:NIKDE1/1");
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_FALSE(w.form.PlayTL.enabled());
+}
+
+TEST_F(StartupTest, ASecondInstanceShowsTheFirstAndEnds) {
+  w.machine.previous = true;
+  w.machine.arguments = L"http://neco";
+  w.messages.add_window(L"Lumotune", WindowRef{3});
+  EXPECT_FALSE(w.startup.Form_Load());
+  EXPECT_EQ(w.window.caption(), L"Lumotune...");
+  EXPECT_EQ(w.messages.foreground_given, std::vector<WindowRef>{WindowRef{3}});
+  ASSERT_EQ(w.messages.sent.size(), 1U);
+  EXPECT_EQ(w.messages.sent[0].bytes, "fmax");
+  EXPECT_TRUE(w.loop.quitting());
+  EXPECT_TRUE(w.player.calls.empty());
+  EXPECT_TRUE(w.journal.empty());
+  EXPECT_TRUE(w.shell.started.empty());
+  EXPECT_FALSE(w.messages.hooked());
+}
+
+TEST_F(StartupTest, WithoutALoginTheClientIsStartedAndTheProgramEnds) {
+  w.set_option(5, "#005:AAAAA:");
+  EXPECT_FALSE(w.startup.Form_Load());
+  ASSERT_EQ(w.dialogs.shown.size(), 1U);
+  EXPECT_EQ(w.dialogs.shown[0].text, L"Nejprve zapněte Orb klienta.");
+  EXPECT_EQ(w.dialogs.shown[0].icon, platform::BoxIcon::information);
+  EXPECT_NE(w.dialogs.shown[0].title, L"Lumotune");
+  ASSERT_EQ(w.shell.started.size(), 1U);
+  EXPECT_EQ(w.shell.started[0].command_line, L"orb.exe");
+  EXPECT_EQ(w.shell.started[0].application, L"");
+  EXPECT_EQ(w.shell.started[0].show, ShowWindow::normal_focus);
+  EXPECT_TRUE(w.loop.quitting());
+  EXPECT_FALSE(w.did(L"LoadSkin Lumo"));
+}
+
+TEST_F(StartupTest, AMissingSettingsFileCountsAsNoLogin) {
+  (void)w.files.remove(w.path(L"Orb_Data\\options.ini"));
+  EXPECT_FALSE(w.startup.Form_Load());
+  EXPECT_EQ(w.dialogs.shown.size(), 1U);
+  EXPECT_FALSE(w.files.exists(w.path(L"Orb_Data\\options.ini")));
+}
+
+TEST_F(StartupTest, TheCommandLineReplacesTheAutoStart) {
+  w.set_option(13, "#013:LTautoStart:1");
+  w.machine.arguments = L"http://z prikazu";
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_EQ(w.player.url(), L"http://z prikazu");
+  EXPECT_EQ(std::count(w.player.calls.begin(), w.player.calls.end(), L"play"), 2);
+  EXPECT_EQ(w.settings.IDlastRadio, L"RADIO1");
+}
+
+TEST_F(StartupTest, AMissingClientIsStartedWithItsFullPath) {
+  w.messages.remove_window(L"Orb - Lumotune");
+  w.machine.folder = L"C:\\Moje programy\\Orb";
+  w.put(L"Orb_Data\\options.ini", joined(option_lines()));
+  EXPECT_TRUE(w.startup.Form_Load());
+  ASSERT_EQ(w.shell.started.size(), 1U);
+  EXPECT_EQ(w.shell.started[0].command_line, L"C:\\Moje programy\\Orb\\orb.exe m");
+  EXPECT_EQ(w.shell.started[0].application, L"C:\\Moje programy\\Orb\\orb.exe");
+  EXPECT_EQ(w.shell.started[0].show, ShowWindow::normal_no_focus);
+  EXPECT_TRUE(w.session.ClientStartedByUs);
+}
+
+TEST_F(StartupTest, ARunningClientIsLeftAlone) {
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_TRUE(w.shell.started.empty());
+  EXPECT_FALSE(w.session.ClientStartedByUs);
+}
+
+TEST_F(StartupTest, OnTopIsSetByTheValueOneAlone) {
+  w.set_option(11, "#011:LTTop:1");
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_TRUE(w.did(L"OnTopYES"));
+  CoreWorld other;
+  other.set_option(11, "#011:LTTop:1.0");
+  EXPECT_TRUE(other.startup.Form_Load());
+  EXPECT_TRUE(other.did(L"OnTopNO"));
+}
+
+TEST_F(StartupTest, ANamedSkinWithoutAFileGivesWayToTheDefault) {
+  w.set_option(21, "#021:LTskin:Neni");
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_TRUE(w.did(L"LoadSkin Lumo"));
+  EXPECT_FALSE(w.did(L"LoadSkin Neni"));
+}
+
+TEST_F(StartupTest, ABadEdgeLeavesThatEdge) {
+  w.set_option(22, "#022:LTpleft:");
+  const int left = w.window.rect().left;
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_EQ(w.window.rect().left, left);
+  EXPECT_EQ(w.window.rect().top, 4500);
+}
+
+TEST_F(StartupTest, APlaceThatNoMonitorShowsIsNotTaken) {
+  w.set_option(22, "#022:LTpleft:90000");
+  const auto before = w.window.rect();
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_EQ(w.window.rect(), before);
+}
+
+TEST_F(StartupTest, APlaceOnASecondMonitorIsTaken) {
+  w.window.monitors.push_back({1920 * 15, 0, 1920 * 15, 1080 * 15});
+  w.set_option(22, "#022:LTpleft:40000");
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_EQ(w.window.rect().left, 40000);
+}
+
+TEST_F(StartupTest, AVolumeThatIsNoNumberIsFifty) {
+  w.set_option(20, "#020:LTvolume:nahlas");
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_EQ(w.player.volume(), 50);
+}
+
+} // namespace
+} // namespace lumotune::test

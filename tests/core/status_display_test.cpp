@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/support/core_world.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::test {
+namespace {
+
+struct Title final : core::TitlePort {
+  void show_title(const std::wstring& title) override { shown.push_back(title); }
+  std::vector<std::wstring> shown;
+};
+
+struct StatusDisplayTest : testing::Test {
+  CoreWorld w;
+  Title title;
+  StatusDisplayTest() {
+    w.status.title.bind(title);
+    w.player.status_columns = L"Stav je zde" + std::wstring(21, L' ') + L"MP3 128 kbps 44,1 kHz " + L"Umělec - Píseň";
+    w.session.skin.status_mode = L"1";
+    w.session.skin.status_top_1 = 100;
+    w.session.skin.status_height_1 = 200;
+    w.session.skin.status_top_2 = 300;
+    w.session.skin.status_height_2 = 400;
+  }
+};
+
+TEST_F(StatusDisplayTest, TheFirstLayoutShowsTheTextFromColumn55) {
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Umělec - Píseň");
+  EXPECT_EQ(w.form.InfoStatus.rect().top, 100);
+  EXPECT_EQ(w.form.InfoStatus.rect().height, 200);
+}
+
+TEST_F(StatusDisplayTest, WithATimeTheSecondLayoutShowsItFromColumn33) {
+  w.player.played = 5000;
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoStatus.text(), L"MP3 128 kbps 44,1 kHz Umělec - Píseň");
+  EXPECT_EQ(w.form.InfoStatus.rect().top, 300);
+  EXPECT_EQ(w.form.InfoStatus.rect().height, 400);
+  EXPECT_EQ(w.form.InfoTime.text(), L"0:05");
+}
+
+TEST_F(StatusDisplayTest, AnotherModeAlwaysTakesTheSecondLayout) {
+  w.session.skin.status_mode = L"2";
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoStatus.rect().top, 300);
+  w.player.status_columns = L"kratky";
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoStatus.text(), L"");
+}
+
+TEST_F(StatusDisplayTest, NamesOfFifteenCharactersGetDots) {
+  w.session.station_name = L"čtrnáct znaků.";
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoName.text(), L"čtrnáct znaků.");
+  w.session.station_name = L"patnáct znaků..";
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoName.text(), L"patnáct znaků.....");
+  w.session.station_name = L"mnohem více než patnáct znaků";
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoName.text(), L"mnohem více než...");
+  EXPECT_EQ(w.form.InfoName.tooltip(), L"mnohem více než patnáct znaků");
+}
+
+TEST_F(StatusDisplayTest, TheTitleIsTheStationThenTheOverrideThenTheProgram) {
+  w.status.tick();
+  w.session.OverrideName = L"Z klienta";
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoName.text(), L"Z klienta");
+  w.session.station_name = L"První";
+  w.status.tick();
+  EXPECT_EQ(title.shown, (std::vector<std::wstring>{L"Lumotune", L"Z klienta - Lumotune", L"První - Lumotune"}));
+  EXPECT_EQ(w.window.caption(), L"Lumotune") << "the title never becomes the caption";
+}
+
+TEST_F(StatusDisplayTest, TicksEverySecondOnceStarted) {
+  w.status.start();
+  w.loop.advance(3000);
+  EXPECT_EQ(title.shown.size(), 3U);
+}
+
+TEST_F(StatusDisplayTest, NotificationsCopyTheFullStatus) {
+  w.player.status_text = L"Přehrávání: Umělec - Píseň (128 kbps)";
+  w.status.PlayStateChange(3);
+  EXPECT_EQ(w.form.InfoStatus.text(), w.player.status_text);
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), w.player.status_text);
+  w.player.status_text = L"Zastaveno";
+  w.status.StatusChange();
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Zastaveno");
+}
+
+TEST(ElapsedText, CountsHoursOnlyWhenThereAreAny) {
+  EXPECT_EQ(core::elapsed_text(0), L"");
+  EXPECT_EQ(core::elapsed_text(1), L"0:00");
+  EXPECT_EQ(core::elapsed_text(65000), L"1:05");
+  EXPECT_EQ(core::elapsed_text(3599999), L"59:59");
+  EXPECT_EQ(core::elapsed_text(3753000), L"1:02:33");
+}
+
+} // namespace
+} // namespace lumotune::test

@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/support/skin_world.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::test {
+namespace {
+
+using platform::Colour;
+using platform::TwipsRect;
+
+struct SkinTest : testing::Test {
+  SkinWorld w;
+  void load(const std::string& text) {
+    w.description(L"Tmava", text);
+    w.skin.LoadSkin(L"Tmava");
+  }
+};
+
+TEST_F(SkinTest, SizesTheWindowAndLoadsItsBackground) {
+  load("ltFORM|6300|3480\r\n");
+  EXPECT_EQ(w.window.rect().width, 6300);
+  EXPECT_EQ(w.window.rect().height, 3480);
+  EXPECT_EQ(w.file_name(w.window.background()), L"form.gif");
+  EXPECT_EQ(w.settings.LTskin, L"Tmava");
+  EXPECT_EQ(w.log(), "");
+}
+
+TEST_F(SkinTest, ShowsOnlyWhatItNames) {
+  load("Control_Rec|show|100|200\r\nControl_Sat|hide|1|2\r\nControl_ShowUser\r\n");
+  EXPECT_TRUE(w.form.Control_Rec.visible());
+  EXPECT_EQ(w.form.Control_Rec.rect(), (TwipsRect{200, 100, 300, 150})) << "the picture gives the size";
+  EXPECT_EQ(w.file_name(w.form.Control_Rec.picture()), L"rec.gif");
+  for (const platform::Control* hidden : std::initializer_list<platform::Control*>{
+           &w.form.Control_Sat, &w.form.Control_ShowUser, &w.form.Control_Play, &w.form.LTDisplay, &w.form.Orbwww,
+           &w.form.Control_List, &w.form.LineMenu_End, &w.form.LineMenu_Min, &w.form.LineMenu_OnTop})
+    EXPECT_FALSE(hidden->visible()) << hidden->name().size();
+}
+
+TEST_F(SkinTest, TheOnTopPictureFollowsTheFlag) {
+  w.settings.LTTop = L"0";
+  load("LineMenu_OnTop|show|1|2\r\n");
+  EXPECT_EQ(w.file_name(w.form.LineMenu_OnTop.picture()), L"otn.gif");
+  for (const wchar_t* flag : {L"1", L"", L"ano"}) {
+    w.settings.LTTop = flag;
+    load("LineMenu_OnTop|show|1|2\r\n");
+    EXPECT_EQ(w.file_name(w.form.LineMenu_OnTop.picture()), L"ot.gif") << "everything but \"0\"";
+  }
+}
+
+TEST_F(SkinTest, PlacesTheListWithItsColours) {
+  load("Control_List|show|600|240|hideplay|5820|1800|255|16711680\r\n");
+  EXPECT_TRUE(w.form.Control_List.visible());
+  EXPECT_EQ(w.form.Control_List.rect(), (TwipsRect{240, 600, 5820, 1800}));
+  EXPECT_EQ(w.form.Control_List.background_colour(), Colour{255});
+  EXPECT_EQ(w.form.Control_List.text_colour(), Colour{0xff0000});
+  EXPECT_EQ(w.session.skin.list_show, L"show");
+  EXPECT_EQ(w.session.skin.list_mode, L"hideplay");
+}
+
+TEST_F(SkinTest, AHiddenListNeedsNoNumbersButKeepsItsFields) {
+  load("Control_List|hide|||showevery\r\nInfoTime|1|2|3|4|5\r\n");
+  EXPECT_FALSE(w.form.Control_List.visible());
+  EXPECT_EQ(w.session.skin.list_show, L"hide");
+  EXPECT_EQ(w.session.skin.list_mode, L"showevery");
+  EXPECT_EQ(w.form.InfoTime.rect(), (TwipsRect{2, 1, 3, 4}));
+}
+
+TEST_F(SkinTest, KeepsTheFieldsOfDisplayLogoAndStatus) {
+  load("LTDisplay|show|10|20|showevery|showifnulllist\r\nOrbwww|show|30|40|showstop\r\n"
+       "InfoStatus|1|111|222|333|444|555|666|65280\r\n");
+  const auto& kept = w.session.skin;
+  EXPECT_EQ(kept.display_mode, L"showevery");
+  EXPECT_EQ(kept.display_value, L"showifnulllist");
+  EXPECT_EQ(kept.logo_mode, L"showstop");
+  EXPECT_EQ(kept.status_mode, L"1");
+  EXPECT_EQ(kept.status_top_1, 111);
+  EXPECT_EQ(kept.status_top_2, 222);
+  EXPECT_EQ(kept.status_height_1, 555);
+  EXPECT_EQ(kept.status_height_2, 666);
+  EXPECT_EQ(w.form.InfoStatus.rect(), (TwipsRect{333, 111, 444, 555}));
+  EXPECT_EQ(w.form.InfoStatus.text_colour(), Colour{65280});
+}
+
+TEST_F(SkinTest, NothingOfTheLastSkinLeaks) {
+  load("LTDisplay|show|10|20|showevery|showifnulllist\r\nInfoName|1|2|3|4|5\r\nInfoStatus|1|1|2|3|4|5|6|7\r\n"
+       "Control_List|show|1|2|hideplay|3|4|5|6\r\n");
+  load("LTform|100|100\r\n");
+  EXPECT_EQ(w.session.skin.display_value, L"");
+  EXPECT_EQ(w.session.skin.status_mode, L"");
+  EXPECT_EQ(w.session.skin.list_show, L"");
+  EXPECT_FALSE(w.form.Control_List.visible());
+  EXPECT_EQ(w.form.InfoName.rect().width, 0);
+}
+
+TEST_F(SkinTest, AMissingPictureEndsTheLoadAndIsLogged) {
+  (void)w.files.remove(w.machine.folder + L"\\Orb_Data\\skins\\Tmava\\rec.gif");
+  load("Control_Menu|show|1|2\r\nControl_Rec|show|1|2\r\nControl_Sat|show|1|2\r\n");
+  EXPECT_TRUE(w.form.Control_Menu.visible());
+  EXPECT_FALSE(w.form.Control_Rec.visible());
+  EXPECT_FALSE(w.form.Control_Sat.visible());
+  EXPECT_EQ(w.log(), "1. 2. 2024 3:04:05 Lumotune (LoadSkin) C:\\Orb\\Orb_Data\\skins\\Tmava.skin line 2: "
+                     "C:\\Orb\\Orb_Data\\skins\\Tmava\\rec.gif\r\n");
+}
+
+TEST_F(SkinTest, AMissingSkinHidesEverythingAndIsLogged) {
+  load("Control_Menu|show|1|2\r\n");
+  w.skin.LoadSkin(L"Neni");
+  EXPECT_EQ(w.settings.LTskin, L"Neni");
+  EXPECT_FALSE(w.form.Control_Menu.visible());
+  EXPECT_NE(w.log().find("Neni.skin"), std::string::npos);
+  EXPECT_FALSE(w.skin.exists(L"Neni"));
+  EXPECT_TRUE(w.skin.exists(L"tmava"));
+}
+
+TEST_F(SkinTest, ABadNumberEndsTheLoadWithoutAHalfPlacedControl) {
+  load("Control_Menu|show|abc|2\r\nControl_Sat|show|1|2\r\n");
+  EXPECT_FALSE(w.form.Control_Menu.visible());
+  EXPECT_FALSE(w.form.Control_Sat.visible());
+  EXPECT_NE(w.log().find("line 1: 'Control_Menu': bad number"), std::string::npos);
+}
+
+TEST_F(SkinTest, EventsRunAfterEachLine) {
+  const auto before = w.loop.pending_runs();
+  load("a\r\nb\r\nAuthor|x\r\n");
+  EXPECT_EQ(w.loop.pending_runs() - before, 3U);
+}
+
+TEST_F(SkinTest, ALoadInsideAnotherOneWins) {
+  w.description(L"Druha", "LTform|999|999\r\n");
+  w.picture(L"Druha", L"form", gif(1, 1));
+  w.loop.at(0, [this] { w.skin.LoadSkin(L"Druha"); });
+  load("Author|x\r\nControl_Menu|show|1|2\r\n");
+  EXPECT_EQ(w.settings.LTskin, L"Druha");
+  EXPECT_FALSE(w.form.Control_Menu.visible()) << "the interrupted load must not go on";
+  EXPECT_EQ(w.window.rect().width, 999);
+}
+
+TEST_F(SkinTest, TheFirstMatchingNameOfALineWinsAndRepeatedLinesApplyInTurn) {
+  load("Control_Menu|show|10|20\r\nControl_Menu|show|30|40\r\n");
+  EXPECT_EQ(w.form.Control_Menu.rect().top, 30);
+}
+
+TEST_F(SkinTest, SurvivesABinaryFile) {
+  std::string bytes;
+  for (int i = 0; i < 20000; ++i)
+    bytes += static_cast<char>(i * 37 % 256);
+  load(bytes);
+  SUCCEED();
+}
+
+TEST_F(SkinTest, VolumeShowsItsPictureAndMarksItsItem) {
+  load("Control_Volume|show|1|2\r\n");
+  const std::pair<int, int> levels[] = {{0, 0},  {1, 1},  {20, 1}, {21, 2}, {40, 2}, {41, 3},
+                                        {60, 3}, {61, 4}, {80, 4}, {81, 5}, {100, 5}};
+  for (const auto& [percent, level] : levels) {
+    w.skin.SkinVolume(percent);
+    EXPECT_EQ(w.marks.volume, level) << percent;
+    EXPECT_EQ(w.file_name(w.form.Control_Volume.picture()), L"vol" + std::to_wstring(level) + L".gif") << percent;
+  }
+}
+
+TEST_F(SkinTest, ThePlayPictureFollowsTheButton) {
+  load("Control_Play|show|1|2\r\n");
+  w.skin.ZobrazCoMas(L"sTOP");
+  EXPECT_EQ(w.file_name(w.form.Control_Play.picture()), L"stop.gif");
+  w.skin.ZobrazCoMas(L"Zapnout");
+  EXPECT_EQ(w.file_name(w.form.Control_Play.picture()), L"play.gif");
+  w.skin.ZobrazCoMas(L"Stop");
+  w.skin.load_play_picture();
+  EXPECT_EQ(w.file_name(w.form.Control_Play.picture()), L"play.gif");
+}
+
+TEST(SkinMenuTest, ListsTheSkinsAndChecksTheCurrentOne) {
+  struct Menu final : skin::SkinMenuPort {
+    void unload_above_0() override { ++unloaded; }
+    void set_element(std::size_t index, const std::wstring& caption, bool checked) override {
+      rows.push_back(std::to_wstring(index) + caption + (checked ? L"!" : L""));
+    }
+    int unloaded = 0;
+    std::vector<std::wstring> rows;
+  } menu;
+  SkinWorld w;
+  w.skin_menu.menu.bind(menu);
+  w.skin_menu.NactiSeznamSkinu(L"");
+  EXPECT_EQ(menu.unloaded, 1);
+  EXPECT_TRUE(menu.rows.empty());
+  w.description(L"Dark", "");
+  w.description(L"Modrá", "");
+  w.skin_menu.NactiSeznamSkinu(L"dARK");
+  EXPECT_EQ(menu.rows, (std::vector<std::wstring>{L"0Dark!", L"1Modrá"}));
+}
+
+} // namespace
+} // namespace lumotune::test

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The skin room on the backend in memory.
+#pragma once
+
+#include "platform/memory/event_loop.h"
+#include "platform/memory/files.h"
+#include "platform/memory/messages.h"
+#include "platform/memory/window.h"
+#include "skin/chrome.h"
+#include "skin/skin.h"
+#include "skin/skin_menu.h"
+#include "skin/tray_icon.h"
+
+#include <string>
+#include <vector>
+
+namespace lumotune::test {
+
+// The header of a picture: as much of a GIF as the backend in memory looks at.
+inline std::string gif(int width, int height) {
+  const auto low = [](int n) { return static_cast<char>(n % 256); };
+  const auto high = [](int n) { return static_cast<char>(n / 256); };
+  return std::string("GIF89a") + low(width) + high(width) + low(height) + high(height);
+}
+
+struct MenuMarks final : core::MenuPort {
+  void check_auto_start(bool on) override { auto_start = on; }
+  void check_on_top(bool on) override { on_top = on; }
+  void check_volume(int level) override { volume = level; }
+  void open_volume() override {}
+  void open_station() override {}
+  bool auto_start = false;
+  bool on_top = false;
+  int volume = -1;
+};
+
+struct SkinWorld {
+  platform::memory::MemoryEventLoop loop;
+  platform::memory::MemoryFiles files;
+  platform::memory::MemoryCodec codec;
+  platform::memory::MemoryMachine machine;
+  platform::memory::MemoryTray tray;
+  platform::memory::MemoryWindow window{files};
+  core::LumotuneForm form{window};
+  core::Settings settings;
+  core::Session session;
+  core::ErrorLog error_log{{files, codec, machine}};
+  skin::Skin skin{{settings, session, form, files, codec, machine, loop, error_log}};
+  skin::SkinMenu skin_menu{{files, machine}};
+  skin::Chrome chrome{{settings, session, form, machine}};
+  skin::TrayIcon tray_icon{{form, tray, chrome}};
+  MenuMarks marks;
+
+  SkinWorld() {
+    skin.menus.bind(marks);
+    chrome.menus.bind(marks);
+    for (const wchar_t* name : {L"form", L"ot", L"otn", L"min", L"end", L"play", L"stop", L"rec", L"show", L"menu",
+                                L"sat", L"display", L"orb", L"vol0", L"vol1", L"vol2", L"vol3", L"vol4", L"vol5"})
+      picture(L"Tmava", name, gif(20, 10));
+  }
+  void picture(const std::wstring& skin_name, const std::wstring& name, const std::string& bytes) {
+    (void)files.replace(machine.folder + L"\\Orb_Data\\skins\\" + skin_name + L"\\" + name + L".gif", bytes);
+  }
+  void description(const std::wstring& skin_name, const std::string& text) {
+    (void)files.replace(machine.folder + L"\\Orb_Data\\skins\\" + skin_name + L".skin", text);
+  }
+  [[nodiscard]] std::string log() const { return files.read(machine.folder + L"\\Orb_Data\\error.log").value_or(""); }
+  [[nodiscard]] static std::wstring file_name(const std::wstring& path) {
+    return path.substr(path.find_last_of(L'\\') + 1);
+  }
+};
+
+} // namespace lumotune::test
