@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/contract/fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace lumotune::contract {
+namespace {
+
+struct FilesContract : testing::Test {
+  Backend b;
+  std::wstring path = b.folder + L"\\soubor ř.txt";
+};
+
+TEST_F(FilesContract, AMissingFileIsMissing) {
+  EXPECT_FALSE(b.files.exists(path));
+  EXPECT_FALSE(b.files.size(path));
+  EXPECT_FALSE(b.files.read(path));
+  std::string bytes = "staré";
+  EXPECT_FALSE(b.files.read_into(path, bytes));
+  EXPECT_TRUE(bytes.empty());
+  EXPECT_TRUE(b.files.remove(path)) << "it is gone";
+}
+
+TEST_F(FilesContract, BytesComeBackExactly) {
+  const std::string bytes("a\0b\r\n\xff\x81z", 8);
+  EXPECT_TRUE(b.files.replace(path, bytes));
+  EXPECT_TRUE(b.files.exists(path));
+  EXPECT_EQ(b.files.size(path), 8U);
+  EXPECT_EQ(b.files.read(path), bytes);
+  EXPECT_TRUE(b.files.replace(path, ""));
+  EXPECT_EQ(b.files.read(path), "");
+}
+
+TEST_F(FilesContract, ReplacingLeavesNothingBeside) {
+  EXPECT_TRUE(b.files.replace(path, "první"));
+  EXPECT_TRUE(b.files.replace(path, "druhý"));
+  EXPECT_EQ(b.files.read(path), "druhý");
+  EXPECT_EQ(b.files.list(b.folder, L"*").size(), 1U);
+  EXPECT_TRUE(b.files.remove(path));
+}
+
+TEST_F(FilesContract, AppendingMakesAndLengthens) {
+  EXPECT_TRUE(b.files.append(path, "a"));
+  EXPECT_TRUE(b.files.append(path, "b"));
+  EXPECT_EQ(b.files.read(path), "ab");
+  EXPECT_TRUE(b.files.remove(path));
+  EXPECT_FALSE(b.files.exists(path));
+}
+
+TEST_F(FilesContract, CopiesOverAnExistingFile) {
+  const std::wstring other = b.folder + L"\\jiny";
+  EXPECT_TRUE(b.files.replace(path, "nový"));
+  EXPECT_TRUE(b.files.replace(other, "starý"));
+  EXPECT_TRUE(b.files.copy(path, other));
+  EXPECT_EQ(b.files.read(other), "nový");
+  EXPECT_FALSE(b.files.copy(b.folder + L"\\neni", other));
+  EXPECT_EQ(b.files.read(other), "nový");
+  EXPECT_TRUE(b.files.remove(other));
+  EXPECT_TRUE(b.files.remove(path));
+}
+
+TEST_F(FilesContract, LetterCaseAndKindOfSlashDoNotMatter) {
+  EXPECT_TRUE(b.files.replace(b.folder + L"\\Abc.txt", "x"));
+  EXPECT_TRUE(b.files.exists(b.folder + L"/aBC.TXT"));
+  EXPECT_EQ(b.files.read(b.folder + L"/abc.txt"), "x");
+  EXPECT_TRUE(b.files.remove(b.folder + L"\\ABC.TXT"));
+}
+
+TEST_F(FilesContract, ListsByPattern) {
+  for (const wchar_t* name : {L"Jedna.skin", L"Dvě.SKIN", L"tři.txt"})
+    EXPECT_TRUE(b.files.replace(b.folder + L"\\" + name, ""));
+  auto names = b.files.list(b.folder, L"*.skin");
+  std::sort(names.begin(), names.end());
+  EXPECT_EQ(names, (std::vector<std::wstring>{L"Dvě.SKIN", L"Jedna.skin"}));
+  EXPECT_TRUE(b.files.list(b.folder + L"\\neni", L"*").empty());
+  for (const wchar_t* name : {L"Jedna.skin", L"Dvě.SKIN", L"tři.txt"})
+    EXPECT_TRUE(b.files.remove(b.folder + L"\\" + name));
+}
+
+TEST_F(FilesContract, ALargeFileComesBackWhole) {
+  const std::string bytes(20 * 1024 * 1024 + 7, 'x');
+  EXPECT_TRUE(b.files.replace(path, bytes));
+  EXPECT_EQ(b.files.read(path), bytes);
+  EXPECT_TRUE(b.files.remove(path));
+}
+
+} // namespace
+} // namespace lumotune::contract

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What only the real backend has: window classes, properties, keys, the system's own messages.
+#include "core/lumotune_form.h"
+#include "platform/win32/dpi.h"
+#include "tests/contract/fixture_win32.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace lumotune::contract {
+namespace {
+
+std::wstring class_of(HWND window) {
+  wchar_t name[64];
+  GetClassNameW(window, name, 64);
+  return name;
+}
+
+std::wstring text_of(HWND window) {
+  wchar_t text[256];
+  GetWindowTextW(window, text, 256);
+  return text;
+}
+
+struct Win32Only : testing::Test {
+  Backend b;
+  core::LumotuneForm form{b.window};
+  [[nodiscard]] HWND handle(const platform::Control& control) const { return b.window.handle_of(control); }
+  void key(HWND target, WPARAM code) {
+    PostMessageW(target, WM_KEYDOWN, code, 1);
+    PostMessageW(target, WM_KEYUP, code, static_cast<LPARAM>(0xc0000001));
+    b.pass(60);
+  }
+};
+
+TEST_F(Win32Only, EveryControlIsAChildOfAStandardClassWithItsProperty) {
+  const std::vector<std::pair<const platform::Control*, std::wstring>> controls = {
+      {&form.Control_Play, L"Button"}, {&form.Control_List, L"ListBox"}, {&form.InfoNaladit, L"Static"},
+      {&form.InfoName, L"Static"},     {&form.InfoTime, L"Static"},      {&form.InfoStatus, L"Static"},
+      {&form.LTDisplay, L"Static"},    {&form.TrayIcon, L"Static"},      {&form.PlayTL, L"Button"},
+      {&form.Orbwww, L"Button"},       {&form.LineMenu_End, L"Button"},  {&form.Control_Volume, L"Button"}};
+  for (const auto& [control, name] : controls) {
+    EXPECT_EQ(class_of(handle(*control)), name);
+    EXPECT_EQ(GetParent(handle(*control)), b.window.handle());
+    EXPECT_EQ(GetPropW(handle(*control), (L"Lumotune." + control->name()).c_str()), reinterpret_cast<HANDLE>(1));
+  }
+  EXPECT_NE(GetPropW(b.window.handle(), L"Lumotune.Form"), nullptr);
+}
+
+TEST_F(Win32Only, PictureButtonsHaveCzechNames) {
+  EXPECT_EQ(text_of(handle(form.Control_Play)), L"Zapnout");
+  EXPECT_EQ(text_of(handle(form.Control_Sat)), L"Naladit rádio");
+  EXPECT_EQ(text_of(handle(form.LineMenu_OnTop)), L"Vždy nahoře");
+}
+
+TEST_F(Win32Only, ListItemsCanBeReadFromOutside) {
+  form.Control_List.add(L"Žluťoučký kůň");
+  wchar_t text[64] = {};
+  SendMessageW(handle(form.Control_List), LB_GETTEXT, 0, reinterpret_cast<LPARAM>(text));
+  EXPECT_STREQ(text, L"Žluťoučký kůň");
+}
+
+TEST_F(Win32Only, TabSpaceAndEnterReachTheButtons) {
+  b.window.resize(6000, 3000);
+  b.window.set_visible(true);
+  for (platform::Control* control :
+       {static_cast<platform::Control*>(&form.Control_Play), static_cast<platform::Control*>(&form.InfoNaladit)}) {
+    control->resize(600, 300);
+    control->set_enabled(true);
+  }
+  b.pass(200);
+  int plays = 0;
+  int links = 0;
+  form.Control_Play.on_click = [&] { ++plays; };
+  form.InfoNaladit.on_click = [&] { ++links; };
+  SetFocus(handle(form.Control_Play));
+  key(handle(form.Control_Play), VK_SPACE);
+  EXPECT_EQ(plays, 1);
+  key(handle(form.Control_Play), VK_RETURN);
+  EXPECT_EQ(plays, 2);
+  key(handle(form.Control_Play), VK_TAB);
+  EXPECT_EQ(GetFocus(), handle(form.Control_List));
+  key(GetFocus(), VK_TAB);
+  EXPECT_EQ(GetFocus(), handle(form.InfoNaladit));
+  key(GetFocus(), VK_SPACE);
+  EXPECT_EQ(links, 1);
+  key(GetFocus(), VK_RETURN);
+  EXPECT_EQ(links, 2);
+}
+
+TEST_F(Win32Only, ADisabledButtonIsNotPressedByEnter) {
+  b.window.set_visible(true);
+  b.pass(100);
+  int plays = 0;
+  form.Control_Play.on_click = [&] { ++plays; };
+  SetFocus(handle(form.Control_Play));
+  form.Control_Play.set_enabled(false);
+  key(handle(form.Control_Play), VK_RETURN);
+  EXPECT_EQ(plays, 0);
+}
+
+TEST_F(Win32Only, TrayEventsArriveAsMouseMovesWithTheMessageInTheCoordinate) {
+  std::vector<long> messages;
+  form.TrayIcon.on_mouse_move = [&](const platform::MouseEvent& event) {
+    messages.push_back(std::lround(event.x / b.window.twips_per_pixel_x()));
+  };
+  for (const LPARAM message : {513, 514, 517})
+    SendMessageW(handle(form.TrayIcon), WM_MOUSEMOVE, 1, message);
+  EXPECT_EQ(messages, (std::vector<long>{513, 514, 517}));
+}
+
+TEST_F(Win32Only, TheTrayAnswersTheShellsRestart) {
+  platform::win32::Win32Tray tray(b.window, form.TrayIcon, b.codec);
+  tray.add(L"Lumotune");
+  tray.modify(L"Velmi dlouhý text, který se do záznamu nevejde, protože má víc než šedesát čtyři znaků");
+  SendMessageW(b.window.handle(), RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+  tray.remove();
+}
+
+TEST_F(Win32Only, CloseAndSessionEndAreOnlyForwarded) {
+  int closed = 0;
+  int ended = 0;
+  b.window.on_close = [&] { ++closed; };
+  b.window.on_session_end = [&] { ++ended; };
+  SendMessageW(b.window.handle(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(SendMessageW(b.window.handle(), WM_QUERYENDSESSION, 0, 0), TRUE);
+  SendMessageW(b.window.handle(), WM_ENDSESSION, FALSE, 0);
+  EXPECT_EQ(ended, 0);
+  SendMessageW(b.window.handle(), WM_ENDSESSION, TRUE, 0);
+  EXPECT_EQ(closed, 1);
+  EXPECT_EQ(ended, 1);
+  EXPECT_NE(IsWindow(b.window.handle()), 0);
+}
+
+TEST_F(Win32Only, SleepAndWakingAreForwarded) {
+  std::wstring order;
+  b.window.on_suspend = [&] { order += L"s"; };
+  b.window.on_resume = [&] { order += L"r"; };
+  SendMessageW(b.window.handle(), WM_POWERBROADCAST, PBT_APMSUSPEND, 0);
+  SendMessageW(b.window.handle(), WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC, 0);
+  EXPECT_EQ(order, L"sr");
+}
+
+TEST_F(Win32Only, AHandlerThatThrowsHarmsNothing) {
+  b.window.on_close = [] { throw 1; };
+  SendMessageW(b.window.handle(), WM_CLOSE, 0, 0);
+  const auto timer = b.loop.make_timer(10, [] { throw 2; });
+  timer->start();
+  b.pass(40);
+  SUCCEED();
+}
+
+TEST_F(Win32Only, AChangedResolutionScalesEverything) {
+  form.Control_Play.move(300, 600);
+  form.Control_Play.resize(450, 900);
+  b.window.resize(6000, 3000);
+  RECT wished{100, 100, 900, 500};
+  SendMessageW(b.window.handle(), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&wished));
+  RECT place{};
+  GetClientRect(handle(form.Control_Play), &place);
+  EXPECT_EQ(place.right, 60);
+  EXPECT_EQ(place.bottom, 120);
+  GetClientRect(b.window.handle(), &place);
+  EXPECT_EQ(place.right, 800);
+  EXPECT_EQ(place.bottom, 400);
+  EXPECT_EQ(form.Control_Play.rect(), (platform::TwipsRect{300, 600, 450, 900}));
+  EXPECT_DOUBLE_EQ(b.window.twips_per_pixel_x(), 7.5);
+}
+
+TEST(Dpi, ConvertsThereAndBack) {
+  using platform::win32::pixels;
+  using platform::win32::twips;
+  for (const int value : {0, 15, 6300, -3000}) {
+    EXPECT_EQ(twips(pixels(value, 96), 96), value);
+    EXPECT_EQ(twips(pixels(value, 192), 192), value);
+  }
+  EXPECT_EQ(pixels(6300, 144), 630);
+}
+
+TEST_F(Win32Only, AMessageFromAnotherThreadIsAnswered) {
+  std::string got;
+  b.messages.hook([&](const platform::CopyData& data) { got = data.bytes; });
+  std::string text = "fmax";
+  COPYDATASTRUCT record{1, 4, text.data()};
+  LRESULT answer = 0;
+  std::thread other(
+      [&] { answer = SendMessageA(b.window.handle(), WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&record)); });
+  b.pass(200);
+  other.join();
+  EXPECT_EQ(answer, -1);
+  EXPECT_EQ(got, "fmax");
+  EXPECT_EQ(SendMessageA(b.window.handle(), WM_COPYDATA, 0, 0), -1) << "no record at all";
+}
+
+} // namespace
+} // namespace lumotune::contract

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/contract/fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::contract {
+namespace {
+
+using platform::Colour;
+using platform::LabelFont;
+using platform::LabelKind;
+using platform::PictureKind;
+using platform::TwipsRect;
+
+// A whole GIF of two by three pixels, the first of them clear.
+const std::string small_gif = std::string("GIF89a\x02\0\x03\0\x80\0\0\xff\xff\xff\0\0\0!\xf9\x04\x01\0\0\0\0", 27) +
+                              std::string(",\0\0\0\0\x02\0\x03\0\0\x02\x03\x44\x7e\x05\0;", 17);
+
+struct WindowContract : testing::Test {
+  Backend b;
+};
+
+TEST_F(WindowContract, IsMadeHiddenAndNormal) {
+  EXPECT_FALSE(b.window.visible());
+  EXPECT_EQ(b.window.state(), platform::WindowState::normal);
+}
+
+TEST_F(WindowContract, KeepsCaptionPlaceAndSize) {
+  b.window.set_caption(L"Pokus č. 1");
+  EXPECT_EQ(b.window.caption(), L"Pokus č. 1");
+  b.window.move(1500, 2250);
+  b.window.resize(6000, 3000);
+  EXPECT_EQ(b.window.rect(), (TwipsRect{1500, 2250, 6000, 3000}));
+  b.window.resize(-5, 10);
+  EXPECT_EQ(b.window.rect().width, 0);
+}
+
+TEST_F(WindowContract, KnowsWhetherAPlaceCanBeSeen) {
+  b.window.resize(6000, 3000);
+  EXPECT_TRUE(b.window.on_some_monitor(1500, 1500));
+  EXPECT_FALSE(b.window.on_some_monitor(900000, 900000));
+  EXPECT_FALSE(b.window.on_some_monitor(-6000, 0)) << "just out of sight";
+  EXPECT_FALSE(b.window.on_some_monitor(-2000000, 2000000));
+}
+
+TEST_F(WindowContract, HidesAndComesBackInPlace) {
+  b.window.resize(6000, 3000);
+  b.window.move(3000, 3000);
+  b.window.set_visible(true);
+  b.pass(300);
+  b.window.set_state(platform::WindowState::minimized);
+  b.window.set_visible(false);
+  b.pass(300);
+  EXPECT_FALSE(b.window.visible());
+  EXPECT_EQ(b.window.rect(), (TwipsRect{3000, 3000, 6000, 3000}));
+  b.window.set_visible(true);
+  b.window.set_state(platform::WindowState::normal);
+  b.pass(300);
+  EXPECT_TRUE(b.window.visible());
+  EXPECT_EQ(b.window.state(), platform::WindowState::normal);
+  EXPECT_EQ(b.window.rect(), (TwipsRect{3000, 3000, 6000, 3000}));
+}
+
+TEST_F(WindowContract, GoesIntoTheTopmostLayerAndBack) {
+  EXPECT_TRUE(b.window.set_topmost(true));
+  EXPECT_TRUE(b.window.topmost());
+  EXPECT_TRUE(b.window.set_topmost(false));
+  EXPECT_FALSE(b.window.topmost());
+}
+
+TEST_F(WindowContract, ControlsKeepWhatTheyAreGiven) {
+  auto& label = b.window.make_label(L"InfoName", LabelKind::link, LabelFont::heading);
+  EXPECT_EQ(label.name(), L"InfoName");
+  EXPECT_TRUE(label.visible());
+  EXPECT_TRUE(label.enabled());
+  label.set_text(L"Rádio & přátelé");
+  label.set_tooltip(L"celé jméno & víc");
+  label.move(30, 45);
+  label.resize(600, 300);
+  label.set_text_colour(Colour{0x123456});
+  label.set_underline(true);
+  label.set_visible(false);
+  label.set_enabled(false);
+  EXPECT_EQ(label.text(), L"Rádio & přátelé");
+  EXPECT_EQ(label.tooltip(), L"celé jméno & víc");
+  EXPECT_EQ(label.rect(), (TwipsRect{30, 45, 600, 300}));
+  EXPECT_EQ(label.text_colour(), Colour{0x123456});
+  EXPECT_TRUE(label.underline());
+  EXPECT_FALSE(label.visible());
+  EXPECT_FALSE(label.enabled());
+  label.resize(-1, -1);
+  EXPECT_EQ(label.rect().width, 0);
+}
+
+TEST_F(WindowContract, VisibilityIsTheControlsOwn) {
+  auto& label = b.window.make_label(L"A", LabelKind::text, LabelFont::normal);
+  EXPECT_TRUE(label.visible()) << "although the window is hidden";
+}
+
+TEST_F(WindowContract, APictureTakesTheSizeOfItsFile) {
+  auto& picture = b.window.make_picture(L"Obraz", PictureKind::button);
+  const std::wstring path = b.folder + L"\\obraz.gif";
+  ASSERT_TRUE(b.files.replace(path, small_gif));
+  EXPECT_TRUE(picture.load_picture(path));
+  EXPECT_EQ(picture.picture(), path);
+  EXPECT_EQ(picture.rect(), (TwipsRect{0, 0, 30, 45}));
+  EXPECT_TRUE(b.window.load_background(path));
+  EXPECT_EQ(b.window.background(), path);
+  EXPECT_TRUE(b.files.remove(path));
+}
+
+TEST_F(WindowContract, AMissingOrTornPictureLeavesTheOldOne) {
+  auto& picture = b.window.make_picture(L"Obraz", PictureKind::decoration);
+  const std::wstring path = b.folder + L"\\obraz.gif";
+  const std::wstring torn = b.folder + L"\\roztrzeny.gif";
+  ASSERT_TRUE(b.files.replace(path, small_gif));
+  ASSERT_TRUE(b.files.replace(torn, "tohle neni obrazek"));
+  EXPECT_TRUE(picture.load_picture(path));
+  EXPECT_FALSE(picture.load_picture(torn));
+  EXPECT_FALSE(picture.load_picture(b.folder + L"\\neni.gif"));
+  EXPECT_EQ(picture.picture(), path);
+  EXPECT_FALSE(b.window.load_background(torn));
+  EXPECT_TRUE(b.files.remove(path));
+  EXPECT_TRUE(b.files.remove(torn));
+}
+
+TEST_F(WindowContract, AListHoldsItsItems) {
+  auto& list = b.window.make_list(L"Seznam");
+  EXPECT_EQ(list.count(), 0U);
+  EXPECT_EQ(list.selected(), platform::ListBox::none);
+  int clicks = 0;
+  list.on_click = [&] { ++clicks; };
+  list.add(L"Žluté");
+  list.add(std::wstring(93, L' ') + L"data za okrajem");
+  EXPECT_EQ(list.count(), 2U);
+  EXPECT_EQ(list.item(0), L"Žluté");
+  EXPECT_EQ(list.item(1).substr(93), L"data za okrajem");
+  EXPECT_EQ(list.item(2), L"");
+  list.select(1);
+  EXPECT_EQ(list.selected(), 1U);
+  list.select(99);
+  EXPECT_EQ(list.selected(), platform::ListBox::none);
+  EXPECT_EQ(clicks, 0) << "selecting by program is no click";
+  list.set_colours(Colour{1}, Colour{2});
+  EXPECT_EQ(list.background_colour(), Colour{1});
+  EXPECT_EQ(list.text_colour(), Colour{2});
+  list.clear();
+  EXPECT_EQ(list.count(), 0U);
+}
+
+TEST_F(WindowContract, AHiddenButtonCanBePressedADisabledOneNot) {
+  auto& button = b.window.make_button(L"PlayTL");
+  int pressed = 0;
+  button.on_click = [&] { ++pressed; };
+  button.set_visible(false);
+  button.press();
+  EXPECT_EQ(pressed, 1);
+  button.set_enabled(false);
+  button.press();
+  EXPECT_EQ(pressed, 1);
+}
+
+} // namespace
+} // namespace lumotune::contract
