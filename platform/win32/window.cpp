@@ -38,8 +38,9 @@ Win32Window::Win32Window(Win32EventLoop& loop, const std::wstring& name, int ico
                       place_.y, pixels(width_, dpi_), pixels(height_, dpi_), nullptr, nullptr, program, this);
   dpi_ = GetDpiForWindow(window_) != 0 ? GetDpiForWindow(window_) : system_dpi_;
   SetPropW(window_, (name + L".Form").c_str(), reinterpret_cast<HANDLE>(1));
+  // Without an owner: an owned window in the topmost layer would keep this one out of it.
   tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
-                          window_, nullptr, program, nullptr);
+                          nullptr, nullptr, program, nullptr);
   SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels(6000, dpi_));
   loop_.set_filter([this](MSG& message) { return filter(message); });
 }
@@ -47,6 +48,7 @@ Win32Window::Win32Window(Win32EventLoop& loop, const std::wstring& name, int ico
 Win32Window::~Win32Window() {
   loop_.set_filter({});
   children_.clear();
+  DestroyWindow(tips_);
   SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
   DestroyWindow(window_);
 }
@@ -237,6 +239,9 @@ void Win32Window::set_visible(bool visible) {
   } else {
     ShowWindow(window_, SW_SHOW);
   }
+  // Not every window manager puts a window that is out of sight into a layer.
+  if (topmost_)
+    SetWindowPos(window_, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 bool Win32Window::visible() const {
@@ -310,11 +315,14 @@ bool Win32Window::load_background(const std::wstring& path) {
 }
 
 bool Win32Window::set_topmost(bool on) {
-  return SetWindowPos(window_, on ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE) != 0;
+  if (SetWindowPos(window_, on ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE) == 0)
+    return false;
+  topmost_ = on;
+  return true;
 }
 
 bool Win32Window::topmost() const {
-  return (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+  return topmost_;
 }
 
 void Win32Window::activate() {

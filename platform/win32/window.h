@@ -85,6 +85,7 @@ private:
   std::wstring caption_;
   Picture background_;
   std::wstring background_path_;
+  bool topmost_ = false;
   bool dragging_ = false;
   bool keyboard_used_ = false;
   std::array<GdiObject, 4> fonts_;

@@ -171,6 +171,16 @@ TEST_F(Win32Only, AChangedResolutionScalesEverything) {
   EXPECT_DOUBLE_EQ(b.window.twips_per_pixel_x(), 7.5);
 }
 
+TEST_F(Win32Only, ATopmostWindowIsInThatLayerOnceItIsShown) {
+  EXPECT_TRUE(b.window.set_topmost(true));
+  b.window.set_visible(true);
+  b.pass(200);
+  EXPECT_NE(GetWindowLongPtrW(b.window.handle(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
+  EXPECT_TRUE(b.window.set_topmost(false));
+  b.pass(100);
+  EXPECT_EQ(GetWindowLongPtrW(b.window.handle(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
+}
+
 TEST(Dpi, ConvertsThereAndBack) {
   using platform::win32::pixels;
   using platform::win32::twips;
