@@ -232,6 +232,7 @@ void Win32Window::set_visible(bool visible) {
     ShowWindow(window_, SW_HIDE);
     return;
   }
+  shown_at_ = GetTickCount();
   if (IsIconic(window_) != 0) {
     const POINT place = place_;
     ShowWindow(window_, SW_RESTORE);
@@ -260,13 +261,21 @@ WindowState Win32Window::state() const {
   return IsIconic(window_) != 0 ? WindowState::minimized : WindowState::normal;
 }
 
+// Just after it was shown, a window may be reported, or put, somewhere else by a window manager that did not ask the
+// user: it goes back to where it was meant to be.
 void Win32Window::note_place() {
   RECT place{};
   // A minimised window is kept far off the desktop.
   constexpr LONG far_off = -30000;
-  if (IsWindowVisible(window_) != 0 && IsIconic(window_) == 0 && GetWindowRect(window_, &place) != 0 &&
-      place.left > far_off && place.top > far_off)
+  constexpr DWORD settling_ms = 400;
+  if (IsWindowVisible(window_) == 0 || IsIconic(window_) != 0 || GetWindowRect(window_, &place) == 0 ||
+      place.left <= far_off || place.top <= far_off)
+    return;
+  const bool settling = !dragging_ && GetTickCount() - shown_at_ < settling_ms;
+  if (!settling)
     place_ = {place.left, place.top};
+  else if (place.left != place_.x || place.top != place_.y)
+    SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Win32Window::move(int left, int top) {

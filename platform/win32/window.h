@@ -86,6 +86,7 @@ private:
   Picture background_;
   std::wstring background_path_;
   bool topmost_ = false;
+  DWORD shown_at_ = 0; // tick count
   bool dragging_ = false;
   bool keyboard_used_ = false;
   std::array<GdiObject, 4> fonts_;
