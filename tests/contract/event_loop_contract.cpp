@@ -21,7 +21,8 @@ TEST_F(EventLoopContract, ATimerIsStoppedWhenMadeAndRepeatsOnceStarted) {
   EXPECT_EQ(ticks, 0);
   timer->start();
   EXPECT_TRUE(timer->running());
-  b.pass(200);
+  for (int i = 0; i < 100 && ticks < 3; ++i)
+    b.pass(20); // a busy machine may be late
   EXPECT_GE(ticks, 3);
   timer->stop();
   const int before = ticks;
@@ -78,7 +79,8 @@ TEST_F(EventLoopContract, OtherTimersTickInsideAWaitingTick) {
   });
   fast->start();
   slow->start();
-  b.pass(80);
+  for (int i = 0; i < 100 && !waited; ++i)
+    b.pass(20); // a busy machine may be late
   EXPECT_TRUE(waited);
 }
 

@@ -1,0 +1,200 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
+"""Drives the real program from outside: its folder, its process, its windows, the mouse, the keyboard and the sound.
+
+Runs inside tests/rig/with_rig, which gives the display, the Wine prefix and the sound sink.
+"""
+import array
+import math
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import time
+
+TOP = os.path.realpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))
+WINE = "/usr/lib/wine/wine64"
+PROBE = os.path.join(TOP, "build", "windows", "tests", "desktop", "probe.exe")
+RATE = 48000
+sys.path.insert(0, os.path.join(TOP, "demo"))
+from stations import STATIONS  # noqa: E402
+
+
+def wait_for(what, seconds=20.0, every=0.15):
+    """The first true answer of `what`, or what it last answered when the time is over."""
+    end = time.monotonic() + seconds
+    while True:
+        answer = what()
+        if answer or time.monotonic() > end:
+            return answer
+        time.sleep(every)
+
+
+def wine(*words, cwd=None, timeout=30):
+    return subprocess.run([WINE, *words], cwd=cwd, stdin=subprocess.DEVNULL, capture_output=True, timeout=timeout)
+
+
+class Control:
+    def __init__(self, row):
+        (self.name, self.kind, visible, enabled, focus, left, top, width, height, self.text, topmost) = row
+        self.visible, self.enabled, self.focus, self.topmost = (value == "1" for value in (visible, enabled, focus, topmost))
+        self.left, self.top, self.width, self.height = (int(value) for value in (left, top, width, height))
+
+    @property
+    def middle(self):
+        return self.left + self.width // 2, self.top + self.height // 2
+
+
+class Radio:
+    """The demonstration radio; a port of 0 takes a free one, which it keeps when it comes back."""
+
+    def __init__(self, folder):
+        self.folder, self.port, self.process = folder, 0, None
+        self.start()
+
+    def start(self):
+        port_file = os.path.join(self.folder, "port")
+        if os.path.exists(port_file):
+            os.remove(port_file)
+        self.process = subprocess.Popen(
+            [sys.executable, os.path.join(TOP, "demo", "demo_radio"), "--audio", os.path.join(TOP, "build", "demo-audio"),
+             "--port", str(self.port), "--port-file", port_file], stdout=subprocess.DEVNULL)
+        if not wait_for(lambda: os.path.exists(port_file), 120):
+            raise RuntimeError("the demonstration radio does not start")
+        with open(port_file, encoding="ascii") as source:
+            self.port = int(source.read())
+
+    def stop(self):
+        """At once, as when a machine falls over."""
+        self.process.kill()
+        self.process.wait()
+
+    def address(self, path):
+        return f"http://127.0.0.1:{self.port}{path}"
+
+
+class Desk:
+    """One program folder and the program that runs in it."""
+
+    def __init__(self, folder, radio, options=()):
+        self.folder, self.radio, self.process = folder, radio, None
+        shutil.rmtree(folder, ignore_errors=True)
+        words = [sys.executable, os.path.join(TOP, "demo", "layout"), folder, "--port", str(radio.port), "--fresh"]
+        for option in options:
+            words += ["--option", option]
+        subprocess.run(words, check=True, stdout=subprocess.DEVNULL)
+        os.environ["LUMOTUNE_DEMO_QUIET"] = "1"
+
+    def path(self, *names):
+        return os.path.join(self.folder, *names)
+
+    def start(self, *arguments, wait=True):
+        self.process = subprocess.Popen([WINE, "lumotune.exe", *arguments], cwd=self.folder, stdin=subprocess.DEVNULL,
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        if wait and not wait_for(lambda: self.form() is not None and self.form().visible):
+            raise RuntimeError("the main window does not appear")
+
+    def second(self, *arguments):
+        return wine("lumotune.exe", *arguments, cwd=self.folder)
+
+    def controls(self):
+        lines = wine(PROBE, "controls").stdout.decode("utf-8", "replace").splitlines()
+        rows = [line.split("\t") for line in lines]
+        return {row[0]: Control(row) for row in rows if len(row) == 11}
+
+    def form(self):
+        return self.controls().get("Form")
+
+    def text(self, name):
+        control = self.controls().get(name)
+        return control.text if control else None
+
+    def visible(self, name):
+        control = self.controls().get(name)
+        return control is not None and control.visible
+
+    def items(self):
+        return wine(PROBE, "items").stdout.decode("utf-8").splitlines()
+
+    def boxes(self):
+        return [line.split("\t") for line in wine(PROBE, "boxes").stdout.decode("utf-8").splitlines()]
+
+    def press(self, caption):
+        return wine(PROBE, "press", caption).returncode == 0
+
+    def click(self, name, button=1, times=1):
+        x, y = self.controls()[name].middle
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "sleep", "0.1", "click", "--repeat", str(times), "--delay",
+                        "80", str(button)], check=True)
+        time.sleep(0.2)
+
+    def key(self, *names):
+        subprocess.run(["xdotool", "key", "--delay", "120", *names], check=True)
+        time.sleep(0.2)
+
+    def send(self, text):
+        """One command from another program; whether it was answered."""
+        return wine("orb.exe", "--send", text, cwd=self.folder).returncode == 0
+
+    def log(self, program):
+        try:
+            with open(self.path(program + ".log"), encoding="utf-8") as source:
+                return source.read()
+        except OSError:
+            return ""
+
+    def options(self):
+        with open(self.path("Orb_Data", "options.ini"), encoding="cp1250", newline="") as source:
+            return source.read().split("\r\n")
+
+    def ended(self, seconds=10):
+        return wait_for(lambda: self.process.poll() is not None, seconds)
+
+    def close(self):
+        """Ends the program and its companions, by the ways that they know."""
+        if self.process is not None and self.process.poll() is None:
+            wine(PROBE, "close")
+            if not self.ended():
+                self.process.send_signal(signal.SIGKILL)
+        subprocess.run([WINE, "taskkill", "/f", "/im", "lumotune.exe"], capture_output=True, check=False)
+        subprocess.run([WINE, "taskkill", "/f", "/im", "orb.exe"], capture_output=True, check=False)
+        self.process = None
+
+
+def picture(path):
+    os.makedirs(os.path.dirname(path), exist_ok=True)
+    subprocess.run(["import", "-window", "root", path], check=True)
+
+
+class Sound:
+    """What the sink plays, mono samples."""
+
+    @staticmethod
+    def record(seconds):
+        recorder = subprocess.Popen(["parec", "-d", "nul.monitor", "--format=s16le", f"--rate={RATE}", "--channels=1",
+                                     "--latency-msec=20"], stdout=subprocess.PIPE)
+        data = recorder.stdout.read(int(seconds * RATE) * 2)
+        recorder.terminate()
+        recorder.wait()
+        return array.array("h", data)
+
+    @staticmethod
+    def level(samples):
+        return math.sqrt(sum(value * value for value in samples) / max(1, len(samples)))
+
+    @staticmethod
+    def strength(samples, hertz):
+        """How much of that tone there is."""
+        turn = 2 * math.cos(2 * math.pi * hertz / RATE)
+        one = two = 0.0
+        for value in samples:
+            one, two = value + turn * one - two, one
+        return math.sqrt(max(0.0, one * one + two * two - turn * one * two)) / max(1, len(samples))
+
+    @classmethod
+    def loudest(cls, seconds=0.6):
+        """The tone of the demonstration's stations that is heard, in hertz; 0 for silence."""
+        samples = cls.record(seconds)
+        if cls.level(samples) < 20:
+            return 0
+        return max((station.hertz for station in STATIONS), key=lambda hertz: cls.strength(samples, hertz))
