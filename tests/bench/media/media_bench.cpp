@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What bench_media measures: the player alone, told what to do by its arguments.
+//   media_bench first URL COUNT        milliseconds from `play` to the first sound at a test device, one a line
+//   media_bench changes COUNT URL...   kilobytes of the process: after a fifth of the changes of station, after all,
+//   most media_bench play URL SECONDS       plays on the machine's device as soon as a line comes in; kilobytes at the
+//   end
+#include "platform/media/player.h"
+#include "platform/memory/event_loop.h"
+#include "tests/media/test_device.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace lumotune::media {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+// Runs the loop on the real clock until that holds or the time is over.
+bool run(platform::memory::MemoryEventLoop& loop, int time_ms, int step_ms, const std::function<bool()>& condition) {
+  const auto start = Clock::now();
+  auto last = start;
+  while (!condition()) {
+    const auto passed = std::chrono::duration_cast<milliseconds>(Clock::now() - last);
+    last += passed;
+    loop.advance(static_cast<std::uint64_t>(passed.count()));
+    if (last - start > milliseconds(time_ms))
+      return false;
+    std::this_thread::sleep_for(milliseconds(step_ms));
+  }
+  return true;
+}
+
+bool never() {
+  return false;
+}
+
+std::wstring wide(const std::string& text) {
+  return {text.begin(), text.end()};
+}
+
+long kilobytes(const std::string& key) {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.rfind(key + ":", 0) == 0)
+      return std::atol(line.c_str() + key.size() + 1);
+  }
+  return 0;
+}
+
+int first_sound(const std::string& url, int count) {
+  const auto device = std::make_shared<rig::TestDevice>();
+  PlayerOptions options;
+  options.make_output = device->factory();
+  platform::memory::MemoryEventLoop loop;
+  const auto player = make_media_player(loop, options);
+  player->set_auto_start(false);
+  player->set_url(wide(url));
+  for (int i = 0; i < count; ++i) {
+    const auto loud = device->loud_blocks();
+    const auto start = Clock::now();
+    player->play();
+    if (!run(loop, 10000, 1, [&] { return device->loud_blocks() > loud; }))
+      return 1;
+    std::cout << std::chrono::duration<double, std::milli>(Clock::now() - start).count() << std::endl;
+    player->stop();
+    (void)run(loop, 500, 5, never);
+  }
+  return 0;
+}
+
+int changes(int count, const std::vector<std::string>& urls) {
+  const auto device = std::make_shared<rig::TestDevice>();
+  PlayerOptions options;
+  options.make_output = device->factory();
+  platform::memory::MemoryEventLoop loop;
+  const auto player = make_media_player(loop, options);
+  long warm = 0;
+  for (int i = 0; i < count + count / 5; ++i) {
+    if (i == count / 5)
+      warm = kilobytes("VmRSS");
+    player->set_url(wide(urls[static_cast<std::size_t>(i) % urls.size()]));
+    if (!run(loop, 10000, 2, [&] { return player->played_ms() > 20; }))
+      return 1;
+  }
+  std::cout << warm << " " << kilobytes("VmRSS") << std::endl;
+  return 0;
+}
+
+int play(const std::string& url, int seconds) {
+  platform::memory::MemoryEventLoop loop;
+  const auto player = make_media_player(loop, {});
+  player->set_auto_start(false);
+  player->set_url(wide(url));
+  std::string line;
+  std::getline(std::cin, line);
+  player->play();
+  (void)run(loop, seconds * 1000, 50, never);
+  std::cout << kilobytes("VmRSS") << " " << player->played_ms() << std::endl;
+  return 0;
+}
+
+} // namespace
+} // namespace lumotune::media
+
+int main(int count, char** values) {
+  const std::vector<std::string> arguments(values + 1, values + count);
+  if (arguments.size() >= 3 && arguments[0] == "first")
+    return lumotune::media::first_sound(arguments[1], std::atoi(arguments[2].c_str()));
+  if (arguments.size() >= 3 && arguments[0] == "changes")
+    return lumotune::media::changes(std::atoi(arguments[1].c_str()), {arguments.begin() + 2, arguments.end()});
+  if (arguments.size() >= 3 && arguments[0] == "play")
+    return lumotune::media::play(arguments[1], std::atoi(arguments[2].c_str()));
+  return 2;
+}

@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What a listener does, and what a network does to him.
+#include "tests/media/player_rig.h"
+
+#include <chrono>
+#include <future>
+#include <mutex>
+
+namespace lumotune::media::rig {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using namespace std::chrono_literals;
+
+class Engine : public PlayerTest {
+protected:
+  FakeRadio radio;
+};
+
+TEST_F(Engine, PlaysALiveStreamAndSaysSo) {
+  play(radio.url("/live/440.mp3?br=128&title=53747265616d5469746c653d2741202d2042273b"));
+  ASSERT_TRUE(until_hears(440)) << told();
+  ASSERT_TRUE(until([this] { return player().status() == L"Přehrávání: A - B (128 kbps)"; })) << told();
+  EXPECT_EQ(player().Status1(), L"Přehrávání                      MP3 128 kbps 44,1 kHz A - B");
+  EXPECT_EQ(texts.front(), L"Připojování...");
+  ASSERT_GE(states.size(), 2U);
+  EXPECT_EQ(states.front(), 9);
+  EXPECT_EQ(states.back(), 3);
+}
+
+TEST_F(Engine, WithoutAnAddressSaysSo) {
+  player().play();
+  EXPECT_TRUE(until([this] { return says(L"Není zadána adresa stanice"); })) << told();
+  play("ftp://127.0.0.1/x");
+  EXPECT_TRUE(until([this] { return says(L"Neznámý druh adresy"); })) << told();
+}
+
+TEST_F(Engine, WaitsForPlayWhereNothingStartsByItself) {
+  player().set_auto_start(false);
+  play(radio.url("/live/440.mp3"));
+  pass(300);
+  EXPECT_EQ(player().status(), L"Zastaveno");
+  EXPECT_EQ(radio.hits("/live/440.mp3"), 0);
+  player().play();
+  EXPECT_TRUE(until_hears(440)) << told();
+  play(radio.url("/live/880.mp3")); // a new address stops what plays
+  EXPECT_TRUE(until([this] { return device->silent(); }));
+  EXPECT_EQ(player().status(), L"Zastaveno");
+}
+
+TEST_F(Engine, IsSilentAtOnceWhenStopped) {
+  play(radio.url("/live/440.mp3"));
+  ASSERT_TRUE(until_hears(440)) << told();
+  const std::uint64_t loud = device->loud_blocks();
+  player().stop();
+  pass(300);
+  EXPECT_LE(device->loud_blocks() - loud, 4U); // of 10 ms each
+  EXPECT_EQ(player().status(), L"Zastaveno");
+  EXPECT_EQ(player().played_ms(), 0U);
+  EXPECT_EQ(states.back(), 1);
+}
+
+TEST_F(Engine, IsLiveAfterStopAndPlay) {
+  play(radio.url("/live/440.mp3?burst=6&then=880.mp3"));
+  ASSERT_TRUE(until_hears(440)) << told();
+  player().stop();
+  pass(50);
+  device->forget();
+  player().play();
+  ASSERT_TRUE(until_hears(880)) << told();
+  EXPECT_FALSE(device->has_heard(440));
+}
+
+TEST_F(Engine, LetsNothingOfTheOldStationIntoTheNew) {
+  play(radio.url("/live/440.mp3?burst=6"));
+  ASSERT_TRUE(until_hears(440)) << told();
+  play(radio.url("/live/880.mp3"));
+  pass(30);
+  device->forget();
+  ASSERT_TRUE(until_hears(880)) << told();
+  EXPECT_FALSE(device->has_heard(440));
+}
+
+TEST_F(Engine, ComesBackAfterADrop) {
+  play(radio.url("/live/440.mp3?burst=1&then=880.mp3"));
+  ASSERT_TRUE(until_hears(440)) << told();
+  radio.command("close");
+  ASSERT_TRUE(until_said(L"Spojení ztraceno, další pokus za ")) << told();
+  EXPECT_EQ(states.back(), 11);
+  ASSERT_TRUE(until_said(L"Stanice neodpovídá, další pokus za ")) << told();
+  radio.command("open");
+  ASSERT_TRUE(until_hears(880)) << told();
+  EXPECT_EQ(states.back(), 3);
+}
+
+TEST_F(Engine, ComesBackAfterAnErrorPage) {
+  play(radio.url("/live/440.mp3?fails=2"));
+  ASSERT_TRUE(until_said(L"Stanice nenalezena (404), další pokus za 1 s")) << told();
+  EXPECT_TRUE(until_hears(440)) << told();
+  EXPECT_EQ(radio.hits("/live/440.mp3"), 3);
+}
+
+TEST_F(Engine, ComesBackAfterAnErrorOfTheServer) {
+  play(radio.url("/live/440.mp3?fails=1&code=503"));
+  ASSERT_TRUE(until_said(L"Stanice odmítla spojení (5")) << told();
+  EXPECT_TRUE(until_hears(440)) << told();
+}
+
+TEST_F(Engine, ComesBackWhenTheStationSendsNothingAnyMore) {
+  options.timeout_ms = 4000; // later than what was sent ends
+  play(radio.url("/live/440.mp3?burst=2.5&mute=0.1&then=880.mp3"));
+  ASSERT_TRUE(until_hears(440)) << told();
+  ASSERT_TRUE(until([this] { return !states.empty() && states.back() == 6; })) << told(); // it says that it ran dry
+  EXPECT_TRUE(until_hears(880)) << told();
+}
+
+TEST_F(Engine, CountsDownAndStopWinsWhileItWaits) {
+  options.retry_scale = 10; // five seconds
+  play(radio.url("/nothing"));
+  ASSERT_TRUE(until_said(L"další pokus za 3 s")) << told();
+  player().stop();
+  ASSERT_TRUE(until([this] { return player().status() == L"Zastaveno"; }, 200)) << told();
+  const int hits = radio.hits("/nothing");
+  pass(300);
+  EXPECT_EQ(player().status(), L"Zastaveno");
+  EXPECT_EQ(radio.hits("/nothing"), hits);
+}
+
+TEST_F(Engine, NeverMakesTheCallerWaitForAServerThatHangs) {
+  options.timeout_ms = 60000;
+  play(radio.url("/hang"));
+  ASSERT_TRUE(until([this] { return radio.hits("/hang") == 1; })) << told();
+  EXPECT_EQ(player().status(), L"Připojování...");
+  const auto start = Clock::now();
+  player().stop();
+  EXPECT_EQ(player().status(), L"Zastaveno");
+  play(radio.url("/live/440.mp3"));
+  player().set_volume(50);
+  EXPECT_LT(Clock::now() - start, 50ms);
+  EXPECT_TRUE(until([this] { return device->hears(440); }, 3000)) << told();
+}
+
+TEST_F(Engine, GivesUpAServerThatHangs) {
+  options.timeout_ms = 500;
+  play(radio.url("/hang"));
+  EXPECT_TRUE(until_said(L"Stanice neodpovídá, další pokus za ")) << told();
+  EXPECT_TRUE(until([this] { return radio.hits("/hang") >= 2; })) << told();
+}
+
+TEST_F(Engine, EndsWhileAServerHangs) {
+  options.timeout_ms = 60000;
+  make();
+  play(radio.url("/hang"));
+  ASSERT_TRUE(until([this] { return radio.hits("/hang") == 1; })) << told();
+  const auto start = Clock::now();
+  make(); // another one in its place
+  EXPECT_LT(Clock::now() - start, 1s);
+}
+
+// What nothing interrupts, as a name look-up: the worker is left behind and another one plays.
+TEST_F(Engine, LeavesAStuckWorkerBehind) {
+  auto free = std::make_shared<std::promise<void>>();
+  const std::shared_future<void> freed = free->get_future().share();
+  options.proxy = [freed](const std::string& address) {
+    if (address.find("stuck") != std::string::npos)
+      freed.wait();
+    return std::string();
+  };
+  play(radio.url("/stuck"));
+  pass(100);
+  const auto start = Clock::now();
+  play(radio.url("/live/440.mp3"));
+  EXPECT_LT(Clock::now() - start, 50ms);
+  EXPECT_TRUE(until([this] { return device->hears(440); }, 5000)) << told();
+  free->set_value();
+  pass(200); // the old one wakes up and disturbs nothing
+  EXPECT_TRUE(device->hears(440));
+  EXPECT_EQ(radio.hits("/stuck"), 0);
+}
+
+TEST_F(Engine, TakesTheLastOfManyStations) {
+  for (int i = 0; i < 100; ++i)
+    play(radio.url("/live/440.mp3?turn=" + std::to_string(i)));
+  play(radio.url("/live/880.mp3"));
+  ASSERT_TRUE(until_hears(880)) << told();
+  EXPECT_LT(radio.hits("/live/440.mp3"), 20);
+  EXPECT_EQ(radio.hits("/live/880.mp3"), 1);
+}
+
+TEST_F(Engine, FollowsARedirection) {
+  play(radio.url("/to?url=/live/440.mp3"));
+  EXPECT_TRUE(until_hears(440)) << told();
+}
+
+TEST_F(Engine, SurvivesARedirectionToItself) {
+  play(radio.url("/loop"));
+  ASSERT_TRUE(until_said(L"další pokus za ")) << told();
+  play(radio.url("/live/440.mp3"));
+  EXPECT_TRUE(until_hears(440)) << told();
+}
+
+TEST_F(Engine, UnderstandsTheOldAnswer) {
+  play(radio.url("/live/440.mp3?icy=1"));
+  EXPECT_TRUE(until_hears(440)) << told();
+}
+
+TEST_F(Engine, KnowsNoiseAndPagesAsNoSound) {
+  play(radio.url("/garbage"));
+  EXPECT_TRUE(until_said(L"Neznámý formát zvuku")) << told();
+  texts.clear();
+  play(radio.url("/text?type=audio/mpeg&body=%3chtml%3e%3cbody%3eSorry%3c/body%3e"));
+  EXPECT_TRUE(until_said(L"Neznámý formát zvuku")) << told();
+  EXPECT_EQ(device->loud_blocks(), 0U);
+}
+
+TEST_F(Engine, SleepsAndWakesWithTheMachine) {
+  play(radio.url("/live/440.mp3?then=880.mp3"));
+  ASSERT_TRUE(until_hears(440)) << told();
+  player().system_suspended();
+  ASSERT_TRUE(until([this] { return device->silent(); })) << told();
+  EXPECT_EQ(states.back(), 11);
+  player().system_resumed();
+  EXPECT_TRUE(until_hears(880)) << told();
+  player().stop();
+  player().system_suspended();
+  player().system_resumed();
+  pass(300);
+  EXPECT_EQ(player().status(), L"Zastaveno");
+  EXPECT_EQ(radio.hits("/live/440.mp3"), 2);
+}
+
+TEST_F(Engine, CountsTheTimeThatWasHeard) {
+  EXPECT_EQ(player().played_ms(), 0U);
+  play(radio.url("/live/440.mp3?burst=0.5&mute=0.5&then=880.mp3"));
+  EXPECT_EQ(player().played_ms(), 0U);
+  ASSERT_TRUE(until_hears(880)) << told(); // after an outage of the two seconds it takes to notice it
+  const auto first = player().played_ms();
+  EXPECT_GT(first, 1000U);
+  EXPECT_LT(first, 1900U); // about one second of the first tone, a little of the second
+  pass(500);
+  EXPECT_NEAR(static_cast<double>(player().played_ms() - first), 500, 100);
+}
+
+TEST_F(Engine, PlaysOnAnyRateOfTheDevice) {
+  for (const int rate : {44100, 96000, 192000}) {
+    device->rate = rate;
+    device->forget();
+    make();
+    play(radio.url("/live/440.mp3"));
+    EXPECT_TRUE(until_hears(440)) << rate << told();
+  }
+}
+
+TEST_F(Engine, WaitsForASoundDevice) {
+  device->present = false;
+  play(radio.url("/live/440.mp3"));
+  ASSERT_TRUE(until([this] { return player().status() == L"Zvukové zařízení není k dispozici"; })) << told();
+  device->present = true;
+  EXPECT_TRUE(until_hears(440)) << told();
+  EXPECT_TRUE(until([this] { return says(L"Přehrávání"); })) << told();
+}
+
+TEST_F(Engine, TakesTheNextSoundDeviceWhenOneDies) {
+  play(radio.url("/live/440.mp3"));
+  ASSERT_TRUE(until_hears(440)) << told();
+  const std::uint64_t blocks = device->blocks();
+  device->broken = true;
+  ASSERT_TRUE(until([this] { return device->opened == 2; })) << told();
+  device->forget();
+  EXPECT_TRUE(until_hears(440)) << told();
+  EXPECT_GT(device->blocks(), blocks);
+}
+
+TEST_F(Engine, ObeysTheVolume) {
+  player().set_volume(0);
+  play(radio.url("/live/440.mp3"));
+  ASSERT_TRUE(until([this] { return player().played_ms() > 300; })) << told();
+  EXPECT_EQ(device->loud_blocks(), 0U);
+  player().set_volume(100);
+  EXPECT_TRUE(until_hears(440));
+  player().set_volume(1000);
+  EXPECT_EQ(player().volume(), 100);
+  player().set_volume(-1);
+  EXPECT_EQ(player().volume(), 0);
+}
+
+// Handlers that do what handlers do.
+TEST_F(Engine, MayBeCalledFromItsNotifications) {
+  play(radio.url("/nothing"));
+  player().on_status_change = [this] {
+    if (says(L"nenalezena"))
+      play(radio.url("/live/440.mp3"));
+  };
+  EXPECT_TRUE(until_hears(440));
+}
+
+} // namespace
+} // namespace lumotune::media::rig

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Every kind of sound, of list and of title, from a radio of our own and from files.
+#include "platform/media/wide.h"
+#include "tests/media/player_rig.h"
+
+#include <filesystem>
+#include <fstream>
+
+namespace lumotune::media::rig {
+namespace {
+
+std::string hex(const std::string& bytes) {
+  std::string text;
+  for (const char c : bytes) {
+    constexpr const char* digits = "0123456789abcdef";
+    text += {digits[static_cast<unsigned char>(c) >> 4], digits[c & 15]};
+  }
+  return text;
+}
+
+std::string escaped(const std::string& text) {
+  const std::string digits = hex(text);
+  std::string all;
+  for (std::size_t i = 0; i < digits.size(); i += 2)
+    all += "%" + digits.substr(i, 2);
+  return all;
+}
+
+class Format : public PlayerTest {
+protected:
+  void expect_list(const std::string& type, const std::string& body) {
+    texts.clear();
+    play(radio.url("/text?type=" + escaped(type) + "&body=" + escaped(body)));
+    EXPECT_TRUE(until_hears(440)) << type << "\n" << body << "\n" << told();
+    play(radio.url("/live/880.mp3"));
+    ASSERT_TRUE(until_hears(880));
+  }
+  FakeRadio radio;
+};
+
+TEST_F(Format, IsFoundByTheBytesWhateverTheTypeSays) {
+  for (const char* type : {"text/html", "audio/x-scpls", "application/ogg", "audio/x-mpegurl", ""}) {
+    play(radio.url("/live/440.mp3?type=" + escaped(type)));
+    EXPECT_TRUE(until_hears(440)) << type << told();
+    play(radio.url("/live/500.aac?type=" + escaped(type)));
+    EXPECT_TRUE(until_hears(500)) << type << told();
+  }
+}
+
+// The one type that FFmpeg's own look at the bytes would believe.
+TEST_F(Format, IsFoundByTheBytesUnderTheTypeOfAac) {
+  play(radio.url("/live/440.mp3?type=audio/aac"));
+  EXPECT_TRUE(until_hears(440)) << told();
+}
+
+TEST_F(Format, OggPlaysAndTellsItsTitle) {
+  play(radio.url("/live/600.ogg?type=application/ogg"));
+  EXPECT_TRUE(until_hears(600)) << told();
+  EXPECT_TRUE(until([this] { return says(L"Přehrávání: Umělec - Píseň"); })) << told();
+  EXPECT_EQ(player().Status1().substr(32, 7), L"Vorbis ");
+  play(radio.url("/live/700.opus?type=application/ogg"));
+  EXPECT_TRUE(until_hears(700)) << told();
+  play(radio.url("/live/800.oga?type=application/ogg&kbps=700"));
+  EXPECT_TRUE(until_hears(800)) << told();
+}
+
+TEST_F(Format, FilesPlayToTheirEnd) {
+  const std::pair<const char*, double> files[] = {{"300.wav", 300}, {"350.flac", 350}, {"400.wma", 400}};
+  for (const auto& [name, hertz] : files) {
+    texts.clear();
+    play(media(name));
+    EXPECT_TRUE(until_hears(hertz)) << name << told();
+    ASSERT_TRUE(until_said(L"Přehrávání skončilo")) << name << told();
+    EXPECT_EQ(states.back(), 1);
+  }
+}
+
+TEST_F(Format, FilesHaveAddressesAndCzechNames) {
+  play(media("Příšerně žluťoučký.flac"));
+  EXPECT_TRUE(until_hears(350)) << told();
+  player().stop();
+  ASSERT_TRUE(until([this] { return device->silent(); }));
+  play("file://" + media("P%C5%99%C3%AD%C5%A1ern%C4%9B%20%C5%BElu%C5%A5ou%C4%8Dk%C3%BD.flac"));
+  EXPECT_TRUE(until_hears(350)) << told();
+  play(media("missing.mp3"));
+  EXPECT_TRUE(until_said(L"Soubor nenalezen")) << told();
+}
+
+TEST_F(Format, FilesOfAServerPlayToTheirEnd) {
+  play(radio.url("/file/350.flac"));
+  EXPECT_TRUE(until_hears(350)) << told();
+  EXPECT_TRUE(until_said(L"Přehrávání skončilo")) << told();
+  EXPECT_EQ(radio.hits("/file/350.flac"), 1);
+}
+
+TEST_F(Format, HlsPlays) {
+  play(radio.url("/file/550.m3u8"));
+  EXPECT_TRUE(until_hears(550)) << told();
+  play(radio.url("/file/650.m3u8"));
+  EXPECT_TRUE(until_hears(650)) << told();
+}
+
+TEST_F(Format, ListsLeadToTheirStations) {
+  expect_list("audio/x-scpls", "[playlist]\nNumberOfEntries=1\nFile1={base}/live/440.mp3\n");
+  expect_list("audio/x-mpegurl", "#EXTM3U\n#EXTINF:-1,Radio\n{base}/live/440.mp3\n");
+  expect_list("text/plain", "{base}/live/440.mp3");
+  expect_list("video/x-ms-asf", "<ASX><Entry><REF HREF='{base}/live/440.mp3?a=1&amp;b=2'/></Entry></ASX>");
+  expect_list("application/xspf+xml", "<?xml version='1.0'?><playlist><trackList><track><location>{base}/live/440.mp3"
+                                      "</location></track></trackList></playlist>");
+}
+
+TEST_F(Format, ListsAreTriedInTheirOrder) {
+  expect_list("audio/x-scpls", "[playlist]\nFile1={base}/nothing\nFile2=ftp://127.0.0.1/\nFile3=/live/440.mp3\n"
+                               "File4={base}/never\n");
+  EXPECT_GE(radio.hits("/nothing"), 1);
+  EXPECT_EQ(radio.hits("/never"), 0);
+}
+
+TEST_F(Format, ListsMayNameLists) {
+  const std::string inner = "/text?type=audio/x-scpls&body=" + escaped("[playlist]\nFile1={base}/live/440.mp3\n");
+  expect_list("audio/x-mpegurl", "{base}" + inner);
+}
+
+TEST_F(Format, ListsThatNameThemselvesEnd) {
+  std::ofstream(media("self.m3u")) << "#EXTM3U\nself.m3u\nself.m3u\n";
+  play(radio.url("/file/self.m3u"));
+  EXPECT_TRUE(until_said(L"další pokus za ")) << told();
+  play(radio.url("/live/440.mp3"));
+  EXPECT_TRUE(until_hears(440)) << told();
+}
+
+TEST_F(Format, ListsOfTheNetworkDoNotReachTheListenersFiles) {
+  play(radio.url("/text?type=audio/x-mpegurl&body=" +
+                 escaped("#EXTM3U\n" + media("300.wav") + "\nfile://" + media("300.wav"))));
+  ASSERT_TRUE(until_said(L"další pokus za ")) << told();
+  EXPECT_FALSE(device->has_heard(300));
+}
+
+TEST_F(Format, ListsOnDiskMayNameFilesBesideThem) {
+  std::ofstream(media("beside.m3u")) << "300.wav\r\n";
+  play(media("beside.m3u"));
+  EXPECT_TRUE(until_hears(300)) << told();
+}
+
+TEST_F(Format, TitlesAreReadable) {
+  const std::pair<std::string, std::wstring> titles[] = {
+      {"StreamTitle='P\xc5\x99\xc3\xad\xc5\xa1"
+       "era';",
+       L"Příšera"},
+      {"StreamTitle='P\xf8\xed\x9a"
+       "era';StreamUrl='';",
+       L"Příšera"},
+      {"StreamTitle='Rock'n'roll';b';", L"Rock'n'roll';b"},
+      {"StreamTitle='Dvo&#345;&#225;k &amp; syn';", L"Dvořák & syn"},
+  };
+  for (const auto& [block, title] : titles) {
+    play(radio.url("/live/440.mp3?title=" + hex(block)));
+    EXPECT_TRUE(until([&, this] { return player().status().find(L"Přehrávání: " + title) == 0; })) << told();
+    play(radio.url("/live/880.mp3"));
+    ASSERT_TRUE(until_hears(880));
+  }
+}
+
+TEST_F(Format, TitlesFollowTheSongs) {
+  play(radio.url("/live/440.mp3?burst=0.5&every=8&title=" + hex("StreamTitle='one';") +
+                 "&title=" + hex("StreamTitle='two';") + "&title=" + hex("StreamTitle='';")));
+  EXPECT_TRUE(until_said(L"Přehrávání: one")) << told();
+  EXPECT_TRUE(until_said(L"Přehrávání: two")) << told();
+  EXPECT_TRUE(until([this] {
+    return player().status().find(L"Přehrávání (") == 0 || player().status() == L"Přehrávání";
+  })) << told();
+}
+
+} // namespace
+} // namespace lumotune::media::rig

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/media/drift.h"
+#include "platform/media/retry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace lumotune::media {
+namespace {
+
+std::vector<std::uint32_t> delays(RetryPolicy& retry, int count, double random) {
+  std::vector<std::uint32_t> all;
+  for (int i = 0; i < count; ++i)
+    all.push_back(retry.next_delay_ms(random));
+  return all;
+}
+
+TEST(Retry, WaitsLongerEachTimeAndNeverGivesUp) {
+  RetryPolicy retry;
+  EXPECT_EQ(delays(retry, 8, 0.5), (std::vector<std::uint32_t>{500, 1000, 2000, 4000, 8000, 15000, 15000, 15000}));
+}
+
+TEST(Retry, VariesByAFifth) {
+  RetryPolicy low;
+  RetryPolicy high;
+  EXPECT_EQ(delays(low, 2, 0.0), (std::vector<std::uint32_t>{400, 800}));
+  EXPECT_EQ(delays(high, 2, 1.0), (std::vector<std::uint32_t>{600, 1200}));
+}
+
+TEST(Retry, BeginsAnewAfterAStationThatPlayedWell) {
+  RetryPolicy retry;
+  (void)delays(retry, 6, 0.5);
+  retry.heard(4999); // one that lets nobody stay is not asked every half second
+  EXPECT_EQ(retry.next_delay_ms(0.5), 15000U);
+  retry.heard(5000);
+  EXPECT_EQ(retry.next_delay_ms(0.5), 500U);
+}
+
+struct Day {
+  double lowest = 1e9;
+  double highest = 0;
+};
+
+// One day of a station whose clock is wrong by so many millionths; the buffer's level second by second.
+Day simulate(double start_ms, double millionths) {
+  DriftControl drift;
+  double level = start_ms;
+  Day day;
+  for (int second = 0; second < 24 * 3600; ++second) {
+    const int thousandths = drift.step(static_cast<std::uint32_t>(std::max(level, 0.0)));
+    // Slower (below 0) makes more samples of what arrives.
+    level += 1000.0 * ((1.0 + millionths / 1e6) * (1.0 - thousandths / 1000.0) - 1.0);
+    day.lowest = std::min(day.lowest, level);
+    day.highest = std::max(day.highest, level);
+  }
+  return day;
+}
+
+// Clocks of sound cards are wrong by 100 millionths and, badly made, by 500.
+TEST(Drift, NeitherStarvesNorGrowsTheBufferInADay) {
+  for (const double millionths : {-500.0, -100.0, -20.0, 0.0, 20.0, 100.0, 500.0}) {
+    for (const double start : {250.0, 2000.0, 6500.0}) {
+      const Day day = simulate(start, millionths);
+      EXPECT_GE(day.lowest, std::min(start, 990.0)) << millionths << " from " << start;
+      EXPECT_LE(day.highest, std::max(start, 6010.0)) << millionths << " from " << start;
+    }
+  }
+}
+
+TEST(Drift, LeavesAStreamThatFitsAlone) {
+  DriftControl drift;
+  for (const std::uint32_t level : {1000U, 3000U, 6000U, 1800U, 5000U})
+    EXPECT_EQ(drift.step(level), 0);
+}
+
+} // namespace
+} // namespace lumotune::media

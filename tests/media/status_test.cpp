@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/media/status_text.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::media {
+namespace {
+
+StreamStatus playing() {
+  StreamStatus status;
+  status.phase = Phase::playing;
+  status.title = L"Umělec - Píseň";
+  status.codec = L"MP3";
+  status.kbps = 128;
+  status.hertz = 44100;
+  return status;
+}
+
+std::wstring waiting(Trouble trouble, int seconds, int code = 0) {
+  StreamStatus status;
+  status.phase = Phase::waiting;
+  status.trouble = trouble;
+  status.retry_seconds = seconds;
+  status.http_code = code;
+  return state_text(status);
+}
+
+std::wstring stopped(Trouble trouble) {
+  StreamStatus status;
+  status.trouble = trouble;
+  return status_text(status);
+}
+
+TEST(StatusText, SaysEveryState) {
+  StreamStatus status;
+  EXPECT_EQ(status_text(status), L"Zastaveno");
+  status.phase = Phase::connecting;
+  EXPECT_EQ(status_text(status), L"Připojování...");
+  status.phase = Phase::buffering;
+  status.percent = 40;
+  status.title = L"x";
+  EXPECT_EQ(status_text(status), L"Načítání do vyrovnávací paměti (40 %)");
+}
+
+TEST(StatusText, SaysWhatPlays) {
+  StreamStatus status = playing();
+  EXPECT_EQ(status_text(status), L"Přehrávání: Umělec - Píseň (128 kbps)");
+  status.kbps = 0;
+  EXPECT_EQ(status_text(status), L"Přehrávání: Umělec - Píseň");
+  status.title.clear();
+  EXPECT_EQ(status_text(status), L"Přehrávání");
+  status.kbps = 96;
+  EXPECT_EQ(status_text(status), L"Přehrávání (96 kbps)");
+}
+
+TEST(StatusText, SaysWhyNothingPlaysAndWhenItIsTriedAgain) {
+  EXPECT_EQ(waiting(Trouble::lost, 4), L"Spojení ztraceno, další pokus za 4 s");
+  EXPECT_EQ(waiting(Trouble::lost, 0), L"Spojení ztraceno");
+  EXPECT_EQ(waiting(Trouble::not_answering, 15), L"Stanice neodpovídá, další pokus za 15 s");
+  EXPECT_EQ(waiting(Trouble::not_found, 0, 404), L"Stanice nenalezena (404)");
+  EXPECT_EQ(waiting(Trouble::not_found, 0), L"Soubor nenalezen");
+  EXPECT_EQ(waiting(Trouble::refused_by_server, 1, 403), L"Stanice odmítla spojení (403), další pokus za 1 s");
+  EXPECT_EQ(waiting(Trouble::unknown_format, 2), L"Neznámý formát zvuku, další pokus za 2 s");
+  EXPECT_EQ(stopped(Trouble::no_address), L"Není zadána adresa stanice");
+  EXPECT_EQ(stopped(Trouble::unsupported_address), L"Neznámý druh adresy");
+  EXPECT_EQ(stopped(Trouble::ended), L"Přehrávání skončilo");
+  StreamStatus status = playing();
+  status.trouble = Trouble::no_device;
+  EXPECT_EQ(status_text(status), L"Zvukové zařízení není k dispozici");
+}
+
+TEST(StatusText, HasADecimalComma) {
+  StreamStatus status = playing();
+  EXPECT_EQ(quality_text(status), L"MP3 128 kbps 44,1 kHz");
+  status.hertz = 48000;
+  EXPECT_EQ(quality_text(status), L"MP3 128 kbps 48 kHz");
+  status.hertz = 22050;
+  EXPECT_EQ(quality_text(status), L"MP3 128 kbps 22,05 kHz");
+  status.hertz = 11025;
+  status.kbps = 0;
+  EXPECT_EQ(quality_text(status), L"MP3 11,025 kHz");
+  status.codec.clear();
+  status.hertz = 0;
+  EXPECT_EQ(quality_text(status), L"");
+}
+
+// The display cuts at these columns.
+TEST(StatusColumns, StandWhereTheDisplayCuts) {
+  const std::wstring text = status_columns(playing());
+  EXPECT_EQ(text.substr(0, 32), L"Přehrávání                      ");
+  EXPECT_EQ(text.substr(32, 22), L"MP3 128 kbps 44,1 kHz ");
+  EXPECT_EQ(text.substr(54), L"Umělec - Píseň");
+}
+
+TEST(StatusColumns, StandWhateverTheLengths) {
+  StreamStatus status = playing();
+  status.codec = L"Vorbis";
+  status.kbps = 12345;
+  EXPECT_EQ(status_columns(status).substr(32), L"Vorbis 12345 kbps 44,1Umělec - Píseň");
+  status.phase = Phase::buffering;
+  status.percent = 70;
+  const std::wstring text = status_columns(status);
+  EXPECT_EQ(text.substr(0, 32), L"Načítání do vyrovnávací paměti (");
+  EXPECT_EQ(text.substr(54), L"Načítání do vyrovnávací paměti (70 %)");
+}
+
+TEST(StatusColumns, SayTheStateWhereThereIsNoTitle) {
+  StreamStatus status = playing();
+  status.title.clear();
+  EXPECT_EQ(status_columns(status).substr(54), L"Přehrávání");
+  EXPECT_EQ(status_columns({}).substr(54), L"Zastaveno");
+}
+
+} // namespace
+} // namespace lumotune::media
