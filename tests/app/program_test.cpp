@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The whole program, wired, on the backend in memory: from outside, by clicks, commands and files.
+#include "app/program.h"
+#include "tests/support/core_world.h"
+#include "tests/support/skin_world.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::test {
+namespace {
+
+using platform::MouseButton;
+using platform::WindowState;
+
+struct ProgramTest : testing::Test {
+  platform::memory::MemoryEventLoop loop;
+  platform::memory::MemoryFiles files;
+  platform::memory::MemoryCodec codec;
+  platform::memory::MemoryMachine machine;
+  platform::memory::MemoryMessages messages;
+  platform::memory::MemoryShell shell;
+  platform::memory::MemoryDialogs dialogs;
+  platform::memory::MemoryTray tray;
+  platform::memory::MemoryMediaPlayer player;
+  platform::memory::MemoryWindow window{files};
+  core::LumotuneForm form{window};
+  app::Program program{{loop, codec, files, shell, machine, window, messages, dialogs, tray, player}, form};
+
+  ProgramTest() {
+    put(L"Orb_Data\\options.ini", joined(option_lines()));
+    put(L"Orb_Data\\skins\\Lumo.skin",
+        "Author|nikdo\r\nLTform|6000|3000\r\nLineMenu_OnTop|show|1|2\r\nLineMenu_Min|show|1|2\r\n"
+        "LineMenu_End|show|1|2\r\nControl_Play|show|1|2\r\nControl_Volume|show|1|2\r\nControl_Menu|show|1|2\r\n"
+        "Control_List|show|1|2|hideplay|3|4|5|6\r\nLTDisplay|show|1|2|showstop|showifnulllist\r\n"
+        "Orbwww|show|1|2|showstop\r\nInfoName|1|2|3|4|5\r\nInfoTime|1|2|3|4|5\r\nInfoNaladit|1|2|3|4|5\r\n"
+        "InfoStatus|1|10|20|30|40|50|60|7\r\n");
+    for (const wchar_t* name : {L"form", L"ot", L"otn", L"min", L"end", L"play", L"stop", L"menu", L"display", L"orb",
+                                L"vol0", L"vol1", L"vol2", L"vol3", L"vol4", L"vol5"})
+      put(std::wstring(L"Orb_Data\\skins\\Lumo\\") + name + L".gif", gif(20, 10));
+    put(L"radios.tt", CoreWorld::record("RADIO1", "Prvn\xed", "u1a", "u2a"));
+    messages.add_window(L"Orb - Lumotune", platform::WindowRef{77});
+  }
+  void put(const std::wstring& name, const std::string& bytes) {
+    (void)files.replace(machine.folder + L"\\" + name, bytes);
+  }
+  [[nodiscard]] std::string get(const std::wstring& name) const {
+    return files.read(machine.folder + L"\\" + name).value_or("");
+  }
+  void tray_event(int message) { window.picture(L"TrayIcon")->system_mouse_move({MouseButton::none, message * 15, 0}); }
+  [[nodiscard]] std::wstring picture(const wchar_t* control) const {
+    return SkinWorld::file_name(window.picture(control)->picture());
+  }
+};
+
+TEST_F(ProgramTest, StartsInItsSkinAndPlaysAndStops) {
+  ASSERT_TRUE(program.start());
+  EXPECT_TRUE(window.visible());
+  EXPECT_EQ(window.caption(), L"Lumotune");
+  EXPECT_EQ(window.rect(), (platform::TwipsRect{3000, 4500, 6000, 3000}));
+  EXPECT_TRUE(tray.added);
+  EXPECT_EQ(picture(L"Control_Volume"), L"vol2.gif");
+  EXPECT_EQ(picture(L"Control_Play"), L"play.gif");
+  EXPECT_TRUE(form.InfoNaladit.visible()) << "nothing plays and the list is empty";
+  EXPECT_FALSE(form.Control_List.visible()) << "the empty list is hidden when the hint shows";
+  EXPECT_TRUE(form.LTDisplay.visible()) << "showifnulllist";
+
+  ASSERT_TRUE(window.picture(L"Control_Play")->user_click());
+  EXPECT_EQ(player.url(), L"u2a");
+  EXPECT_EQ(player.calls.back(), L"play");
+  EXPECT_EQ(picture(L"Control_Play"), L"stop.gif");
+  EXPECT_FALSE(form.InfoNaladit.visible());
+  EXPECT_FALSE(form.Orbwww.visible());
+  loop.advance(1000);
+  EXPECT_EQ(form.InfoName.text(), L"První");
+  EXPECT_EQ(tray.tip, L"První - Lumotune");
+  EXPECT_EQ(window.caption(), L"Lumotune");
+
+  ASSERT_TRUE(window.picture(L"Control_Play")->user_click());
+  EXPECT_EQ(player.calls.back(), L"stop");
+  EXPECT_EQ(picture(L"Control_Play"), L"play.gif");
+  EXPECT_TRUE(form.InfoNaladit.visible());
+}
+
+TEST_F(ProgramTest, ThePlayersNotificationsReachTheStatus) {
+  ASSERT_TRUE(program.start());
+  player.status_text = L"Připojování...";
+  player.on_play_state_change(1);
+  EXPECT_EQ(form.InfoStatus.text(), L"Připojování...");
+  player.status_text = L"Přehrávání";
+  player.on_status_change();
+  EXPECT_EQ(form.InfoStatus.tooltip(), L"Přehrávání");
+}
+
+TEST_F(ProgramTest, TheFramesPicturesAndTheTrayWork) {
+  ASSERT_TRUE(program.start());
+  EXPECT_TRUE(window.picture(L"LineMenu_OnTop")->user_click());
+  EXPECT_TRUE(window.topmost());
+  EXPECT_EQ(picture(L"LineMenu_OnTop"), L"ot.gif");
+  EXPECT_TRUE(window.picture(L"LineMenu_OnTop")->user_click());
+  EXPECT_FALSE(window.topmost());
+  EXPECT_TRUE(window.picture(L"LineMenu_Min")->user_click());
+  EXPECT_FALSE(window.visible());
+  EXPECT_TRUE(tray.added);
+  tray_event(513);
+  EXPECT_TRUE(window.visible());
+  EXPECT_EQ(window.state(), WindowState::normal);
+  window.on_mouse_move({MouseButton::left, 1, 1});
+  EXPECT_EQ(window.dragged, 1);
+  EXPECT_TRUE(window.label(L"InfoNaladit")->user_mouse_move({MouseButton::none, 1, 1}));
+  EXPECT_TRUE(form.InfoNaladit.underline());
+  EXPECT_TRUE(window.picture(L"LTDisplay")->user_mouse_move({MouseButton::none, 1, 1}));
+  EXPECT_FALSE(form.InfoNaladit.underline());
+}
+
+TEST_F(ProgramTest, ASecondCopysCommandShowsTheHiddenWindow) {
+  ASSERT_TRUE(program.start());
+  EXPECT_TRUE(window.picture(L"LineMenu_Min")->user_click());
+  EXPECT_EQ(messages.deliver("fmax"), -1);
+  loop.run_pending();
+  EXPECT_TRUE(window.visible());
+}
+
+TEST_F(ProgramTest, AnAddressOfTheClientsDoesNotUnhideTheWindow) {
+  ASSERT_TRUE(program.start());
+  EXPECT_TRUE(window.picture(L"LineMenu_Min")->user_click());
+  EXPECT_EQ(messages.deliver("p:http://adresa"), -1);
+  loop.run_pending();
+  EXPECT_EQ(player.url(), L"http://adresa");
+  EXPECT_FALSE(window.visible());
+  EXPECT_EQ(program.session.window_shown, L"0");
+}
+
+TEST_F(ProgramTest, TheClosePictureSavesAndEnds) {
+  ASSERT_TRUE(program.start());
+  window.move(150, 300);
+  EXPECT_TRUE(window.picture(L"LineMenu_End")->user_click());
+  EXPECT_TRUE(loop.quitting());
+  EXPECT_FALSE(tray.added);
+  EXPECT_NE(get(L"Orb_Data\\options.ini").find("#022:LTpleft:150\r\n#023:LTptop:300\r\n"), std::string::npos);
+}
+
+TEST_F(ProgramTest, TheSystemsCloseAndTheEndOfTheSessionEndItOnce) {
+  ASSERT_TRUE(program.start());
+  window.on_session_end();
+  EXPECT_TRUE(loop.quitting());
+  const auto changes = files.changes().size();
+  window.on_close();
+  EXPECT_EQ(files.changes().size(), changes);
+}
+
+TEST_F(ProgramTest, SuspendAndResumeReachThePlayer) {
+  ASSERT_TRUE(program.start());
+  window.on_suspend();
+  window.on_resume();
+  EXPECT_EQ(player.calls.back(), L"resumed");
+  EXPECT_EQ(player.calls[player.calls.size() - 2], L"suspended");
+}
+
+TEST_F(ProgramTest, WithoutALoginNothingIsShown) {
+  auto lines = option_lines();
+  lines[5] = "#005:AAAAA:";
+  put(L"Orb_Data\\options.ini", joined(lines));
+  EXPECT_FALSE(program.start());
+  EXPECT_FALSE(window.visible());
+  EXPECT_FALSE(tray.added);
+  EXPECT_TRUE(loop.quitting());
+}
+
+TEST_F(ProgramTest, ABrokenSkinStillLeavesAProgramThatPlaysAndEnds) {
+  (void)files.remove(machine.folder + L"\\Orb_Data\\skins\\Lumo\\form.gif");
+  ASSERT_TRUE(program.start());
+  EXPECT_NE(get(L"Orb_Data\\error.log").find("form.gif"), std::string::npos);
+  EXPECT_EQ(messages.deliver("play"), -1);
+  loop.run_pending();
+  EXPECT_EQ(player.calls.back(), L"play");
+  tray_event(513);
+  EXPECT_FALSE(window.visible());
+  program.shutdown.Konec();
+  EXPECT_TRUE(loop.quitting());
+}
+
+} // namespace
+} // namespace lumotune::test

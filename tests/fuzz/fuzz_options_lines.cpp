@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Any settings file: a full one keeps its number of lines and the client's own bytes, a short one is left alone.
+#include "core/options_lines.h"
+#include "platform/memory/files.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <set>
+
+using namespace lumotune;
+
+namespace {
+
+void demand(bool fact) {
+  if (!fact)
+    std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const platform::memory::MemoryCodec codec;
+  std::string bytes(reinterpret_cast<const char*>(data), size);
+  // Half of the files are made long enough to be written.
+  if (size > 0 && data[0] % 2 == 0) {
+    for (int i = 0; i < 24; ++i)
+      bytes += "\r\n#x";
+  }
+  const core::TextLines before = core::without_empty_lines(core::split_text_lines(bytes));
+  core::Settings settings;
+  core::read_settings(before, codec, settings);
+  demand(settings.IDlastRadio.size() <= 6);
+  core::TextLines after = before;
+  const bool written = core::write_settings(after, codec, settings);
+  demand(written == (before.size() >= core::options_line_count));
+  if (!written) {
+    demand(after == before);
+    return 0;
+  }
+  const core::TextLines again = core::without_empty_lines(core::split_text_lines(core::join_lines(after)));
+  demand(again == after && after.size() == before.size());
+  const std::set<std::size_t> own = {11, 12, 13, 20, 21, 22, 23};
+  for (std::size_t i = 0; i < before.size(); ++i)
+    demand(own.count(i) > 0 || after[i] == before[i]);
+  return 0;
+}
