@@ -15,10 +15,10 @@
 namespace lumotune::media::rig {
 namespace {
 
-sockaddr_in loopback(int port) {
+sockaddr_in socket_address(const std::string& host, int port) {
   sockaddr_in address{};
   address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  address.sin_addr.s_addr = inet_addr(host.c_str());
   address.sin_port = htons(static_cast<std::uint16_t>(port));
   return address;
 }
@@ -87,9 +87,9 @@ std::string Process::read_line() {
   return line;
 }
 
-int free_port() {
+int free_port(const std::string& host) {
   const int socket_number = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address = loopback(0);
+  sockaddr_in address = socket_address(host, 0);
   socklen_t size = sizeof address;
   (void)bind(socket_number, reinterpret_cast<sockaddr*>(&address), size);
   (void)getsockname(socket_number, reinterpret_cast<sockaddr*>(&address), &size);
@@ -97,9 +97,9 @@ int free_port() {
   return ntohs(address.sin_port);
 }
 
-bool port_answers(int port) {
+bool port_answers(const std::string& host, int port) {
   const int socket_number = socket(AF_INET, SOCK_STREAM, 0);
-  const sockaddr_in address = loopback(port);
+  const sockaddr_in address = socket_address(host, port);
   const bool answers = connect(socket_number, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
   close(socket_number);
   return answers;

@@ -29,7 +29,8 @@ private:
   int from_ = -1;
 };
 
-[[nodiscard]] int free_port();
-[[nodiscard]] bool port_answers(int port);
+// Of an address of this machine.
+[[nodiscard]] int free_port(const std::string& address);
+[[nodiscard]] bool port_answers(const std::string& address, int port);
 
 } // namespace lumotune::media::rig
