@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 namespace lumotune::test {
 namespace {
 
@@ -129,6 +131,38 @@ TEST_F(ClientCommandsTest, WithoutTheHookNothingArrives) {
   w.commands.Hook(false);
   EXPECT_EQ(w.command("fmax"), 0);
   EXPECT_TRUE(w.journal.empty());
+}
+
+TEST_F(ClientCommandsTest, ACommandThatFailsDoesNotDeafenTheWindow) {
+  w.favourites.during = [this] {
+    w.favourites.during = {};
+    throw std::runtime_error("favourites");
+  };
+  w.messages.deliver("list");
+  try {
+    w.loop.run_pending();
+  } catch (const std::runtime_error&) {
+    w.journal.emplace_back(L"reached the loop"); // whose entry from the system catches all
+  }
+  w.command("fmax");
+  EXPECT_TRUE(w.did(L"FormMax"));
+}
+
+TEST_F(ClientCommandsTest, NothingIsCarriedOutOnceTheProgramEnds) {
+  w.favourites.during = [this] { w.loop.quit(); };
+  w.messages.deliver("list");
+  w.messages.deliver("fmax");
+  w.loop.run_pending();
+  EXPECT_EQ(w.journal, (Journal{L"ZobrazOblibene"}));
+}
+
+TEST_F(ClientCommandsTest, TextsOfTwoTestsAreToldApart) {
+  w.settings.KvalitaLT = L"2";
+  w.command("id:K:3");
+  EXPECT_EQ(w.settings.IDlastRadio, L"K:3");
+  EXPECT_EQ(w.settings.KvalitaLT, L"2");
+  w.command("id:");
+  EXPECT_EQ(w.settings.IDlastRadio, L"");
 }
 
 } // namespace

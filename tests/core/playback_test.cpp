@@ -34,12 +34,14 @@ TEST_F(PlaybackTest, AnEmptyAddressTakesTheOneShotAddressWhichIsThenUsedUp) {
 
 TEST_F(PlaybackTest, PlayDoesItsStepsInOrder) {
   w.settings.IDlastRadio = L"RADIO1";
-  w.form.InfoName.set_visible(false);
+  for (auto* label : {&w.form.InfoName, &w.form.InfoTime, &w.form.InfoStatus})
+    label->set_visible(false);
   w.playback.Play();
   EXPECT_EQ(w.player.calls.back(), L"play");
   EXPECT_EQ(w.journal, (Journal{L"ZobrazCoMas Stop", L"Timer1"}));
   EXPECT_EQ(w.form.PlayTL.text(), L"Stop");
   EXPECT_EQ(w.form.Control_Play.text(), L"Stop");
+  EXPECT_EQ(w.form.Control_Play.tooltip(), L"Stop");
   EXPECT_TRUE(w.form.InfoTime.visible() && w.form.InfoName.visible() && w.form.InfoStatus.visible());
   EXPECT_FALSE(w.form.InfoNaladit.visible());
   EXPECT_EQ(w.session.station_name, L"První");

@@ -69,5 +69,34 @@ TEST_F(SendCommand, AnEndingProgramDoesNotGoOnWaiting) {
   EXPECT_TRUE(w.messages.sent.empty());
 }
 
+TEST_F(SendCommand, EventsRunBeforeTheLookUp) {
+  w.loop.at(0, [this] { w.messages.add_window(L"Okno", WindowRef{4}); });
+  send(L"0");
+  ASSERT_EQ(w.messages.sent.size(), 1U);
+  EXPECT_EQ(w.messages.sent[0].target, WindowRef{4});
+}
+
+TEST_F(SendCommand, EventsRunAfterTheStart) {
+  bool ran = false;
+  w.shell.on_start = [&](const auto&) { w.loop.at(0, [&] { ran = true; }); };
+  send(L"1");
+  EXPECT_TRUE(ran);
+}
+
+TEST_F(SendCommand, AProgramThatCannotBeStartedIsStillLookedFor) {
+  w.shell.start_works = false;
+  send(L"2");
+  EXPECT_EQ(w.messages.looked_up.size(), 9U);
+}
+
+TEST_F(SendCommand, AnEndingProgramStillSaysItsLastWord) {
+  w.messages.add_window(L"Okno", WindowRef{5});
+  w.loop.quit();
+  send(L"x");
+  EXPECT_EQ(w.messages.sent.size(), 1U);
+  send(L"2");
+  EXPECT_EQ(w.messages.sent.size(), 1U) << "but it does not begin to retry";
+}
+
 } // namespace
 } // namespace lumotune::test

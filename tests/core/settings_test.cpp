@@ -141,5 +141,45 @@ TEST(Settings, ASaveRightAfterTheServerFileWouldUseItsLines) {
   EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined(option_lines()));
 }
 
+TEST(Settings, AShortServerFileAfterAFullOneDoesNotKeepTheOldLines) {
+  CoreWorld w;
+  w.options.LoadOptions();
+  w.put(L"Orb_Data\\orb_server.tt", "jen\r\njeden\r\n");
+  w.options.LoadOptionsServer();
+  EXPECT_EQ(w.settings.server_address, L"");
+  EXPECT_NE(w.get(L"Orb_Data\\error.log"), "(none)");
+}
+
+TEST(Settings, AMissingServerFileComesBackFromTheClientsCopy) {
+  CoreWorld w;
+  (void)w.files.remove(w.path(L"Orb_Data\\orb_server.tt"));
+  w.options.LoadOptions(); // its lines must not be taken for the server's
+  w.put(L"Orb_Data\\orb_server.tt.tmp", "\r\n\r\n\r\n\r\n\r\n\r\n123456789012345http://zaloha\r\n");
+  w.options.LoadOptionsServer();
+  EXPECT_EQ(w.settings.server_address, L"") << "the address keeps its value this time";
+  w.options.LoadOptionsServer();
+  EXPECT_EQ(w.settings.server_address, L"http://zaloha");
+}
+
+TEST(Settings, LoadingTwiceDoesNotDoubleTheLines) {
+  CoreWorld w;
+  w.options.LoadOptions();
+  w.options.LoadOptions();
+  w.options.read_values();
+  w.window.move(3000, 4500);
+  w.options.SaveOptions();
+  EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined(option_lines()));
+}
+
+TEST(Settings, AVisibleWindowSavesWhereItIs) {
+  CoreWorld w;
+  w.options.LoadOptions();
+  w.options.read_values();
+  w.session.window_shown = L"1";
+  w.window.move(150, 300);
+  w.options.SaveOptions();
+  EXPECT_NE(w.get(L"Orb_Data\\options.ini").find("#022:LTpleft:150\r\n#023:LTptop:300\r\n"), std::string::npos);
+}
+
 } // namespace
 } // namespace lumotune::test

@@ -80,5 +80,40 @@ TEST_F(ShutdownTest, RunsOnce) {
   EXPECT_EQ(w.journal, (Journal{L"remove tray", L"OnTopNO"}));
 }
 
+TEST_F(ShutdownTest, WhatStillWaitsIsHandledAfterTheHookIsGone) {
+  start();
+  bool hooked = true;
+  w.loop.at(0, [&] { hooked = w.messages.hooked(); });
+  w.shutdown.Konec();
+  EXPECT_FALSE(hooked);
+}
+
+TEST_F(ShutdownTest, TheIconGoesBeforeTheSettingsAreSaved) {
+  start();
+  w.journal.clear();
+  struct Watch final : core::ChromePort {
+    explicit Watch(CoreWorld& world) : w(world) {}
+    void OnTopYES() override {}
+    void OnTopNO() override { saved_before_layer = w.files.changes().size() > changes; }
+    void FormMax() override {}
+    void Tray() override {}
+    void remove_tray() override { changes = w.files.changes().size(); }
+    CoreWorld& w;
+    std::size_t changes = 0;
+    bool saved_before_layer = false;
+  } watch(w);
+  w.shutdown.chrome.bind(watch);
+  w.shutdown.Konec();
+  EXPECT_TRUE(watch.saved_before_layer);
+}
+
+TEST_F(ShutdownTest, ALockedSettingsFileDoesNotKeepTheProgram) {
+  start();
+  w.files.make_readonly(w.path(L"Orb_Data\\options.ini"));
+  w.shutdown.Konec();
+  EXPECT_TRUE(w.loop.quitting());
+  EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined(option_lines()));
+}
+
 } // namespace
 } // namespace lumotune::test

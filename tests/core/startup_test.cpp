@@ -151,5 +151,73 @@ TEST_F(StartupTest, AVolumeThatIsNoNumberIsFifty) {
   EXPECT_EQ(w.player.volume(), 50);
 }
 
+TEST_F(StartupTest, TheSecondCopyRenamesItselfAndGivesTheForegroundFirst) {
+  w.machine.previous = true;
+  w.messages.add_window(L"Lumotune", WindowRef{3});
+  std::vector<std::size_t> given;
+  w.messages.on_look_up = [&](const std::wstring&) {
+    EXPECT_EQ(w.window.caption(), L"Lumotune...") << "no look-up may find this copy";
+    given.push_back(w.messages.foreground_given.size());
+  };
+  EXPECT_FALSE(w.startup.Form_Load());
+  ASSERT_FALSE(given.empty());
+  EXPECT_EQ(given.back(), 1U);
+}
+
+TEST_F(StartupTest, ASecondCopyWhoseFirstIsJustGoneStartsNothing) {
+  w.machine.previous = true;
+  EXPECT_FALSE(w.startup.Form_Load());
+  EXPECT_TRUE(w.messages.sent.empty());
+  EXPECT_TRUE(w.shell.started.empty());
+  EXPECT_TRUE(w.loop.quitting());
+}
+
+TEST_F(StartupTest, AnEndDuringTheLoadEndsTheLoad) {
+  struct EndingSkin final : core::SkinPort {
+    explicit EndingSkin(CoreWorld& world) : w(world) {}
+    void LoadSkin(const std::wstring& /*name*/) override { w.shutdown.Konec(); }
+    void ZobrazCoMas(const std::wstring& /*text*/) override {}
+    void SkinVolume(int /*percent*/) override {}
+    void load_play_picture() override {}
+    CoreWorld& w;
+  } ending(w);
+  w.startup.skin.bind(ending);
+  w.set_option(13, "#013:LTautoStart:1");
+  w.messages.remove_window(L"Orb - Lumotune");
+  EXPECT_FALSE(w.startup.Form_Load());
+  EXPECT_FALSE(w.called(L"play"));
+  EXPECT_FALSE(w.did(L"Tray")) << "an icon that nobody would remove";
+  EXPECT_TRUE(w.shell.started.empty());
+}
+
+TEST_F(StartupTest, TheAutoStartFlagIsTheTextOneAlone) {
+  for (const char* off : {"", "2", "ano", "11"}) {
+    CoreWorld other;
+    other.set_option(13, std::string("#013:LTautoStart:") + off);
+    EXPECT_TRUE(other.startup.Form_Load());
+    EXPECT_FALSE(other.called(L"play")) << off;
+    EXPECT_TRUE(other.did(L"auto start unchecked")) << off;
+  }
+}
+
+TEST_F(StartupTest, ASavedVolumeIsClamped) {
+  w.set_option(20, "#020:LTvolume:250");
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_EQ(w.player.volume(), 100);
+  EXPECT_EQ(w.settings.LTvolume, L"100");
+}
+
+TEST_F(StartupTest, AnEmptySkinNameGivesWayToTheDefault) {
+  w.set_option(21, "#021:LTskin:");
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_TRUE(w.did(L"LoadSkin Lumo"));
+}
+
+TEST_F(StartupTest, WithoutAQualityTheFirstIsTuned) {
+  w.set_option(12, "#012:LTLast:RADIO1/");
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_EQ(w.player.url(), L"u1a");
+}
+
 } // namespace
 } // namespace lumotune::test

@@ -70,5 +70,30 @@ TEST(StationLookup, SurvivesHostileFiles) {
   EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"name"), L"");
 }
 
+TEST(StationLookup, FieldNamesIgnoreLetterCase) {
+  CoreWorld w;
+  EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"NAME"), L"První");
+  EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"U2"), L"u2a");
+  EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"K2"), L"128");
+  EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"KK"), L"100001");
+  EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"WWW"), L"www.example/@/zbytek");
+}
+
+TEST(StationLookup, EveryKindOfLineEndEndsALine) {
+  CoreWorld w;
+  for (const char* end : {"\n", "\r", "\r\n"}) {
+    w.put(L"radios.tt", std::string("RADIO1/@/A") + end + end + "RADIO1/@/B" + end + "RADIO2/@/C");
+    EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"name"), L"B");
+    EXPECT_EQ(w.stations.RadioInfo(L"RADIO2", L"name"), L"C") << "the last line needs no end";
+  }
+}
+
+TEST(StationLookup, ACharacterWithoutAByteMatchesNothing) {
+  CoreWorld w;
+  w.put(L"radios.tt", "?ABCD1/@/Otaznik\r\n");
+  EXPECT_EQ(w.stations.RadioInfo(L"?ABCD1", L"name"), L"Otaznik");
+  EXPECT_EQ(w.stations.RadioInfo(L"\u8a9eABCD1", L"name"), L"");
+}
+
 } // namespace
 } // namespace lumotune::test
