@@ -115,5 +115,19 @@ TEST_F(ShutdownTest, ALockedSettingsFileDoesNotKeepTheProgram) {
   EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined(option_lines()));
 }
 
+TEST_F(ShutdownTest, AClientThatGoesAtTheLastMomentIsNotStartedAgain) {
+  w.messages.remove_window(L"Orb - Lumotune");
+  start();
+  w.messages.add_window(L"Orb - Lumotune", platform::WindowRef{8});
+  w.shell.started.clear();
+  w.messages.on_look_up = [this](const std::wstring&) {
+    w.messages.on_look_up = {};
+    w.loop.at(0, [this] { w.messages.remove_window(L"Orb - Lumotune"); });
+  };
+  w.shutdown.Konec();
+  EXPECT_TRUE(w.messages.sent.empty());
+  EXPECT_TRUE(w.shell.started.empty());
+}
+
 } // namespace
 } // namespace lumotune::test

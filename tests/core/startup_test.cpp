@@ -219,5 +219,14 @@ TEST_F(StartupTest, WithoutAQualityTheFirstIsTuned) {
   EXPECT_EQ(w.player.url(), L"u1a");
 }
 
+TEST_F(StartupTest, TheIconStandsBeforeTheCommandLinePlays) {
+  w.machine.arguments = L"http://z prikazu";
+  EXPECT_TRUE(w.startup.Form_Load());
+  const auto icon = std::find(w.journal.begin(), w.journal.end(), L"Tray");
+  const auto played = std::find(w.journal.begin(), w.journal.end(), L"Timer1");
+  ASSERT_NE(played, w.journal.end());
+  EXPECT_LT(icon - w.journal.begin(), played - w.journal.begin());
+}
+
 } // namespace
 } // namespace lumotune::test

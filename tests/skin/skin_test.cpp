@@ -120,6 +120,49 @@ TEST_F(SkinTest, ABadNumberEndsTheLoadWithoutAHalfPlacedControl) {
   EXPECT_NE(w.log().find("line 1: 'Control_Menu': bad number"), std::string::npos);
 }
 
+TEST_F(SkinTest, EveryPictureHasItsOwnFile) {
+  load("LineMenu_Min|show|1|2\r\nLineMenu_End|show|3|4\r\nControl_Rec|show|5|6\r\nControl_ShowUser|show|7|8\r\n"
+       "Control_Menu|show|9|10\r\nControl_Sat|show|11|12\r\nLTDisplay|show|13|14\r\nOrbwww|show|15|16\r\n");
+  struct Expected {
+    const platform::PictureBox& control;
+    const wchar_t* file;
+    int top, left;
+  };
+  for (const Expected& each :
+       {Expected{w.form.LineMenu_Min, L"min.gif", 1, 2}, Expected{w.form.LineMenu_End, L"end.gif", 3, 4},
+        Expected{w.form.Control_Rec, L"rec.gif", 5, 6}, Expected{w.form.Control_ShowUser, L"show.gif", 7, 8},
+        Expected{w.form.Control_Menu, L"menu.gif", 9, 10}, Expected{w.form.Control_Sat, L"sat.gif", 11, 12},
+        Expected{w.form.LTDisplay, L"display.gif", 13, 14}, Expected{w.form.Orbwww, L"orb.gif", 15, 16}}) {
+    EXPECT_EQ(w.file_name(each.control.picture()), each.file);
+    EXPECT_EQ(each.control.rect().top, each.top) << each.file;
+    EXPECT_EQ(each.control.rect().left, each.left) << each.file;
+    EXPECT_TRUE(each.control.visible()) << each.file;
+  }
+}
+
+TEST_F(SkinTest, EveryLabelHasItsOwnPlaceAndColour) {
+  load("InfoName|1|2|3|4|5\r\nInfoTime|11|12|13|14|15\r\nInfoNaladit|21|22|23|24|25\r\n");
+  EXPECT_EQ(w.form.InfoName.rect(), (TwipsRect{2, 1, 3, 4}));
+  EXPECT_EQ(w.form.InfoTime.rect(), (TwipsRect{12, 11, 13, 14}));
+  EXPECT_EQ(w.form.InfoNaladit.rect(), (TwipsRect{22, 21, 23, 24}));
+  EXPECT_EQ(w.form.InfoName.text_colour(), Colour{5});
+  EXPECT_EQ(w.form.InfoTime.text_colour(), Colour{15});
+  EXPECT_EQ(w.form.InfoNaladit.text_colour(), Colour{25});
+}
+
+TEST_F(SkinTest, TheDisplaysShowFieldIsKept) {
+  load("LTDisplay|show|1|2|showevery\r\n");
+  EXPECT_EQ(w.session.skin.display_show, L"show");
+  w.skin.ZobrazCoMas(L"Zapnout");
+  EXPECT_TRUE(w.form.LTDisplay.visible());
+}
+
+TEST_F(SkinTest, AnEndingProgramStopsTheLoad) {
+  w.loop.at(0, [this] { w.loop.quit(); });
+  load("Author|x\r\nControl_Menu|show|1|2\r\n");
+  EXPECT_FALSE(w.form.Control_Menu.visible());
+}
+
 TEST_F(SkinTest, EventsRunAfterEachLine) {
   const auto before = w.loop.pending_runs();
   load("a\r\nb\r\nAuthor|x\r\n");
@@ -129,6 +172,7 @@ TEST_F(SkinTest, EventsRunAfterEachLine) {
 TEST_F(SkinTest, ALoadInsideAnotherOneWins) {
   w.description(L"Druha", "LTform|999|999\r\n");
   w.picture(L"Druha", L"form", gif(1, 1));
+  w.picture(L"Druha", L"menu", gif(1, 1)); // so that nothing but the turn can stop the interrupted load
   w.loop.at(0, [this] { w.skin.LoadSkin(L"Druha"); });
   load("Author|x\r\nControl_Menu|show|1|2\r\n");
   EXPECT_EQ(w.settings.LTskin, L"Druha");
@@ -186,9 +230,10 @@ TEST(SkinMenuTest, ListsTheSkinsAndChecksTheCurrentOne) {
   EXPECT_EQ(menu.unloaded, 1);
   EXPECT_TRUE(menu.rows.empty());
   w.description(L"Dark", "");
+  w.description(L"Darkness", "");
   w.description(L"Modrá", "");
   w.skin_menu.NactiSeznamSkinu(L"dARK");
-  EXPECT_EQ(menu.rows, (std::vector<std::wstring>{L"0Dark!", L"1Modrá"}));
+  EXPECT_EQ(menu.rows, (std::vector<std::wstring>{L"0Dark!", L"1Darkness", L"2Modrá"}));
 }
 
 } // namespace
