@@ -32,7 +32,7 @@ StatusDisplay::StatusDisplay(const Uses& uses)
 void StatusDisplay::tick() {
   auto& session = uses_.session;
   session.time_text = elapsed_text(uses_.player.played_ms());
-  session.shown_name = session.station_name.empty() ? session.OverrideName : session.station_name;
+  choose_name();
   show_status();
   show_name();
   uses_.form.InfoTime.set_text(session.time_text);
@@ -54,6 +54,11 @@ void StatusDisplay::show_status() {
   label.resize(place.width, first ? kept.status_height_1 : kept.status_height_2);
 }
 
+void StatusDisplay::choose_name() {
+  auto& session = uses_.session;
+  session.shown_name = session.station_name.empty() ? session.OverrideName : session.station_name;
+}
+
 void StatusDisplay::show_name() {
   const std::wstring& name = uses_.session.shown_name;
   std::wstring shown = name.substr(0, name_characters);
@@ -69,8 +74,11 @@ void StatusDisplay::copy_status() {
   uses_.form.InfoStatus.set_tooltip(status);
 }
 
+// The name follows a change of station at once; everything else waits for the tick.
 void StatusDisplay::PlayStateChange(int /*new_state*/) {
   copy_status();
+  choose_name();
+  show_name();
 }
 
 void StatusDisplay::StatusChange() {

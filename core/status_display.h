@@ -49,6 +49,7 @@ public:
 
 private:
   void show_status();
+  void choose_name();
   void show_name();
   void copy_status();
 

@@ -106,14 +106,14 @@ std::string resolve_address(std::string_view base, std::string_view entry) {
     return std::string(entry);
   if (address_kind(base) == AddressKind::local)
     return absolute_path ? std::string(entry) : std::string(base.substr(0, base.find_last_of("/\\") + 1)).append(entry);
+  const std::string_view folder = base.substr(0, base.find('?'));
   const std::size_t host = base.find("://");
-  const std::size_t path = host == std::string_view::npos ? host : base.find('/', host + 3);
-  const std::string_view server = base.substr(0, path);
+  const std::size_t path = host == std::string_view::npos ? host : folder.find('/', host + 3);
+  const std::string_view server = folder.substr(0, path);
   if (entry.starts_with("//"))
     return std::string(base.substr(0, base.find(':') + 1)).append(entry);
   if (absolute_path)
     return std::string(server).append(entry);
-  const std::string_view folder = base.substr(0, base.find('?'));
   if (path == std::string_view::npos)
     return std::string(server).append("/").append(entry);
   return std::string(folder.substr(0, folder.find_last_of('/') + 1)).append(entry);

@@ -38,10 +38,21 @@ void Device::run() {
   changed_.notify_all();
 }
 
+void Device::flow() {
+  {
+    const std::lock_guard lock(mutex_);
+    if (flowing_)
+      return;
+    flowing_ = true;
+  }
+  changed_.notify_all();
+}
+
 void Device::silence() {
   {
     const std::lock_guard lock(mutex_);
     wanted_ = false;
+    flowing_ = false;
   }
   changed_.notify_all();
 }
@@ -55,6 +66,7 @@ void Device::open_if_needed() {
   if (output_ != nullptr && output_->failed()) {
     output_.reset();
     started_ = false;
+    consuming_.store(false, std::memory_order_release);
   }
   if (output_ != nullptr)
     return;
@@ -70,15 +82,17 @@ void Device::open_if_needed() {
   changed_.notify_all();
 }
 
-void Device::start_output() {
+void Device::start_output(bool flowing) {
   open_if_needed();
-  if (output_ == nullptr)
+  if (output_ == nullptr || !flowing)
     return;
   output_->set_volume(1.0F);
   if (!started_) {
+    consuming_.store(true, std::memory_order_release);
     started_ = output_->start();
     if (!started_) {
       output_.reset();
+      consuming_.store(false, std::memory_order_release);
       missing_.store(true, std::memory_order_release);
     }
   }
@@ -88,6 +102,7 @@ void Device::stop_output() {
   if (output_ != nullptr && started_)
     output_->stop();
   started_ = false;
+  consuming_.store(false, std::memory_order_release);
 }
 
 void Device::loop() {
@@ -95,11 +110,13 @@ void Device::loop() {
   std::unique_lock lock(mutex_);
   while (!ending_) {
     if (wanted_) {
+      const bool flowing = flowing_;
       lock.unlock();
-      start_output();
+      start_output(flowing);
       lock.lock();
       const auto pause = output_ == nullptr ? try_again_after : look_after;
-      changed_.wait_for(lock, pause, [this] { return ending_ || !wanted_; });
+      changed_.wait_for(lock, pause,
+                        [&] { return ending_ || !wanted_ || (flowing_ && !flowing && output_ != nullptr); });
       continue;
     }
     missing_.store(false, std::memory_order_release);

@@ -24,8 +24,11 @@ public:
   Device& operator=(const Device&) = delete;
   ~Device(); // waits for the device to be closed
 
-  void run();     // sound is wanted
+  void run();     // sound is wanted: the device is opened
+  void flow();    // there is sound now: it is started, with sound from its first moment
   void silence(); // and now it is not: what the device has taken already is muted, too
+  // Whether the mixer is being called, or may be at any moment.
+  [[nodiscard]] bool consuming() const { return consuming_.load(std::memory_order_acquire); }
   // Sound is wanted, but no device is there.
   [[nodiscard]] bool missing() const { return missing_.load(std::memory_order_acquire); }
   // Whether the mixer's rate is settled: the device was opened, or found missing, once.
@@ -34,7 +37,7 @@ public:
 private:
   void loop();
   void open_if_needed();
-  void start_output();
+  void start_output(bool flowing);
   void stop_output();
 
   Mixer& mixer_;
@@ -44,9 +47,11 @@ private:
   std::mutex mutex_;
   std::condition_variable changed_;
   bool wanted_ = false;
+  bool flowing_ = false;
   bool ending_ = false;
   bool rate_settled_ = false;
   std::atomic<bool> missing_ = false;
+  std::atomic<bool> consuming_ = false;
 
   // Of the device thread alone.
   std::unique_ptr<AudioOutput> output_;

@@ -39,17 +39,19 @@ Engine::Engine(EngineOptions options, std::shared_ptr<Board> board)
       random_(std::random_device{}()) {}
 
 void Engine::start() {
-  std::thread([self = shared_from_this()] {
+  std::thread([self = shared_from_this()]() mutable {
     self->work();
-    const std::lock_guard lock(self->end_mutex_);
-    self->ended_ = true;
-    self->end_changed_.notify_all();
+    const auto end = self->end_;
+    self.reset();
+    const std::lock_guard lock(end->mutex);
+    end->reached = true;
+    end->changed.notify_all();
   }).detach();
 }
 
 bool Engine::wait_ended(std::chrono::milliseconds time) {
-  std::unique_lock lock(end_mutex_);
-  return end_changed_.wait_for(lock, time, [this] { return ended_; });
+  std::unique_lock lock(end_->mutex);
+  return end_->changed.wait_for(lock, time, [this] { return end_->reached; });
 }
 
 void Engine::work() {
@@ -60,6 +62,9 @@ void Engine::work() {
       break;
     mixer.let_flow(0);
     mixer.ring.discard();
+    // Where nobody takes samples out, the old ones would fill the room for ever.
+    if (!device.consuming())
+      (void)mixer.ring.skip();
     status_ = {};
     if (wish_.playing)
       play(wish_);
@@ -172,6 +177,7 @@ Engine::Attempt Engine::stream(Source& source) {
   streaming_ = true;
   flowed_ = mixer.flows(); // what is left of the lost connection still plays
   underruns_ = 0;
+  coming_titles_.clear();
   drift_ = {};
   drift_checked_ = std::chrono::steady_clock::now();
   status_ = {};
@@ -216,7 +222,7 @@ bool Engine::pump(Source& source, Decoder& decoder, Attempt& result) {
   if (decoder.sample_rate() != 0)
     status_.hertz = decoder.sample_rate();
   if (auto title = source.new_title())
-    status_.title = std::move(*title);
+    coming_titles_.emplace_back(mixer.ring.written(), std::move(*title));
   correct_drift(decoder, source.live());
   tend();
   return !superseded();
@@ -243,8 +249,21 @@ void Engine::write(const float* frames, std::size_t count) {
 // The end of a file: what is in the ring is still to be heard.
 void Engine::drain() {
   if (!mixer.flows())
-    mixer.let_flow(wish_.stream);
+    let_flow();
   while (mixer.ring.level() > 0 && mixer.flows() && !mailbox.wait(wish_.stream, 50ms)) {
+  }
+}
+
+void Engine::let_flow() {
+  mixer.let_flow(wish_.stream);
+  device.flow();
+}
+
+// Until sound flows the newest title is the right one; then each has its moment.
+void Engine::show_due_title() {
+  while (!coming_titles_.empty() && (!mixer.flows() || coming_titles_.front().first <= mixer.ring.consumed())) {
+    status_.title = std::move(coming_titles_.front().second);
+    coming_titles_.pop_front();
   }
 }
 
@@ -266,10 +285,11 @@ void Engine::tend() {
     // In steps of ten: nobody reads faster.
     status_.percent = static_cast<int>(std::min(there * 10 / wanted, 10U) * 10);
     if (there >= wanted) {
-      mixer.let_flow(wish_.stream);
+      let_flow();
       flowed_ = true;
     }
   }
+  show_due_title();
   if (mixer.flows()) {
     status_.phase = Phase::playing;
     status_.trouble = device.missing() ? Trouble::no_device : Trouble::none;

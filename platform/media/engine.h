@@ -13,10 +13,13 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <cstdint>
+#include <deque>
 #include <memory>
 #include <mutex>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace lumotune::media {
@@ -62,6 +65,8 @@ private:
   void write(const float* frames, std::size_t count);
   void drain();
   [[nodiscard]] bool wait_and_count_down(const Attempt& failure);
+  void let_flow();
+  void show_due_title();
   [[nodiscard]] bool superseded() const { return mailbox.newer_than(wish_.stream); }
   void tend();
   void tend_missing_device(std::size_t level);
@@ -81,9 +86,16 @@ private:
   std::uint32_t underruns_ = 0;
   std::minstd_rand random_;
 
-  std::mutex end_mutex_;
-  std::condition_variable end_changed_;
-  bool ended_ = false;
+  // Titles are shown when they are heard: each with the place in the ring where it begins.
+  std::deque<std::pair<std::uint64_t, std::wstring>> coming_titles_;
+
+  // Outlives the engine, so that its end can be told after it is gone.
+  struct End {
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool reached = false;
+  };
+  std::shared_ptr<End> end_ = std::make_shared<End>();
 };
 
 } // namespace lumotune::media

@@ -43,6 +43,10 @@ public:
     write_.store(at + count, std::memory_order_release);
     return count;
   }
+  // Where the producer writes next, and the consumer reads next. Any thread.
+  [[nodiscard]] std::uint64_t written() const { return write_.load(std::memory_order_acquire); }
+  [[nodiscard]] std::uint64_t consumed() const { return read_.load(std::memory_order_acquire); }
+
   // Producer: what was written so far is not to be played any more. The consumer passes over it when it runs next.
   void discard() { discard_.store(write_.load(std::memory_order_relaxed), std::memory_order_release); }
 

@@ -131,7 +131,7 @@ Opened Source::open(const std::string& address, const SourceOptions& options) {
   return opened;
 }
 
-// True when the address is dealt with: a playlist, or a page that is no sound. Else the bytes looked at are given back.
+// True when the address is dealt with: it is a playlist. Else the bytes looked at are kept for the demuxer.
 bool Source::read_playlist(const std::string& address, Opened& opened) {
   constexpr std::size_t look = 2048;
   std::string start;
@@ -148,7 +148,7 @@ bool Source::read_playlist(const std::string& address, Opened& opened) {
       break;
   }
   if (kind == PlaylistKind::none) {
-    avio_seek(io_.get(), 0, SEEK_SET);
+    seen_ = std::move(start);
     return false;
   }
   while (start.size() < max_playlist_bytes) {
@@ -172,6 +172,12 @@ int Source::open_format(const std::string& address, const SourceOptions& options
     return AVERROR(ENOMEM);
   context->interrupt_callback = watch_->callback();
   context->pb = io_.get();
+  // An HLS list is read from the connection itself, which hands its settings on to the segments.
+  const bool hls = seen_.find("#EXT-X-") != std::string::npos;
+  if (io_ != nullptr && !(hls && avio_seek(io_.get(), 0, SEEK_SET) == 0)) {
+    feed_ = std::make_unique<Feed>(*io_, std::move(seen_));
+    context->pb = feed_->context();
+  }
   Dictionary settings;
   settings.set("formatprobesize", "16384"); // else an MP3 stream is probed for twice a server's burst
   settings.set("analyzeduration", "2000000");
@@ -195,7 +201,6 @@ int Source::open_format(const std::string& address, const SourceOptions& options
   }
   live_ = !is_file(address) && (context->duration == AV_NOPTS_VALUE || io_ == nullptr || avio_size(io_.get()) <= 0);
   // What the headers gave counts as news.
-  input_->event_flags |= AVFMT_EVENT_FLAG_METADATA_UPDATED;
   context->streams[stream_]->event_flags |= AVSTREAM_EVENT_FLAG_METADATA_UPDATED;
   return 0;
 }
@@ -216,22 +221,27 @@ const AVCodecParameters& Source::parameters() const {
 }
 
 std::string Source::io_option(const char* name) const {
-  AVIOContext* io = input_ != nullptr ? input_->pb : io_.get();
   std::uint8_t* value = nullptr;
-  if (io == nullptr || av_opt_get(io, name, AV_OPT_SEARCH_CHILDREN, &value) < 0 || value == nullptr)
+  if (io_ == nullptr || av_opt_get(io_.get(), name, AV_OPT_SEARCH_CHILDREN, &value) < 0 || value == nullptr)
     return {};
   std::string text(reinterpret_cast<const char*>(value));
   av_free(value);
   return text;
 }
 
+// The block itself: FFmpeg's own cut ends a title at its first quotation mark and semicolon.
+std::optional<std::wstring> Source::new_icy_title() {
+  std::string block = io_option("icy_metadata_packet");
+  if (block.empty() || block == icy_block_)
+    return std::nullopt;
+  icy_block_ = std::move(block);
+  const auto title = icy_stream_title(icy_block_);
+  return title ? std::optional(readable_text(*title)) : std::nullopt;
+}
+
 std::optional<std::wstring> Source::new_title() {
-  if ((input_->event_flags & AVFMT_EVENT_FLAG_METADATA_UPDATED) != 0) {
-    input_->event_flags &= ~AVFMT_EVENT_FLAG_METADATA_UPDATED;
-    // The block itself: FFmpeg's own cut ends a title at its first quotation mark and semicolon.
-    if (const auto title = icy_stream_title(io_option("icy_metadata_packet")))
-      return readable_text(*title);
-  }
+  if (auto title = new_icy_title())
+    return title;
   AVStream* stream = input_->streams[stream_];
   if ((stream->event_flags & AVSTREAM_EVENT_FLAG_METADATA_UPDATED) == 0)
     return std::nullopt;

@@ -2,6 +2,7 @@
 // One opened stream: packets of its sound, its title and its qualities. Worker thread.
 #pragma once
 
+#include "platform/media/feed.h"
 #include "platform/media/ffmpeg.h"
 #include "platform/media/status_text.h"
 
@@ -60,15 +61,18 @@ private:
   [[nodiscard]] int open_io(const std::string& address);
   [[nodiscard]] bool read_playlist(const std::string& address, Opened& opened);
   [[nodiscard]] int open_format(const std::string& address, const SourceOptions& options);
+  [[nodiscard]] std::optional<std::wstring> new_icy_title();
   [[nodiscard]] int icy_bit_rate() const;
   [[nodiscard]] std::string io_option(const char* name) const;
 
   std::unique_ptr<Watch> watch_; // outlives the objects below, which call into it
   Io io_;
+  std::unique_ptr<Feed> feed_; // what the demuxer reads where the first bytes were looked at
+  std::string seen_;           // those bytes
   Input input_;
   int stream_ = -1;
   bool live_ = true;
-  std::string first_title_;
+  std::string icy_block_; // the last one, to tell a new one by
 };
 
 } // namespace lumotune::media

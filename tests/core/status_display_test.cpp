@@ -82,7 +82,9 @@ TEST_F(StatusDisplayTest, TicksEverySecondOnceStarted) {
 
 TEST_F(StatusDisplayTest, NotificationsCopyTheFullStatus) {
   w.player.status_text = L"Přehrávání: Umělec - Píseň (128 kbps)";
+  w.session.station_name = L"Nová";
   w.status.PlayStateChange(3);
+  EXPECT_EQ(w.form.InfoName.text(), L"Nová") << "a change of station is seen at once";
   EXPECT_EQ(w.form.InfoStatus.text(), w.player.status_text);
   EXPECT_EQ(w.form.InfoStatus.tooltip(), w.player.status_text);
   w.player.status_text = L"Zastaveno";

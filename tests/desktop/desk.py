@@ -10,6 +10,7 @@ import shutil
 import signal
 import subprocess
 import sys
+import tempfile
 import time
 
 TOP = os.path.realpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))
@@ -30,8 +31,19 @@ def wait_for(what, seconds=20.0, every=0.15):
         time.sleep(every)
 
 
+class Answer:
+    def __init__(self, returncode, stdout):
+        self.returncode, self.stdout = returncode, stdout
+
+
 def wine(*words, cwd=None, timeout=30):
-    return subprocess.run([WINE, *words], cwd=cwd, stdin=subprocess.DEVNULL, capture_output=True, timeout=timeout)
+    """Runs a Windows program to its end. Its output goes by way of a file: Wine's background processes, where this one
+    happens to start them, would keep a pipe open for ever."""
+    with tempfile.TemporaryFile() as out:
+        done = subprocess.run([WINE, *words], cwd=cwd, stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.DEVNULL,
+                              timeout=timeout, check=False)
+        out.seek(0)
+        return Answer(done.returncode, out.read())
 
 
 class Control:
@@ -156,8 +168,8 @@ class Desk:
             wine(PROBE, "close")
             if not self.ended():
                 self.process.send_signal(signal.SIGKILL)
-        subprocess.run([WINE, "taskkill", "/f", "/im", "lumotune.exe"], capture_output=True, check=False)
-        subprocess.run([WINE, "taskkill", "/f", "/im", "orb.exe"], capture_output=True, check=False)
+        for program in ("lumotune.exe", "orb.exe"):
+            wine("taskkill", "/f", "/im", program)
         self.process = None
 
 

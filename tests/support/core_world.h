@@ -79,7 +79,9 @@ inline std::vector<std::string> option_lines() {
     lines.push_back("#0" + std::string(i < 10 ? "0" : "") + std::to_string(i) + ":klient " + std::to_string(i));
   lines[5] = "#005:AAAAA:idhhodnota";
   lines[6] = "#006:BBBBBBB:tajne";
-  lines[7] = "#007:CCCCCCC:P\xf8" "ezd\xed" "vka";
+  lines[7] = "#007:CCCCCCC:P\xf8"
+             "ezd\xed"
+             "vka";
   lines[11] = "#011:LTTop:0";
   lines[12] = "#012:LTLast:RADIO1/2";
   lines[13] = "#013:LTautoStart:0";
