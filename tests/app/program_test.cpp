@@ -179,5 +179,54 @@ TEST_F(ProgramTest, ABrokenSkinStillLeavesAProgramThatPlaysAndEnds) {
   EXPECT_TRUE(loop.quitting());
 }
 
+TEST_F(ProgramTest, TheControlsReachTheirPorts) {
+  Journal journal;
+  RecordingDirectory directory{journal};
+  RecordingMenus menus{journal};
+  ASSERT_TRUE(program.start());
+  program.playback.directory.bind(directory);
+  program.playback.menus.bind(menus);
+  form.Control_Sat.set_visible(true);
+  EXPECT_TRUE(window.picture(L"Control_Sat")->user_click());
+  EXPECT_TRUE(window.picture(L"Control_Volume")->user_click());
+  EXPECT_TRUE(window.label(L"InfoNaladit")->user_click());
+  EXPECT_TRUE(window.picture(L"Control_Play")->user_click());
+  EXPECT_TRUE(window.label(L"InfoName")->user_click());
+  EXPECT_EQ(journal, (Journal{L"Naladit", L"volume menu", L"Naladit", L"station menu"}));
+  EXPECT_TRUE(window.label(L"InfoName")->user_mouse_move({MouseButton::none, 1, 1}));
+  EXPECT_TRUE(form.InfoName.underline());
+}
+
+TEST_F(ProgramTest, WhileStoppedOnlyTheHintIsSeen) {
+  ASSERT_TRUE(program.start());
+  const auto labels_hidden = [this] {
+    return !form.InfoName.visible() && !form.InfoTime.visible() && !form.InfoStatus.visible();
+  };
+  EXPECT_TRUE(labels_hidden());
+  window.picture(L"Control_Play")->user_click();
+  EXPECT_TRUE(form.InfoName.visible() && form.InfoTime.visible() && form.InfoStatus.visible());
+  window.picture(L"Control_Play")->user_click();
+  EXPECT_TRUE(labels_hidden());
+}
+
+TEST_F(ProgramTest, IsInFrontAndNamedFromTheFirstMoment) {
+  put(L"Orb_Data\\options.ini", [] {
+    auto lines = option_lines();
+    lines[13] = "#013:LTautoStart:1";
+    return joined(lines);
+  }());
+  ASSERT_TRUE(program.start());
+  EXPECT_EQ(window.activated, 1);
+  EXPECT_EQ(tray.tip, L"První - Lumotune") << "not only after the first second";
+}
+
+TEST_F(ProgramTest, TheClientsListCommandShowsTheFavourites) {
+  ASSERT_TRUE(program.start());
+  form.InfoNaladit.set_visible(false);
+  messages.deliver("list");
+  loop.run_pending();
+  EXPECT_TRUE(form.InfoNaladit.visible());
+}
+
 } // namespace
 } // namespace lumotune::test

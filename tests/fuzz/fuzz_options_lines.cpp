@@ -22,11 +22,9 @@ void demand(bool fact) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const platform::memory::MemoryCodec codec;
   std::string bytes(reinterpret_cast<const char*>(data), size);
-  // Half of the files are made long enough to be written.
-  if (size > 0 && data[0] % 2 == 0) {
-    for (int i = 0; i < 24; ++i)
-      bytes += "\r\n#x";
-  }
+  // Lengths on both sides of the one that is written.
+  for (int i = 0; size > 0 && i < data[0] % 32; ++i)
+    bytes += "\r\n#x";
   const core::TextLines before = core::without_empty_lines(core::split_text_lines(bytes));
   core::Settings settings;
   core::read_settings(before, codec, settings);
