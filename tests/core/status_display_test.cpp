@@ -76,7 +76,9 @@ TEST_F(StatusDisplayTest, TheTitleIsTheStationThenTheOverrideThenTheProgram) {
 
 TEST_F(StatusDisplayTest, TicksEverySecondOnceStarted) {
   w.status.start();
-  w.loop.advance(3000);
+  w.loop.advance(999);
+  EXPECT_TRUE(title.shown.empty());
+  w.loop.advance(2001);
   EXPECT_EQ(title.shown.size(), 3U);
 }
 
