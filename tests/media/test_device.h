@@ -19,6 +19,12 @@ class TestDevice : public std::enable_shared_from_this<TestDevice> {
 public:
   static constexpr int block_ms = 10;
 
+  // All memory it will need is taken now, so that a test can see the player's.
+  TestDevice() {
+    heard_.resize(static_cast<std::size_t>(11) * 48000);
+    heard_.clear();
+  }
+
   // Knobs.
   std::atomic<bool> present = true;
   std::atomic<bool> broken = false; // the one that is open now goes away
