@@ -157,6 +157,16 @@ TEST_F(SkinTest, TheDisplaysShowFieldIsKept) {
   EXPECT_TRUE(w.form.LTDisplay.visible());
 }
 
+TEST_F(SkinTest, TheListFollowsThePlayState) {
+  load("Control_List|show|600|240|hideplay|5820|1800|255|16711680\r\n");
+  w.skin.ZobrazCoMas(L"Stop");
+  EXPECT_FALSE(w.form.Control_List.visible());
+  EXPECT_TRUE(w.form.LTDisplay.visible()) << "seen even without a line of its own";
+  w.skin.ZobrazCoMas(L"Zapnout");
+  EXPECT_TRUE(w.form.Control_List.visible());
+  EXPECT_FALSE(w.form.LTDisplay.visible());
+}
+
 TEST_F(SkinTest, AnEndingProgramStopsTheLoad) {
   w.loop.at(0, [this] { w.loop.quit(); });
   load("Author|x\r\nControl_Menu|show|1|2\r\n");
