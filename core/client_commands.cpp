@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "core/client_commands.h"
 
+#include "core/busy.h"
 #include "core/text.h"
 
 #include <utility>
@@ -32,13 +33,15 @@ void ClientCommands::receive(const platform::CopyData& data) {
 void ClientCommands::run_waiting() {
   if (busy_)
     return;
-  busy_ = true;
+  const Busy guard(busy_);
   while (!waiting_.empty() && !uses_.loop.quitting()) {
     const std::wstring text = std::move(waiting_.front());
     waiting_.pop_front();
+    // Whatever becomes of this one, those behind it have their turn.
+    if (!waiting_.empty())
+      waker_->wake();
     execute(text);
   }
-  busy_ = false;
 }
 
 void ClientCommands::execute(const std::wstring& text) {

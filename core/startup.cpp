@@ -16,7 +16,7 @@ bool Startup::Form_Load() {
   uses_.commands.Hook(true);
   uses_.player.set_auto_start(false);
   uses_.options.LoadOptions();
-  if (!LoadOptionsWorkIt()) {
+  if (!LoadOptionsWorkIt() || uses_.loop.quitting()) {
     uses_.loop.quit();
     return false;
   }
@@ -43,6 +43,8 @@ bool Startup::LoadOptionsWorkIt() {
   }
   uses_.options.read_values();
   load_skin_of_settings();
+  if (uses_.loop.quitting())
+    return false; // events ran meanwhile, and one of them ended the program
   if (uses_.settings.LTautoStart == L"1")
     uses_.playback.AutoStart(uses_.settings.IDlastRadio, uses_.settings.KvalitaLT);
   else

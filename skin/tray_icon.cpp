@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "skin/tray_icon.h"
 
+#include "core/busy.h"
+
 #include <cmath>
 
 namespace lumotune::skin {
@@ -8,18 +10,6 @@ namespace {
 
 constexpr int left_button_down = 513;
 constexpr int right_button_up = 517;
-
-// Cleared on every path, also when a handler throws.
-class Busy {
-public:
-  explicit Busy(bool& flag) : flag_(flag) { flag_ = true; }
-  Busy(const Busy&) = delete;
-  Busy& operator=(const Busy&) = delete;
-  ~Busy() { flag_ = false; }
-
-private:
-  bool& flag_;
-};
 
 } // namespace
 
@@ -33,7 +23,7 @@ void TrayIcon::show_title(const std::wstring& title) {
 void TrayIcon::TrayIcon_MouseMove(const platform::MouseEvent& event) {
   if (busy_)
     return;
-  const Busy guard(busy_);
+  const core::Busy guard(busy_);
   const auto message = std::lround(event.x / uses_.form.window.twips_per_pixel_x());
   if (message == left_button_down) {
     uses_.chrome.OrbMinMax();

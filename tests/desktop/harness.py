@@ -1,0 +1,37 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
+"""Runs test methods one after the other and writes a JUnit file. A failed one leaves a picture beside it."""
+import inspect
+import os
+import sys
+import time
+import traceback
+import xml.etree.ElementTree as xml
+
+from desk import picture
+
+
+def run(*cases):
+    path, chosen = sys.argv[1], sys.argv[2:]
+    suite, failed = xml.Element("testsuite", name=os.path.basename(path)[:-4]), 0
+    for case in cases:
+        for name, _ in inspect.getmembers(case, inspect.isfunction):
+            if not name.startswith("test_") or (chosen and name not in chosen):
+                continue
+            started = time.monotonic()
+            row = xml.SubElement(suite, "testcase", classname=case.__name__, name=name)
+            thing = case()
+            try:
+                try:
+                    getattr(thing, name)()
+                finally:
+                    if sys.exc_info()[0] is not None:
+                        picture(os.path.join(os.path.dirname(path), f"failed-{name}.png"))
+                    thing.tear_down()
+                print(f"ok {name} ({time.monotonic() - started:.1f} s)", flush=True)
+            except Exception:  # pylint: disable=broad-except
+                failed += 1
+                xml.SubElement(row, "failure", message="failed").text = traceback.format_exc()
+                print(f"not ok {name}\n{traceback.format_exc()}", flush=True)
+            row.set("time", f"{time.monotonic() - started:.2f}")
+    xml.ElementTree(suite).write(path)
+    sys.exit(1 if failed else 0)
