@@ -126,8 +126,11 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   const std::wstring line = companion::arguments();
   constexpr std::wstring_view send_option = L"--send ";
   if (line.starts_with(send_option)) {
-    const long answer = send(nullptr, line.substr(send_option.size()));
-    companion::note(L"sent answer=" + std::to_wstring(answer) + L" text=" + line.substr(send_option.size()));
+    std::wstring text = line.substr(send_option.size());
+    if (text.size() > 1 && text.front() == L'"' && text.back() == L'"')
+      text = text.substr(1, text.size() - 2); // a shell's quotation marks around a text with blanks
+    const long answer = send(nullptr, text);
+    companion::note(L"sent answer=" + std::to_wstring(answer) + L" text=" + text);
     return answer != 0 ? 0 : 1;
   }
   companion::note_start();
