@@ -22,9 +22,9 @@ bool is_digit(wchar_t character) {
 // In these blocks a capital letter is followed by its small one.
 bool is_capital_of_pair(std::uint32_t code) {
   if (between(code, 0x100, 0x137) || between(code, 0x14a, 0x177) || between(code, 0x460, 0x481) ||
-      between(code, 0x48a, 0x4bf))
+      between(code, 0x48a, 0x4bf) || between(code, 0x4d0, 0x52f))
     return code % 2 == 0;
-  return (between(code, 0x139, 0x148) || between(code, 0x179, 0x17e)) && code % 2 == 1;
+  return (between(code, 0x139, 0x148) || between(code, 0x179, 0x17e) || between(code, 0x4c1, 0x4ce)) && code % 2 == 1;
 }
 
 // The length of the number that the text begins with, blanks before it not counted.
@@ -68,6 +68,14 @@ wchar_t fold(wchar_t character) {
     return static_cast<wchar_t>(code + 1);
   if (between(code, 0x391, 0x3ab) && code != 0x3a2)
     return static_cast<wchar_t>(code + 32);
+  if (code == 0x386)
+    return static_cast<wchar_t>(0x3ac);
+  if (between(code, 0x388, 0x38a))
+    return static_cast<wchar_t>(code + 37);
+  if (code == 0x38c)
+    return static_cast<wchar_t>(0x3cc);
+  if (code == 0x38e || code == 0x38f)
+    return static_cast<wchar_t>(code + 63);
   if (between(code, 0x410, 0x42f))
     return static_cast<wchar_t>(code + 32);
   if (between(code, 0x400, 0x40f))

@@ -10,6 +10,7 @@ TEST(Text, FoldsCzechLettersWithoutALocale) {
   EXPECT_TRUE(equal_ignoring_case(L"ŽLUŤOUČKÝ KŮŇ ĚŘŠ", L"žluťoučký kůň ěřš"));
   EXPECT_TRUE(equal_ignoring_case(L"ĽŁŹŃ", L"ľłźń"));
   EXPECT_TRUE(equal_ignoring_case(L"ЁЖ ΑΩ", L"ёж αω"));
+  EXPECT_TRUE(equal_ignoring_case(L"ΆΈΌΎΏ ӁӐ", L"άέόύώ ӂӑ"));
   EXPECT_FALSE(equal_ignoring_case(L"č", L"c"));
   EXPECT_FALSE(equal_ignoring_case(L"abc", L"abcd"));
   EXPECT_EQ(fold(L'×'), L'×');

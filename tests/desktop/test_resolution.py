@@ -11,12 +11,12 @@ from test_desktop import Program  # noqa: E402
 
 class TestResolution(Program):
     def test_everything_is_twice_as_large(self):
-        desk = self.begin()
+        desk = self.begin("22=#022:LTpleft:1500", "23=#023:LTptop:1500")
         wait_for(lambda: desk.text("InfoTime"), 20)
         now = desk.controls()
         form, play = now["Form"], now["Control_Play"]
         picture(os.path.join(TOP, "build", "tour", "192-dots-an-inch.png"))
-        assert (form.left, form.top) == (400, 400)
+        assert (form.left, form.top) == (200, 200)
         assert (form.width, form.height) == (840, 464)
         assert (play.left - form.left, play.top - form.top, play.width, play.height) == (32, 344, 96, 96)
         before = desk.options()
