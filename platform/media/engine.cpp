@@ -225,7 +225,20 @@ bool Engine::pump(Source& source, Decoder& decoder, Attempt& result) {
     coming_titles_.emplace_back(mixer.ring.written(), std::move(*title));
   correct_drift(decoder, source.live());
   tend();
+  rest(source.live());
   return !superseded();
+}
+
+// A live stream comes in small pieces. With enough in the ring it is left to gather where it comes in, so that the
+// worker wakes seldom.
+void Engine::rest(bool live) {
+  constexpr std::uint32_t enough_ms = 1500;
+  constexpr std::uint32_t piece_ms = 500;
+  if (!live || !mixer.flows() || unrested_ * 1000 < static_cast<std::size_t>(mixer.rate()) * piece_ms ||
+      level_ms() < enough_ms)
+    return;
+  unrested_ = 0;
+  (void)mailbox.wait(wish_.stream, std::chrono::milliseconds(piece_ms));
 }
 
 // Waits for room where there is none: until the ring is half empty, so that the worker wakes seldom.
@@ -234,6 +247,7 @@ void Engine::write(const float* frames, std::size_t count) {
     const std::size_t taken = mixer.ring.write(frames, count);
     frames += taken * 2;
     count -= taken;
+    unrested_ += taken;
     if (count == 0)
       break;
     tend();

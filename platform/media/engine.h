@@ -63,6 +63,7 @@ private:
   [[nodiscard]] Attempt stream(Source& source);
   [[nodiscard]] bool pump(Source& source, Decoder& decoder, Attempt& result);
   void write(const float* frames, std::size_t count);
+  void rest(bool live);
   void drain();
   [[nodiscard]] bool wait_and_count_down(const Attempt& failure);
   void let_flow();
@@ -84,6 +85,7 @@ private:
   bool streaming_ = false; // a source is open
   bool flowed_ = false;    // this stream was let flow at least once since it was opened
   std::uint32_t underruns_ = 0;
+  std::size_t unrested_ = 0; // frames written since the last rest
   std::minstd_rand random_;
 
   // Titles are shown when they are heard: each with the place in the ring where it begins.

@@ -2,7 +2,6 @@
 #include "platform/media/feed.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 namespace lumotune::media {
@@ -24,7 +23,7 @@ int Feed::read(void* self, std::uint8_t* buffer, int size) {
   auto& feed = *static_cast<Feed*>(self);
   if (feed.given_ < feed.seen_.size()) {
     const std::size_t count = std::min(static_cast<std::size_t>(size), feed.seen_.size() - feed.given_);
-    std::memcpy(buffer, feed.seen_.data() + feed.given_, count);
+    std::copy_n(feed.seen_.data() + feed.given_, count, buffer);
     feed.given_ += count;
     return static_cast<int>(count);
   }
