@@ -186,7 +186,7 @@ bool Win32Window::handle_system_message(UINT message, WPARAM w, LPARAM l, LRESUL
   case WM_POWERBROADCAST:
     if (w == PBT_APMSUSPEND)
       fire(on_suspend);
-    else if (w == PBT_APMRESUMEAUTOMATIC || w == PBT_APMRESUMESUSPEND)
+    else if (w == PBT_APMRESUMEAUTOMATIC) // comes at every waking, the other one only when a user is there
       fire(on_resume);
     result = TRUE;
     return true;

@@ -142,6 +142,7 @@ TEST_F(Win32Only, SleepAndWakingAreForwarded) {
   b.window.on_resume = [&] { order += L"r"; };
   SendMessageW(b.window.handle(), WM_POWERBROADCAST, PBT_APMSUSPEND, 0);
   SendMessageW(b.window.handle(), WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC, 0);
+  SendMessageW(b.window.handle(), WM_POWERBROADCAST, PBT_APMRESUMESUSPEND, 0);
   EXPECT_EQ(order, L"sr");
 }
 
