@@ -181,6 +181,8 @@ int Source::open_format(const std::string& address, const SourceOptions& options
   Dictionary settings;
   settings.set("formatprobesize", "16384"); // else an MP3 stream is probed for twice a server's burst
   settings.set("analyzeduration", "2000000");
+  // An MP3 stream has no time stamps to wait for; by default fifty packets are read, more than a server's first burst.
+  settings.set("max_ts_probe", "4");
   if (io_ == nullptr) {
     settings.set("user_agent", options.user_agent);
     settings.set("timeout", std::to_string(static_cast<long long>(options.timeout_ms) * 1000));

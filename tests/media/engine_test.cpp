@@ -106,6 +106,14 @@ TEST_F(Engine, ComesBackAfterAnErrorOfTheServer) {
   EXPECT_TRUE(until_hears(440)) << told();
 }
 
+TEST_F(Engine, ASmallBurstIsEnoughToBegin) {
+  options.timeout_ms = 8000; // were more needed, sound would wait for that
+  const auto begin = Clock::now();
+  play(radio.url("/live/440.mp3?burst=1.1&mute=0.05"));
+  ASSERT_TRUE(until_hears(440)) << told();
+  EXPECT_LT(Clock::now() - begin, 5s);
+}
+
 TEST_F(Engine, ComesBackWhenTheStationSendsNothingAnyMore) {
   options.timeout_ms = 4000; // later than what was sent ends
   play(radio.url("/live/440.mp3?burst=2.5&mute=0.1&then=880.mp3"));
