@@ -24,8 +24,7 @@ Program::Program(const Platform& p, core::LumotuneForm& form)
       chrome_parts(chrome, tray_icon),
       title_to_tray(tray_icon),
       exit_to_shutdown(shutdown),
-      favourites({session, form, playback}),
-      form_(form) {
+      favourites({session, form, playback}) {
   bind_ports(*this);
   bind_events(*this, p, form);
 }
@@ -35,8 +34,6 @@ bool Program::start() {
     return false;
   status.tick();
   status.start();
-  form_.window.set_visible(true);
-  form_.window.activate();
   return true;
 }
 

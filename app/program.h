@@ -103,9 +103,6 @@ public:
   TitleToTray title_to_tray;
   ExitToShutdown exit_to_shutdown;
   EmptyFavourites favourites;
-
-private:
-  core::LumotuneForm& form_;
 };
 
 } // namespace lumotune::app

@@ -20,6 +20,9 @@ bool Startup::Form_Load() {
     uses_.loop.quit();
     return false;
   }
+  // Everything that is seen is in place: the rest need not be waited for.
+  uses_.form.window.set_visible(true);
+  uses_.form.window.activate();
   chrome->Tray();
   play_command_line();
   start_client_if_missing();

@@ -47,7 +47,8 @@ public:
   MenuSlot menus;
   FavouritesSlot favourites;
 
-  // False when this run is over already: another copy runs, or the client has not logged in. `quit` was called then.
+  // Loads the window and shows it. False when this run is over already: another copy runs, or the client has not logged
+  // in. `quit` was called then.
   [[nodiscard]] bool Form_Load();
 
 private:

@@ -3,10 +3,9 @@
 
 #include "platform/win32/files.h"
 
-#include <objidl.h>
-#include <shlwapi.h>
-
 #include <algorithm>
+#include <objbase.h>
+#include <objidl.h>
 // GDI+ asks for these two names.
 using std::max;
 using std::min;
@@ -23,6 +22,19 @@ constexpr std::uint64_t max_picture_bytes = 8U * 1024 * 1024;
 struct ReleaseStream {
   void operator()(IStream* stream) const { stream->Release(); }
 };
+
+// A stream over a copy of the bytes; nothing when there was no memory.
+std::unique_ptr<IStream, ReleaseStream> stream_of(const std::string& bytes) {
+  IStream* made = nullptr;
+  if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, &made)))
+    return nullptr;
+  std::unique_ptr<IStream, ReleaseStream> stream(made);
+  ULONG written = 0;
+  if (FAILED(stream->Write(bytes.data(), static_cast<ULONG>(bytes.size()), &written)) || written != bytes.size() ||
+      FAILED(stream->Seek({}, STREAM_SEEK_SET, nullptr)))
+    return nullptr;
+  return stream;
+}
 
 } // namespace
 
@@ -57,8 +69,7 @@ bool Picture::load(const std::wstring& path) {
   const auto bytes = files.read(path);
   if (!bytes || bytes->empty())
     return false;
-  const std::unique_ptr<IStream, ReleaseStream> stream(
-      SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes->data()), static_cast<UINT>(bytes->size())));
+  const std::unique_ptr<IStream, ReleaseStream> stream = stream_of(*bytes);
   if (stream == nullptr)
     return false;
   Gdiplus::Bitmap source(stream.get());

@@ -108,8 +108,15 @@ bool is_own_machine(const std::string& address) {
 std::string system_proxy(const std::string& address) {
   if (is_own_machine(address))
     return {};
+  // Loaded when it is asked for: the program's start need not wait for a library that most addresses never need.
+  const HMODULE library = LoadLibraryExW(L"winhttp.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+  if (library == nullptr)
+    return {};
+  // A plain function pointer behind the system's untyped one.
+  const auto ask = reinterpret_cast<decltype(&WinHttpGetIEProxyConfigForCurrentUser)>(
+      reinterpret_cast<void*>(GetProcAddress(library, "WinHttpGetIEProxyConfigForCurrentUser")));
   WINHTTP_CURRENT_USER_IE_PROXY_CONFIG config{};
-  if (WinHttpGetIEProxyConfigForCurrentUser(&config) == 0)
+  if (ask == nullptr || ask(&config) == 0)
     return {};
   const std::string list = narrow(config.lpszProxy);
   for (LPWSTR text : {config.lpszAutoConfigUrl, config.lpszProxy, config.lpszProxyBypass}) {
