@@ -41,16 +41,20 @@ std::wstring wide(const char* bytes, DWORD length) {
 // The player's answer; 0 when there is no player or it does not answer.
 long send(HWND from, const std::wstring& text) {
   const HWND player = FindWindowW(nullptr, player_caption);
-  if (player == nullptr)
+  if (player == nullptr) {
+    companion::note(L"no window is captioned Lumotune");
     return 0;
+  }
   std::string bytes = ansi(text);
   COPYDATASTRUCT record{};
   record.dwData = 1;
   record.cbData = static_cast<DWORD>(bytes.size());
   record.lpData = bytes.data();
   DWORD_PTR answer = 0;
-  SendMessageTimeoutA(player, WM_COPYDATA, reinterpret_cast<WPARAM>(from), reinterpret_cast<LPARAM>(&record),
-                      SMTO_ABORTIFHUNG, 5000, &answer);
+  SetLastError(0);
+  if (SendMessageTimeoutA(player, WM_COPYDATA, reinterpret_cast<WPARAM>(from), reinterpret_cast<LPARAM>(&record),
+                          SMTO_ABORTIFHUNG, 5000, &answer) == 0)
+    companion::note(L"the player did not answer, error " + std::to_wstring(GetLastError()));
   return static_cast<long>(static_cast<LONG_PTR>(answer));
 }
 

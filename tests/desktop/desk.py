@@ -146,7 +146,10 @@ class Desk:
 
     def send(self, text):
         """One command from another program; whether it was answered."""
-        return wine("orb.exe", "--send", text, cwd=self.folder).returncode == 0
+        if wine("orb.exe", "--send", text, cwd=self.folder).returncode == 0:
+            return True
+        print("send failed: " + " / ".join(self.log("orb").splitlines()[-2:]), flush=True)
+        return False
 
     def log(self, program):
         try:
