@@ -93,7 +93,14 @@ private:
     config << "</icecast>";
     config.close();
     server_ = Process({"icecast2", "-c", folder + "/icecast.xml"});
-    up_ = until([this] { return port_answers(host_, port_); }, 3000);
+    // An answer, not only a connection: a port that nobody listens on yet may connect to itself.
+    up_ = until(
+        [this] {
+          Process curl({"curl", "-s", "-o", "/dev/null", "-w", "%{http_code}\n",
+                        "http://" + host_ + ":" + std::to_string(port_) + "/status-json.xsl"});
+          return curl.read_line().substr(0, 1) == "2";
+        },
+        5000);
   }
 
   std::filesystem::path folder_;
