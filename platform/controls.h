@@ -76,6 +76,8 @@ public:
   [[nodiscard]] virtual Colour text_colour() const = 0;
   virtual void set_underline(bool on) = 0;
   [[nodiscard]] virtual bool underline() const = 0;
+  virtual void set_bold(bool on) = 0;
+  [[nodiscard]] virtual bool bold() const = 0;
 };
 
 class Button : public Control {

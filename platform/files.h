@@ -23,7 +23,7 @@ public:
   virtual ~Files() = default;
 
   [[nodiscard]] virtual bool exists(const std::wstring& path) const = 0;                       // a file, not a folder
-  [[nodiscard]] virtual std::optional<std::uint64_t> size(const std::wstring& path) const = 0; // bytes
+  [[nodiscard]] virtual std::optional<std::uint64_t> size(const std::wstring& path) const = 0; // bytes of now
 
   // The whole content, read while other programs may have the file open; nothing when missing or unreadable.
   [[nodiscard]] virtual std::optional<std::string> read(const std::wstring& path) const = 0;
@@ -37,6 +37,12 @@ public:
   [[nodiscard]] virtual bool append(const std::wstring& path,
                                     std::string_view bytes) = 0;   // makes the file when missing
   [[nodiscard]] virtual bool remove(const std::wstring& path) = 0; // true when it is gone
+  // Two files at once: both new contents are complete on disk before the first one takes its place, and when the second
+  // cannot take its own, the first old file comes back. False when not both could be done.
+  [[nodiscard]] virtual bool replace_both(const std::wstring& first, std::string_view first_bytes,
+                                          const std::wstring& second, std::string_view second_bytes) = 0;
+  // Whether some program has the file open for writing; false for a missing file.
+  [[nodiscard]] virtual bool being_written(const std::wstring& path) const = 0;
   // Copies over an existing file, as safely as `replace`.
   [[nodiscard]] virtual bool copy(const std::wstring& from, const std::wstring& to) = 0;
 

@@ -84,6 +84,20 @@ bool MemoryFiles::replace(const std::wstring& path, std::string_view bytes) {
   return put(path, bytes, L"replace ");
 }
 
+bool MemoryFiles::replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
+                               std::string_view second_bytes) {
+  if (readonly_.count(key(first)) != 0 || readonly_.count(key(second)) != 0)
+    return false;
+  return put(first, first_bytes, L"replace ") && put(second, second_bytes, L"replace ");
+}
+
+void MemoryFiles::set_being_written(const std::wstring& path, bool on) {
+  if (on)
+    written_.insert(key(path));
+  else
+    written_.erase(key(path));
+}
+
 bool MemoryFiles::append(const std::wstring& path, std::string_view bytes) {
   const auto found = files_.find(key(path));
   const std::string old = found == files_.end() ? std::string() : found->second.bytes;

@@ -20,6 +20,9 @@ public:
   [[nodiscard]] std::optional<std::string> read(const std::wstring& path) const override;
   [[nodiscard]] bool read_into(const std::wstring& path, std::string& bytes) const override;
   [[nodiscard]] bool replace(const std::wstring& path, std::string_view bytes) override;
+  [[nodiscard]] bool replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
+                                  std::string_view second_bytes) override;
+  [[nodiscard]] bool being_written(const std::wstring& path) const override { return written_.count(key(path)) != 0; }
   [[nodiscard]] bool append(const std::wstring& path, std::string_view bytes) override;
   [[nodiscard]] bool remove(const std::wstring& path) override;
   [[nodiscard]] bool copy(const std::wstring& from, const std::wstring& to) override;
@@ -28,6 +31,8 @@ public:
   // Knobs: a file of that path can no longer be read, or no longer be written, removed or replaced.
   void make_unreadable(const std::wstring& path) { unreadable_.insert(key(path)); }
   void make_readonly(const std::wstring& path) { readonly_.insert(key(path)); }
+  // Another program has the file open for writing, or no longer.
+  void set_being_written(const std::wstring& path, bool on);
   void mend(const std::wstring& path);
   // Records: every read, and every change as "replace C:\...", "append ...", "remove ...", "copy to ...".
   [[nodiscard]] const std::vector<std::wstring>& changes() const { return changes_; }
@@ -45,6 +50,7 @@ private:
   std::map<std::wstring, Entry> files_;
   std::set<std::wstring> unreadable_;
   std::set<std::wstring> readonly_;
+  std::set<std::wstring> written_;
   std::vector<std::wstring> changes_;
   mutable std::map<std::wstring, std::size_t> reads_;
 };

@@ -85,12 +85,15 @@ public:
   [[nodiscard]] Colour text_colour() const override { return colour_; }
   void set_underline(bool on) override { underline_ = on; }
   [[nodiscard]] bool underline() const override { return underline_; }
+  void set_bold(bool on) override { bold_ = on; }
+  [[nodiscard]] bool bold() const override { return bold_; }
   [[nodiscard]] LabelKind kind() const { return kind_; }
 
 private:
   LabelKind kind_;
   Colour colour_{};
   bool underline_ = false;
+  bool bold_ = false;
 };
 
 class MemoryButton final : public MemoryControl<Button> {

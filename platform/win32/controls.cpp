@@ -193,8 +193,15 @@ void Win32Label::set_underline(bool on) {
   redraw();
 }
 
+void Win32Label::set_bold(bool on) {
+  if (bold_ == on)
+    return;
+  bold_ = on;
+  redraw();
+}
+
 void Win32Label::draw(HDC target, const RECT& area) {
-  const HGDIOBJ before = SelectObject(target, surface_.font(font_, underline_));
+  const HGDIOBJ before = SelectObject(target, surface_.font(font_, underline_, bold_));
   SetBkMode(target, TRANSPARENT);
   SetTextColor(target, colour_ref(colour_));
   RECT room = area;

@@ -22,7 +22,7 @@ public:
   [[nodiscard]] virtual unsigned dpi() const = 0; // of the monitor that the window is on
   // Draws what lies behind a control, whose upper left corner is the target's origin.
   virtual void draw_behind(HDC target, HWND control) = 0;
-  [[nodiscard]] virtual HFONT font(LabelFont kind, bool underline) = 0;
+  [[nodiscard]] virtual HFONT font(LabelFont kind, bool underline, bool bold = false) = 0;
   [[nodiscard]] virtual bool keyboard_used() const = 0; // the focus is to be seen
   virtual void set_tip(HWND control, const std::wstring& text) = 0;
 };
@@ -152,6 +152,8 @@ public:
   [[nodiscard]] Colour text_colour() const override { return colour_; }
   void set_underline(bool on) override;
   [[nodiscard]] bool underline() const override { return underline_; }
+  void set_bold(bool on) override;
+  [[nodiscard]] bool bold() const override { return bold_; }
   void draw(HDC target, const RECT& area) override;
   void notified(WORD code) override;
   void pressed_by_key() override { fire(on_click); }
@@ -164,6 +166,7 @@ private:
   LabelFont font_;
   Colour colour_{};
   bool underline_ = false;
+  bool bold_ = false;
 };
 
 class Win32Button final : public Win32Control<Button> {

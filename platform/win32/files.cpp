@@ -30,6 +30,16 @@ bool write_all(HANDLE file, std::string_view bytes) {
   return true;
 }
 
+bool write_flushed(const std::wstring& path, std::string_view bytes) {
+  const KernelHandle file = open_file(path, GENERIC_WRITE, 0, CREATE_ALWAYS);
+  return is_open(file) && write_all(file.get(), bytes) && FlushFileBuffers(file.get()) != 0;
+}
+
+// MoveFileEx replaces in one step of the file system; a reader holds either the old file or the new one.
+bool take_place(const std::wstring& beside, const std::wstring& path) {
+  return MoveFileExW(beside.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+}
+
 } // namespace
 
 bool Win32Files::exists(const std::wstring& path) const {
@@ -37,12 +47,13 @@ bool Win32Files::exists(const std::wstring& path) const {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
+// Asked of the open file: the folder's entry tells the length of a file that is still written only once it is closed.
 std::optional<std::uint64_t> Win32Files::size(const std::wstring& path) const {
-  WIN32_FILE_ATTRIBUTE_DATA data{};
-  if (GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) == 0 ||
-      (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+  const KernelHandle file = open_file(path, FILE_READ_ATTRIBUTES, share_all, OPEN_EXISTING);
+  LARGE_INTEGER length{};
+  if (!is_open(file) || GetFileSizeEx(file.get(), &length) == 0)
     return std::nullopt;
-  return static_cast<std::uint64_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
+  return static_cast<std::uint64_t>(length.QuadPart);
 }
 
 std::optional<std::string> Win32Files::read(const std::wstring& path) const {
@@ -76,20 +87,39 @@ bool Win32Files::read_into(const std::wstring& path, std::string& bytes) const {
   return true;
 }
 
-// MoveFileEx replaces in one step of the file system; a reader holds either the old file or the new one.
 bool Win32Files::replace(const std::wstring& path, std::string_view bytes) {
   const std::wstring beside = path + L".new";
-  bool complete = false;
-  {
-    const KernelHandle file = open_file(beside, GENERIC_WRITE, 0, CREATE_ALWAYS);
-    if (!is_open(file))
-      return false;
-    complete = write_all(file.get(), bytes) && FlushFileBuffers(file.get()) != 0;
-  }
-  if (complete && MoveFileExW(beside.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0)
+  if (write_flushed(beside, bytes) && take_place(beside, path))
     return true;
   DeleteFileW(beside.c_str()); // torn or unwanted, it is of no use to anybody
   return false;
+}
+
+// A copy of the first old file waits beside it until the second one is in place.
+bool Win32Files::replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
+                              std::string_view second_bytes) {
+  const std::wstring first_new = first + L".new";
+  const std::wstring second_new = second + L".new";
+  const std::wstring first_old = first + L".old";
+  const bool had_first = exists(first);
+  bool done = write_flushed(first_new, first_bytes) && write_flushed(second_new, second_bytes) &&
+              (!had_first || CopyFileW(first.c_str(), first_old.c_str(), FALSE) != 0) && take_place(first_new, first);
+  if (done && !take_place(second_new, second)) {
+    done = false;
+    if (had_first)
+      take_place(first_old, first);
+    else
+      DeleteFileW(first.c_str());
+  }
+  for (const auto& left : {first_new, second_new, first_old})
+    DeleteFileW(left.c_str());
+  return done;
+}
+
+// A writer that is still there would not let us share the file for reading alone.
+bool Win32Files::being_written(const std::wstring& path) const {
+  const KernelHandle file = open_file(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_EXISTING);
+  return !is_open(file) && GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
 bool Win32Files::append(const std::wstring& path, std::string_view bytes) {

@@ -13,6 +13,9 @@ public:
   [[nodiscard]] std::optional<std::string> read(const std::wstring& path) const override;
   [[nodiscard]] bool read_into(const std::wstring& path, std::string& bytes) const override;
   [[nodiscard]] bool replace(const std::wstring& path, std::string_view bytes) override;
+  [[nodiscard]] bool replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
+                                  std::string_view second_bytes) override;
+  [[nodiscard]] bool being_written(const std::wstring& path) const override;
   [[nodiscard]] bool append(const std::wstring& path, std::string_view bytes) override;
   [[nodiscard]] bool remove(const std::wstring& path) override;
   [[nodiscard]] bool copy(const std::wstring& from, const std::wstring& to) override;

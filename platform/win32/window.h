@@ -68,7 +68,7 @@ private:
 
   [[nodiscard]] unsigned dpi() const override { return dpi_; }
   void draw_behind(HDC target, HWND control) override;
-  [[nodiscard]] HFONT font(LabelFont kind, bool underline) override;
+  [[nodiscard]] HFONT font(LabelFont kind, bool underline, bool bold) override;
   [[nodiscard]] bool keyboard_used() const override { return keyboard_used_; }
   void set_tip(HWND control, const std::wstring& text) override;
 
@@ -89,7 +89,7 @@ private:
   DWORD shown_at_ = 0; // tick count
   bool dragging_ = false;
   bool keyboard_used_ = false;
-  std::array<GdiObject, 4> fonts_;
+  std::array<GdiObject, 8> fonts_;
   std::vector<std::unique_ptr<ChildWindow>> children_;
   std::vector<Win32Picture*> pictures_;
 };

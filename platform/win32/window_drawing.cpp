@@ -48,8 +48,8 @@ void Win32Window::draw_behind(HDC target, HWND control) {
 }
 
 // The system's message font, at the size of this monitor; headings are larger and bolder.
-HFONT Win32Window::font(LabelFont kind, bool underline) {
-  GdiObject& kept = fonts_[(kind == LabelFont::heading ? 2U : 0U) + (underline ? 1U : 0U)];
+HFONT Win32Window::font(LabelFont kind, bool underline, bool bold) {
+  GdiObject& kept = fonts_[(bold ? 4U : 0U) + (kind == LabelFont::heading ? 2U : 0U) + (underline ? 1U : 0U)];
   if (kept != nullptr)
     return static_cast<HFONT>(kept.get());
   NONCLIENTMETRICSW metrics{};
@@ -60,7 +60,7 @@ HFONT Win32Window::font(LabelFont kind, bool underline) {
   else
     wcscpy(wished.lfFaceName, L"Segoe UI");
   wished.lfHeight = -pixels(kind == LabelFont::heading ? 250 : 180, dpi_); // 12.5 and 9 points
-  wished.lfWeight = kind == LabelFont::heading ? FW_SEMIBOLD : FW_NORMAL;
+  wished.lfWeight = bold ? FW_BOLD : kind == LabelFont::heading ? FW_SEMIBOLD : FW_NORMAL;
   wished.lfUnderline = underline ? TRUE : FALSE;
   kept.reset(CreateFontIndirectW(&wished));
   return static_cast<HFONT>(kept.get());

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// A resizable window with the system's frame and the controls made in it. Positions and sizes are twips.
+#pragma once
+
+#include "platform/directory_controls.h"
+#include "platform/window.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace lumotune::platform {
+
+// Made hidden. User-interface thread; handlers run there too. The controls live as long as the window; each carries the
+// window property "<window name>.<designer name>", the window itself "<window name>.Form". Texts are drawn in the
+// system's message font. Tab moves in the order of making, arrow keys as the system's controls do.
+class FramedWindow {
+public:
+  FramedWindow() = default;
+  FramedWindow(const FramedWindow&) = delete;
+  FramedWindow& operator=(const FramedWindow&) = delete;
+  virtual ~FramedWindow() = default;
+
+  [[nodiscard]] virtual TreeView& make_tree(const std::wstring& designer_name) = 0;
+  [[nodiscard]] virtual ListView& make_list_view(const std::wstring& designer_name) = 0;
+  [[nodiscard]] virtual Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) = 0;
+  [[nodiscard]] virtual Button& make_button(const std::wstring& designer_name) = 0;
+  [[nodiscard]] virtual PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) = 0;
+  [[nodiscard]] virtual TextBox& make_text_box(const std::wstring& designer_name) = 0;
+  [[nodiscard]] virtual ProgressBar& make_progress(const std::wstring& designer_name) = 0;
+  [[nodiscard]] virtual Frame& make_frame(const std::wstring& designer_name) = 0;
+  [[nodiscard]] virtual Browser& make_browser(const std::wstring& designer_name) = 0;
+
+  virtual void set_caption(const std::wstring& caption) = 0;
+  [[nodiscard]] virtual std::wstring caption() const = 0;
+  virtual void set_visible(bool visible) = 0; // showing also restores a minimised window
+  [[nodiscard]] virtual bool visible() const = 0;
+  [[nodiscard]] virtual bool minimized() const = 0;
+  virtual void activate() = 0; // to the front, with the keyboard
+
+  // The outer size, frame and caption included. A window made larger stays wholly on its monitor where it can.
+  virtual void resize(int width, int height) = 0;
+  [[nodiscard]] virtual TwipsRect rect() const = 0;
+  virtual void set_minimum(int width, int height) = 0; // outer size that the user cannot go below
+  [[nodiscard]] virtual int client_width() const = 0;
+  [[nodiscard]] virtual int client_height() const = 0;
+
+  std::function<void()> on_resize; // the client area has another size or resolution: place the controls anew
+  std::function<void()> on_close;  // the user closes it; nothing is destroyed by itself
+};
+
+// Makes framed windows. They are destroyed from the top level of the loop only, never inside one of their handlers.
+class FramedWindowMaker {
+public:
+  FramedWindowMaker() = default;
+  FramedWindowMaker(const FramedWindowMaker&) = delete;
+  FramedWindowMaker& operator=(const FramedWindowMaker&) = delete;
+  virtual ~FramedWindowMaker() = default;
+
+  [[nodiscard]] virtual std::unique_ptr<FramedWindow> make(const std::wstring& name) = 0;
+};
+
+} // namespace lumotune::platform

@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/memory/framed_window.h"
+
+#include <algorithm>
+#include <cwctype>
+
+namespace lumotune::platform::memory {
+namespace {
+
+bool same_key(const std::wstring& a, const std::wstring& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](wchar_t x, wchar_t y) {
+    return std::towlower(static_cast<wint_t>(x)) == std::towlower(static_cast<wint_t>(y));
+  });
+}
+
+} // namespace
+
+void MemoryTree::clear() {
+  nodes_.clear();
+  selected_ = 0;
+}
+
+std::size_t MemoryTree::find(const std::wstring& key) const {
+  for (std::size_t i = 0; i < nodes_.size(); ++i) {
+    if (same_key(nodes_[i].key, key))
+      return i + 1;
+  }
+  return 0;
+}
+
+bool MemoryTree::add(const std::wstring& key, const std::wstring& parent_key, const std::wstring& text) {
+  const std::size_t parent = parent_key.empty() ? 0 : find(parent_key);
+  if (find(key) != 0 || (!parent_key.empty() && parent == 0))
+    return false;
+  nodes_.push_back({key, text, parent});
+  return true;
+}
+
+std::wstring MemoryTree::key(std::size_t index) const {
+  return index == 0 || index > nodes_.size() ? std::wstring() : nodes_[index - 1].key;
+}
+
+std::wstring MemoryTree::node_text(std::size_t index) const {
+  return index == 0 || index > nodes_.size() ? std::wstring() : nodes_[index - 1].text;
+}
+
+std::size_t MemoryTree::parent(std::size_t index) const {
+  return index == 0 || index > nodes_.size() ? 0 : nodes_[index - 1].parent;
+}
+
+void MemoryTree::select(std::size_t index) {
+  if (index != 0 && index <= nodes_.size())
+    selected_ = index;
+}
+
+bool MemoryTree::user_pick(std::size_t index) {
+  if (!visible() || !enabled() || index == 0 || index > nodes_.size())
+    return false;
+  selected_ = index;
+  return fire(on_click);
+}
+
+bool MemoryTree::user_arrow(std::size_t index) {
+  if (!visible() || !enabled() || index == 0 || index > nodes_.size())
+    return false;
+  selected_ = index;
+  return fire(on_key_up);
+}
+
+void MemoryListView::add_column(const std::wstring& key, const std::wstring& caption, int width) {
+  columns_.push_back({key, caption, width});
+}
+
+void MemoryListView::rows_changed() {
+  selected_ = 0;
+  ++changes;
+}
+
+void MemoryListView::select(std::size_t index) {
+  selected_ = index <= count() ? index : 0;
+}
+
+std::wstring MemoryListView::cell(std::size_t row, std::size_t column) const {
+  return row == 0 || row > count() ? std::wstring() : rows_->text(row, column);
+}
+
+bool MemoryListView::user_pick(std::size_t index, MouseButton button) {
+  if (!visible() || !enabled() || index == 0 || index > count())
+    return false;
+  (void)fire(on_mouse_down, MouseEvent{button, 0, 0});
+  selected_ = index;
+  return fire(on_click);
+}
+
+bool MemoryListView::user_double_pick(std::size_t index) {
+  return user_pick(index, MouseButton::left) && fire(on_double_click);
+}
+
+bool MemoryListView::user_arrow(std::size_t index) {
+  if (!visible() || !enabled() || index == 0 || index > count())
+    return false;
+  selected_ = index;
+  return fire(on_key_up);
+}
+
+bool MemoryListView::user_type(wchar_t character) {
+  return visible() && fire(on_key_press, character);
+}
+
+TreeView& MemoryFramedWindow::make_tree(const std::wstring& designer_name) {
+  return make<MemoryTree>(designer_name);
+}
+
+ListView& MemoryFramedWindow::make_list_view(const std::wstring& designer_name) {
+  return make<MemoryListView>(designer_name);
+}
+
+Label& MemoryFramedWindow::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont /*font*/) {
+  return make<MemoryLabel>(designer_name, kind);
+}
+
+Button& MemoryFramedWindow::make_button(const std::wstring& designer_name) {
+  return make<MemoryButton>(designer_name);
+}
+
+PictureBox& MemoryFramedWindow::make_picture(const std::wstring& designer_name, PictureKind kind) {
+  return make<MemoryPicture>(designer_name, files_, kind);
+}
+
+TextBox& MemoryFramedWindow::make_text_box(const std::wstring& designer_name) {
+  return make<MemoryTextBox>(designer_name);
+}
+
+ProgressBar& MemoryFramedWindow::make_progress(const std::wstring& designer_name) {
+  return make<MemoryProgress>(designer_name);
+}
+
+Frame& MemoryFramedWindow::make_frame(const std::wstring& designer_name) {
+  return make<MemoryFrame>(designer_name);
+}
+
+Browser& MemoryFramedWindow::make_browser(const std::wstring& designer_name) {
+  return make<MemoryBrowser>(designer_name);
+}
+
+void MemoryFramedWindow::set_visible(bool visible) {
+  visible_ = visible;
+  minimized_ = false;
+}
+
+void MemoryFramedWindow::resize(int width, int height) {
+  rect_.width = std::max(width, 0);
+  rect_.height = std::max(height, 0);
+  if (const auto copy = on_resize)
+    copy();
+}
+
+void MemoryFramedWindow::user_resize(int width, int height) {
+  resize(std::max(width, minimum.first), std::max(height, minimum.second));
+}
+
+void MemoryFramedWindow::user_close() {
+  if (const auto copy = on_close)
+    copy();
+}
+
+std::unique_ptr<FramedWindow> MemoryFramedWindowMaker::make(const std::wstring& name) {
+  auto window = std::make_unique<MemoryFramedWindow>(name, files_);
+  last = window.get();
+  ++made;
+  return window;
+}
+
+} // namespace lumotune::platform::memory

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// A framed window without a screen, and the user's hand for tests.
+#pragma once
+
+#include "platform/framed_window.h"
+#include "platform/memory/window.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace lumotune::platform::memory {
+
+class MemoryTree final : public MemoryControl<TreeView> {
+public:
+  using MemoryControl::MemoryControl;
+  void clear() override;
+  [[nodiscard]] bool add(const std::wstring& key, const std::wstring& parent_key, const std::wstring& text) override;
+  [[nodiscard]] std::size_t count() const override { return nodes_.size(); }
+  [[nodiscard]] std::wstring key(std::size_t index) const override;
+  [[nodiscard]] std::wstring node_text(std::size_t index) const override;
+  [[nodiscard]] std::size_t selected() const override { return selected_; }
+  void select(std::size_t index) override;
+  [[nodiscard]] std::size_t parent(std::size_t index) const; // 0 for a root
+  [[nodiscard]] std::size_t find(const std::wstring& key) const;
+
+  bool user_pick(std::size_t index);  // clicks the node
+  bool user_arrow(std::size_t index); // comes to the node by a key
+
+private:
+  struct Node {
+    std::wstring key;
+    std::wstring text;
+    std::size_t parent = 0;
+  };
+  std::vector<Node> nodes_;
+  std::size_t selected_ = 0;
+};
+
+class MemoryListView final : public MemoryControl<ListView> {
+public:
+  struct Column {
+    std::wstring key;
+    std::wstring caption;
+    int width = 0;
+  };
+  using MemoryControl::MemoryControl;
+  void set_rows(const RowModel* rows) override { rows_ = rows; }
+  void add_column(const std::wstring& key, const std::wstring& caption, int width) override;
+  void rows_changed() override;
+  [[nodiscard]] std::size_t selected() const override { return selected_; }
+  void select(std::size_t index) override;
+  [[nodiscard]] std::size_t count() const { return rows_ == nullptr ? 0 : rows_->count(); }
+  [[nodiscard]] std::wstring cell(std::size_t row, std::size_t column) const;
+  [[nodiscard]] const std::vector<Column>& columns() const { return columns_; }
+
+  bool user_pick(std::size_t index, MouseButton button);
+  bool user_double_pick(std::size_t index);
+  bool user_arrow(std::size_t index);
+  bool user_type(wchar_t character);
+
+  int changes = 0; // how often the rows changed
+
+private:
+  const RowModel* rows_ = nullptr;
+  std::vector<Column> columns_;
+  std::size_t selected_ = 0;
+};
+
+class MemoryTextBox final : public MemoryControl<TextBox> {
+public:
+  using MemoryControl::MemoryControl;
+};
+
+class MemoryProgress final : public MemoryControl<ProgressBar> {
+public:
+  using MemoryControl::MemoryControl;
+  void set_percent(int percent) override { percent_ = percent < 0 ? 0 : percent > 100 ? 100 : percent; }
+  [[nodiscard]] int percent() const override { return percent_; }
+
+private:
+  int percent_ = 0;
+};
+
+class MemoryFrame final : public MemoryControl<Frame> {
+public:
+  using MemoryControl::MemoryControl;
+};
+
+class MemoryBrowser final : public MemoryControl<Browser> {
+public:
+  using MemoryControl::MemoryControl;
+  void navigate(const std::wstring& address) override { visited.push_back(address); }
+  std::vector<std::wstring> visited;
+};
+
+class MemoryFramedWindow final : public FramedWindow {
+public:
+  MemoryFramedWindow(std::wstring name, const Files& files) : name_(std::move(name)), files_(files) {}
+
+  [[nodiscard]] TreeView& make_tree(const std::wstring& designer_name) override;
+  [[nodiscard]] ListView& make_list_view(const std::wstring& designer_name) override;
+  [[nodiscard]] Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
+  [[nodiscard]] Button& make_button(const std::wstring& designer_name) override;
+  [[nodiscard]] PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
+  [[nodiscard]] TextBox& make_text_box(const std::wstring& designer_name) override;
+  [[nodiscard]] ProgressBar& make_progress(const std::wstring& designer_name) override;
+  [[nodiscard]] Frame& make_frame(const std::wstring& designer_name) override;
+  [[nodiscard]] Browser& make_browser(const std::wstring& designer_name) override;
+
+  void set_caption(const std::wstring& caption) override { caption_ = caption; }
+  [[nodiscard]] std::wstring caption() const override { return caption_; }
+  void set_visible(bool visible) override;
+  [[nodiscard]] bool visible() const override { return visible_; }
+  [[nodiscard]] bool minimized() const override { return minimized_; }
+  void activate() override { ++activated; }
+  void resize(int width, int height) override;
+  [[nodiscard]] TwipsRect rect() const override { return rect_; }
+  void set_minimum(int width, int height) override { minimum = {width, height}; }
+  // A frame of 120 twips on each side and a caption of 435.
+  [[nodiscard]] int client_width() const override { return rect_.width - 240; }
+  [[nodiscard]] int client_height() const override { return rect_.height - 675; }
+
+  // A control as what it is; nullptr when there is none of that name and kind.
+  template <typename Kind>
+  [[nodiscard]] Kind* find(const std::wstring& name) const {
+    for (const auto& control : controls_) {
+      if (control->name() == name)
+        return dynamic_cast<Kind*>(control.get());
+    }
+    return nullptr;
+  }
+  [[nodiscard]] const std::wstring& name() const { return name_; }
+  void user_minimize() { minimized_ = true; }
+  void user_resize(int width, int height);
+  void user_close();
+
+  int activated = 0;
+  std::pair<int, int> minimum;
+
+private:
+  template <typename Kind, typename... Arguments>
+  Kind& make(Arguments&&... arguments) {
+    auto made = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
+    Kind& reference = *made;
+    controls_.push_back(std::move(made));
+    return reference;
+  }
+
+  std::wstring name_;
+  const Files& files_;
+  std::vector<std::unique_ptr<Control>> controls_;
+  std::wstring caption_;
+  bool visible_ = false;
+  bool minimized_ = false;
+  TwipsRect rect_{1500, 1500, 9000, 6000};
+};
+
+class MemoryFramedWindowMaker final : public FramedWindowMaker {
+public:
+  explicit MemoryFramedWindowMaker(const Files& files) : files_(files) {}
+  [[nodiscard]] std::unique_ptr<FramedWindow> make(const std::wstring& name) override;
+
+  MemoryFramedWindow* last = nullptr; // the one made last; dangling once its owner has destroyed it
+  int made = 0;
+
+private:
+  const Files& files_;
+};
+
+} // namespace lumotune::platform::memory

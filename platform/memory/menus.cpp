@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/memory/menus.h"
+
+#include <algorithm>
+
+namespace lumotune::platform::memory {
+namespace {
+
+// Reached only through items that are seen and can be chosen.
+const MenuItem* find_choosable(const std::vector<MenuItem>& items, const std::wstring& name) {
+  for (const MenuItem& item : items) {
+    if (!item.visible || !item.enabled)
+      continue;
+    if (item.name == name && item.children.empty() && item.caption != L"-")
+      return &item;
+    if (const MenuItem* below = find_choosable(item.children, name))
+      return below;
+  }
+  return nullptr;
+}
+
+} // namespace
+
+const MenuItem* find_item(const std::vector<MenuItem>& items, const std::wstring& name) {
+  for (const MenuItem& item : items) {
+    if (item.name == name)
+      return &item;
+    if (const MenuItem* below = find_item(item.children, name))
+      return below;
+  }
+  return nullptr;
+}
+
+std::wstring MemoryPopupMenus::pop_up(const std::vector<MenuItem>& items, const Control* anchor) {
+  const bool any_seen = std::any_of(items.begin(), items.end(), [](const MenuItem& item) { return item.visible; });
+  if (open_ || !any_seen)
+    return {};
+  open_ = true;
+  opened.push_back({items, anchor});
+  if (while_open)
+    while_open();
+  open_ = false;
+  if (choices.empty())
+    return {};
+  const std::wstring choice = choices.front();
+  choices.pop_front();
+  return find_choosable(items, choice) == nullptr ? std::wstring() : choice;
+}
+
+std::optional<std::wstring> MemoryInputBox::ask(const std::wstring& prompt, const std::wstring& title,
+                                                const std::wstring& default_text) {
+  asked.push_back({prompt, title, default_text});
+  if (while_open)
+    while_open();
+  if (answers.empty())
+    return std::nullopt;
+  auto answer = answers.front();
+  answers.pop_front();
+  return answer;
+}
+
+} // namespace lumotune::platform::memory

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Menus, the input box, the pointer, media keys and the connection in memory: they record and answer as told.
+#pragma once
+
+#include "platform/connection.h"
+#include "platform/input_box.h"
+#include "platform/popup_menus.h"
+#include "platform/user_input.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace lumotune::platform::memory {
+
+// The first item of that name in the tree, or nullptr.
+[[nodiscard]] const MenuItem* find_item(const std::vector<MenuItem>& items, const std::wstring& name);
+
+class MemoryPopupMenus final : public PopupMenus {
+public:
+  struct Opened {
+    std::vector<MenuItem> items;
+    const Control* anchor = nullptr;
+  };
+  // Chooses the next of `choices`, where that item is there, visible and enabled; otherwise nothing.
+  [[nodiscard]] std::wstring pop_up(const std::vector<MenuItem>& items, const Control* anchor) override;
+
+  std::vector<Opened> opened;
+  std::deque<std::wstring> choices;
+  std::function<void()> while_open;
+
+private:
+  bool open_ = false;
+};
+
+class MemoryInputBox final : public InputBox {
+public:
+  struct Asked {
+    std::wstring prompt;
+    std::wstring title;
+    std::wstring default_text;
+  };
+  [[nodiscard]] std::optional<std::wstring> ask(const std::wstring& prompt, const std::wstring& title,
+                                                const std::wstring& default_text) override;
+
+  std::vector<Asked> asked;
+  std::deque<std::optional<std::wstring>> answers; // taken in turn; none left cancels
+  std::function<void()> while_open;
+};
+
+class MemoryPointer final : public Pointer {
+public:
+  void click_left() override {
+    ++clicks;
+    if (on_click)
+      on_click();
+  }
+  int clicks = 0;
+  std::function<void()> on_click; // what the click hits
+};
+
+class MemoryMediaKeys final : public MediaKeys {
+public:
+  void take() override { taken = true; }
+  void release() override { taken = false; }
+  bool taken = false;
+};
+
+class MemoryConnection final : public Connection {
+public:
+  [[nodiscard]] ConnectionState state() override {
+    ++asked;
+    return now;
+  }
+  ConnectionState now{true, 0x42, L"Pokusná síť"};
+  int asked = 0;
+};
+
+} // namespace lumotune::platform::memory
