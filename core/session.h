@@ -42,14 +42,15 @@ struct KeptSkinFields {
 
 // What lasts as long as the program runs.
 struct Session {
-  std::wstring OverrideURL;       // one-shot address; written by "remoteplay", cleared by PripravHrani
-  std::wstring OverrideName;      // name for an address of the client's; written by "remoteplay"
-  std::wstring station_name;      // field "name" of the station; written by Play and the console
-  std::wstring shown_name;        // written by the status display
-  std::wstring time_text;         // elapsed time, empty while nothing is heard; written by the status display
-  std::wstring title_text;        // for the tray tip; written by the status display
-  std::wstring window_shown;      // "1" shown, "0" hidden, empty before either; written by FormMax, FormMin, OrbMinMax
-  bool ClientStartedByUs = false; // written by Form_Load
+  std::wstring OverrideURL;  // one-shot address; written by "remoteplay", cleared by PripravHrani
+  std::wstring OverrideName; // name for an address of the client's; written by "remoteplay"
+  std::wstring station_name; // field "name" of the station; written by Play and the console
+  std::wstring shown_name;   // written by the status display
+  std::wstring time_text;    // elapsed time, empty while nothing is heard; written by the status display
+  std::wstring title_text;   // for the tray tip; written by the status display
+  std::wstring window_shown; // "1" shown, "0" hidden, empty before either; written by FormMax, FormMin, OrbMinMax
+  std::wstring favourite_line = L"lt:/"; // line of the favourite clicked last; written by Control_List_Click
+  bool ClientStartedByUs = false;        // written by Form_Load
   KeptSkinFields skin;
 };
 
