@@ -12,6 +12,7 @@ import subprocess
 import sys
 import tempfile
 import time
+import typing
 
 TOP = os.path.realpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))
 WINE = "/usr/lib/wine/wine64"
@@ -55,6 +56,19 @@ class Control:
     @property
     def middle(self):
         return self.left + self.width // 2, self.top + self.height // 2
+
+
+class Row(typing.NamedTuple):
+    place: tuple
+    text: str
+    country: str
+
+
+class Node(typing.NamedTuple):
+    place: tuple
+    depth: int
+    selected: bool
+    text: str
 
 
 class Radio:
@@ -109,8 +123,8 @@ class Desk:
     def second(self, *arguments):
         return wine("lumotune.exe", *arguments, cwd=self.folder)
 
-    def controls(self):
-        lines = wine(PROBE, "controls").stdout.decode("utf-8", "replace").splitlines()
+    def controls(self, window="Lumotune"):
+        lines = wine(PROBE, "controls", window).stdout.decode("utf-8", "replace").splitlines()
         rows = [line.split("\t") for line in lines]
         return {row[0]: Control(row) for row in rows if len(row) == 11}
 
@@ -134,8 +148,33 @@ class Desk:
     def press(self, caption):
         return wine(PROBE, "press", caption).returncode == 0
 
-    def click(self, name, button=1, times=1):
-        x, y = self.controls()[name].middle
+    def rows(self):
+        """The directory's list: Row(place, text, country)."""
+        lines = wine(PROBE, "rows").stdout.decode("utf-8", "replace").splitlines()
+        parts = [line.split("\t") for line in lines]
+        return [Row((int(row[0]), int(row[1])), row[2], row[3]) for row in parts if len(row) == 4]
+
+    def nodes(self):
+        """The directory's tree: Node(place, depth, selected, text); a place of (-1, -1) is folded away."""
+        lines = wine(PROBE, "nodes").stdout.decode("utf-8", "replace").splitlines()
+        parts = [line.split("\t") for line in lines]
+        return [Node((int(row[0]), int(row[1])), int(row[2]), row[3] == "1", row[4]) for row in parts if len(row) == 5]
+
+    def selected_row(self):
+        return int(wine(PROBE, "selected").stdout.decode() or 0)
+
+    def favourite_place(self, index):
+        return tuple(int(value) for value in wine(PROBE, "item", str(index)).stdout.decode().split())
+
+    def close_window(self, window):
+        wine(PROBE, "close", window)
+
+    def click(self, name, button=1, times=1, window="Lumotune"):
+        self.click_at(self.controls(window)[name].middle, button, times)
+
+    @staticmethod
+    def click_at(place, button=1, times=1):
+        x, y = place
         subprocess.run(["xdotool", "mousemove", str(x), str(y), "sleep", "0.1", "click", "--repeat", str(times), "--delay",
                         "80", str(button)], check=True)
         time.sleep(0.2)
