@@ -98,16 +98,34 @@ std::wstring_view mid(std::wstring_view text, std::size_t position, std::size_t 
   return text.substr(position - 1, length);
 }
 
-std::vector<std::wstring> split_record(std::wstring_view text, std::size_t max_fields) {
+std::vector<std::wstring> split_text(std::wstring_view text, std::wstring_view separator, std::size_t max_fields) {
   std::vector<std::wstring> fields;
   while (fields.size() < max_fields) {
-    const std::size_t cut = text.find(record_delimiter);
+    const std::size_t cut = text.find(separator);
     fields.emplace_back(text.substr(0, cut));
     if (cut == std::wstring_view::npos)
       break;
-    text.remove_prefix(cut + record_delimiter.size());
+    text.remove_prefix(cut + separator.size());
   }
   return fields;
+}
+
+std::vector<std::wstring> split_record(std::wstring_view text, std::size_t max_fields) {
+  return split_text(text, record_delimiter, max_fields);
+}
+
+std::wstring replace_ignoring_case(std::wstring_view text, std::wstring_view what, std::wstring_view with) {
+  std::wstring result;
+  while (!text.empty()) {
+    if (starts_with_ignoring_case(text, what)) {
+      result += with;
+      text.remove_prefix(what.size());
+    } else {
+      result += text.front();
+      text.remove_prefix(1);
+    }
+  }
+  return result;
 }
 
 double number_value(std::wstring_view text) {

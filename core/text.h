@@ -25,6 +25,15 @@ inline constexpr std::wstring_view record_delimiter = L"/@/";
 // Cuts before each delimiter and goes on after it: n delimiters make n + 1 fields, at most `max_fields`.
 [[nodiscard]] std::vector<std::wstring> split_record(std::wstring_view text, std::size_t max_fields = 64);
 
+// Cuts before each separator (not empty) and goes on after it, in the same way.
+[[nodiscard]] std::vector<std::wstring> split_text(std::wstring_view text, std::wstring_view separator,
+                                                   std::size_t max_fields = 64);
+
+// Every occurrence of `what` (not empty, letter case ignored) replaced, from left to right; what was put in is not
+// looked at again.
+[[nodiscard]] std::wstring replace_ignoring_case(std::wstring_view text, std::wstring_view what,
+                                                 std::wstring_view with);
+
 // The number that a text begins with: blanks, a sign, digits, a decimal point and digits; 0 where it begins with none.
 [[nodiscard]] double number_value(std::wstring_view text);
 

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "directory/info_panel.h"
+
+#include "core/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace lumotune::directory {
+namespace {
+
+using core::replace_ignoring_case;
+
+constexpr int height_with_line = 6045; // of the window, twips
+constexpr double longest_interval_ms = 60000;
+constexpr double largest_colour = 0xffffff;
+
+// A whole text that is a number not below 0; nothing otherwise.
+bool number_of(const std::wstring& text, double largest, double& number) {
+  if (text.empty() || text.find_first_not_of(L"0123456789") != std::wstring::npos)
+    return false;
+  number = std::min(core::number_value(text), largest);
+  return true;
+}
+
+// The client's programs by their plain names only: a command from outside must not start whatever lies on the machine.
+bool is_plain_program_name(const std::wstring& name) {
+  return !name.empty() && name.find_first_of(L"\\/:\"'<>|*? \t") == std::wstring::npos &&
+         std::all_of(name.begin(), name.end(), [](wchar_t character) { return character > L' '; });
+}
+
+} // namespace
+
+std::wstring MakePageRe(std::wstring& vstup) {
+  static constexpr std::array<std::pair<wchar_t, const wchar_t*>, 5> codes = {
+      {{L'=', L"*r*"}, {L'/', L"*l*"}, {L'&', L"*a*"}, {L'#', L"*k*"}, {L'?', L"*o*"}}};
+  for (const auto& [letter, code] : codes)
+    vstup = replace_ignoring_case(vstup, std::wstring(1, letter), code);
+  return vstup;
+}
+
+InfoPanelLine::InfoPanelLine(const Uses& uses)
+    : uses_(uses), TimerInPan(uses.loop.make_timer(1, [this] { TimerInPan_Timer(); })) {}
+
+void InfoPanelLine::ZobrazInfoPanel(const std::wstring& CommandsG) {
+  auto& line = uses_.form.InfoPanel;
+  {
+    const Layout::Hold hold(uses_.layout);
+    uses_.layout.set_window_height(height_with_line);
+    line.set_visible(true);
+    uses_.form.ImageInPan.set_visible(true);
+  }
+  uses_.loop.run_pending();
+  const auto fields = core::split_record(CommandsG);
+  line.set_bold(fields[0] == L"1");
+  double number = 0;
+  if (fields.size() > 1 && number_of(fields[1], largest_colour, number))
+    line.set_text_colour(static_cast<platform::Colour>(static_cast<std::uint32_t>(number)));
+  if (fields.size() > 2 && number_of(fields[2], longest_interval_ms, number))
+    TimerInPan->set_interval(std::max(static_cast<std::uint32_t>(number), 1U));
+  if (fields.size() > 3)
+    panel_text_ = fields[3];
+  if (fields.size() > 4)
+    line.set_tooltip(fields[4]);
+  if (fields.size() > 5)
+    panel_action_ = fields[5];
+  if (fields.size() > 6)
+    panel_parameter_ = fields[6];
+  typing_position_ = 0;
+  line.set_text(L"");
+  TimerInPan->start();
+}
+
+void InfoPanelLine::TimerInPan_Timer() {
+  uses_.form.InfoPanel.set_text(panel_text_.substr(0, typing_position_));
+  if (typing_position_ >= panel_text_.size()) {
+    typing_position_ = 0;
+    TimerInPan->stop();
+  } else {
+    ++typing_position_;
+  }
+}
+
+void InfoPanelLine::InfoPanel_Click() {
+  if (core::equal_ignoring_case(panel_action_, L"openurl"))
+    open_url();
+  else if (core::equal_ignoring_case(panel_action_, L"showusers"))
+    show_users();
+  else if (core::equal_ignoring_case(panel_action_, L"opengbrowser"))
+    open_browser();
+}
+
+// The login page gets the page to go on to as one segment of its own address.
+void InfoPanelLine::open_url() {
+  std::wstring page = panel_parameter_;
+  const std::wstring token = uses_.identity.Heslo(uses_.settings.h);
+  uses_.web->OpenUrl(
+      skin::login_address(skin::companion_values(uses_.machine, uses_.settings), token, MakePageRe(page)));
+}
+
+void InfoPanelLine::show_users() {
+  auto pieces = core::split_text(panel_parameter_, L"||");
+  if (pieces.size() < 4)
+    return;
+  pieces[0] = replace_ignoring_case(pieces[0], L"..", L"");
+  // A program that we do not know is not started; the message still reaches a window that is there.
+  const bool known =
+      is_plain_program_name(pieces[0]) && uses_.files.exists(uses_.machine.program_folder() + L"\\" + pieces[0]);
+  uses_.sender.SendCommand(pieces[0], pieces[1], pieces[2], known ? pieces[3] : L"x");
+}
+
+void InfoPanelLine::open_browser() {
+  const auto& settings = uses_.settings;
+  std::wstring text = replace_ignoring_case(panel_parameter_, L"*.Orbidh*", settings.idh);
+  text = replace_ignoring_case(text, L"*.Orbh*", settings.h);
+  text = replace_ignoring_case(text, L"*.!Orbh*", uses_.identity.Heslo(settings.h));
+  text = replace_ignoring_case(text, L"*.l*", L"/");
+  panel_parameter_ = text;
+  auto pieces = core::split_text(text, L"|=|");
+  if (pieces.size() < 2)
+    return;
+  const std::wstring page = pieces[0];
+  const std::wstring fields = replace_ignoring_case(pieces[1], L"||", core::record_delimiter);
+  (void)uses_.dialogs.message(page + L"\r\n" + fields, platform::Dialogs::default_title, platform::BoxIcon::none,
+                              platform::BoxButtons::ok);
+  skin::launch(uses_.shell, skin::browser_page(skin::companion_values(uses_.machine, settings), page, fields));
+}
+
+} // namespace lumotune::directory

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The information line of the directory window: types out a message of the server's and obeys a command when clicked.
+#pragma once
+
+#include "core/send_command.h"
+#include "core/session.h"
+#include "directory/layout.h"
+#include "directory/list_radios_form.h"
+#include "directory/ports.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "platform/shell.h"
+#include "skin/companions.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+namespace lumotune::directory {
+
+// One path segment out of an address: "=", "/", "&", "#" and "?" become "*r*", "*l*", "*a*", "*k*" and "*o*". Leaves
+// the result in the argument, too.
+std::wstring MakePageRe(std::wstring& vstup);
+
+// User-interface thread. Everything that arrives here comes from the network.
+class InfoPanelLine {
+public:
+  struct Uses {
+    ListRadiosForm& form;
+    Layout& layout;
+    core::Settings& settings;
+    platform::EventLoop& loop;
+    platform::Dialogs& dialogs;
+    platform::Shell& shell;
+    const platform::Files& files;
+    const platform::Machine& machine;
+    core::CommandSender& sender;
+    skin::IdentitySource& identity;
+    WebSlot& web;
+  };
+  explicit InfoPanelLine(const Uses& uses);
+
+  // Fields: "1" for bold, colour, milliseconds a letter, text, tool tip, action, its parameter. A step whose field is
+  // missing or bad is left out.
+  void ZobrazInfoPanel(const std::wstring& CommandsG);
+  void InfoPanel_Click();
+  void InfoPanel_MouseMove() { uses_.form.InfoPanel.set_underline(true); }
+  void InfoPanel_MouseDown() { uses_.form.InfoPanel.set_underline(false); }
+  void ImageInPan_MouseMove() { uses_.form.InfoPanel.set_underline(false); }
+  void stop() { TimerInPan->stop(); }
+
+private:
+  void TimerInPan_Timer();
+  void open_url();
+  void show_users();
+  void open_browser();
+
+  Uses uses_;
+  std::unique_ptr<platform::Timer> TimerInPan;
+  std::wstring panel_text_;
+  std::wstring panel_action_;
+  std::wstring panel_parameter_;
+  std::size_t typing_position_ = 0;
+};
+
+} // namespace lumotune::directory
