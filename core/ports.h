@@ -71,6 +71,39 @@ struct NoFavourites final : FavouritesPort {
 };
 using FavouritesSlot = Slot<FavouritesPort, NoFavourites>;
 
+// One entry goes out of the favourites.
+struct FavouritesDeletePort {
+  virtual ~FavouritesDeletePort() = default;
+  // The whole line of the favourites file: "lt:", identifier, "/", quality. A box tells of the success.
+  virtual void DeleteFromOblibene(const std::wstring& RadioDelete) = 0;
+};
+struct NoFavouritesDelete final : FavouritesDeletePort {
+  void DeleteFromOblibene(const std::wstring& /*RadioDelete*/) override {}
+};
+using FavouritesDeleteSlot = Slot<FavouritesDeletePort, NoFavouritesDelete>;
+
+// The pop-up menu of the favourites list, LT_MenuRadia (events run while it is open).
+struct FavouriteMenuPort {
+  virtual ~FavouriteMenuPort() = default;
+  virtual void set_tune_caption(const std::wstring& caption) = 0; // LT_MenuRadia_Naladit
+  virtual void open_favourite() = 0;
+};
+struct NoFavouriteMenu final : FavouriteMenuPort {
+  void set_tune_caption(const std::wstring& /*caption*/) override {}
+  void open_favourite() override {}
+};
+using FavouriteMenuSlot = Slot<FavouriteMenuPort, NoFavouriteMenu>;
+
+// The console: asks for command lines and carries them out (events run meanwhile).
+struct ConsolePort {
+  virtual ~ConsolePort() = default;
+  virtual void LTconsole() = 0;
+};
+struct NoConsole final : ConsolePort {
+  void LTconsole() override {}
+};
+using ConsoleSlot = Slot<ConsolePort, NoConsole>;
+
 // The station directory window.
 struct DirectoryPort {
   virtual ~DirectoryPort() = default;
