@@ -32,11 +32,19 @@ Layout::Hold::~Hold() {
   if (--layout_.held_ > 0)
     return;
   layout_.advert_distance_ = layout_.form_.window.client_height() - layout_.form_.WebBrowser1.rect().top;
+  layout_.set_minimum();
   layout_.place();
 }
 
+// The advertisement and the information line take their room from nobody.
+void Layout::set_minimum() {
+  int height = smallest_height + (form_.InfoPanel.visible() ? info_row : 0);
+  height += advert_shown() ? std::clamp(advert_distance_, 0, tallest / 2) : 0;
+  form_.window.set_minimum(smallest_width, height);
+}
+
 void Layout::set_up() {
-  form_.window.set_minimum(smallest_width, smallest_height);
+  set_minimum();
   form_.window.resize(first_width, first_height);
   place();
 }

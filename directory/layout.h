@@ -32,6 +32,7 @@ public:
   };
 
 private:
+  void set_minimum();
   void place_details(int left, int width, int bottom);
   void place_status(int width, int top);
   [[nodiscard]] bool advert_shown() const;
