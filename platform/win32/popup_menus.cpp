@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/win32/popup_menus.h"
+
+#include "platform/win32/controls.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cwchar>
+
+namespace lumotune::platform::win32 {
+namespace {
+
+// How often an open menu looks whether the program ends.
+constexpr std::uint32_t end_watch_ms = 50;
+// A longer caption would be wider than any screen. Station names and addresses come from outside.
+constexpr std::size_t most_shown = 300;
+
+struct DestroyMenuHandle {
+  using pointer = HMENU;
+  void operator()(HMENU menu) const { DestroyMenu(menu); }
+};
+using MenuHandle = std::unique_ptr<void, DestroyMenuHandle>;
+
+// A hook has no place for a pointer of ours, so that this note stands alone: one for each thread, as hooks are.
+thread_local bool last_input_was_key = false;
+
+// Sees what the thread takes out of its queue, in modal loops too. Buttons count also when they are let go: a key that
+// is held down repeats between a button's two messages.
+LRESULT CALLBACK note_input(int code, WPARAM w, LPARAM l) {
+  if (code == HC_ACTION && w == PM_REMOVE) {
+    const UINT message = reinterpret_cast<const MSG*>(l)->message;
+    if (message == WM_KEYDOWN || message == WM_SYSKEYDOWN)
+      last_input_was_key = true;
+    else if ((message > WM_MOUSEMOVE && message <= WM_MOUSELAST) ||
+             (message > WM_NCMOUSEMOVE && message <= WM_NCXBUTTONDBLCLK))
+      last_input_was_key = false;
+  }
+  return CallNextHookEx(nullptr, code, w, l);
+}
+
+// "&" would underline the next letter, a tabulator would begin a second column.
+std::wstring shown_caption(const std::wstring& caption) {
+  std::wstring shown;
+  for (const wchar_t letter : caption.substr(0, most_shown)) {
+    shown += letter < L' ' ? L' ' : letter;
+    if (letter == L'&')
+      shown += letter;
+  }
+  return caption.size() > most_shown ? shown + L"…" : shown;
+}
+
+bool any_visible(const std::vector<MenuItem>& items) {
+  return std::any_of(items.begin(), items.end(), [](const MenuItem& item) { return item.visible; });
+}
+
+// `names` gets the name of each item that can be chosen: the item's number is its place there, from 1. The names are
+// copied, because the tree may be another one by the time that the user has chosen.
+MenuHandle build(const std::vector<MenuItem>& items, std::vector<std::wstring>& names) {
+  MenuHandle menu(CreatePopupMenu());
+  for (const MenuItem& item : items) {
+    if (!item.visible)
+      continue;
+    if (item.caption == L"-") {
+      AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+      continue;
+    }
+    // A submenu with nothing to be seen would open as an empty frame.
+    const bool empty_submenu = !item.children.empty() && !any_visible(item.children);
+    UINT flags = MF_STRING;
+    flags |= item.checked ? MF_CHECKED : MF_UNCHECKED;
+    flags |= item.enabled && !empty_submenu ? MF_ENABLED : MF_GRAYED;
+    MenuHandle below = item.children.empty() || empty_submenu ? MenuHandle() : build(item.children, names);
+    UINT_PTR number = 0;
+    if (below != nullptr) {
+      flags |= MF_POPUP;
+      number = reinterpret_cast<UINT_PTR>(below.get());
+    } else {
+      names.push_back(item.name);
+      number = names.size();
+    }
+    if (AppendMenuW(menu.get(), flags, number, shown_caption(item.caption).c_str()) != 0)
+      (void)below.release(); // the menu above destroys it
+  }
+  return menu;
+}
+
+// The selected row of a list; the whole control where there is none, or where it is out of sight.
+RECT place_of(HWND control) {
+  RECT whole{};
+  GetClientRect(control, &whole);
+  RECT row = whole;
+  std::wstring kind(64, L'\0');
+  kind.resize(static_cast<std::size_t>(RealGetWindowClassW(control, kind.data(), static_cast<UINT>(kind.size()))));
+  if (_wcsicmp(kind.c_str(), L"LISTBOX") == 0) {
+    const LRESULT selected = SendMessageW(control, LB_GETCURSEL, 0, 0);
+    if (selected >= 0)
+      SendMessageW(control, LB_GETITEMRECT, static_cast<WPARAM>(selected), reinterpret_cast<LPARAM>(&row));
+  } else if (_wcsicmp(kind.c_str(), WC_LISTVIEWW) == 0) {
+    const LRESULT selected = SendMessageW(control, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
+    row.left = LVIR_LABEL;
+    if (selected < 0 ||
+        SendMessageW(control, LVM_GETITEMRECT, static_cast<WPARAM>(selected), reinterpret_cast<LPARAM>(&row)) == FALSE)
+      row = whole;
+  }
+  RECT seen{};
+  if (IntersectRect(&seen, &row, &whole) == 0)
+    seen = whole;
+  MapWindowPoints(control, nullptr, reinterpret_cast<POINT*>(&seen), 2);
+  return seen;
+}
+
+// Waits for the user; the number of the chosen item, 0 for none.
+UINT track(HMENU menu, HWND owner, HWND anchor) {
+  TPMPARAMS keep_free{};
+  keep_free.cbSize = sizeof keep_free;
+  POINT at{};
+  GetCursorPos(&at);
+  const bool at_anchor = anchor != nullptr && last_input_was_key && IsWindowVisible(anchor) != 0;
+  if (at_anchor) {
+    keep_free.rcExclude = place_of(anchor);
+    at = {keep_free.rcExclude.left, keep_free.rcExclude.bottom};
+  }
+  // Menus open to the left where the system is set for the right hand.
+  const UINT side = GetSystemMetrics(SM_MENUDROPALIGNMENT) != 0 ? TPM_RIGHTALIGN : TPM_LEFTALIGN;
+  // Without the foreground a menu of the notification area would not close by a click somewhere else.
+  SetForegroundWindow(owner);
+  const UINT flags = TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_NONOTIFY | TPM_VERTICAL | side;
+  const BOOL chosen = TrackPopupMenuEx(menu, flags, at.x, at.y, owner, at_anchor ? &keep_free : nullptr);
+  PostMessageW(owner, WM_NULL, 0, 0); // and without this the next one would close at once
+  return static_cast<UINT>(chosen);
+}
+
+} // namespace
+
+Win32PopupMenus::Win32PopupMenus(EventLoop& loop, HWND owner)
+    : owner_(owner),
+      input_hook_(SetWindowsHookExW(WH_GETMESSAGE, note_input, nullptr, GetCurrentThreadId())),
+      end_watch_(loop.make_timer(end_watch_ms, [&loop] {
+        if (loop.quitting())
+          EndMenu();
+      })) {}
+
+Win32PopupMenus::~Win32PopupMenus() {
+  if (input_hook_ != nullptr)
+    UnhookWindowsHookEx(input_hook_);
+}
+
+std::wstring Win32PopupMenus::pop_up(const std::vector<MenuItem>& items, const Control* anchor) {
+  if (open_ || !any_visible(items))
+    return {};
+  std::vector<std::wstring> names;
+  const MenuHandle menu = build(items, names);
+  const auto* child = dynamic_cast<const ChildWindow*>(anchor);
+  const HWND window = child == nullptr ? nullptr : child->handle();
+  open_ = true;
+  end_watch_->start();
+  const UINT chosen = track(menu.get(), window == nullptr ? owner_ : GetAncestor(window, GA_ROOT), window);
+  end_watch_->stop();
+  open_ = false;
+  return chosen >= 1 && chosen <= names.size() ? names[chosen - 1] : std::wstring();
+}
+
+} // namespace lumotune::platform::win32

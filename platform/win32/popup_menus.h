@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Pop-up menus of the system, opened where the user looks.
+#pragma once
+
+#include "platform/event_loop.h"
+#include "platform/popup_menus.h"
+#include "platform/win32/win.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace lumotune::platform::win32 {
+
+class Win32PopupMenus final : public PopupMenus {
+public:
+  // `owner` has the menus that come without an anchor; the others belong to the anchor's own window.
+  Win32PopupMenus(EventLoop& loop, HWND owner);
+  Win32PopupMenus(const Win32PopupMenus&) = delete;
+  Win32PopupMenus& operator=(const Win32PopupMenus&) = delete;
+  ~Win32PopupMenus() override;
+
+  [[nodiscard]] std::wstring pop_up(const std::vector<MenuItem>& items, const Control* anchor) override;
+
+private:
+  HWND owner_;
+  HHOOK input_hook_;
+  std::unique_ptr<Timer> end_watch_;
+  bool open_ = false;
+};
+
+} // namespace lumotune::platform::win32
