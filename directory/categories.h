@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The category file and the nodes of the tree that it makes. Pure.
+#pragma once
+
+#include "platform/ansi_codec.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumotune::directory {
+
+// A node to be added to the tree, which refuses one whose key is taken or whose parent is unknown.
+struct CategoryNode {
+  std::wstring key;        // "a" and the category's identifier
+  std::wstring parent_key; // "a" and the first six characters of the identifier; empty for a root
+  std::wstring name;
+};
+
+// The nodes in file order. Lines that are no category, or are torn before their name, are left out.
+[[nodiscard]] std::vector<CategoryNode> read_categories(std::string_view bytes, const platform::AnsiCodec& codec);
+
+// What choosing a node shows, as ZobrazKategoriiRadii takes it.
+[[nodiscard]] std::wstring category_of_node(const std::wstring& node_key);
+
+} // namespace lumotune::directory

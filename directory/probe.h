@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The server's answer to the question how long the list is. Pure.
+#pragma once
+
+#include "platform/ansi_codec.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace lumotune::directory {
+
+struct Probe {
+  enum class Kind { size, refused, unusable };
+  Kind kind = Kind::unusable;
+  std::uint64_t size = 0; // bytes of the complete list, at least 1; for Kind::size only
+};
+
+// Any bytes. The last "size:" line counts; one that is no whole number from 1 to the longest file that is read makes
+// the answer unusable, as none does. The error marker ends the reading.
+[[nodiscard]] Probe parse_probe(std::string_view bytes, const std::wstring& server_address,
+                                const platform::AnsiCodec& codec);
+
+// The host of an address: without scheme, "www.", port and path.
+[[nodiscard]] std::wstring host_of(std::wstring_view address);
+
+} // namespace lumotune::directory

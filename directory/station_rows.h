@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The rows of the station list: which lines of the station table it shows. A row's key is "orb" and the station's
+// identifier, its text the name with what the marker appends, its second column the country.
+#pragma once
+
+#include "directory/code_page_fold.h"
+#include "directory/station_keys.h"
+#include "directory/station_lines.h"
+#include "platform/ansi_codec.h"
+#include "platform/directory_controls.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace lumotune::directory {
+
+// User-interface thread. Rows count from 1 and keep the order of their lines. The lines that a row was made of stay
+// alive until the rows change: a station table may be loaded anew below it.
+class StationRows final : public platform::RowModel {
+public:
+  explicit StationRows(const platform::AnsiCodec& codec);
+
+  [[nodiscard]] std::size_t count() const override { return rows_.size(); }
+  [[nodiscard]] std::wstring text(std::size_t row, std::size_t column) const override;
+  [[nodiscard]] bool bold(std::size_t row) const override;
+
+  void clear();
+  // Every station of the lines, in the place of the old rows. A second station of one identifier is not added.
+  void show_all(const std::shared_ptr<const StationLines>& List1);
+  // The rows of one category: "100000" (which becomes empty) and an empty text mean every station, "x" and a text the
+  // stations whose category code goes on so after six characters, another text those whose code begins so.
+  void ZobrazKategoriiRadii(const std::shared_ptr<const StationLines>& List1, std::wstring& Kategorie);
+
+  [[nodiscard]] std::wstring key(std::size_t row) const;             // empty outside 1..count
+  [[nodiscard]] std::size_t find(const std::wstring& IDradia) const; // the station's row, 0 when it is not shown
+
+private:
+  [[nodiscard]] std::string_view line(std::size_t row) const;
+  void PridejDoSeznamu(std::size_t line_number);
+  template <typename Wanted>
+  void fill(const std::shared_ptr<const StationLines>& List1, const Wanted& wanted);
+
+  const platform::AnsiCodec& codec_;
+  CodePageFold fold_;
+  std::shared_ptr<const StationLines> lines_;
+  std::vector<std::uint32_t> rows_; // line numbers
+  StationKeys keys_;
+};
+
+} // namespace lumotune::directory

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The update from the server as a state machine: facts go in, the steps to be carried out come out. Pure.
+#pragma once
+
+#include "directory/conversion.h"
+#include "directory/probe.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace lumotune::directory {
+
+enum class Step {
+  remove_file,   // text: name in the program folder; a missing one is no error
+  set_status,    // text of Label1
+  show_progress, // number: percent, 0..100
+  hide_progress,
+  start_probe, // the downloader, for the list's size
+  start_list,  // the downloader, for the list
+  Timer1_on,   // 100 ms, watches the download: Timer1_Timer
+  Timer1_off,
+  Timer2_off,
+  Timer3_on, // 100 ms, waits for the probe: Timer3_Timer
+  Timer3_off,
+  repaint,    // pending events run
+  read_probe, // answer with probe_read
+  convert,    // answer with converted
+  reload,     // the new files: table, tree, and the stations of the remembered node
+  NactiKategorie,
+  CommandOK,
+  Command1_on,
+  Command1_off,
+  TestOnLine,  // answer with online
+  show_message // text; information icon, default title
+};
+
+struct UpdateStep {
+  Step step;
+  std::wstring text;
+  int number = 0;
+};
+
+// To be carried out in order. Where a step lets events run, an update may have begun anew or the window been closed:
+// before each step the rest is dropped when `run` is no longer Update::run().
+struct UpdateSteps {
+  unsigned run = 0;
+  std::vector<UpdateStep> steps;
+};
+
+// What is known of a file at a tick.
+struct FileFacts {
+  std::optional<std::uint64_t> length; // nothing while the file does not exist
+  bool being_written = false;          // another program has it open for writing
+};
+
+// User-interface thread.
+class Update {
+public:
+  [[nodiscard]] unsigned run() const { return run_; }
+
+  // An update starts; one that runs is given up.
+  [[nodiscard]] UpdateSteps LoadAktualizaceRadii();
+  // The window was closed: nothing of what runs goes on, and the button is as at first.
+  [[nodiscard]] UpdateSteps close();
+
+  [[nodiscard]] UpdateSteps Timer3_Timer(const FileFacts& probe);
+  // The probe's content, nothing when it could not be read. An answer to an older run has no steps.
+  [[nodiscard]] UpdateSteps probe_read(unsigned run, const std::optional<Probe>& probe);
+
+  [[nodiscard]] UpdateSteps Timer1_Timer(const FileFacts& list);
+  [[nodiscard]] UpdateSteps converted(unsigned run, Conversion result);
+
+  [[nodiscard]] UpdateSteps Timer2_Timer(const FileFacts& new_categories);
+
+  [[nodiscard]] UpdateSteps Command1_Click();
+  [[nodiscard]] UpdateSteps online(unsigned run, bool connected);
+
+private:
+  enum class State { idle, probing, reading_probe, downloading, converting };
+
+  [[nodiscard]] UpdateSteps steps(std::vector<UpdateStep> list) const { return {run_, std::move(list)}; }
+
+  State state_ = State::idle;
+  unsigned run_ = 0;
+  std::uint64_t announced_size_ = 0; // bytes
+  double progress_factor_ = 0;       // percent a byte
+};
+
+// The percentage of a length, halves to the even neighbour, kept within 16 bits.
+[[nodiscard]] int progress_percentage(std::uint64_t length, double progress_factor);
+
+} // namespace lumotune::directory
