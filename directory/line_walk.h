@@ -18,11 +18,13 @@ public:
   [[nodiscard]] std::size_t after() const { return after_; } // where the next line starts
 
 private:
+  static constexpr std::size_t unknown = std::string_view::npos;
+
   std::string_view bytes_;
   std::size_t start_ = 0;
   std::size_t length_ = 0;
   std::size_t after_ = 0;
-  std::size_t feed_ = 0; // the first line feed at or after the line, or the end of the bytes
+  std::size_t feed_ = unknown; // the first line feed at or after the line, or the end of the bytes
 };
 
 } // namespace lumotune::directory

@@ -37,8 +37,8 @@ enum class Step {
 };
 
 struct UpdateStep {
-  Step step;
-  std::wstring text;
+  Step step = Step::repaint;
+  std::wstring text{};
   int number = 0;
 };
 

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "directory/categories.h"
+
+#include "core/text.h"
+#include "directory/code_page_fold.h"
+#include "directory/line_walk.h"
+
+namespace lumotune::directory {
+namespace {
+
+constexpr std::size_t top_level_length = 6;
+constexpr const wchar_t* every_station = L"100000";
+
+} // namespace
+
+std::vector<CategoryNode> read_categories(std::string_view bytes, const platform::AnsiCodec& codec) {
+  constexpr std::size_t prefix_length = 5; // "new//", "add//"
+  constexpr std::string_view delimiter = "/@/";
+  std::vector<CategoryNode> nodes;
+  LineWalk walk(bytes);
+  while (walk.next()) {
+    std::string_view line = walk.line();
+    const bool child = starts_with_marker(line, "add//");
+    if (!child && !starts_with_marker(line, "new//"))
+      continue;
+    line.remove_prefix(prefix_length);
+    const std::size_t cut = line.find(delimiter);
+    if (cut == std::string_view::npos)
+      continue;
+    const std::wstring id = codec.decode(line.substr(0, cut));
+    nodes.push_back({L"a" + id, child ? L"a" + id.substr(0, top_level_length) : std::wstring(),
+                     codec.decode(line.substr(cut + delimiter.size()))});
+  }
+  return nodes;
+}
+
+std::wstring category_of_node(const std::wstring& node_key) {
+  const std::wstring_view id = core::mid(node_key, 2);
+  if (id.substr(0, top_level_length) != every_station || id == every_station)
+    return std::wstring(id);
+  return L"x" + std::wstring(core::mid(node_key, 8));
+}
+
+} // namespace lumotune::directory

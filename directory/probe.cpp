@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "directory/probe.h"
+
+#include "core/site.h"
+#include "core/text.h"
+#include "directory/code_page_fold.h"
+#include "directory/line_walk.h"
+#include "platform/files.h"
+
+#include <optional>
+
+namespace lumotune::directory {
+namespace {
+
+// A length in bytes, with blanks around it; nothing for anything else: a length misread would be waited for in vain.
+std::optional<std::uint64_t> length_value(std::string_view text) {
+  constexpr std::string_view blanks = " \t";
+  text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+  text = text.substr(0, text.find_last_not_of(blanks) + 1);
+  if (text.empty())
+    return std::nullopt;
+  std::uint64_t number = 0;
+  for (const char digit : text) {
+    if (digit < '0' || digit > '9')
+      return std::nullopt;
+    number = number * 10 + static_cast<std::uint64_t>(digit - '0');
+    if (number > platform::Files::max_bytes)
+      return std::nullopt;
+  }
+  return number == 0 ? std::nullopt : std::optional(number);
+}
+
+// Only the first twelve characters of a line tell it, however long the host's name is.
+bool is_error_marker(std::string_view line, const std::wstring& host, const platform::AnsiCodec& codec,
+                     const CodePageFold& fold) {
+  constexpr std::size_t compared = 12;
+  if (host.empty())
+    return false;
+  const std::string marker = codec.encode(host + L":error").substr(0, compared);
+  return fold.starts_with(line, marker);
+}
+
+} // namespace
+
+std::wstring host_of(std::wstring_view address) {
+  const std::size_t scheme = address.find(L"://");
+  if (scheme != std::wstring_view::npos)
+    address.remove_prefix(scheme + 3);
+  address = address.substr(0, address.find_first_of(L"/\\?#"));
+  if (core::starts_with_ignoring_case(address, L"www."))
+    address.remove_prefix(4);
+  const std::size_t bracket = address.starts_with(L'[') ? address.find(L']') : std::wstring_view::npos;
+  if (bracket != std::wstring_view::npos)
+    return std::wstring(address.substr(0, bracket + 1)); // an address in numbers, whose colons are its own
+  return std::wstring(address.substr(0, address.find(L':')));
+}
+
+Probe parse_probe(std::string_view bytes, const std::wstring& server_address, const platform::AnsiCodec& codec) {
+  constexpr std::string_view size_marker = "size:";
+  const CodePageFold fold(codec);
+  const std::wstring host = host_of(server_address);
+  Probe probe;
+  LineWalk walk(bytes);
+  while (walk.next()) {
+    const std::string_view line = walk.line();
+    if (is_error_marker(line, host, codec, fold) || is_error_marker(line, core::site_host, codec, fold))
+      return {Probe::Kind::refused, 0};
+    if (!starts_with_marker(line, size_marker))
+      continue;
+    const auto length = length_value(line.substr(size_marker.size()));
+    probe = length.has_value() ? Probe{Probe::Kind::size, *length} : Probe{};
+  }
+  return probe;
+}
+
+} // namespace lumotune::directory

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "directory/station_rows.h"
+
+#include "core/text.h"
+#include "directory/station_record.h"
+
+namespace lumotune::directory {
+namespace {
+
+constexpr std::size_t top_level_length = 6; // characters of a category code before the subcategory part
+constexpr std::size_t appended_from = 4;    // the marker's fifth character
+
+std::string_view rest_of(std::string_view text, std::size_t from) {
+  return text.substr(std::min(from, text.size()));
+}
+
+} // namespace
+
+StationRows::StationRows(const platform::AnsiCodec& codec)
+    : codec_(codec),
+      fold_(codec),
+      keys_(fold_, [this](std::size_t row) { return record_field(line(row), field_id); }) {}
+
+std::string_view StationRows::line(std::size_t row) const {
+  return row == 0 || row > rows_.size() ? std::string_view() : lines_->line(rows_[row - 1]);
+}
+
+std::wstring StationRows::text(std::size_t row, std::size_t column) const {
+  const std::string_view record = line(row);
+  if (column == 1)
+    return codec_.decode(record_field(record, field_country));
+  if (column != 0)
+    return {};
+  std::string name(record_field(record, field_name));
+  return codec_.decode(name.append(rest_of(record_field(record, field_marker), appended_from)));
+}
+
+bool StationRows::bold(std::size_t row) const {
+  return starts_with_marker(record_field(line(row), field_marker), "tip");
+}
+
+std::wstring StationRows::key(std::size_t row) const {
+  if (row == 0 || row > rows_.size())
+    return {};
+  return L"orb" + codec_.decode(record_field(line(row), field_id));
+}
+
+std::size_t StationRows::find(const std::wstring& IDradia) const {
+  const auto id = exact_bytes(codec_, IDradia);
+  return id.has_value() ? keys_.find(*id) : 0;
+}
+
+void StationRows::clear() {
+  rows_.clear();
+  keys_.clear();
+  lines_.reset();
+}
+
+void StationRows::PridejDoSeznamu(std::size_t line_number) {
+  if (keys_.add(rows_.size() + 1, record_field(lines_->line(line_number), field_id)))
+    rows_.push_back(static_cast<std::uint32_t>(line_number));
+}
+
+template <typename Wanted>
+void StationRows::fill(const std::shared_ptr<const StationLines>& List1, const Wanted& wanted) {
+  clear();
+  lines_ = List1;
+  for (std::size_t i = 0; lines_ && i < lines_->count(); ++i) {
+    const std::string_view record = lines_->line(i);
+    if (!record.empty() && wanted(record))
+      PridejDoSeznamu(i);
+  }
+}
+
+void StationRows::show_all(const std::shared_ptr<const StationLines>& List1) {
+  fill(List1, [](std::string_view) { return true; });
+}
+
+void StationRows::ZobrazKategoriiRadii(const std::shared_ptr<const StationLines>& List1, std::wstring& Kategorie) {
+  // Seven characters on purpose: only the whole identifier stands for every station.
+  if (core::equal_ignoring_case(core::mid(Kategorie, 1, 7), L"100000"))
+    Kategorie.clear();
+  if (Kategorie.empty())
+    return show_all(List1);
+  const auto wanted = exact_bytes(codec_, Kategorie);
+  if (!wanted.has_value())
+    return clear(); // no code has a character that the code page lacks
+  const std::string_view category = *wanted;
+  if (starts_with_marker(category, "x"))
+    return fill(List1, [&](std::string_view record) {
+      return fold_.equal(rest_of(record_field(record, field_category), top_level_length), category.substr(1));
+    });
+  fill(List1,
+       [&](std::string_view record) { return fold_.starts_with(record_field(record, field_category), category); });
+}
+
+} // namespace lumotune::directory

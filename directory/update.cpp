@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "directory/update.h"
+
+#include "directory/file_names.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace lumotune::directory {
+namespace {
+
+constexpr const wchar_t* refused_text = L"Aktualizaci nyní nelze provést, zkuste to prosím později.";
+
+UpdateStep status(std::wstring text) {
+  return {Step::set_status, std::move(text)};
+}
+
+// What another program is still writing counts as not there yet.
+bool is_there(const FileFacts& file) {
+  return file.length.value_or(0) > 0 && !file.being_written;
+}
+
+} // namespace
+
+int progress_percentage(std::uint64_t length, double progress_factor) {
+  using Range = std::numeric_limits<std::int16_t>;
+  const double percent = static_cast<double>(length) * progress_factor;
+  const double kept = std::clamp(percent, static_cast<double>(Range::min()), static_cast<double>(Range::max()));
+  double whole = std::floor(kept);
+  const double half = kept - whole;
+  if (half > 0.5 || (half == 0.5 && std::fmod(whole, 2.0) != 0.0))
+    whole += 1;
+  return static_cast<int>(whole);
+}
+
+UpdateSteps Update::LoadAktualizaceRadii() {
+  ++run_;
+  announced_size_ = 0;
+  state_ = State::probing;
+  return steps({{Step::Timer1_off},
+                {Step::Timer3_off},
+                {Step::hide_progress},
+                {Step::remove_file, probe_file},
+                {Step::remove_file, download_file},
+                status(L"Připojování k databázi rádií..."),
+                {Step::start_probe},
+                {Step::Timer3_on}});
+}
+
+UpdateSteps Update::close() {
+  ++run_;
+  announced_size_ = 0;
+  state_ = State::idle;
+  return steps(
+      {{Step::Timer1_off}, {Step::Timer2_off}, {Step::Timer3_off}, {Step::hide_progress}, {Step::Command1_on}});
+}
+
+UpdateSteps Update::Timer3_Timer(const FileFacts& probe) {
+  if (state_ != State::probing || !is_there(probe))
+    return steps({});
+  state_ = State::reading_probe;
+  return steps({{Step::Timer3_off}, {Step::read_probe}});
+}
+
+// The watch begins before the download does: not a tick of it is missed.
+UpdateSteps Update::probe_read(unsigned run, const std::optional<Probe>& probe) {
+  if (run != run_ || state_ != State::reading_probe)
+    return steps({});
+  if (!probe.has_value()) {
+    state_ = State::probing;
+    return steps({{Step::Timer3_on}});
+  }
+  if (probe->kind != Probe::Kind::size || probe->size == 0) {
+    state_ = State::idle;
+    return steps({status(refused_text)});
+  }
+  announced_size_ = probe->size;
+  progress_factor_ = 100.0 / static_cast<double>(announced_size_);
+  state_ = State::downloading;
+  return steps({{Step::Timer1_on}, {Step::repaint}, {Step::start_list}});
+}
+
+UpdateSteps Update::Timer1_Timer(const FileFacts& list) {
+  if (state_ != State::downloading)
+    return steps({});
+  const std::uint64_t length = list.length.value_or(0);
+  const int percentage = progress_percentage(length, progress_factor_);
+  std::vector<UpdateStep> list_of_steps = {status(L"Aktualizuji seznam rádií (" + std::to_wstring(percentage) + L"%)"),
+                                           {Step::show_progress, {}, std::clamp(percentage, 0, 100)}};
+  if (length == announced_size_ && !list.being_written) {
+    state_ = State::converting;
+    list_of_steps.push_back({Step::Timer1_off});
+    list_of_steps.push_back(status(L"Zpracovávám data..."));
+    list_of_steps.push_back({Step::repaint});
+    list_of_steps.push_back({Step::convert});
+  }
+  return steps(std::move(list_of_steps));
+}
+
+// A list that cannot be read yet is tried again at the next tick.
+UpdateSteps Update::converted(unsigned run, Conversion result) {
+  if (run != run_ || state_ != State::converting)
+    return steps({});
+  if (result == Conversion::unreadable) {
+    state_ = State::downloading;
+    return steps({{Step::Timer1_on}});
+  }
+  state_ = State::idle;
+  if (result == Conversion::not_written)
+    return steps({status(refused_text), {Step::hide_progress}, {Step::Command1_on}});
+  return steps(
+      {{Step::reload}, {Step::repaint}, status(L"Hotovo, připraven..."), {Step::hide_progress}, {Step::Command1_on}});
+}
+
+UpdateSteps Update::Timer2_Timer(const FileFacts& new_categories) {
+  if (!is_there(new_categories))
+    return steps({});
+  return steps({{Step::Timer2_off}, {Step::NactiKategorie}, {Step::CommandOK}});
+}
+
+UpdateSteps Update::Command1_Click() {
+  return steps({{Step::Command1_off}, {Step::TestOnLine}});
+}
+
+// Without a connection the button stays disabled on purpose.
+UpdateSteps Update::online(unsigned run, bool connected) {
+  if (run != run_)
+    return steps({});
+  if (connected)
+    return LoadAktualizaceRadii();
+  return steps({{Step::show_message, L"Nejste připojeni k internetu.\r\nProsím připojte se!"}});
+}
+
+} // namespace lumotune::directory
