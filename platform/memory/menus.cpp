@@ -37,6 +37,7 @@ std::wstring MemoryPopupMenus::pop_up(const std::vector<MenuItem>& items, const 
     return {};
   open_ = true;
   opened.push_back({items, anchor});
+  const std::vector<MenuItem> shown = items; // whoever opened the menu may change the tree meanwhile
   if (while_open)
     while_open();
   open_ = false;
@@ -44,18 +45,24 @@ std::wstring MemoryPopupMenus::pop_up(const std::vector<MenuItem>& items, const 
     return {};
   const std::wstring choice = choices.front();
   choices.pop_front();
-  return find_choosable(items, choice) == nullptr ? std::wstring() : choice;
+  return find_choosable(shown, choice) == nullptr ? std::wstring() : choice;
 }
 
 std::optional<std::wstring> MemoryInputBox::ask(const std::wstring& prompt, const std::wstring& title,
                                                 const std::wstring& default_text) {
+  if (open_)
+    return std::nullopt;
+  open_ = true;
   asked.push_back({prompt, title, default_text});
   if (while_open)
     while_open();
+  open_ = false;
   if (answers.empty())
     return std::nullopt;
   auto answer = answers.front();
   answers.pop_front();
+  if (answer)
+    answer->resize(std::min(answer->size(), max_length));
   return answer;
 }
 

@@ -47,6 +47,10 @@ public:
   std::vector<Asked> asked;
   std::deque<std::optional<std::wstring>> answers; // taken in turn; none left cancels
   std::function<void()> while_open;
+
+private:
+  static constexpr std::size_t max_length = 2000;
+  bool open_ = false;
 };
 
 class MemoryPointer final : public Pointer {

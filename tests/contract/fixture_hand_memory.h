@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "platform/memory/menus.h"
+#include "tests/contract/fixture_memory.h"
+
+#include <functional>
+#include <string>
+
+namespace lumotune::contract {
+
+struct HandBackend : Backend {
+  platform::memory::MemoryPopupMenus popup_menus;
+  platform::memory::MemoryInputBox input_box;
+  platform::memory::MemoryDialogs dialogs;
+  platform::memory::MemoryTray tray;
+  platform::memory::MemoryShell shell;
+  platform::memory::MemoryMachine machine;
+  platform::memory::MemoryConnection connection;
+
+  void choose(const std::wstring& name, const std::wstring& /*caption*/) { popup_menus.choices.push_back(name); }
+  void close_menu() {}
+  void answer(platform::BoxAnswer answer) { dialogs.answers.push_back(answer); }
+  void enter(const std::wstring& text) { input_box.answers.emplace_back(text); }
+  void cancel() { input_box.answers.emplace_back(std::nullopt); }
+  void while_open(const std::function<void()>& work) {
+    popup_menus.while_open = work;
+    dialogs.while_open = work;
+    input_box.while_open = work;
+  }
+  [[nodiscard]] bool tray_icon_is_there() { return tray.added; }
+};
+
+} // namespace lumotune::contract

@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#pragma once
+
+#include "core/lumotune_form.h"
+#include "platform/win32/connection.h"
+#include "platform/win32/input_box.h"
+#include "platform/win32/popup_menus.h"
+#include "tests/contract/fixture_win32.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace lumotune::contract {
+
+// The windows of this thread that can be seen, of one class.
+inline std::vector<HWND> seen_windows(const std::wstring& class_name) {
+  struct Search {
+    std::wstring name;
+    std::vector<HWND> found;
+  } search{class_name, {}};
+  EnumThreadWindows(
+      GetCurrentThreadId(),
+      [](HWND window, LPARAM l) -> BOOL {
+        auto& wanted = *reinterpret_cast<Search*>(l);
+        wchar_t name[64];
+        GetClassNameW(window, name, 64);
+        if (wanted.name == name && IsWindowVisible(window) != 0)
+          wanted.found.push_back(window);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+inline HMENU menu_of(HWND popup) {
+  constexpr UINT get_menu = 0x1e1;
+  return reinterpret_cast<HMENU>(SendMessageW(popup, get_menu, 0, 0));
+}
+
+// The menu that opened first; nullptr when none is open.
+inline HMENU open_menu() {
+  HMENU first = nullptr;
+  for (HWND popup : seen_windows(L"#32768")) {
+    const HMENU menu = menu_of(popup);
+    bool below_another = false;
+    for (HWND other : seen_windows(L"#32768")) {
+      for (int i = 0; i < GetMenuItemCount(menu_of(other)); ++i)
+        below_another |= GetSubMenu(menu_of(other), i) == menu;
+    }
+    if (!below_another)
+      first = menu;
+  }
+  return first;
+}
+
+inline std::wstring raw_caption(HMENU menu, int position) {
+  wchar_t text[1000] = {};
+  GetMenuStringW(menu, static_cast<UINT>(position), text, 1000, MF_BYPOSITION);
+  return text;
+}
+
+// Does one step after the other as the windows for them appear, also inside the system's modal loops.
+class Hand {
+public:
+  using Step = std::function<bool()>; // true when it is done
+
+  explicit Hand(platform::EventLoop& loop) : timer_(loop.make_timer(20, [this] { tick(); })) {}
+  void add(Step step) {
+    steps_.push_back(std::move(step));
+    timer_->start();
+  }
+  [[nodiscard]] bool idle() const { return steps_.empty(); }
+
+private:
+  void tick() {
+    if (steps_.empty())
+      return;
+    const Step step = steps_.front();
+    const bool done = step();
+    if (!done && ++tries_ < 400)
+      return;
+    EXPECT_TRUE(done) << "the hand waits in vain";
+    if (!done)
+      give_up();
+    tries_ = 0;
+    steps_.pop_front();
+  }
+  static void give_up() {
+    EndMenu();
+    for (HWND box : seen_windows(L"#32770"))
+      PostMessageW(box, WM_COMMAND, IDCANCEL, 0);
+  }
+
+  std::unique_ptr<platform::Timer> timer_;
+  std::deque<Step> steps_;
+  int tries_ = 0;
+};
+
+struct HandBackend : Backend {
+  platform::win32::Win32PopupMenus popup_menus{real.loop, real.window.handle()};
+  platform::win32::Win32InputBox input_box{real.loop, real.window.handle()};
+  platform::win32::Win32Dialogs& dialogs = real.dialogs;
+  platform::win32::Win32Shell& shell = real.shell;
+  platform::win32::Win32Machine& machine = real.machine;
+  platform::win32::Win32Connection connection;
+  platform::PictureBox& tray_control = window.make_picture(L"TrayIcon", platform::PictureKind::decoration);
+  platform::win32::Win32Tray tray{real.window, tray_control, real.codec};
+  Hand hand{real.loop};
+
+  void choose(const std::wstring& /*name*/, const std::wstring& caption) {
+    wait_for_menu();
+    add_clicks(caption);
+  }
+  void close_menu() {
+    wait_for_menu();
+    hand.add([this] { return cancel_menu(); });
+  }
+  void answer(platform::BoxAnswer answer) {
+    const int button = answer == platform::BoxAnswer::yes ? IDYES : answer == platform::BoxAnswer::no ? IDNO : IDOK;
+    wait_for_box();
+    hand.add([button] {
+      const HWND box = seen_windows(L"#32770").front();
+      const HWND found = GetDlgItem(box, button);
+      // The only button of a box is its closing one too, and has that number.
+      PostMessageW(found != nullptr ? found : GetDlgItem(box, IDCANCEL), BM_CLICK, 0, 0);
+      return true;
+    });
+  }
+  void enter(const std::wstring& text) {
+    wait_for_box();
+    hand.add([text] {
+      const HWND box = seen_windows(L"#32770").front();
+      SetFocus(GetDlgItem(box, 101));
+      SendMessageW(GetFocus(), EM_SETSEL, 0, -1);
+      SendMessageW(GetFocus(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()));
+      PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 1);
+      return true;
+    });
+  }
+  void cancel() {
+    wait_for_box();
+    hand.add([] {
+      PostMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 1);
+      return true;
+    });
+  }
+  void while_open(const std::function<void()>& work) { while_open_ = work; }
+  // The shell knows the icon by its window and number.
+  [[nodiscard]] bool tray_icon_is_there() {
+    NOTIFYICONDATAW icon{};
+    icon.cbSize = NOTIFYICONDATAW_V1_SIZE;
+    icon.hWnd = window.handle_of(tray_control);
+    icon.uID = 1;
+    return Shell_NotifyIconW(NIM_MODIFY, &icon) != 0;
+  }
+
+private:
+  void wait_for_menu() {
+    hand.add([this] { return open_menu() != nullptr && run_while_open(); });
+  }
+  void wait_for_box() {
+    hand.add([this] { return !seen_windows(L"#32770").empty() && run_while_open(); });
+  }
+  bool run_while_open() {
+    if (const auto work = std::exchange(while_open_, {}))
+      work();
+    return true;
+  }
+  bool cancel_menu() {
+    SendMessageW(window.handle(), WM_CANCELMODE, 0, 0);
+    return true;
+  }
+  // Presses and releases the mouse over each item on the way to the one with that caption.
+  void add_clicks(const std::wstring& caption) {
+    struct Way {
+      HMENU menu = nullptr;
+      bool pressed = false;
+    };
+    const auto way = std::make_shared<Way>();
+    hand.add([this, way, caption] {
+      if (way->menu == nullptr)
+        way->menu = open_menu();
+      const int position = step_towards(way->menu, caption);
+      RECT place{};
+      if (position < 0 || (GetMenuState(way->menu, static_cast<UINT>(position), MF_BYPOSITION) & MF_GRAYED) != 0)
+        return cancel_menu();
+      if (!is_shown(way->menu) || GetMenuItemRect(nullptr, way->menu, static_cast<UINT>(position), &place) == 0)
+        return false;
+      SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+      mouse_event(way->pressed ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+      way->pressed = !way->pressed;
+      if (way->pressed)
+        return false;
+      way->menu = GetSubMenu(way->menu, position);
+      return way->menu == nullptr;
+    });
+  }
+  static bool is_shown(HMENU menu) {
+    for (HWND popup : seen_windows(L"#32768")) {
+      if (menu_of(popup) == menu)
+        return true;
+    }
+    return false;
+  }
+  // Where the item is, or the submenu that holds it; -1 when it is not below this menu.
+  static int step_towards(HMENU menu, const std::wstring& caption) {
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+      const HMENU below = GetSubMenu(menu, i);
+      if (below != nullptr ? step_towards(below, caption) >= 0 : raw_caption(menu, i) == caption)
+        return i;
+    }
+    return -1;
+  }
+
+  std::function<void()> while_open_;
+};
+
+} // namespace lumotune::contract
