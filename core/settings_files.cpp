@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "core/settings_files.h"
 
+#include "core/server_file.h"
+
 namespace lumotune::core {
 
 std::wstring SettingsFiles::data_file(const wchar_t* name) const {
@@ -37,19 +39,8 @@ void SettingsFiles::SaveOptions() {
 }
 
 void SettingsFiles::LoadOptionsServer() {
-  constexpr std::size_t address_line = 6;
-  constexpr std::size_t address_position = 16;
-  List4.clear();
-  const std::wstring path = data_file(L"orb_server.tt");
-  if (const auto bytes = uses_.files.read(path))
-    List4 = split_text_lines(*bytes);
-  if (List4.size() > address_line) {
-    uses_.settings.server_address = line_value(List4, address_line, address_position, uses_.codec);
-    return;
-  }
-  // Without a backup the file stays as it is; the log line below tells.
-  (void)uses_.files.copy(data_file(L"orb_server.tt.tmp"), path);
-  uses_.error_log.add(L"LoadOptionsServer", L"orb_server.tt");
+  read_server_file({uses_.files, uses_.codec, uses_.machine, uses_.error_log}, L"LoadOptionsServer", List4,
+                   uses_.settings.server_address);
 }
 
 } // namespace lumotune::core

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "directory/actions.h"
+
+#include "core/text.h"
+#include "skin/companions.h"
+
+#include <algorithm>
+
+namespace lumotune::directory {
+
+using platform::MenuItem;
+
+namespace {
+
+bool is_quality(const std::wstring& text) {
+  return text.size() == 1 && text[0] >= L'1' && text[0] <= L'5';
+}
+
+MenuItem separator(const wchar_t* name) {
+  return {name, L"-", false, true, true, {}};
+}
+
+} // namespace
+
+void Actions::say(const wchar_t* text) {
+  (void)uses_.dialogs.message(text, platform::Dialogs::default_title, platform::BoxIcon::information,
+                              platform::BoxButtons::ok);
+}
+
+// A quality that there is not makes an empty line, which counts as added and is not written.
+void Actions::PridejRadioDoFAST(const std::wstring& Kvalita) {
+  std::wstring line;
+  const auto record = uses_.list.table().last_of(uses_.list.selected_id());
+  if (record && is_quality(Kvalita))
+    line = L"lt:" + record->at(1) + L"/" + Kvalita;
+  const core::FavouriteAdded result = uses_.favourites.add(line);
+  if (result == core::FavouriteAdded::failed)
+    return;
+  uses_.favourites.ZobrazOblibene();
+  if (result == core::FavouriteAdded::already_there)
+    say(L"Rádio se v oblíbených již nachází.");
+  else
+    say(L"Rádio bylo přidáno k oblíbeným.\r\nMělo by se zobrazit v seznanu Lumotune.");
+}
+
+void Actions::Diskuze_Click() {
+  const SelectedStation& station = uses_.details.selected();
+  skin::launch(uses_.shell,
+               skin::discussion(skin::companion_values(uses_.machine, uses_.settings), station.id, station.name));
+}
+
+void Actions::Label10_Click() {
+  skin::launch(uses_.shell, skin::discussion(skin::companion_values(uses_.machine, uses_.settings),
+                                             uses_.list.selected_id(), uses_.list.selected_text()));
+}
+
+void Actions::Potize_Click() {
+  const SelectedStation& station = uses_.details.selected();
+  skin::launch(uses_.shell,
+               skin::problem_report(skin::companion_values(uses_.machine, uses_.settings), station.id, station.name));
+}
+
+void Actions::Label6_Click() {
+  const std::wstring id = uses_.list.selected_id();
+  const std::wstring name = uses_.list.selected_text();
+  if (id.empty() || name.empty())
+    return say(L"Vyberte prosím rádio, s jehož poslechem máte potíže.");
+  skin::launch(uses_.shell, skin::problem_report(skin::companion_values(uses_.machine, uses_.settings), id, name));
+}
+
+void Actions::show_users(const std::wstring& id) {
+  // Without a nickname the listeners are shown all the same.
+  (void)uses_.identity.LoadOptionsNick();
+  uses_.sender.SendCommand(L"orb.exe ", L"Orb - Lumotune", L"lts:" + id, L"2");
+}
+
+void Actions::ShowUsers_Click() {
+  show_users(uses_.details.selected().id);
+}
+
+void Actions::Label9_Click() {
+  const std::wstring id = uses_.list.selected_id();
+  if (id.empty())
+    return say(L"Vyberte prosím rádio, jehož posluchače chcete zobrazit.");
+  show_users(id);
+}
+
+void Actions::Label4_Click() {
+  uses_.web->open_station_web(uses_.form.Label4.text());
+}
+
+void Actions::WebRadia_Click() {
+  uses_.web->open_station_web(WebRadia_caption_);
+}
+
+void Actions::Image3_Click() {
+  const std::wstring token = uses_.identity.Heslo(uses_.settings.h);
+  uses_.web->OpenUrl(skin::login_address(skin::companion_values(uses_.machine, uses_.settings), token, L""));
+}
+
+std::vector<MenuItem> Actions::quality_items(const wchar_t* suffix) const {
+  std::vector<MenuItem> items;
+  for (std::size_t n = 0; n < quality_count; ++n) {
+    const QualityEntry& entry = uses_.details.qualities()[n];
+    items.push_back({L"Kvalita" + std::to_wstring(n + 1) + suffix, entry.caption, false, true, entry.visible, {}});
+  }
+  return items;
+}
+
+std::vector<MenuItem> Actions::DostupnaKvalita() const {
+  auto items = quality_items(L"");
+  items.push_back(separator(L"cara"));
+  items.push_back({L"KvalitaInfo", L"Informace", false, true, true, {}});
+  return items;
+}
+
+std::vector<MenuItem> Actions::NaladRadio() const {
+  auto items = quality_items(L"play");
+  items.push_back(separator(L"caraa"));
+  return items;
+}
+
+std::vector<MenuItem> Actions::SkryteMenu() const {
+  return {
+      {L"WebRadia", WebRadia_caption_, false, WebRadia_enabled_, true, {}},
+      separator(L"cara1"),
+      {L"NaladRadio", L"Naladit rádio", false, true, true, NaladRadio()},
+      {L"DostupnaKvalita", L"Přidat rádio do rychlého seznamu", false, true, uses_.details.DostupnaKvalita_visible(),
+       DostupnaKvalita()},
+      separator(L"cara2"),
+      {L"ShowUsers", L"Zobrazit posluchače", false, true, true, {}},
+      {L"Diskuze", L"Diskuze k rádiové stanici", false, true, true, {}},
+      {L"Potize", L"Mám potíže s poslechem tohoto rádia", false, true, true, {}},
+  };
+}
+
+void Actions::choose(const std::wstring& name) {
+  for (std::size_t n = 1; n <= quality_count; ++n) {
+    const std::wstring number = std::to_wstring(n);
+    if (name == L"Kvalita" + number)
+      return PridejRadioDoFAST(number);
+    if (name == L"Kvalita" + number + L"play")
+      return uses_.details.NaladitRadio(number);
+  }
+  if (name == L"KvalitaInfo")
+    uses_.details.KvalitaInfo_Click();
+  else if (name == L"WebRadia")
+    WebRadia_Click();
+  else if (name == L"ShowUsers")
+    ShowUsers_Click();
+  else if (name == L"Diskuze")
+    Diskuze_Click();
+  else if (name == L"Potize")
+    Potize_Click();
+}
+
+void Actions::Label5_Click() {
+  uses_.details.MenuRadia();
+  choose(uses_.menus.pop_up(DostupnaKvalita(), &uses_.form.Label5));
+}
+
+void Actions::Label7_Click() {
+  uses_.details.MenuRadia();
+  choose(uses_.menus.pop_up(NaladRadio(), &uses_.form.Label7));
+}
+
+void Actions::pop_up_station_menu() {
+  uses_.details.MenuRadia();
+  const std::wstring& web = uses_.details.selected().web;
+  WebRadia_enabled_ = !web.empty();
+  WebRadia_caption_ = web.empty() ? std::wstring(L"Web rádia") : web;
+  choose(uses_.menus.pop_up(SkryteMenu(), &uses_.form.ListView1));
+}
+
+void Actions::tune_row() {
+  uses_.details.MenuRadia();
+  const auto& qualities = uses_.details.qualities();
+  const auto offered = [](const QualityEntry& entry) { return entry.visible; };
+  const auto count = std::count_if(qualities.begin(), qualities.end(), offered);
+  const auto first = std::find_if(qualities.begin(), qualities.end(), offered);
+  if (uses_.list.selected_id().empty())
+    return;
+  if (count == 0)
+    uses_.form.Label1.set_text(L"Toto rádio nemá žádnou kvalitu k poslechu.");
+  else if (count == 1)
+    uses_.details.NaladitRadio(std::to_wstring(first - qualities.begin() + 1));
+  else
+    choose(uses_.menus.pop_up(NaladRadio(), &uses_.form.ListView1));
+}
+
+} // namespace lumotune::directory

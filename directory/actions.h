@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What a listener does with the selected station besides playing it, and the menus that offer it.
+#pragma once
+
+#include "core/favourites.h"
+#include "core/send_command.h"
+#include "core/session.h"
+#include "directory/details.h"
+#include "directory/identity.h"
+#include "directory/ports.h"
+#include "platform/popup_menus.h"
+
+#include <string>
+#include <vector>
+
+namespace lumotune::directory {
+
+// User-interface thread. Events run while a menu or a box is open.
+class Actions {
+public:
+  struct Uses {
+    ListRadiosForm& form;
+    StationList& list;
+    Details& details;
+    Identity& identity;
+    core::Settings& settings;
+    core::Favourites& favourites;
+    core::CommandSender& sender;
+    platform::PopupMenus& menus;
+    platform::Shell& shell;
+    const platform::Machine& machine;
+    platform::Dialogs& dialogs;
+    WebSlot& web;
+  };
+  explicit Actions(const Uses& uses) : uses_(uses) {}
+
+  // Adds the selected station to the favourites, in a quality "1".."5".
+  void PridejRadioDoFAST(const std::wstring& Kvalita);
+
+  // For the station that MenuRadia found last.
+  void Diskuze_Click();
+  void Potize_Click();
+  void ShowUsers_Click();
+  void WebRadia_Click();
+  // For the selected row.
+  void Label10_Click(); // discussion
+  void Label6_Click();  // trouble report
+  void Label9_Click();  // listeners
+  void Label4_Click();  // web page
+  void Image3_Click();  // the site's login page
+
+  void Label5_Click();        // opens the qualities to add
+  void Label7_Click();        // opens the qualities to play
+  void pop_up_station_menu(); // SkryteMenu
+  // Enter or a double click on a row: the only quality is played at once, of several the listener chooses.
+  void tune_row();
+
+private:
+  [[nodiscard]] std::vector<platform::MenuItem> quality_items(const wchar_t* suffix) const;
+  [[nodiscard]] std::vector<platform::MenuItem> DostupnaKvalita() const;
+  [[nodiscard]] std::vector<platform::MenuItem> NaladRadio() const;
+  [[nodiscard]] std::vector<platform::MenuItem> SkryteMenu() const;
+  void choose(const std::wstring& name);
+  void say(const wchar_t* text);
+  void show_users(const std::wstring& id);
+
+  Uses uses_;
+  std::wstring WebRadia_caption_ = L"Web rádia";
+  bool WebRadia_enabled_ = false;
+};
+
+} // namespace lumotune::directory

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The station directory: makes its window when it is first wanted, and forgets it when it is closed.
+#pragma once
+
+#include "core/ports.h"
+#include "directory/list_radios.h"
+#include "platform/event_loop.h"
+
+#include <memory>
+#include <vector>
+
+namespace lumotune::directory {
+
+// User-interface thread.
+class Directory final : public core::DirectoryPort {
+public:
+  explicit Directory(const DirectoryUses& uses);
+
+  WebSlot web;
+  core::FavouritesSlot favourites;
+
+  // Shows the window, made and loaded when there is none, and selects the tuned station in it.
+  void Naladit() override;
+
+  [[nodiscard]] bool open() const { return ListRadios_ != nullptr; }
+
+private:
+  void forget();
+  void bury();
+
+  DirectoryUses uses_;
+  AdvertState advert_state_;
+  std::unique_ptr<ListRadios> ListRadios_;
+  std::vector<std::unique_ptr<ListRadios>> closed_; // to be destroyed once nothing of them runs
+  std::unique_ptr<platform::Timer> undertaker_;
+};
+
+} // namespace lumotune::directory

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "directory/list_radios.h"
+
+#include "core/server_file.h"
+#include "directory/counted.h"
+
+namespace lumotune::directory {
+namespace {
+
+constexpr const wchar_t* window_name = L"ListRadios";
+constexpr wchar_t enter_key = 13;
+
+} // namespace
+
+ListRadios::ListRadios(const DirectoryUses& uses, WebSlot& web, core::FavouritesSlot& favourites,
+                       AdvertState& advert_state)
+    : uses_(uses),
+      window_(uses.windows.make(window_name)),
+      form_(*window_),
+      layout_(form_),
+      list_({form_, uses.files, uses.codec, uses.machine, uses.session, favourites}),
+      advert_({form_, layout_, advert_state}),
+      panel_({form_, layout_, uses.settings, uses.loop, uses.dialogs, uses.shell, uses.files, uses.machine, uses.sender,
+              uses.identity, web}),
+      details_({form_, list_, uses.main_form, uses.settings, uses.stations, uses.playback, uses.shell, uses.machine,
+                uses.dialogs, advert_}),
+      actions_({form_, list_, details_, uses.identity, uses.settings, uses.favourites, uses.sender, uses.menus,
+                uses.shell, uses.machine, uses.dialogs, web}),
+      updater_({form_, list_, *this, uses.settings, uses.loop, uses.files, uses.codec, uses.machine, uses.shell,
+                uses.dialogs, uses.connection, in_use_}) {
+  set_texts();
+  load_pictures();
+  form_.InfoPanel.set_visible(false);
+  form_.ImageInPan.set_visible(false);
+  form_.Progress.set_visible(false);
+  layout_.set_up();
+  bind_window();
+  bind_lists();
+  bind_details();
+}
+
+ListRadios::~ListRadios() = default;
+
+bool ListRadios::Form_Load() {
+  const Counted counted(in_use_);
+  if (uses_.machine.previous_instance()) {
+    uses_.loop.quit();
+    return false;
+  }
+  list_.NactiKategorie();
+  list_.make_columns();
+  LoadOptions();
+  (void)uses_.identity.LoadOptionsLodin(); // without the file the values of the start serve
+  bool OnlyMemory = false;
+  list_.NactiRadia(OnlyMemory);
+  updater_.LoadAktualizaceRadii();
+  return true;
+}
+
+void ListRadios::Form_Unload() {
+  if (closed_)
+    return;
+  closed_ = true;
+  updater_.close();
+  panel_.stop();
+  window_->set_visible(false);
+}
+
+void ListRadios::LoadOptions() {
+  core::read_server_file({uses_.files, uses_.codec, uses_.machine, uses_.error_log}, L"LoadOptions", List2,
+                         uses_.settings.server_address);
+}
+
+void ListRadios::show() {
+  window_->set_visible(true);
+  window_->activate();
+}
+
+void ListRadios::NajdiIndexRadia(const std::wstring& IDradia) {
+  const Counted counted(in_use_);
+  list_.select_station(IDradia);
+  details_.show_all();
+  details_.NactiInfoRadio();
+}
+
+void ListRadios::set_texts() {
+  window_->set_caption(L"Seznam rádií");
+  form_.TreeView1.set_text(L"Kategorie rádií");
+  form_.ListView1.set_text(L"Rádia");
+  form_.Text1.set_tooltip(L"O rádiu");
+  form_.Label8.set_text(L"Vybrané rádio:");
+  form_.Label7.set_text(L"Naladit rádio");
+  form_.Label5.set_text(L"Přidat rádio do rychlého seznamu");
+  form_.Label9.set_text(L"Zobrazit posluchače");
+  form_.Label10.set_text(L"Diskuze k rádiové stanici");
+  form_.Label6.set_text(L"Mám potíže s poslechem tohoto rádia");
+  form_.Command1.set_text(L"Aktualizovat seznam");
+  form_.Image3.set_text(L"Orb");
+  form_.Image3.set_tooltip(L"Přihlásit se na Orb");
+}
+
+// Without its pictures the window works all the same.
+void ListRadios::load_pictures() {
+  const std::wstring folder = uses_.machine.program_folder() + L"\\Orb_Data\\pictures\\";
+  (void)form_.Image3.load_picture(folder + L"logo.gif");
+  (void)form_.ImageInPan.load_picture(folder + L"info.gif");
+}
+
+void ListRadios::bind_window() {
+  window_->on_resize = [this] { layout_.place(); };
+  window_->on_close = [this] {
+    Form_Unload();
+    if (const auto copy = on_unload)
+      copy();
+  };
+  const auto on_click = [this](platform::Control& control, auto action) {
+    control.on_click = [this, action] {
+      const Counted counted(in_use_);
+      action();
+    };
+  };
+  on_click(form_.Command1, [this] { updater_.Command1_Click(); });
+  on_click(form_.InfoPanel, [this] { panel_.InfoPanel_Click(); });
+  form_.InfoPanel.on_mouse_move = [this](const platform::MouseEvent&) { panel_.InfoPanel_MouseMove(); };
+  form_.InfoPanel.on_mouse_down = [this](const platform::MouseEvent&) { panel_.InfoPanel_MouseDown(); };
+  form_.ImageInPan.on_mouse_move = [this](const platform::MouseEvent&) { panel_.ImageInPan_MouseMove(); };
+}
+
+void ListRadios::bind_lists() {
+  const auto choose = [this] {
+    const Counted counted(in_use_);
+    list_.choose_category();
+  };
+  form_.TreeView1.on_click = choose;
+  form_.TreeView1.on_key_up = choose;
+  form_.ListView1.on_mouse_down = [this](const platform::MouseEvent& event) { pressed_ = event.button; };
+  form_.ListView1.on_click = [this] {
+    const Counted counted(in_use_);
+    ListView1_Click();
+  };
+  form_.ListView1.on_key_up = [this] {
+    const Counted counted(in_use_);
+    ListView1_KeyUp();
+  };
+  form_.ListView1.on_double_click = [this] {
+    const Counted counted(in_use_);
+    actions_.tune_row();
+  };
+  form_.ListView1.on_key_press = [this](wchar_t character) {
+    const Counted counted(in_use_);
+    if (character == enter_key)
+      actions_.tune_row();
+  };
+}
+
+void ListRadios::bind_details() {
+  const auto on_link = [this](platform::Label& label, void (Actions::*action)()) {
+    label.on_click = [this, action] {
+      const Counted counted(in_use_);
+      (actions_.*action)();
+    };
+    label.on_mouse_move = [this, &label](const platform::MouseEvent&) { details_.hover(label); };
+  };
+  on_link(form_.Label4, &Actions::Label4_Click);
+  on_link(form_.Label5, &Actions::Label5_Click);
+  on_link(form_.Label6, &Actions::Label6_Click);
+  on_link(form_.Label7, &Actions::Label7_Click);
+  on_link(form_.Label9, &Actions::Label9_Click);
+  on_link(form_.Label10, &Actions::Label10_Click);
+  form_.Image3.on_click = [this] {
+    const Counted counted(in_use_);
+    actions_.Image3_Click();
+  };
+  const auto back = [this](const platform::MouseEvent&) { details_.ZpetMouseMove(); };
+  form_.Frame1.on_mouse_move = back;
+  form_.Image1.on_mouse_move = back;
+  form_.ListView1.on_mouse_move = back;
+  form_.Text1.on_mouse_move = back;
+}
+
+void ListRadios::ListView1_KeyUp() {
+  list_.remember_row();
+  if (list_.selected_id().empty())
+    return;
+  details_.show_quality_choice();
+  details_.show_fields();
+  details_.NactiInfoRadio();
+}
+
+void ListRadios::ListView1_Click() {
+  if (pressed_ == platform::MouseButton::left)
+    return ListView1_KeyUp();
+  list_.remember_row();
+  if (list_.selected_id().empty())
+    return;
+  details_.show_quality_choice();
+  if (pressed_ == platform::MouseButton::right) {
+    details_.hide_fields();
+    actions_.pop_up_station_menu();
+  }
+}
+
+} // namespace lumotune::directory

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The station directory window `ListRadios`: its parts, its opening and closing, and who hears its events.
+#pragma once
+
+#include "core/favourites.h"
+#include "core/lumotune_form.h"
+#include "core/playback.h"
+#include "core/send_command.h"
+#include "core/session.h"
+#include "core/settings_files.h"
+#include "core/station_lookup.h"
+#include "directory/actions.h"
+#include "directory/advert.h"
+#include "directory/details.h"
+#include "directory/identity.h"
+#include "directory/info_panel.h"
+#include "directory/layout.h"
+#include "directory/list_radios_form.h"
+#include "directory/ports.h"
+#include "directory/station_list.h"
+#include "directory/updater.h"
+#include "platform/connection.h"
+#include "platform/framed_window.h"
+#include "platform/popup_menus.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace lumotune::directory {
+
+// What the directory is built on; everything outlives it.
+struct DirectoryUses {
+  core::Settings& settings;
+  core::Session& session;
+  core::LumotuneForm& main_form;
+  core::ErrorLog& error_log;
+  core::StationLookup& stations;
+  core::Playback& playback;
+  core::Favourites& favourites;
+  core::CommandSender& sender;
+  Identity& identity;
+  platform::EventLoop& loop;
+  platform::Files& files;
+  const platform::AnsiCodec& codec;
+  const platform::Machine& machine;
+  platform::Shell& shell;
+  platform::Dialogs& dialogs;
+  platform::Connection& connection;
+  platform::PopupMenus& menus;
+  platform::FramedWindowMaker& windows;
+};
+
+// User-interface thread. Destroyed from the top level of the loop, and only while `in_use` is false.
+class ListRadios final : public ConversionPort {
+public:
+  ListRadios(const DirectoryUses& uses, WebSlot& web, core::FavouritesSlot& favourites, AdvertState& advert_state);
+  ListRadios(const ListRadios&) = delete;
+  ListRadios& operator=(const ListRadios&) = delete;
+  ~ListRadios() override;
+
+  // Loads files, tree and list, and starts an update. False when another copy of the program runs already: then the
+  // program ends.
+  [[nodiscard]] bool Form_Load();
+  void Form_Unload(); // hides the window and gives up what runs
+  void show();        // also out of the task bar, to the front
+  // Selects a station and shows its details, as far as it is among the rows.
+  void NajdiIndexRadia(const std::wstring& IDradia);
+  void watch_for_categories() { updater_.watch_for_categories(); }
+
+  // Whether some of its procedures waits while events run.
+  [[nodiscard]] bool in_use() const { return in_use_ != 0; }
+  std::function<void()> on_unload; // the user closed it; called after Form_Unload
+
+  // What the downloaded list says beside its stations.
+  void ZobrazReklamu(const std::wstring& text) override { advert_.ZobrazReklamu(text); }
+  void ZobrazInfoPanel(const std::wstring& text) override { panel_.ZobrazInfoPanel(text); }
+
+private:
+  void LoadOptions(); // the server address
+  void set_texts();
+  void load_pictures();
+  void bind_lists();
+  void bind_details();
+  void bind_window();
+  void ListView1_Click();
+  void ListView1_KeyUp();
+
+  DirectoryUses uses_;
+  std::unique_ptr<platform::FramedWindow> window_;
+  ListRadiosForm form_;
+  Layout layout_;
+  StationList list_;
+  Advert advert_;
+  InfoPanelLine panel_;
+  Details details_;
+  Actions actions_;
+  core::TextLines List2; // the lines of the server file
+  Updater updater_;
+  platform::MouseButton pressed_ = platform::MouseButton::none; // on the list, for the next click
+  int in_use_ = 0;
+  bool closed_ = false;
+};
+
+} // namespace lumotune::directory

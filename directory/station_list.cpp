@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "directory/station_list.h"
+
+#include "core/text.h"
+#include "directory/categories.h"
+#include "directory/file_names.h"
+
+namespace lumotune::directory {
+namespace {
+
+constexpr std::size_t key_prefix = 4; // a station's identifier starts at this character of its row's key
+
+} // namespace
+
+StationList::StationList(const Uses& uses)
+    : uses_(uses), table_({uses.files, uses.codec, uses.machine}), rows_(uses.codec) {
+  uses_.form.ListView1.set_rows(&rows_);
+}
+
+StationList::~StationList() {
+  uses_.form.ListView1.set_rows(nullptr);
+}
+
+void StationList::make_columns() {
+  uses_.form.ListView1.add_column(L"Name", L"Název rádia", 2000);
+  uses_.form.ListView1.add_column(L"zeme", L"Země", 800);
+}
+
+void StationList::NactiKategorie() {
+  auto& tree = uses_.form.TreeView1;
+  tree.clear();
+  const auto bytes = uses_.files.read(uses_.machine.program_folder() + L"\\" + categories_file);
+  if (bytes) {
+    for (const CategoryNode& node : read_categories(*bytes, uses_.codec))
+      (void)tree.add(node.key, node.parent_key, node.name); // a refused node is left out
+  }
+  tree.select(remembered_node_);
+}
+
+void StationList::NactiRadia(bool& OnlyMemory) {
+  auto& list = uses_.form.ListView1;
+  if (!OnlyMemory) {
+    rows_.clear();
+    list.rows_changed();
+  }
+  table_.load();
+  if (OnlyMemory)
+    return;
+  rows_.show_all(table_.lines());
+  show_rows();
+}
+
+void StationList::show_rows() {
+  uses_.form.ListView1.rows_changed();
+  uses_.form.ListView1.select(remembered_row_);
+}
+
+void StationList::ZobrazKategoriiRadii(std::wstring& Kategorie) {
+  rows_.ZobrazKategoriiRadii(table_.lines(), Kategorie);
+  show_rows();
+  uses_.form.Label1.set_text(L"Zobrazeno " + std::to_wstring(rows_.count()) + L" rádií");
+}
+
+void StationList::choose_category() {
+  const std::size_t node = uses_.form.TreeView1.selected();
+  if (node == 0)
+    return;
+  remembered_node_ = node;
+  std::wstring category = category_of_node(uses_.form.TreeView1.key(node));
+  ZobrazKategoriiRadii(category);
+}
+
+// A node that the new tree has no more gives way to the first one, and a tree without nodes to all stations.
+void StationList::reload() {
+  auto& tree = uses_.form.TreeView1;
+  bool OnlyMemory = tree.count() != 0;
+  NactiRadia(OnlyMemory);
+  NactiKategorie();
+  if (remembered_node_ == 0 || remembered_node_ > tree.count())
+    remembered_node_ = 1;
+  std::wstring category = category_of_node(tree.key(remembered_node_));
+  ZobrazKategoriiRadii(category);
+}
+
+void StationList::CommandOK() {
+  uses_.form.Command1.set_enabled(true);
+  uses_.form.Label1.set_text(L"");
+  uses_.session.refresh_favourites = L"1";
+  uses_.favourites->ZobrazOblibene();
+  uses_.session.refresh_favourites.clear();
+}
+
+void StationList::select_station(const std::wstring& IDradia) {
+  if (const std::size_t row = rows_.find(IDradia); row != 0)
+    remembered_row_ = row;
+  uses_.form.ListView1.select(remembered_row_);
+}
+
+std::wstring StationList::selected_id() const {
+  return std::wstring(core::mid(rows_.key(uses_.form.ListView1.selected()), key_prefix));
+}
+
+std::wstring StationList::selected_text() const {
+  const std::size_t row = uses_.form.ListView1.selected();
+  return row == 0 ? std::wstring() : rows_.text(row, 0);
+}
+
+} // namespace lumotune::directory

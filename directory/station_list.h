@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The category tree and the station list of the directory window.
+#pragma once
+
+#include "core/ports.h"
+#include "core/session.h"
+#include "directory/list_radios_form.h"
+#include "directory/station_rows.h"
+#include "directory/station_table.h"
+#include "platform/ansi_codec.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+
+#include <cstddef>
+#include <string>
+
+namespace lumotune::directory {
+
+// User-interface thread. Selecting by program is no click.
+class StationList {
+public:
+  struct Uses {
+    ListRadiosForm& form;
+    const platform::Files& files;
+    const platform::AnsiCodec& codec;
+    const platform::Machine& machine;
+    core::Session& session;
+    core::FavouritesSlot& favourites;
+  };
+  explicit StationList(const Uses& uses);
+  StationList(const StationList&) = delete;
+  StationList& operator=(const StationList&) = delete;
+  ~StationList();
+
+  void make_columns();
+  void NactiKategorie();             // fills the tree from kategories.tt
+  void NactiRadia(bool& OnlyMemory); // fills the table from radios.tt and, unless OnlyMemory, lists every station
+  void ZobrazKategoriiRadii(std::wstring& Kategorie);
+  // A node was clicked, or come to by a key: its stations are shown.
+  void choose_category();
+  // New files are in place: table, tree, and the stations of the node clicked last (of the first one without a click).
+  void reload();
+  // The tree was filled anew: the update can be asked for again, and the main window's favourites may have changed.
+  void CommandOK();
+  // Selects the station where it is shown; otherwise the position of before stays.
+  void select_station(const std::wstring& IDradia);
+
+  void remember_row() { remembered_row_ = uses_.form.ListView1.selected(); }
+  [[nodiscard]] std::wstring selected_id() const;   // empty while nothing is selected
+  [[nodiscard]] std::wstring selected_text() const; // the row's first column
+  [[nodiscard]] const StationTable& table() const { return table_; }
+
+private:
+  void show_rows();
+
+  Uses uses_;
+  StationTable table_;
+  StationRows rows_;
+  std::size_t remembered_node_ = 0; // the node clicked last, 0 for none
+  std::size_t remembered_row_ = 0;  // the row selected or found last, 0 for none
+};
+
+} // namespace lumotune::directory

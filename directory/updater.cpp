@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "directory/updater.h"
+
+#include "directory/counted.h"
+#include "directory/file_names.h"
+#include "skin/companions.h"
+
+namespace lumotune::directory {
+namespace {
+
+constexpr std::uint32_t watch_ms = 100;
+constexpr std::uint32_t categories_ms = 500;
+
+} // namespace
+
+Updater::Updater(const Uses& uses)
+    : uses_(uses),
+      // The downloader is told this very path, forward slash and all.
+      Timer1(uses.loop.make_timer(
+          watch_ms,
+          [this] { carry_out(update_.Timer1_Timer(facts(uses_.machine.program_folder() + L"/" + download_file))); })),
+      Timer2(uses.loop.make_timer(categories_ms,
+                                  [this] { carry_out(update_.Timer2_Timer(facts(path(new_categories_file)))); })),
+      Timer3(uses.loop.make_timer(watch_ms, [this] { carry_out(update_.Timer3_Timer(facts(path(probe_file)))); })) {}
+
+std::wstring Updater::path(const wchar_t* name) const {
+  return uses_.machine.program_folder() + L"\\" + name;
+}
+
+FileFacts Updater::facts(const std::wstring& file) const {
+  return {uses_.files.size(file), uses_.files.being_written(file)};
+}
+
+void Updater::watch_for_categories() {
+  if (!uses_.files.exists(path(new_categories_file)))
+    Timer2->start();
+}
+
+void Updater::carry_out(const UpdateSteps& steps) {
+  const Counted counted(uses_.in_use);
+  for (const UpdateStep& step : steps.steps) {
+    if (steps.run != update_.run() || uses_.loop.quitting())
+      return;
+    carry_out(step, steps.run);
+  }
+}
+
+// Steps that ask for an answer go on with what the answer leads to.
+void Updater::carry_out(const UpdateStep& step, unsigned run) {
+  switch (step.step) {
+  case Step::read_probe:
+    carry_out(update_.probe_read(run, read_probe()));
+    return;
+  case Step::convert:
+    carry_out(
+        update_.converted(run, convert_files(uses_.files, uses_.machine.program_folder(), uses_.codec, uses_.shows)));
+    return;
+  case Step::TestOnLine:
+    carry_out(update_.online(run, TestOnLine() == L"true"));
+    return;
+  case Step::Timer1_on:
+    return Timer1->start();
+  case Step::Timer1_off:
+    return Timer1->stop();
+  case Step::Timer2_off:
+    return Timer2->stop();
+  case Step::Timer3_on:
+    return Timer3->start();
+  case Step::Timer3_off:
+    return Timer3->stop();
+  default:
+    return carry_out_own(step);
+  }
+}
+
+void Updater::carry_out_own(const UpdateStep& step) {
+  auto& form = uses_.form;
+  switch (step.step) {
+  case Step::remove_file:
+    (void)uses_.files.remove(path(step.text.c_str())); // a missing file is no error
+    return;
+  case Step::set_status:
+    return form.Label1.set_text(step.text);
+  case Step::show_progress:
+    form.Progress.set_percent(step.number);
+    return form.Progress.set_visible(true);
+  case Step::hide_progress:
+    return form.Progress.set_visible(false);
+  case Step::start_probe:
+    return skin::launch(uses_.shell, skin::station_list_size(skin::companion_values(uses_.machine, uses_.settings)));
+  case Step::start_list:
+    return skin::launch(uses_.shell, skin::station_list(skin::companion_values(uses_.machine, uses_.settings)));
+  case Step::repaint:
+    return uses_.loop.run_pending();
+  case Step::reload:
+    return uses_.list.reload();
+  case Step::NactiKategorie:
+    return uses_.list.NactiKategorie();
+  case Step::CommandOK:
+    return uses_.list.CommandOK();
+  case Step::Command1_on:
+    return form.Command1.set_enabled(true);
+  case Step::Command1_off:
+    return form.Command1.set_enabled(false);
+  case Step::show_message:
+    (void)uses_.dialogs.message(step.text, platform::Dialogs::default_title, platform::BoxIcon::information,
+                                platform::BoxButtons::ok);
+    return;
+  default:
+    return;
+  }
+}
+
+std::optional<Probe> Updater::read_probe() {
+  const auto bytes = uses_.files.read(path(probe_file));
+  uses_.loop.run_pending();
+  if (!bytes)
+    return std::nullopt;
+  return parse_probe(*bytes, uses_.settings.server_address, uses_.codec);
+}
+
+std::wstring Updater::TestOnLine() {
+  uses_.loop.run_pending();
+  const platform::ConnectionState state = uses_.connection.state();
+  connection_name_ = state.name;
+  uses_.loop.run_pending();
+  return state.connected ? L"true" : L"false";
+}
+
+} // namespace lumotune::directory

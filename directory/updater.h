@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Carries out the steps of the update: timers, files, the downloader, the status line.
+#pragma once
+
+#include "core/session.h"
+#include "core/settings_files.h"
+#include "directory/conversion.h"
+#include "directory/list_radios_form.h"
+#include "directory/station_list.h"
+#include "directory/update.h"
+#include "platform/connection.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "platform/shell.h"
+
+#include <memory>
+#include <string>
+
+namespace lumotune::directory {
+
+// User-interface thread. Where a step lets events run, the window may be closed or a new update started.
+class Updater {
+public:
+  struct Uses {
+    ListRadiosForm& form;
+    StationList& list;
+    ConversionPort& shows; // what the list says beside its stations
+    core::Settings& settings;
+    platform::EventLoop& loop;
+    platform::Files& files;
+    const platform::AnsiCodec& codec;
+    const platform::Machine& machine;
+    platform::Shell& shell;
+    platform::Dialogs& dialogs;
+    platform::Connection& connection;
+    int& in_use; // counts what runs
+  };
+  explicit Updater(const Uses& uses);
+
+  void LoadAktualizaceRadii() { carry_out(update_.LoadAktualizaceRadii()); }
+  void Command1_Click() { carry_out(update_.Command1_Click()); }
+  [[nodiscard]] std::wstring TestOnLine(); // "true" or "false"; events run meanwhile
+  // The tree is filled anew once another program has written new categories; not when they are there already.
+  void watch_for_categories();
+  void close() { carry_out(update_.close()); }
+
+private:
+  void carry_out(const UpdateSteps& steps);
+  void carry_out(const UpdateStep& step, unsigned run);
+  void carry_out_own(const UpdateStep& step);
+  [[nodiscard]] std::wstring path(const wchar_t* name) const;
+  [[nodiscard]] FileFacts facts(const std::wstring& file) const;
+  [[nodiscard]] std::optional<Probe> read_probe();
+
+  Uses uses_;
+  Update update_;
+  std::unique_ptr<platform::Timer> Timer1;
+  std::unique_ptr<platform::Timer> Timer2;
+  std::unique_ptr<platform::Timer> Timer3;
+  std::wstring connection_name_; // as the system names the connection asked for last
+};
+
+} // namespace lumotune::directory
