@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Opening web pages in the system's browser, and files.
+#pragma once
+
+#include "platform/shell.h"
+
+#include <string>
+
+namespace lumotune::skin {
+
+// User-interface thread. Failures are silent.
+class WebPages {
+public:
+  explicit WebPages(platform::Shell& shell) : shell_(shell) {}
+
+  // An address of our own: one that begins with "htt" through the explorer program, any other, in quotation marks,
+  // through the shell. Answers what the shell answers (above 32: opened), 0 where it was not asked. An address that
+  // would not stay one argument is not opened.
+  int OpenUrl(const std::wstring& address);
+
+  // An address that came from outside: opened only when it is that of a web page. Blanks around it do not count.
+  void open_station_web(const std::wstring& address);
+
+private:
+  platform::Shell& shell_;
+};
+
+} // namespace lumotune::skin

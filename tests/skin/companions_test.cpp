@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/memory/messages.h"
+#include "skin/companions.h"
+#include "skin/report_programs.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::test {
+namespace {
+
+using platform::ShowWindow;
+using skin::CompanionValues;
+using skin::Launch;
+
+const CompanionValues values = {L"C:\\Program Files\\Orb", L"http://s.example", L"IDH1", L"HH2"};
+
+void expect(const Launch& launch, const std::wstring& command_line, const std::wstring& application, ShowWindow show) {
+  EXPECT_EQ(launch.command_line, command_line);
+  EXPECT_EQ(launch.application, application);
+  EXPECT_EQ(launch.show, show);
+}
+
+const std::wstring browser_program = L"C:\\Program Files\\Orb\\OrbBrowser.exe";
+const std::wstring recorder_program = L"C:\\Program Files\\Orb\\OrbRecorder.exe";
+
+TEST(CompanionsTest, TheDiscussionOfAStation) {
+  expect(skin::discussion(values, L"ABC123", L"První rádio"),
+         L"C:\\Program Files\\Orb\\OrbBrowser.exe http://s.example\\orb\\diskuze.php?idh=IDH1&h=HH2&t=100000&tid=ABC123"
+         L"/@/9000/@/9000/@/Diskuze k rádiové stanici: První rádio (Orb)/@/normal/@/endtestnull/@/",
+         browser_program, ShowWindow::minimized_focus);
+}
+
+TEST(CompanionsTest, TheOtherPagesInTheBrowser) {
+  expect(skin::add_station(values),
+         L"C:\\Program Files\\Orb\\OrbBrowser.exe http://s.example/lumotune.brelt/user_lt_add.php?idh=IDH1&h=HH2"
+         L"/@/9000/@/9000/@/Přidat nové rádio (Orb)/@/normal/@/endtestnull/@/",
+         browser_program, ShowWindow::minimized_focus);
+  expect(skin::OrbMelodeon(values),
+         L"C:\\Program Files\\Orb\\OrbBrowser.exe http://s.example\\orb\\melodeon.php?idh=IDH1&h=HH2"
+         L"/@/14000/@/8000/@/Orb Melodeon (Orb)/@/max/@/endtestnull/@/",
+         browser_program, ShowWindow::minimized_focus);
+  expect(skin::browser_page(values, L"orb/stranka.php?a=1", L"9000/@/9000/@/Titulek/@/normal/@/endtestnull/@/"),
+         L"C:\\Program Files\\Orb\\OrbBrowser.exe http://s.example/orb/stranka.php?a=1"
+         L"/@/9000/@/9000/@/Titulek/@/normal/@/endtestnull/@/",
+         browser_program, ShowWindow::minimized_focus);
+}
+
+TEST(CompanionsTest, TheRecorderGetsTheNameUnquoted) {
+  expect(skin::recorder(values, L"První české rádio"), L"C:\\Program Files\\Orb\\OrbRecorder.exe První české rádio",
+         recorder_program, ShowWindow::normal_focus);
+  expect(skin::recorder(values, L""), L"C:\\Program Files\\Orb\\OrbRecorder.exe ", recorder_program,
+         ShowWindow::normal_focus);
+  expect(skin::recordings_library(values), L"C:\\Program Files\\Orb\\OrbRecorder.exe l", recorder_program,
+         ShowWindow::normal_focus);
+}
+
+TEST(CompanionsTest, TheProblemReportComesFromTheCurrentFolder) {
+  expect(skin::problem_report(values, L"ABC123", L"První rádio"),
+         L"remind.exe RadioOFF/@/ABC123/@/První rádio/@/IDH1/@/HH2/@/http://s.example", L"", ShowWindow::normal_focus);
+  expect(skin::problem_report(values, L"", L""), L"remind.exe RadioOFF/@//@//@/IDH1/@/HH2/@/http://s.example", L"",
+         ShowWindow::normal_focus);
+}
+
+TEST(CompanionsTest, TelevisionAndClient) {
+  expect(skin::television(values, L"mms://tv.example/a b"), L"C:\\Program Files\\Orb\\Telvix.exe mms://tv.example/a b",
+         L"C:\\Program Files\\Orb\\Telvix.exe", ShowWindow::normal_focus);
+  expect(skin::messenger_client(values), L"C:\\Program Files\\Orb\\orb.exe m", L"C:\\Program Files\\Orb\\orb.exe",
+         ShowWindow::normal_no_focus);
+}
+
+TEST(CompanionsTest, TheDownloaderKeepsBothSlashes) {
+  expect(skin::play_report(values, true, L"ABC123"),
+         L"load.exe http://s.example/orb/lt_all.php?idh=IDH1&h=HH2&orbw=on&lt=on&stanice=ABC123"
+         L"/@/C:\\Program Files\\Orb\\orblt.tt",
+         L"", ShowWindow::normal_no_focus);
+  expect(skin::play_report(values, false, L"ABC123"),
+         L"load.exe http://s.example/orb/lt_all.php?idh=IDH1&h=HH2&orbw=off&lt=on&stanice=ABC123"
+         L"/@/C:\\Program Files\\Orb\\orblt.tt",
+         L"", ShowWindow::normal_no_focus);
+  expect(skin::station_list(values),
+         L"load.exe http://s.example/lumotune.brelt/lt_list.php?idh=IDH1/@/C:\\Program Files\\Orb/seznam.tt", L"",
+         ShowWindow::normal_no_focus);
+  expect(skin::station_list_size(values),
+         L"load.exe http://s.example/lumotune.brelt/lt_list.php?size=1&idh=IDH1"
+         L"/@/C:\\Program Files\\Orb\\orb_test_size.tt",
+         L"", ShowWindow::normal_no_focus);
+}
+
+TEST(CompanionsTest, AddressesOfTheSite) {
+  EXPECT_EQ(skin::login_address(values, L"75-84-", L""), L"http://s.example/login/IDH1/75-84-//1");
+  EXPECT_EQ(skin::login_address(values, L"75-84-", L"a*l*b"), L"http://s.example/login/IDH1/75-84-/a*l*b/1");
+  EXPECT_EQ(skin::help_address(values), L"http://s.example/faq");
+}
+
+TEST(CompanionsTest, EmptyValuesLeaveTheRestAsItIs) {
+  const CompanionValues nothing = {L"C:\\Orb", L"", L"", L""};
+  EXPECT_EQ(skin::station_list(nothing).command_line, L"load.exe /lumotune.brelt/lt_list.php?idh=/@/C:\\Orb/seznam.tt");
+  EXPECT_EQ(skin::login_address(nothing, L"", L""), L"/login////1");
+}
+
+TEST(CompanionsTest, NoQuotationMarkAndNoControlCharacterGetsThrough) {
+  const std::wstring nasty = std::wstring(L"a\" \"b\r\n\tc") + L'\0' + L"d\x7F";
+  const std::wstring tame = L"a' 'b   c d ";
+  EXPECT_EQ(skin::recorder(values, nasty).command_line, recorder_program + L" " + tame);
+  EXPECT_EQ(skin::television(values, nasty).command_line, L"C:\\Program Files\\Orb\\Telvix.exe " + tame);
+  EXPECT_EQ(skin::browser_page(values, nasty, nasty).command_line,
+            browser_program + L" http://s.example/" + tame + L"/@/" + tame);
+  const CompanionValues worse = {L"C:\\Orb", nasty, nasty, nasty};
+  for (const Launch& launch :
+       {skin::discussion(worse, nasty, nasty), skin::add_station(worse), skin::OrbMelodeon(worse),
+        skin::browser_page(worse, nasty, nasty), skin::problem_report(worse, nasty, nasty),
+        skin::play_report(worse, true, nasty), skin::station_list(worse), skin::station_list_size(worse)}) {
+    for (const wchar_t character : launch.command_line)
+      ASSERT_TRUE(character >= L' ' && character != L'"' && character != 0x7F) << launch.command_line.size();
+  }
+}
+
+TEST(CompanionsTest, ANameOrIdentifierAddsNoField) {
+  EXPECT_EQ(skin::problem_report(values, L"A/@/B", L"//@/@/x/@/").command_line,
+            L"remind.exe RadioOFF/@/AB/@/x/@/IDH1/@/HH2/@/http://s.example");
+  const std::wstring line = skin::discussion(values, L"id/@/1", L"n/@/max/@/").command_line;
+  EXPECT_NE(line.find(L"&tid=id1/@/9000/@/9000/@/Diskuze k rádiové stanici: nmax (Orb)/@/normal/@/"),
+            std::wstring::npos);
+  EXPECT_NE(skin::play_report(values, true, L"x/@/C:\\y").command_line.find(L"stanice=xC:\\y/@/C:\\Program"),
+            std::wstring::npos);
+}
+
+TEST(CompanionsTest, AHugeNameIsDealtWithInOnePass) {
+  std::wstring huge;
+  for (int i = 0; i < 300000; ++i)
+    huge += L"/@/";
+  EXPECT_EQ(skin::recorder(values, huge).command_line, recorder_program + L" ");
+}
+
+TEST(CompanionsTest, AMissingProgramIsNoError) {
+  platform::memory::MemoryShell shell;
+  shell.start_works = false;
+  skin::launch(shell, skin::television(values, L"http://tv.example"));
+  ASSERT_EQ(shell.started.size(), 1U);
+  EXPECT_EQ(shell.started[0].application, L"C:\\Program Files\\Orb\\Telvix.exe");
+}
+
+TEST(CompanionsTest, TheReportIsOfTheStationAndTheValuesOfTheMoment) {
+  platform::memory::MemoryShell shell;
+  platform::memory::MemoryMachine machine;
+  core::Settings settings;
+  skin::ReportPrograms programs({settings, machine, shell});
+  settings.server_address = L"http://s.example";
+  settings.idh = L"I";
+  settings.h = L"H";
+  settings.IDlastRadio = L"RADIO9";
+  programs.start_client();
+  programs.start_report(false);
+  ASSERT_EQ(shell.started.size(), 2U);
+  EXPECT_EQ(shell.started[0].command_line, L"C:\\Orb\\orb.exe m");
+  EXPECT_EQ(shell.started[0].application, L"C:\\Orb\\orb.exe");
+  EXPECT_EQ(shell.started[0].show, ShowWindow::normal_no_focus);
+  EXPECT_EQ(shell.started[1].command_line, L"load.exe http://s.example/orb/lt_all.php?idh=I&h=H&orbw=off&lt=on&stanice="
+                                           L"RADIO9/@/C:\\Orb\\orblt.tt");
+}
+
+} // namespace
+} // namespace lumotune::test

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/memory/messages.h"
+#include "skin/open_url.h"
+#include "skin/web_address.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace lumotune::test {
+namespace {
+
+using platform::ShowWindow;
+
+struct OpenUrlTest : testing::Test {
+  platform::memory::MemoryShell shell;
+  skin::WebPages web{shell};
+  [[nodiscard]] bool untouched() const { return shell.started.empty() && shell.opened.empty(); }
+};
+
+TEST_F(OpenUrlTest, WebAddressesGoThroughTheExplorerUnquoted) {
+  for (const wchar_t* address :
+       {L"http://a.example/x?y=z&w", L"https://a.example", L"HTTP://A.EXAMPLE", L"httcokoli"}) {
+    shell.started.clear();
+    EXPECT_EQ(web.OpenUrl(address), 0);
+    ASSERT_EQ(shell.started.size(), 1U);
+    EXPECT_EQ(shell.started[0].command_line, std::wstring(L"explorer ") + address);
+    EXPECT_EQ(shell.started[0].application, L"");
+    EXPECT_EQ(shell.started[0].show, ShowWindow::minimized_focus);
+  }
+  EXPECT_TRUE(shell.opened.empty());
+}
+
+TEST_F(OpenUrlTest, EverythingElseGoesQuotedToTheShell) {
+  shell.open_answer = 42;
+  EXPECT_EQ(web.OpenUrl(L"C:\\Orb\\napoveda.txt"), 42);
+  EXPECT_EQ(web.OpenUrl(L"www.a.example"), 42);
+  EXPECT_EQ(web.OpenUrl(L"ht"), 42);
+  EXPECT_EQ(web.OpenUrl(L""), 42);
+  EXPECT_EQ(shell.opened,
+            (std::vector<std::wstring>{L"\"C:\\Orb\\napoveda.txt\"", L"\"www.a.example\"", L"\"ht\"", L"\"\""}));
+  EXPECT_TRUE(shell.started.empty());
+}
+
+TEST_F(OpenUrlTest, AFailedStartIsIgnored) {
+  shell.start_works = false;
+  EXPECT_EQ(web.OpenUrl(L"http://a.example"), 0);
+  EXPECT_EQ(shell.started.size(), 1U);
+  EXPECT_TRUE(shell.opened.empty());
+}
+
+TEST_F(OpenUrlTest, NothingBecomesASecondArgument) {
+  const std::vector<std::wstring> bad = {L"http://a.example\" \"C:\\x.exe",
+                                         L"a\"b",
+                                         L"http://a\r\nb",
+                                         std::wstring(L"http://a") + L'\0' + L"b",
+                                         L"http://a.example,/root,\\\\server\\x",
+                                         L"http://a.example, /e",
+                                         L"http://a.example,C:/x",
+                                         L"http://a.example,b\\c",
+                                         L"http://a.example,Telvix.exe",
+                                         L"http://a.example,x,Telvix.EXE. "};
+  for (const std::wstring& address : bad) {
+    EXPECT_EQ(web.OpenUrl(address), 0);
+    web.open_station_web(address);
+    EXPECT_TRUE(untouched()) << testing::PrintToString(address);
+  }
+  web.OpenUrl(L"http://a.example/clanek,12.html");
+  EXPECT_EQ(shell.started.at(0).command_line, L"explorer http://a.example/clanek,12.html");
+  web.OpenUrl(L"soubor,/root.txt");
+  EXPECT_EQ(shell.opened.at(0), L"\"soubor,/root.txt\"") << "only the explorer's commas part arguments";
+}
+
+TEST_F(OpenUrlTest, AStationsWebPageIsOpened) {
+  for (const wchar_t* address : {L"http://www.radio.example/a b?c=d", L"https://radio.example:8000/",
+                                 L"HTTP://RADIO.example/stahni.exe", L"http://rádio.example"}) {
+    shell.started.clear();
+    web.open_station_web(address);
+    ASSERT_EQ(shell.started.size(), 1U) << testing::PrintToString(std::wstring(address));
+    EXPECT_EQ(shell.started[0].command_line, std::wstring(L"explorer ") + address);
+  }
+  for (const wchar_t* address :
+       {L"www.radio.example", L"radio.example", L"radio.example:8000/poslech?x=1#y", L"1.2.3.4", L"www.radio.com",
+        L"radio.com/hudba", L"www.rádio.cz/pořad.html", L"www.radio.ws"}) {
+    shell.opened.clear();
+    web.open_station_web(address);
+    EXPECT_EQ(shell.opened, std::vector<std::wstring>{L"\"" + std::wstring(address) + L"\""});
+  }
+  shell.opened.clear();
+  web.open_station_web(L"  www.radio.example ");
+  EXPECT_EQ(shell.opened, std::vector<std::wstring>{L"\"www.radio.example\""});
+}
+
+TEST_F(OpenUrlTest, AStationOpensNoProgramFileOrFolder) {
+  const std::vector<std::wstring> bad = {L"",
+                                         L" ",
+                                         L".",
+                                         L"..",
+                                         L"radio",
+                                         L"www.",
+                                         L"www..cz",
+                                         L".radio.cz",
+                                         L"radio.cz.",
+                                         L"Telvix.exe",
+                                         L"calc.com",
+                                         L"calc.com/",
+                                         L"www.com",
+                                         L"skript.VBS",
+                                         L"www.radio.exe",
+                                         L"radio.cz/x.exe",
+                                         L"radio.cz/x.exe?y",
+                                         L"radio.cz/x.bat.",
+                                         L"radio.cz/?x.lnk",
+                                         L"x.js",
+                                         L"x.exe:80",
+                                         L"file://C:/x.txt",
+                                         L"file:///etc/x.y",
+                                         L"C:\\Windows\\x.txt",
+                                         L"C:x.txt",
+                                         L"\\\\server\\share\\x.y",
+                                         L"//server/share/x.y",
+                                         L"radio.cz\\x",
+                                         L"radio.cz/..\\x",
+                                         L"radio.cz/../list.tt",
+                                         L"javascript:alert(1)",
+                                         L"x.y:javascript",
+                                         L"x.y:",
+                                         L"x.y:123456",
+                                         L"mailto:a@b.cz",
+                                         L"a@b.cz",
+                                         L"ms-settings:a.b",
+                                         L"shell:a.b",
+                                         L"ftp://radio.cz",
+                                         L"radio .cz",
+                                         L"radio.cz/a b",
+                                         L"radio.cz\"",
+                                         L"radio.cz/<x>",
+                                         L"radio.cz/a|b",
+                                         L"%windir%.cz",
+                                         L"httcokoli",
+                                         L"http.exe",
+                                         L"http://",
+                                         L"http:///x",
+                                         L"http://\\\\server\\x",
+                                         L"http:x.cz",
+                                         L"https:/x.cz",
+                                         L"httpx://x.cz",
+                                         std::wstring(skin::max_web_address, L'a') + L".cz",
+                                         L"http://" + std::wstring(skin::max_web_address, L'a')};
+  for (const std::wstring& address : bad) {
+    web.open_station_web(address);
+    EXPECT_TRUE(untouched()) << testing::PrintToString(address);
+  }
+}
+
+} // namespace
+} // namespace lumotune::test
