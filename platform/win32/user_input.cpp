@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/win32/user_input.h"
+
+#include <commctrl.h>
+
+namespace lumotune::platform::win32 {
+namespace {
+
+// The window's own numbers.
+constexpr int hot_play_pause = 1;
+constexpr int hot_stop = 2;
+constexpr UINT_PTR subclass = 2;
+
+void fire(const std::function<void()>& handler) {
+  if (const auto copy = handler)
+    guarded(copy);
+}
+
+} // namespace
+
+// Both in one call: nothing of the user's hand can come between.
+void Win32Pointer::click_left() {
+  const bool swapped = GetSystemMetrics(SM_SWAPBUTTON) != 0;
+  mouse_event(swapped ? MOUSEEVENTF_RIGHTDOWN | MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTDOWN | MOUSEEVENTF_LEFTUP, 0, 0,
+              0, 0);
+}
+
+Win32MediaKeys::Win32MediaKeys(HWND window) : window_(window) {
+  SetWindowSubclass(window_, procedure, subclass, reinterpret_cast<DWORD_PTR>(this));
+}
+
+Win32MediaKeys::~Win32MediaKeys() {
+  release();
+  RemoveWindowSubclass(window_, procedure, subclass);
+}
+
+// A key that is held elsewhere cannot be registered, and stays there.
+void Win32MediaKeys::take() {
+  if (taken_)
+    return;
+  taken_ = true;
+  RegisterHotKey(window_, hot_play_pause, MOD_NOREPEAT, VK_MEDIA_PLAY_PAUSE);
+  RegisterHotKey(window_, hot_stop, MOD_NOREPEAT, VK_MEDIA_STOP);
+}
+
+void Win32MediaKeys::release() {
+  if (!taken_)
+    return;
+  taken_ = false;
+  UnregisterHotKey(window_, hot_play_pause);
+  UnregisterHotKey(window_, hot_stop);
+}
+
+LRESULT CALLBACK Win32MediaKeys::procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR /*id*/,
+                                           DWORD_PTR self) {
+  if (reinterpret_cast<Win32MediaKeys*>(self)->handle_message(message, w, l))
+    return TRUE;
+  return DefSubclassProc(window, message, w, l);
+}
+
+bool Win32MediaKeys::handle_message(UINT message, WPARAM w, LPARAM l) {
+  if (!taken_)
+    return false;
+  if (message == WM_HOTKEY && (w == hot_play_pause || w == hot_stop)) {
+    fire(w == hot_stop ? on_stop : on_play_pause);
+    return true;
+  }
+  if (message != WM_APPCOMMAND)
+    return false;
+  switch (GET_APPCOMMAND_LPARAM(l)) {
+  case APPCOMMAND_MEDIA_PLAY_PAUSE:
+  case APPCOMMAND_MEDIA_PLAY:
+  case APPCOMMAND_MEDIA_PAUSE:
+    fire(on_play_pause);
+    return true;
+  case APPCOMMAND_MEDIA_STOP:
+    fire(on_stop);
+    return true;
+  default:
+    return false;
+  }
+}
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What only the real backend's menus and boxes have: the system's records, places, keys, timers that go on.
+#include "tests/contract/fixture_hand.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace lumotune::contract {
+namespace {
+
+using platform::MenuItem;
+
+MenuItem item(const std::wstring& name, const std::wstring& caption) {
+  MenuItem made;
+  made.name = name;
+  made.caption = caption;
+  return made;
+}
+
+std::wstring text_of(HWND window) {
+  wchar_t text[3000];
+  GetWindowTextW(window, text, 3000);
+  return text;
+}
+
+struct Win32Menus : testing::Test {
+  HandBackend b;
+  RECT seen{}; // where the menu was
+
+  void note_place() {
+    b.while_open([this] { GetWindowRect(seen_windows(L"#32768").front(), &seen); });
+    b.close_menu();
+  }
+  void input(UINT message, WPARAM w) {
+    PostMessageW(b.window.handle(), message, w, 0);
+    b.pass(50);
+  }
+  void show_window() {
+    b.window.move(4500, 3000);
+    b.window.resize(6000, 3000);
+    b.window.set_visible(true);
+    b.pass(300);
+  }
+};
+
+TEST_F(Win32Menus, TheSystemGetsTheTreeAsItIs) {
+  std::vector<MenuItem> items = {item(L"A", L"Rock & Pop"),           item(L"B", L"-"),      item(L"C", L"a\tb"),
+                                 item(L"D", L"Zaškrtnutá"),           item(L"E", L"Skrytá"), item(L"F", L"Prázdná"),
+                                 item(L"G", std::wstring(5000, L'x'))};
+  items[2].enabled = false;
+  items[3].checked = true;
+  items[4].visible = false;
+  items[5].children = {items[4]};
+  std::vector<std::wstring> captions;
+  std::vector<UINT> states;
+  b.while_open([&] {
+    const HMENU menu = open_menu();
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+      captions.push_back(raw_caption(menu, i));
+      states.push_back(GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION) & 0xff);
+    }
+  });
+  b.close_menu();
+  EXPECT_EQ(b.popup_menus.pop_up(items, nullptr), L"");
+  ASSERT_EQ(captions.size(), 6U);
+  EXPECT_EQ(captions[0], L"Rock && Pop");
+  EXPECT_EQ(captions[2], L"a b");
+  EXPECT_EQ(captions[3], L"Zaškrtnutá");
+  EXPECT_EQ(captions[4], L"Prázdná");
+  EXPECT_EQ(captions[5], std::wstring(300, L'x') + L"…");
+  EXPECT_EQ(states[0], 0U);
+  EXPECT_EQ(states[2], static_cast<UINT>(MF_GRAYED));
+  EXPECT_EQ(states[3], static_cast<UINT>(MF_CHECKED));
+  EXPECT_EQ(states[4], static_cast<UINT>(MF_GRAYED)) << "a submenu in which nothing is to be seen";
+}
+
+TEST_F(Win32Menus, AfterTheMouseAMenuOpensAtThePointer) {
+  show_window();
+  auto& label = b.window.make_label(L"InfoName", platform::LabelKind::link, platform::LabelFont::normal);
+  label.move(300, 300);
+  label.resize(1500, 300);
+  input(WM_KEYDOWN, VK_F24);
+  input(WM_LBUTTONDOWN, 0);
+  input(WM_LBUTTONUP, 0);
+  SetCursorPos(333, 222);
+  note_place();
+  EXPECT_EQ(b.popup_menus.pop_up({item(L"A", L"Á")}, &label), L"");
+  EXPECT_EQ(seen.left, 333);
+  EXPECT_EQ(seen.top, 222);
+}
+
+TEST_F(Win32Menus, AfterAKeyAMenuOpensBelowItsAnchor) {
+  show_window();
+  auto& label = b.window.make_label(L"InfoName", platform::LabelKind::link, platform::LabelFont::normal);
+  label.move(300, 300);
+  label.resize(1500, 300);
+  SetCursorPos(333, 222);
+  input(WM_LBUTTONUP, 0);
+  input(WM_KEYDOWN, VK_F24);
+  note_place();
+  EXPECT_EQ(b.popup_menus.pop_up({item(L"A", L"Á")}, &label), L"");
+  RECT place{};
+  GetWindowRect(b.window.handle_of(label), &place);
+  EXPECT_EQ(seen.left, place.left);
+  EXPECT_EQ(seen.top, place.bottom);
+}
+
+TEST_F(Win32Menus, AfterAKeyAMenuWithoutAnAnchorOpensAtThePointer) {
+  input(WM_KEYDOWN, VK_F24);
+  SetCursorPos(333, 222);
+  note_place();
+  EXPECT_EQ(b.popup_menus.pop_up({item(L"A", L"Á")}, nullptr), L"");
+  EXPECT_EQ(seen.left, 333);
+}
+
+TEST_F(Win32Menus, AfterAKeyAMenuOfAListOpensBelowTheSelectedRow) {
+  show_window();
+  auto& list = b.window.make_list(L"Control_List");
+  list.resize(3000, 1500);
+  for (int i = 0; i < 50; ++i)
+    list.add(L"Rádio " + std::to_wstring(i));
+  list.select(2);
+  input(WM_KEYDOWN, VK_F24);
+  note_place();
+  EXPECT_EQ(b.popup_menus.pop_up({item(L"A", L"Á")}, &list), L"");
+  RECT row{};
+  SendMessageW(b.window.handle_of(list), LB_GETITEMRECT, 2, reinterpret_cast<LPARAM>(&row));
+  MapWindowPoints(b.window.handle_of(list), nullptr, reinterpret_cast<POINT*>(&row), 2);
+  EXPECT_EQ(seen.left, row.left);
+  EXPECT_EQ(seen.top, row.bottom);
+}
+
+TEST_F(Win32Menus, TimersAndWakersGoOnWhileAMenuIsOpen) {
+  int ticks = 0;
+  int runs = 0;
+  const auto timer = b.loop.make_timer(10, [&] { ++ticks; });
+  const auto waker = b.loop.make_waker([&] { ++runs; });
+  timer->start();
+  b.hand.add([&] {
+    if (open_menu() == nullptr)
+      return false;
+    ticks = 0;
+    waker->wake();
+    return true;
+  });
+  b.hand.add([&] { return ticks >= 5 && runs == 1; });
+  b.close_menu();
+  EXPECT_EQ(b.popup_menus.pop_up({item(L"A", L"Á")}, nullptr), L"");
+  EXPECT_GE(ticks, 5);
+  EXPECT_EQ(runs, 1);
+}
+
+TEST_F(Win32Menus, TheEndOfTheProgramClosesTheMenu) {
+  const auto ending = b.loop.make_timer(100, [&] { b.loop.quit(); });
+  ending->start();
+  EXPECT_EQ(b.popup_menus.pop_up({item(L"A", L"Á")}, nullptr), L"");
+  EXPECT_TRUE(b.loop.quitting());
+}
+
+TEST_F(Win32Menus, HundredsOfSkinsAreAllThere) {
+  std::vector<MenuItem> items;
+  for (int i = 0; i < 600; ++i)
+    items.push_back(item(L"S" + std::to_wstring(i), L"Vzhled " + std::to_wstring(i)));
+  int count = 0;
+  b.while_open([&] {
+    count = GetMenuItemCount(open_menu());
+    GetWindowRect(seen_windows(L"#32768").front(), &seen);
+  });
+  b.close_menu();
+  EXPECT_EQ(b.popup_menus.pop_up(items, nullptr), L"");
+  EXPECT_EQ(count, 600);
+  EXPECT_LE(seen.bottom - seen.top, GetSystemMetrics(SM_CYSCREEN));
+}
+
+TEST_F(Win32Menus, TheInputBoxIsBuiltAsItShouldBe) {
+  show_window();
+  std::wstring prompt;
+  std::wstring title;
+  std::wstring text;
+  bool owner_enabled = true;
+  bool marked = false;
+  b.while_open([&] {
+    const HWND box = seen_windows(L"#32770").front();
+    title = text_of(box);
+    prompt = text_of(GetDlgItem(box, 100));
+    text = text_of(GetDlgItem(box, 101));
+    EXPECT_EQ(text_of(GetDlgItem(box, IDOK)), L"OK");
+    EXPECT_EQ(text_of(GetDlgItem(box, IDCANCEL)), L"Storno");
+    EXPECT_EQ(GetFocus(), GetDlgItem(box, 101));
+    owner_enabled = IsWindowEnabled(b.window.handle()) != 0;
+    marked = GetPropW(box, L"InputBox.Form") != nullptr && GetPropW(GetFocus(), L"InputBox.Text") != nullptr;
+  });
+  b.cancel();
+  EXPECT_EQ(b.input_box.ask(L"Lumotune & console", L"Lumotune - rádio", L"vol=50"), std::nullopt);
+  EXPECT_EQ(title, L"Lumotune - rádio");
+  EXPECT_EQ(prompt, L"Lumotune & console");
+  EXPECT_EQ(text, L"vol=50");
+  EXPECT_FALSE(owner_enabled);
+  EXPECT_TRUE(marked);
+  EXPECT_NE(IsWindowEnabled(b.window.handle()), 0);
+  EXPECT_TRUE(seen_windows(L"#32770").empty());
+}
+
+TEST_F(Win32Menus, TheInputBoxClosesByItsCaptionAndByItsButtons) {
+  b.hand.add([] { return !seen_windows(L"#32770").empty(); });
+  b.hand.add([] {
+    PostMessageW(seen_windows(L"#32770").front(), WM_CLOSE, 0, 0);
+    return true;
+  });
+  EXPECT_EQ(b.input_box.ask(L"Dotaz", L"Okno", L"x"), std::nullopt);
+  b.hand.add([] { return !seen_windows(L"#32770").empty(); });
+  b.hand.add([] {
+    PostMessageW(GetDlgItem(seen_windows(L"#32770").front(), IDOK), BM_CLICK, 0, 0);
+    return true;
+  });
+  EXPECT_EQ(b.input_box.ask(L"Dotaz", L"Okno", L"x"), L"x");
+}
+
+TEST_F(Win32Menus, TheEndOfTheProgramClosesTheInputBox) {
+  const auto ending = b.loop.make_timer(100, [&] { b.loop.quit(); });
+  ending->start();
+  EXPECT_EQ(b.input_box.ask(L"Dotaz", L"Okno", L"x"), std::nullopt);
+  EXPECT_EQ(b.input_box.ask(L"Dotaz", L"Okno", L"x"), std::nullopt) << "none opens any more";
+}
+
+TEST_F(Win32Menus, ABoxShowsItsTextAndTitle) {
+  std::wstring title;
+  std::vector<std::wstring> texts;
+  b.while_open([&] {
+    const HWND box = seen_windows(L"#32770").front();
+    title = text_of(box);
+    for (HWND child = GetWindow(box, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+      texts.push_back(text_of(child));
+  });
+  b.answer(platform::BoxAnswer::no);
+  EXPECT_EQ(b.dialogs.message(L"Pro & proti\r\nDruhý řádek", L"Nepřečtené zprávy na Orb",
+                              platform::BoxIcon::information, platform::BoxButtons::yes_no),
+            platform::BoxAnswer::no);
+  EXPECT_EQ(title, L"Nepřečtené zprávy na Orb");
+  EXPECT_NE(std::find(texts.begin(), texts.end(), L"Pro & proti\r\nDruhý řádek"), texts.end());
+}
+
+} // namespace
+} // namespace lumotune::contract
