@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The directory and its window on the backend in memory.
+#pragma once
+
+#include "directory/directory.h"
+#include "platform/memory/framed_window.h"
+#include "platform/memory/menus.h"
+#include "tests/support/core_world.h"
+
+#include <string>
+#include <vector>
+
+namespace lumotune::test {
+
+struct RecordingWeb final : directory::WebPort {
+  void OpenUrl(const std::wstring& address) override { opened.push_back(address); }
+  void open_station_web(const std::wstring& address) override { opened.push_back(L"station " + address); }
+  std::vector<std::wstring> opened;
+};
+
+struct CountingFavourites final : core::FavouritesPort {
+  explicit CountingFavourites(const core::Session& session_used) : session(session_used) {}
+  void ZobrazOblibene() override { flags.push_back(session.refresh_favourites); }
+  const core::Session& session;
+  std::vector<std::wstring> flags; // the flag at each call
+};
+
+// A record by its parts; what is left out is empty.
+struct Record {
+  std::string id{};
+  std::string name{};
+  std::string marker{};
+  std::string country = "\xc8"
+                        "esko";
+  std::string category = "1000011";
+  std::vector<std::string> addresses{};
+  std::vector<std::string> rates{};
+  std::string web{};
+  std::string rest{};
+
+  [[nodiscard]] std::string line() const {
+    std::vector<std::string> fields = {id, name, marker, "", country, category};
+    for (std::size_t n = 0; n < 5; ++n)
+      fields.push_back(n < addresses.size() ? addresses[n] : "");
+    for (std::size_t n = 0; n < 5; ++n)
+      fields.push_back(n < rates.size() ? rates[n] : "");
+    fields.push_back(web + (rest.empty() ? "" : "/@/" + rest));
+    std::string text;
+    for (const auto& field : fields)
+      text += (text.empty() && &field == &fields[0] ? "" : "/@/") + field;
+    return text + "\r\n";
+  }
+};
+
+struct DirectoryWorld : CoreWorld {
+  platform::memory::MemoryPointer pointer;
+  platform::memory::MemoryConnection connection;
+  platform::memory::MemoryPopupMenus popups;
+  platform::memory::MemoryFramedWindowMaker windows{files};
+  core::Favourites favourite_list{
+      {files, codec, machine, settings, session, form, playback, stations, dialogs, loop, pointer}};
+  directory::Identity identity{{files, codec, machine, loop, settings}};
+  directory::Directory directory{{settings, session, form, error_log, stations, playback, favourite_list, sender,
+                                  identity, loop, files, codec, machine, shell, dialogs, connection, popups, windows}};
+  RecordingWeb web;
+  CountingFavourites refreshed{session};
+
+  DirectoryWorld() {
+    directory.web.bind(web);
+    directory.favourites.bind(refreshed);
+    write(L"Orb_Data\\options.ini", joined(option_lines()));
+    write(L"Orb_Data\\orb_server.tt", "a\r\nb\r\nc\r\nd\r\ne\r\nf\r\nOrbServerAddr::http://server\r\n");
+    write(L"kategories.tt", "new//100000/@/V\xb9"
+                            "echna r\xe1"
+                            "dia\r\nadd//1000001/@/Pro ka\x9e"
+                            "d\xe9"
+                            "ho\r\n"
+                            "new//100001/@/\xc8"
+                            "esk\xe9\r\nadd//1000011/@/Praha\r\nnew//100002/@/Slovensk\xe9\r\n"
+                            "new//100003/@/Televize\r\n\r\n");
+    write(L"radios.tt", stations_text());
+    settings.IDlastRadio = L"RADIO2";
+    settings.KvalitaLT = L"1";
+  }
+  [[nodiscard]] static std::string stations_text() {
+    return Record{"RADIO1",
+                  "Prvn\xed",
+                  "",
+                  "\xc8"
+                  "esko",
+                  "1000011",
+                  {"http://r/1a", "", "http://r/1c"},
+                  {"128", "", "64"},
+                  "www.prvni.example",
+                  "O prvn\xedm"}
+               .line() +
+           Record{"RADIO2",
+                  "Druh\xe9",
+                  "tip",
+                  "\xc8"
+                  "esko",
+                  "1000012",
+                  {"http://r/2"},
+                  {"96"},
+                  "",
+                  ""}
+               .line() +
+           Record{"RADIO3",
+                  "T\xf8"
+                  "et\xed",
+                  "tip- novinka",
+                  "Slovensko",
+                  "1000021",
+                  {"http://r/3"},
+                  {"96"},
+                  "",
+                  ""}
+               .line() +
+           Record{"TELKA1",
+                  "Televize",
+                  "",
+                  "\xc8"
+                  "esko",
+                  "1000031",
+                  {"http://t/1", "http://t/2"},
+                  {"500", "900"},
+                  "",
+                  ""}
+               .line();
+  }
+  void write(const std::wstring& name, const std::string& bytes) {
+    (void)files.replace(machine.folder + L"\\" + name, bytes);
+  }
+  [[nodiscard]] std::string content(const std::wstring& name) const {
+    return files.read(machine.folder + L"\\" + name).value_or("(missing)");
+  }
+  [[nodiscard]] platform::memory::MemoryFramedWindow& window_shown() const { return *windows.last; }
+  template <typename Kind>
+  [[nodiscard]] Kind& part(const std::wstring& name) const {
+    return *windows.last->find<Kind>(name);
+  }
+  [[nodiscard]] platform::memory::MemoryTree& tree() const { return part<platform::memory::MemoryTree>(L"TreeView1"); }
+  [[nodiscard]] platform::memory::MemoryListView& list() const {
+    return part<platform::memory::MemoryListView>(L"ListView1");
+  }
+  [[nodiscard]] platform::memory::MemoryLabel& label(const std::wstring& name) const {
+    return part<platform::memory::MemoryLabel>(name);
+  }
+  [[nodiscard]] std::wstring status() const { return label(L"Label1").text(); }
+  [[nodiscard]] std::vector<std::wstring> names() const {
+    std::vector<std::wstring> all;
+    for (std::size_t row = 1; row <= list().count(); ++row)
+      all.push_back(list().cell(row, 0));
+    return all;
+  }
+  void pick_node(const std::wstring& key) { (void)tree().user_pick(tree().find(key)); }
+};
+
+} // namespace lumotune::test
