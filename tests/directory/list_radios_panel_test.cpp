@@ -134,8 +134,8 @@ TEST_F(ListRadiosPanel, ShowsUsersThroughAProgramOfTheFolderOnly) {
   line.InfoPanel_Click();
   ASSERT_EQ(shell.started.size(), 1U);
   EXPECT_EQ(shell.started[0].command_line, L"orb.exe");
-  for (const wchar_t* name : {L"neni.exe", L"c:\\windows\\cmd.exe", L"cmd.exe /c x", L"\"orb.exe\"", L"sub/orb.exe", L"",
-                              L"orb.exe "}) {
+  for (const wchar_t* name :
+       {L"neni.exe", L"c:\\windows\\cmd.exe", L"cmd.exe /c x", L"\"orb.exe\"", L"sub/orb.exe", L"", L"orb.exe "}) {
     line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/showusers/@/" + std::wstring(name) + L"||Orb - Lumotune||lts:RADIO1||2");
     line.InfoPanel_Click();
     EXPECT_EQ(shell.started.size(), 1U) << "not started";
@@ -200,8 +200,8 @@ TEST_F(ListRadiosPanel, ACollapsedAdvertisementIsStillAskedFor) {
 }
 
 TEST_F(ListRadiosPanel, ABadAdvertisementEndsWhereItIsBad) {
-  for (const wchar_t* bad : {L"", L"1050", L"1050/@/7125", L"x/@/7125/@/1/@/http://a", L"1050/@/x/@/1/@/http://a",
-                             L"1050/@/7125/@/1"}) {
+  for (const wchar_t* bad :
+       {L"", L"1050", L"1050/@/7125", L"x/@/7125/@/1/@/http://a", L"1050/@/x/@/1/@/http://a", L"1050/@/7125/@/1"}) {
     advert.ZobrazReklamu(bad);
     EXPECT_FALSE(state.present);
     EXPECT_TRUE(browser.visited.empty());
