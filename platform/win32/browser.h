@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// An area of a window that shows a page in the system's browser control.
+#pragma once
+
+#include "platform/directory_controls.h"
+#include "platform/win32/controls.h"
+
+#include <memory>
+#include <string>
+
+namespace lumotune::platform::win32 {
+
+// The control is made for the first page, not before: a program that shows none never waits for it.
+class Win32Browser final : public Win32Control<Browser> {
+public:
+  Win32Browser(Surface& surface, const std::wstring& designer_name);
+  Win32Browser(const Win32Browser&) = delete;
+  Win32Browser& operator=(const Win32Browser&) = delete;
+  ~Win32Browser() override;
+
+  void navigate(const std::wstring& address) override;
+
+private:
+  class Page;
+  [[nodiscard]] bool handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
+
+  std::unique_ptr<Page> page_;
+};
+
+} // namespace lumotune::platform::win32

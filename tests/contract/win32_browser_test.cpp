@@ -1,0 +1,269 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The browser's area, its site and the request that really leaves the machine, as far as the next port.
+#include <winsock2.h> // before the system's other headers
+
+#include "platform/win32/browser.h"
+#include "platform/win32/browser_site.h"
+#include "tests/contract/fixture_win32.h"
+
+#include <gtest/gtest.h>
+
+#include <exdisp.h>
+#include <exdispid.h>
+#include <mshtmdid.h>
+
+#include <array>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace lumotune::contract {
+namespace {
+
+using platform::win32::BrowserSite;
+using platform::win32::Win32Browser;
+
+// Serves one small page to whoever asks, on a port of the loopback, and notes the first line of each request.
+class Pages {
+public:
+  Pages() {
+    WSADATA data{};
+    WSAStartup(MAKEWORD(2, 2), &data);
+    listener_ = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    int size = sizeof address;
+    bind(listener_, reinterpret_cast<sockaddr*>(&address), size);
+    listen(listener_, 5);
+    getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size);
+    port_ = ntohs(address.sin_port);
+    thread_ = std::thread([this] { serve(); });
+  }
+  Pages(const Pages&) = delete;
+  Pages& operator=(const Pages&) = delete;
+  ~Pages() {
+    closesocket(listener_);
+    thread_.join();
+    WSACleanup();
+  }
+  [[nodiscard]] std::wstring address(const std::wstring& path) const {
+    return L"http://127.0.0.1:" + std::to_wstring(port_) + path;
+  }
+  [[nodiscard]] std::vector<std::string> requests() {
+    const std::lock_guard lock(mutex_);
+    return requests_;
+  }
+
+private:
+  void serve() {
+    for (SOCKET peer = accept(listener_, nullptr, nullptr); peer != INVALID_SOCKET;
+         peer = accept(listener_, nullptr, nullptr)) {
+      std::array<char, 4096> bytes{};
+      const int got = recv(peer, bytes.data(), static_cast<int>(bytes.size()) - 1, 0);
+      const std::string request(bytes.data(), static_cast<std::size_t>(got > 0 ? got : 0));
+      {
+        const std::lock_guard lock(mutex_);
+        requests_.push_back(request.substr(0, request.find('\r')));
+      }
+      const std::string answer =
+          "HTTP/1.0 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n\r\n<p>Reklama</p>";
+      send(peer, answer.data(), static_cast<int>(answer.size()), 0);
+      shutdown(peer, SD_SEND);
+      closesocket(peer);
+    }
+  }
+
+  SOCKET listener_ = INVALID_SOCKET;
+  int port_ = 0;
+  std::thread thread_;
+  std::mutex mutex_;
+  std::vector<std::string> requests_;
+};
+
+struct Win32BrowserTest : testing::Test {
+  Backend b;
+  Pages pages;
+  std::unique_ptr<Win32Browser> browser = std::make_unique<Win32Browser>(b.window, L"WebBrowser1");
+
+  void SetUp() override {
+    b.window.resize(9000, 6000);
+    browser->move(300, 300);
+    browser->resize(6000, 1500);
+    b.window.set_visible(true);
+    b.pass(100);
+  }
+  [[nodiscard]] HWND inside() const { return GetWindow(browser->handle(), GW_CHILD); }
+  bool wait_for_requests(std::size_t count) {
+    for (int i = 0; i < 250 && pages.requests().size() < count; ++i)
+      b.pass(20);
+    return pages.requests().size() >= count;
+  }
+};
+
+TEST_F(Win32BrowserTest, ThePageIsAskedForAndNotBefore) {
+  EXPECT_EQ(inside(), nullptr);
+  browser->navigate(pages.address(L"/reklama.php?x=1&y=2"));
+  ASSERT_TRUE(wait_for_requests(1));
+  EXPECT_EQ(pages.requests()[0], "GET /reklama.php?x=1&y=2 HTTP/1.1");
+  EXPECT_NE(inside(), nullptr);
+  browser->navigate(pages.address(L"/druha"));
+  ASSERT_TRUE(wait_for_requests(2));
+  EXPECT_EQ(pages.requests().back(), "GET /druha HTTP/1.1");
+}
+
+TEST_F(Win32BrowserTest, NothingButWebPagesIsAskedFor) {
+  for (const wchar_t* address : {L"", L"file:///c:/windows/win.ini", L"c:\\windows\\win.ini", L"javascript:alert(1)",
+                                 L"ftp://127.0.0.1/", L"about:blank", L"res://ieframe.dll/x", L"httpx://127.0.0.1/"})
+    browser->navigate(address);
+  browser->navigate(pages.address(L"/a\r\nX-Other: 1"));
+  browser->navigate(pages.address(L"/" + std::wstring(3000, L'x')));
+  b.pass(300);
+  EXPECT_EQ(inside(), nullptr);
+  EXPECT_TRUE(pages.requests().empty());
+}
+
+TEST_F(Win32BrowserTest, ThePageKeepsTheSizeOfItsArea) {
+  browser->navigate(pages.address(L"/"));
+  ASSERT_TRUE(wait_for_requests(1));
+  RECT place{};
+  GetClientRect(inside(), &place);
+  EXPECT_EQ(place.right, 400);
+  EXPECT_EQ(place.bottom, 100);
+  browser->resize(3000, 3000);
+  b.pass(50);
+  GetClientRect(inside(), &place);
+  EXPECT_EQ(place.right, 200);
+  EXPECT_EQ(place.bottom, 200);
+  browser->resize(3000, 0);
+  b.pass(50);
+  GetClientRect(inside(), &place);
+  EXPECT_EQ(place.bottom, 0);
+}
+
+TEST_F(Win32BrowserTest, ItGoesAndComesAgainWithoutATrace) {
+  for (int i = 0; i < 10; ++i) {
+    browser->navigate(pages.address(L"/" + std::to_wstring(i)));
+    if (i % 2 == 0)
+      b.pass(30); // others go while the page is on its way
+    browser.reset();
+    EXPECT_EQ(GetWindow(b.window.handle(), GW_CHILD), nullptr);
+    browser = std::make_unique<Win32Browser>(b.window, L"WebBrowser1");
+  }
+  browser->resize(3000, 1500);
+  browser->navigate(pages.address(L"/posledni"));
+  for (int i = 0; i < 250 && (pages.requests().empty() || pages.requests().back() != "GET /posledni HTTP/1.1"); ++i)
+    b.pass(20);
+  EXPECT_EQ(pages.requests().back(), "GET /posledni HTTP/1.1");
+}
+
+TEST_F(Win32BrowserTest, AnUnreachableServerLeavesNoBox) {
+  browser->navigate(L"http://127.0.0.1:1/");
+  b.pass(1500);
+  int boxes = 0;
+  EnumThreadWindows(
+      GetCurrentThreadId(),
+      [](HWND window, LPARAM count) -> BOOL {
+        wchar_t name[32];
+        GetClassNameW(window, name, 32);
+        *reinterpret_cast<int*>(count) += std::wstring(name) == L"#32770" && IsWindowVisible(window) != 0 ? 1 : 0;
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&boxes));
+  EXPECT_EQ(boxes, 0);
+}
+
+// The rules, told as the control tells them.
+struct Win32BrowserSite : testing::Test {
+  BrowserSite* site = new BrowserSite(GetDesktopWindow());
+  ~Win32BrowserSite() override { EXPECT_EQ(site->Release(), 0U); }
+
+  VARIANT_BOOL cancelled = VARIANT_FALSE;
+
+  // Arguments in the order of the event's description; the place of `cancelled` is empty.
+  bool cancels(DISPID event, std::vector<VARIANT> arguments, std::size_t cancel_at) {
+    cancelled = VARIANT_FALSE;
+    arguments[cancel_at].vt = VT_BYREF | VT_BOOL;
+    arguments[cancel_at].pboolVal = &cancelled;
+    std::vector<VARIANT> reversed(arguments.rbegin(), arguments.rend());
+    DISPPARAMS given{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+    EXPECT_EQ(site->Invoke(event, __uuidof(IUnknown), 0, DISPATCH_METHOD, &given, nullptr, nullptr, nullptr), S_OK);
+    return cancelled == VARIANT_TRUE;
+  }
+  bool refuses(std::wstring address) {
+    VARIANT text{};
+    text.vt = VT_BSTR;
+    text.bstrVal = address.data(); // only read
+    std::vector<VARIANT> arguments(7);
+    arguments[1].vt = VT_BYREF | VT_VARIANT;
+    arguments[1].pvarVal = &text;
+    return cancels(DISPID_BEFORENAVIGATE2, arguments, 6);
+  }
+  LONG ambient(DISPID member) {
+    VARIANT result{};
+    EXPECT_EQ(site->Invoke(member, __uuidof(IUnknown), 0, DISPATCH_PROPERTYGET, nullptr, &result, nullptr, nullptr),
+              S_OK);
+    return result.lVal;
+  }
+};
+
+TEST_F(Win32BrowserSite, ScriptsAndProgramsAreOff) {
+  const LONG flags = ambient(DISPID_AMBIENT_DLCONTROL);
+  for (const LONG off : {DLCTL_NO_SCRIPTS, DLCTL_NO_JAVA, DLCTL_NO_RUNACTIVEXCTLS, DLCTL_NO_DLACTIVEXCTLS, DLCTL_SILENT,
+                         DLCTL_NO_CLIENTPULL, DLCTL_NO_BEHAVIORS})
+    EXPECT_EQ(flags & off, off);
+  EXPECT_EQ(flags & (DLCTL_BGSOUNDS | DLCTL_VIDEOS), 0);
+}
+
+TEST_F(Win32BrowserSite, OnlyWebPagesAreGoneTo) {
+  EXPECT_FALSE(refuses(L"http://127.0.0.1/"));
+  EXPECT_FALSE(refuses(L"HTTPS://server.example/a?b=c"));
+  EXPECT_FALSE(refuses(L"about:blank"));
+  for (const wchar_t* address : {L"file:///c:/x", L"\\\\server\\share", L"javascript:x", L"about:internet", L"",
+                                 L"mailto:x", L"res://ieframe.dll/x", L"http:/x", L"http://a\tb"})
+    EXPECT_TRUE(refuses(address)) << address;
+  EXPECT_TRUE(cancels(DISPID_BEFORENAVIGATE2, std::vector<VARIANT>(7), 6)) << "no address at all";
+}
+
+TEST_F(Win32BrowserSite, NoWindowsNoDownloadsNoPagesOfTheSystem) {
+  EXPECT_TRUE(cancels(DISPID_NEWWINDOW2, std::vector<VARIANT>(2), 1));
+  EXPECT_TRUE(cancels(DISPID_NEWWINDOW3, std::vector<VARIANT>(5), 1));
+  EXPECT_TRUE(cancels(DISPID_NAVIGATEERROR, std::vector<VARIANT>(5), 4));
+  std::vector<VARIANT> arguments(2);
+  arguments[0].vt = VT_BOOL;
+  EXPECT_TRUE(cancels(DISPID_FILEDOWNLOAD, arguments, 1));
+  arguments[0].boolVal = VARIANT_TRUE;
+  EXPECT_FALSE(cancels(DISPID_FILEDOWNLOAD, arguments, 1)) << "a page that the control itself shows";
+}
+
+TEST_F(Win32BrowserSite, EventsWithoutTheirArgumentsHarmNothing) {
+  DISPPARAMS none{nullptr, nullptr, 0, 0};
+  for (const DISPID event : {DISPID_BEFORENAVIGATE2, DISPID_NEWWINDOW2, DISPID_NEWWINDOW3, DISPID_FILEDOWNLOAD, 999})
+    EXPECT_EQ(site->Invoke(event, __uuidof(IUnknown), 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr), S_OK);
+  EXPECT_NE(site->Invoke(250, __uuidof(IUnknown), 0, DISPATCH_METHOD, nullptr, nullptr, nullptr, nullptr), S_OK);
+  EXPECT_EQ(site->QueryInterface(__uuidof(IUnknown), nullptr), E_POINTER);
+}
+
+TEST_F(Win32BrowserSite, MessagesAndMenusAreTakenForShown) {
+  LRESULT answer = 0;
+  EXPECT_EQ(site->ShowMessage(nullptr, nullptr, nullptr, 0, nullptr, 0, &answer), S_OK);
+  EXPECT_EQ(site->ShowContextMenu(0, nullptr, nullptr, nullptr), S_OK);
+}
+
+TEST_F(Win32BrowserSite, EveryFaceIsOneObject) {
+  for (const GUID& id :
+       {__uuidof(IOleClientSite), __uuidof(IOleInPlaceSite), __uuidof(IOleInPlaceFrame), __uuidof(IDispatch),
+        __uuidof(IDocHostUIHandler), __uuidof(IDocHostShowUI), __uuidof(DWebBrowserEvents2)}) {
+    void* face = nullptr;
+    void* unknown = nullptr;
+    ASSERT_EQ(site->QueryInterface(id, &face), S_OK);
+    ASSERT_EQ(static_cast<IUnknown*>(face)->QueryInterface(__uuidof(IUnknown), &unknown), S_OK);
+    EXPECT_EQ(unknown, static_cast<IOleClientSite*>(site));
+    static_cast<IUnknown*>(face)->Release();
+    static_cast<IUnknown*>(unknown)->Release();
+  }
+}
+
+} // namespace
+} // namespace lumotune::contract
