@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "core/favourite_file.h"
+
+#include "core/options_lines.h"
+#include "core/text.h"
+
+namespace lumotune::core {
+namespace {
+
+constexpr const char* line_end = "\r\n";
+
+std::string lines_with_ends(const TextLines& lines) {
+  std::string bytes;
+  for (const std::string& line : lines)
+    bytes.append(line).append(line_end);
+  return bytes;
+}
+
+} // namespace
+
+std::wstring FavouriteFile::path() const {
+  return uses_.machine.program_folder() + L"\\list.tt";
+}
+
+std::string FavouriteFile::read() const {
+  return uses_.files.read(path()).value_or(std::string());
+}
+
+FavouriteAdded FavouriteFile::add(const std::wstring& line) {
+  if (line.find_first_of(std::wstring_view(L"\r\n\0", 3)) != std::wstring::npos)
+    return FavouriteAdded::failed;
+  // A file that is there but cannot be read is never written: it would lose what it holds.
+  if (!uses_.files.exists(path()) && !uses_.files.replace(path(), line_end))
+    return FavouriteAdded::failed;
+  const auto bytes = uses_.files.read(path());
+  if (!bytes.has_value())
+    return FavouriteAdded::failed;
+  TextLines List3 = without_empty_lines(split_text_lines(*bytes));
+  bool there = false;
+  for (const std::string& kept : List3)
+    there = there || equal_ignoring_case(uses_.codec.decode(kept), line);
+  if (!there && !line.empty())
+    List3.push_back(uses_.codec.encode(line));
+  const std::string fresh = lines_with_ends(List3);
+  if (fresh != *bytes && !uses_.files.replace(path(), fresh) && !there)
+    return FavouriteAdded::failed;
+  return there ? FavouriteAdded::already_there : FavouriteAdded::added;
+}
+
+FavouriteRemoved FavouriteFile::remove(const std::wstring& line) {
+  const auto bytes = uses_.files.read(path());
+  if (!bytes.has_value())
+    return uses_.files.exists(path()) ? FavouriteRemoved::failed : FavouriteRemoved::not_there;
+  TextLines List5 = without_empty_lines(split_text_lines(*bytes));
+  const std::size_t removed = std::erase_if(
+      List5, [&](const std::string& kept) { return equal_ignoring_case(uses_.codec.decode(kept), line); });
+  if (!uses_.files.replace(path(), line_end + lines_with_ends(List5)))
+    return FavouriteRemoved::failed;
+  return removed == 0 ? FavouriteRemoved::not_there : FavouriteRemoved::removed;
+}
+
+} // namespace lumotune::core

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "core/favourites.h"
+
+#include "core/busy.h"
+#include "core/text.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace lumotune::core {
+namespace {
+
+constexpr std::size_t shown_columns = 93;
+constexpr std::size_t quality_column = 94;
+constexpr std::size_t id_column = 95;
+constexpr std::size_t address_column = 101;
+
+// A line of the favourites file, its prefix cut off.
+struct Favourite {
+  std::string_view id;
+  char quality = '1';
+  std::uint64_t key = 0;
+};
+
+std::vector<Favourite> read_favourites(std::string_view bytes, const ByteFolding& folding) {
+  constexpr std::string_view prefix = "lt:";
+  constexpr std::size_t quality_at = 7;
+  std::vector<Favourite> List5;
+  for_each_line(bytes, [&](std::string_view line) {
+    if (line.size() <= prefix.size() + quality_at || !folding.starts_with(line, prefix))
+      return;
+    line.remove_prefix(prefix.size());
+    const char quality = line[quality_at];
+    if (quality >= '1' && quality <= '5')
+      List5.push_back({line.substr(0, station_id_length), quality, folding.id_key(line)});
+  });
+  return List5;
+}
+
+// The list box knows texts that a zero ends; a blank in its place keeps the columns.
+std::wstring without_zeros(std::wstring text) {
+  std::replace(text.begin(), text.end(), L'\0', L' ');
+  return text;
+}
+
+std::wstring favourite_item(const Favourite& favourite, std::string_view record, const platform::AnsiCodec& codec) {
+  const int number = favourite.quality - '1';
+  // No more of a long name is decoded than is ever shown.
+  const auto shown = [&](int field) { return codec.decode(record_field(record, field).substr(0, shown_columns)); };
+  std::wstring item = shown(1) + L"  (" + shown(11 + number) + L"kbps)";
+  item.resize(shown_columns, L' ');
+  item += static_cast<wchar_t>(favourite.quality);
+  item += codec.decode(favourite.id);
+  item += codec.decode(record_field(record, 6 + number));
+  return without_zeros(std::move(item));
+}
+
+} // namespace
+
+std::optional<FavouriteItem> read_favourite_item(std::wstring_view item) {
+  if (item.size() < address_column - 1)
+    return std::nullopt;
+  return FavouriteItem{std::wstring(mid(item, id_column, station_id_length)),
+                       std::wstring(mid(item, quality_column, 1)), std::wstring(mid(item, address_column))};
+}
+
+std::vector<std::wstring> favourite_items(std::string_view favourites, std::string_view stations,
+                                          const ByteFolding& folding, const platform::AnsiCodec& codec) {
+  const std::vector<Favourite> List5 = read_favourites(favourites, folding);
+  std::unordered_map<std::uint64_t, std::string_view> records;
+  for (const Favourite& favourite : List5)
+    records.emplace(favourite.key, std::string_view());
+  for_each_line(stations, [&](std::string_view line) {
+    if (line.size() < station_id_length)
+      return;
+    if (const auto wanted = records.find(folding.id_key(line)); wanted != records.end())
+      wanted->second = line;
+  });
+  std::vector<std::wstring> items;
+  for (const Favourite& favourite : List5) {
+    if (const std::string_view record = records[favourite.key]; !record.empty())
+      items.push_back(favourite_item(favourite, record, codec));
+  }
+  return items;
+}
+
+Favourites::Favourites(const Uses& uses)
+    : uses_(uses), file_({uses.files, uses.codec, uses.machine}), folding_(uses.codec) {}
+
+void Favourites::ZobrazOblibene() {
+  // Without its stations no favourite can be shown; the file of the favourites keeps them.
+  if (!uses_.files.read_into(uses_.machine.program_folder() + L"\\radios.tt", List3))
+    List3.clear();
+  auto& list = uses_.form.Control_List;
+  list.clear();
+  for (const std::wstring& item : favourite_items(file_.read(), List3, folding_, uses_.codec))
+    list.add(item);
+  if (!uses_.playback.stopped() || !uses_.session.OverrideURL.empty())
+    return;
+  if (list.count() > 0)
+    show_entries();
+  else
+    show_hint();
+}
+
+void Favourites::hide_station_labels() {
+  uses_.form.InfoName.set_visible(false);
+  uses_.form.InfoTime.set_visible(false);
+  uses_.form.InfoStatus.set_visible(false);
+}
+
+void Favourites::show_entries() {
+  const auto& kept = uses_.session.skin;
+  uses_.form.Control_List.set_visible(true);
+  hide_station_labels();
+  uses_.form.InfoNaladit.set_visible(false);
+  // The picture that stood behind the empty list goes with the hint, unless the skin shows it anyway.
+  const bool shown_anyway =
+      equal_ignoring_case(kept.display_show, L"show") && equal_ignoring_case(kept.display_mode, L"showevery");
+  if (equal_ignoring_case(kept.display_value, L"showifnulllist") && !shown_anyway)
+    uses_.form.LTDisplay.set_visible(false);
+}
+
+// The empty list would cover the hint.
+void Favourites::show_hint() {
+  uses_.form.Control_List.set_visible(false);
+  hide_station_labels();
+  uses_.form.InfoNaladit.set_visible(true);
+  if (equal_ignoring_case(uses_.session.skin.display_value, L"showifnulllist"))
+    uses_.form.LTDisplay.set_visible(true);
+}
+
+void Favourites::DeleteFromOblibene(const std::wstring& RadioDelete) {
+  if (file_.remove(RadioDelete) != FavouriteRemoved::removed)
+    return;
+  ZobrazOblibene();
+  (void)uses_.dialogs.message(L"Rádio bylo ostraněno z oblíbených.", platform::Dialogs::default_title,
+                              platform::BoxIcon::information, platform::BoxButtons::ok);
+}
+
+std::wstring Favourites::selected_text() const {
+  const auto& list = uses_.form.Control_List;
+  return list.item(list.selected());
+}
+
+void Favourites::Control_List_Click() {
+  const std::wstring text = selected_text();
+  if (equal_ignoring_case(text, tune_hint)) {
+    directory->Naladit();
+    return;
+  }
+  const auto item = read_favourite_item(text);
+  if (!item.has_value())
+    return;
+  uses_.settings.IDlastRadio = item->id;
+  uses_.settings.KvalitaLT = item->quality;
+  uses_.playback.PripravHrani(item->address);
+  uses_.session.favourite_line = L"lt:" + item->id + L"/" + item->quality;
+}
+
+// A click of our own never counts as the second one of a double click.
+void Favourites::Control_List_DblClick() {
+  if (clicking_)
+    return;
+  if (const auto item = read_favourite_item(selected_text()))
+    uses_.playback.PlayAll(item->address);
+}
+
+void Favourites::Control_List_MouseDown(const platform::MouseEvent& event) {
+  if (event.button != platform::MouseButton::right || clicking_)
+    return;
+  {
+    const Busy guard(clicking_);
+    uses_.pointer.click_left();
+    uses_.loop.run_pending();
+  }
+  if (!uses_.loop.quitting() && uses_.form.Control_List.visible())
+    open_menu();
+}
+
+void Favourites::open_menu() {
+  std::wstring id;
+  if (const auto item = read_favourite_item(selected_text()))
+    id = item->id;
+  menu->set_tune_caption(L"Naladit rádio " + uses_.stations.RadioInfo(id, L"name"));
+  menu->open_favourite();
+}
+
+} // namespace lumotune::core

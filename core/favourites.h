@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The list of the favourite stations in the main window.
+#pragma once
+
+#include "core/favourite_file.h"
+#include "core/lumotune_form.h"
+#include "core/playback.h"
+#include "core/ports.h"
+#include "core/record_bytes.h"
+#include "core/session.h"
+#include "core/station_lookup.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/user_input.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumotune::core {
+
+// An entry that is no station but the hint to tune one.
+inline constexpr const wchar_t* tune_hint = L"Klikněte na naladit...";
+
+// An item of Control_List is one text that carries its own data behind the shown columns.
+struct FavouriteItem {
+  std::wstring id;      // columns 95-100
+  std::wstring quality; // column 94, "1".."5"
+  std::wstring address; // from column 101, may be empty
+};
+// Nothing for a text that carries no identifier.
+[[nodiscard]] std::optional<FavouriteItem> read_favourite_item(std::wstring_view item);
+
+// The items for a favourites file and a station file, in the order of the favourites. One pass over the stations, of
+// which a later record of an identifier wins. A favourite without a station, or with no quality 1..5, has no item.
+[[nodiscard]] std::vector<std::wstring> favourite_items(std::string_view favourites, std::string_view stations,
+                                                        const ByteFolding& folding, const platform::AnsiCodec& codec);
+
+// User-interface thread.
+class Favourites final : public FavouritesPort, public FavouritesDeletePort {
+public:
+  struct Uses {
+    platform::Files& files;
+    const platform::AnsiCodec& codec;
+    const platform::Machine& machine;
+    Settings& settings;
+    Session& session;
+    LumotuneForm& form;
+    Playback& playback;
+    StationLookup& stations;
+    platform::Dialogs& dialogs;
+    platform::EventLoop& loop;
+    platform::Pointer& pointer;
+  };
+  explicit Favourites(const Uses& uses);
+
+  DirectorySlot directory;
+  FavouriteMenuSlot menu;
+
+  // Fills Control_List anew. While nothing plays and no address of the client's waits, it also shows the list, or the
+  // hint where there is no favourite.
+  void ZobrazOblibene() override;
+
+  // Nothing is said when the line is not there or the file cannot be changed.
+  void DeleteFromOblibene(const std::wstring& RadioDelete) override;
+
+  // The file's part of adding a favourite; the caller shows the list and the box.
+  [[nodiscard]] FavouriteAdded add(const std::wstring& line) { return file_.add(line); }
+
+  // Events of the list.
+  void Control_List_Click();
+  void Control_List_DblClick();
+  void Control_List_MouseDown(const platform::MouseEvent& event);
+
+  // The menu of the selected entry, without a click first: for the keyboard. Events run while it is open.
+  void open_menu();
+
+private:
+  [[nodiscard]] std::wstring selected_text() const;
+  void show_entries();
+  void show_hint();
+  void hide_station_labels();
+
+  Uses uses_;
+  FavouriteFile file_;
+  ByteFolding folding_;
+  std::string List3; // the station file's bytes; the room is used again
+  bool clicking_ = false;
+};
+
+} // namespace lumotune::core

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "core/favourite_file.h"
+
+#include "tests/support/core_world.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::test {
+namespace {
+
+struct FavouriteFileTest : testing::Test {
+  CoreWorld w;
+  core::FavouriteFile file{{w.files, w.codec, w.machine}};
+};
+
+TEST_F(FavouriteFileTest, RemovingWhatIsNotThereRewritesTheRest) {
+  w.put(L"list.tt", "\r\n\r\nlt:RADIO1/1\r\nbez konce");
+  EXPECT_EQ(file.remove(L"lt:RADIO9/1"), core::FavouriteRemoved::not_there);
+  EXPECT_EQ(w.get(L"list.tt"), "\r\nlt:RADIO1/1\r\nbez konce\r\n");
+  EXPECT_EQ(file.remove(L""), core::FavouriteRemoved::not_there) << "an empty line is no favourite";
+}
+
+TEST_F(FavouriteFileTest, EveryByteOfTheOtherLinesIsKept) {
+  std::string line;
+  for (int byte = 1; byte < 256; ++byte) {
+    if (byte != '\r' && byte != '\n')
+      line += static_cast<char>(byte);
+  }
+  w.put(L"list.tt", line + "\r\nlt:RADIO1/1\r\n");
+  EXPECT_EQ(file.add(L"lt:RADIO2/1"), core::FavouriteAdded::added);
+  EXPECT_EQ(file.remove(L"lt:RADIO1/1"), core::FavouriteRemoved::removed);
+  EXPECT_EQ(w.get(L"list.tt"), "\r\n" + line + "\r\nlt:RADIO2/1\r\n");
+}
+
+TEST_F(FavouriteFileTest, RemovingComparesWithoutLetterCaseAndTakesEveryEqualLine) {
+  w.put(L"list.tt", "lt:RADIO1/1\r\nLT:radio1/1\r\nlt:RADIO1/2\r\n");
+  EXPECT_EQ(file.remove(L"lt:Radio1/1"), core::FavouriteRemoved::removed);
+  EXPECT_EQ(w.get(L"list.tt"), "\r\nlt:RADIO1/2\r\n");
+}
+
+TEST_F(FavouriteFileTest, RemovingReplacesTheFileInOneStep) {
+  w.put(L"list.tt", "lt:RADIO1/1\r\nlt:radio2/2\r\n");
+  const std::size_t before = w.files.changes().size();
+  EXPECT_EQ(file.remove(L"lt:RADIO1/1"), core::FavouriteRemoved::removed);
+  ASSERT_EQ(w.files.changes().size(), before + 1);
+  EXPECT_EQ(w.files.changes().back(), L"replace C:\\Orb\\list.tt");
+}
+
+TEST_F(FavouriteFileTest, AddingAppends) {
+  w.put(L"list.tt", "\r\nlt:RADIO1/1\r\n\r\n");
+  EXPECT_EQ(file.add(L"lt:radio2/3"), core::FavouriteAdded::added);
+  EXPECT_EQ(w.get(L"list.tt"), "lt:RADIO1/1\r\nlt:radio2/3\r\n");
+}
+
+TEST_F(FavouriteFileTest, AddingInAnotherQualityAddsASecondLine) {
+  w.put(L"list.tt", "lt:RADIO1/1\r\n");
+  EXPECT_EQ(file.add(L"lt:RADIO1/2"), core::FavouriteAdded::added);
+  EXPECT_EQ(w.get(L"list.tt"), "lt:RADIO1/1\r\nlt:RADIO1/2\r\n");
+}
+
+TEST_F(FavouriteFileTest, AddingTwiceChangesNothing) {
+  w.put(L"list.tt", "LT:radio1/1\r\n");
+  EXPECT_EQ(file.add(L"lt:RADIO1/1"), core::FavouriteAdded::already_there);
+  EXPECT_EQ(w.get(L"list.tt"), "LT:radio1/1\r\n");
+}
+
+TEST_F(FavouriteFileTest, AddingDropsEmptyLinesAlsoWhenItIsThere) {
+  w.put(L"list.tt", "\r\nlt:RADIO1/1\r\n\r\n");
+  EXPECT_EQ(file.add(L"lt:RADIO1/1"), core::FavouriteAdded::already_there);
+  EXPECT_EQ(w.get(L"list.tt"), "lt:RADIO1/1\r\n");
+}
+
+TEST_F(FavouriteFileTest, AddingMakesAMissingFile) {
+  EXPECT_EQ(file.add(L"lt:RADIO1/1"), core::FavouriteAdded::added);
+  EXPECT_EQ(w.get(L"list.tt"), "lt:RADIO1/1\r\n");
+}
+
+TEST_F(FavouriteFileTest, AnEmptyLineCountsAsAddedAndIsNotWritten) {
+  EXPECT_EQ(file.add(L""), core::FavouriteAdded::added);
+  EXPECT_EQ(w.get(L"list.tt"), "");
+  w.put(L"list.tt", "\r\nlt:RADIO1/1\r\n");
+  EXPECT_EQ(file.add(L""), core::FavouriteAdded::added);
+  EXPECT_EQ(w.get(L"list.tt"), "lt:RADIO1/1\r\n");
+}
+
+TEST_F(FavouriteFileTest, AddingWhereNothingCanBeWrittenFailsAndLosesNothing) {
+  w.files.make_readonly(w.path(L"list.tt"));
+  EXPECT_EQ(file.add(L"lt:RADIO1/1"), core::FavouriteAdded::failed);
+  EXPECT_FALSE(w.files.exists(w.path(L"list.tt")));
+  w.files.mend(w.path(L"list.tt"));
+  w.put(L"list.tt", "lt:radio2/2\r\n");
+  w.files.make_readonly(w.path(L"list.tt"));
+  EXPECT_EQ(file.add(L"lt:RADIO1/1"), core::FavouriteAdded::failed);
+  EXPECT_EQ(file.add(L"lt:RADIO2/2"), core::FavouriteAdded::already_there);
+  EXPECT_EQ(w.get(L"list.tt"), "lt:radio2/2\r\n");
+  w.files.mend(w.path(L"list.tt"));
+  w.files.make_unreadable(w.path(L"list.tt"));
+  EXPECT_EQ(file.add(L"lt:RADIO1/1"), core::FavouriteAdded::failed);
+  w.files.mend(w.path(L"list.tt"));
+  EXPECT_EQ(w.get(L"list.tt"), "lt:radio2/2\r\n");
+}
+
+TEST_F(FavouriteFileTest, ATextOfSeveralLinesIsNoFavourite) {
+  w.put(L"list.tt", "lt:RADIO1/1\r\n");
+  EXPECT_EQ(file.add(L"lt:RADIO2/1\r\nlt:RADIO3/1"), core::FavouriteAdded::failed);
+  EXPECT_EQ(file.add(std::wstring(L"lt:RADIO2/1\0", 12)), core::FavouriteAdded::failed);
+  EXPECT_EQ(w.get(L"list.tt"), "lt:RADIO1/1\r\n");
+}
+
+} // namespace
+} // namespace lumotune::test
