@@ -124,4 +124,16 @@ struct NoPlayReport final : PlayReportPort {
 };
 using PlayReportSlot = Slot<PlayReportPort, NoPlayReport>;
 
+// The programs that the play report starts; by the values of the moment, and nobody is told when one is missing.
+struct ReportProgramsPort {
+  virtual ~ReportProgramsPort() = default;
+  virtual void start_client() = 0;                    // in the background
+  virtual void start_report(bool client_link_on) = 0; // the downloader, for the tuned station
+};
+struct NoReportPrograms final : ReportProgramsPort {
+  void start_client() override {}
+  void start_report(bool /*client_link_on*/) override {}
+};
+using ReportProgramsSlot = Slot<ReportProgramsPort, NoReportPrograms>;
+
 } // namespace lumotune::core

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "core/client_link.h"
+
+#include "core/busy.h"
+#include "core/options_lines.h"
+#include "core/startup.h"
+#include "core/text.h"
+
+namespace lumotune::core {
+namespace {
+
+constexpr std::uint32_t report_after_ms = 3000;
+constexpr std::uint32_t reply_poll_ms = 500;
+
+} // namespace
+
+ClientLink::ClientLink(const Uses& uses)
+    : uses_(uses),
+      Timer1(uses.loop.make_timer(report_after_ms, [this] { report(); })),
+      Timer2(uses.loop.make_timer(reply_poll_ms, [this] { look_for_reply(); })) {}
+
+std::wstring ClientLink::reply_file() const {
+  return uses_.machine.program_folder() + L"\\orblt.tt";
+}
+
+// Only what the client writes: the player's own values of this run are newer than those of the file. A file that is
+// missing or short changes nothing.
+void ClientLink::read_client_values() {
+  const auto bytes = uses_.files.read(uses_.machine.program_folder() + L"\\Orb_Data\\options.ini");
+  if (!bytes.has_value())
+    return;
+  const TextLines lines = without_empty_lines(split_text_lines(*bytes));
+  if (lines.size() < options_line_count)
+    return;
+  Settings written;
+  read_settings(lines, uses_.codec, written);
+  uses_.settings.client_link = written.client_link;
+  uses_.settings.idh = written.idh;
+  uses_.settings.h = written.h;
+}
+
+void ClientLink::report() {
+  read_client_values();
+  uses_.options.LoadOptionsServer();
+  uses_.loop.run_pending();
+  if (uses_.loop.quitting())
+    return;
+  const bool link_on = !equal_ignoring_case(uses_.settings.client_link, L"off");
+  if (link_on) {
+    programs->start_client();
+    programs->start_report(true);
+  } else {
+    (void)uses_.files.remove(reply_file()); // there may be none
+    uses_.loop.run_pending();
+    if (uses_.loop.quitting())
+      return;
+    programs->start_report(false);
+    Timer2->start();
+  }
+  Timer1->stop();
+}
+
+void ClientLink::look_for_reply() {
+  if (!uses_.files.exists(reply_file()) || uses_.files.being_written(reply_file()))
+    return;
+  Timer2->stop();
+  uses_.loop.run_pending();
+  const auto bytes = uses_.files.read(reply_file());
+  if (!bytes.has_value()) {
+    Timer2->start(); // the writer was back: not there yet
+    return;
+  }
+  read_reply(*bytes);
+  uses_.loop.run_pending();
+  // A report that was made meanwhile has its own reply coming, which is not to be lost.
+  if (!Timer2->running())
+    (void)uses_.files.remove(reply_file()); // the next report removes what cannot be removed now
+}
+
+void ClientLink::read_reply(std::string_view bytes) {
+  std::wstring new_messages;
+  int questions = 0;
+  for (const std::string& line : split_text_lines(bytes)) {
+    const std::wstring text = uses_.codec.decode(line);
+    if (starts_with_ignoring_case(text, L"new:"))
+      new_messages = mid(text, 5, max_shown);
+    if (!starts_with_ignoring_case(text, L"inf:") || questions == max_questions)
+      continue;
+    ++questions;
+    ask_about(new_messages, mid(text, 5, max_shown));
+    if (uses_.loop.quitting())
+      return;
+  }
+}
+
+void ClientLink::ask_about(const std::wstring& new_messages, std::wstring_view text) {
+  const std::wstring question = new_messages + L"\r\n" + std::wstring(text) + L"\r\n\r\nChcete zapnout Orb klienta?";
+  const auto answer = uses_.dialogs.message(question, L"Nepřečtené zprávy na Orb", platform::BoxIcon::information,
+                                            platform::BoxButtons::yes_no);
+  if (answer == platform::BoxAnswer::yes && !uses_.loop.quitting())
+    uses_.sender.SendCommand(client_program, client_caption, L"lt:" + uses_.settings.IDlastRadio, L"1");
+}
+
+void ClientLink::Control_ShowUser_Click() {
+  if (showing_)
+    return;
+  const Busy guard(showing_);
+  uses_.sender.SendCommand(client_program, client_caption, L"lts:" + uses_.settings.IDlastRadio, L"2");
+}
+
+} // namespace lumotune::core

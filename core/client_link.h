@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The link to the messenger client and, through its downloader, to the community service: the report of what plays, the
+// reply to it, and the wish to see who listens.
+#pragma once
+
+#include "core/ports.h"
+#include "core/send_command.h"
+#include "core/session.h"
+#include "core/settings_files.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace lumotune::core {
+
+// User-interface thread. Failures are silent.
+class ClientLink final : public PlayReportPort {
+public:
+  // A reply asks the user so many times at most, each time with so many characters of its own.
+  static constexpr int max_questions = 20;
+  static constexpr std::size_t max_shown = 1000;
+
+  struct Uses {
+    platform::Files& files;
+    const platform::AnsiCodec& codec;
+    const platform::Machine& machine;
+    platform::EventLoop& loop;
+    platform::Dialogs& dialogs;
+    Settings& settings;
+    SettingsFiles& options;
+    CommandSender& sender;
+  };
+  explicit ClientLink(const Uses& uses);
+
+  ReportProgramsSlot programs;
+
+  // One report, 3 s from now: of the station that is tuned then. A report that is already due keeps its time.
+  void enable_Timer1() override { Timer1->start(); }
+
+  // Asks the client to show who listens to the tuned station. It may take 12 s, in which events run; a second wish
+  // meanwhile is dropped.
+  void Control_ShowUser_Click();
+
+private:
+  void report();
+  void read_client_values();
+  void look_for_reply();
+  void read_reply(std::string_view bytes);
+  void ask_about(const std::wstring& new_messages, std::wstring_view text);
+  [[nodiscard]] std::wstring reply_file() const;
+
+  Uses uses_;
+  bool showing_ = false;
+  std::unique_ptr<platform::Timer> Timer1; // the report
+  std::unique_ptr<platform::Timer> Timer2; // looks for the reply
+};
+
+} // namespace lumotune::core
