@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "core/media_key_rule.h"
+
+namespace lumotune::core {
+
+void MediaKeyRule::start(platform::MediaKeys& keys, bool on) {
+  if (!on)
+    return;
+  keys.on_play_pause = [this] { play_pause(); };
+  keys.on_stop = [this] { stop(); };
+  keys.take();
+}
+
+// The stop key never starts anything.
+void MediaKeyRule::stop() {
+  if (!uses_.playback.stopped())
+    uses_.form.PlayTL.press();
+}
+
+} // namespace lumotune::core
