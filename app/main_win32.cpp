@@ -3,6 +3,10 @@
 #include "app/program.h"
 #include "platform/media/player.h"
 #include "platform/win32/backend.h"
+#include "platform/win32/connection.h"
+#include "platform/win32/input_box.h"
+#include "platform/win32/popup_menus.h"
+#include "platform/win32/user_input.h"
 #include "resource.h"
 #include "version.h"
 
@@ -14,6 +18,11 @@ int run() {
   // A file look-up dialog of the system would hide what we report ourselves.
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
   platform::win32::Backend backend(LUMOTUNE_ICON);
+  platform::win32::Win32MediaKeys media_keys(backend.window.handle());
+  platform::win32::Win32PopupMenus popups(backend.loop, backend.window.handle());
+  platform::win32::Win32InputBox input_box(backend.loop, backend.window.handle());
+  platform::win32::Win32Pointer pointer;
+  platform::win32::Win32Connection connection;
   // Two companion programs are started from the current directory.
   SetCurrentDirectoryW(backend.machine.program_folder().c_str());
   core::LumotuneForm form(backend.window);
@@ -23,7 +32,8 @@ int run() {
   options.proxy = platform::win32::system_proxy;
   const auto player = media::make_media_player(backend.loop, options);
   app::Program program({backend.loop, backend.codec, backend.files, backend.shell, backend.machine, backend.window,
-                        backend.messages, backend.dialogs, tray, *player},
+                        backend.messages, backend.dialogs, tray, *player, popups, input_box, pointer, media_keys,
+                        connection, backend.framed_windows},
                        form);
   if (program.start())
     backend.loop.run();

@@ -2,7 +2,6 @@
 #include "app/program.h"
 
 #include "app/wiring.h"
-#include "core/text.h"
 
 namespace lumotune::app {
 
@@ -21,10 +20,24 @@ Program::Program(const Platform& p, core::LumotuneForm& form)
       skin_menu({p.files, p.machine}),
       chrome({settings, session, form, p.machine}),
       tray_icon({form, p.tray, chrome}),
+      favourites(
+          {p.files, p.codec, p.machine, settings, session, form, playback, stations, p.dialogs, p.loop, p.pointer}),
+      client_link({p.files, p.codec, p.machine, p.loop, p.dialogs, settings, options, sender}),
+      console({session, p.loop, p.input_box, p.dialogs, playback}),
+      media_keys({form, playback}),
+      identity({p.files, p.codec, p.machine, p.loop, settings}),
+      directory({settings, session, form, error_log, stations, playback, favourites, sender, identity, p.loop, p.files,
+                 p.codec, p.machine, p.shell, p.dialogs, p.connection, p.popups, p.framed_windows}),
+      web_pages(p.shell),
+      report_programs({settings, p.machine, p.shell}),
+      menu_commands({settings, session, form, p.loop, p.machine, p.shell, p.dialogs, options, stations, playback,
+                     client_link, skin, chrome, web_pages, menu_tree}),
+      menus({settings, form, p.loop, p.popups, stations, skin_menu, menu_tree, menu_commands}),
       chrome_parts(chrome, tray_icon),
       title_to_tray(tray_icon),
       exit_to_shutdown(shutdown),
-      favourites({session, form, playback}) {
+      web_to_pages(web_pages),
+      keys_(p.media_keys) {
   bind_ports(*this);
   bind_events(*this, p, form);
 }
@@ -34,21 +47,8 @@ bool Program::start() {
     return false;
   status.tick();
   status.start();
+  media_keys.start(keys_);
   return true;
-}
-
-void EmptyFavourites::ZobrazOblibene() {
-  if (!uses_.playback.stopped() || !uses_.session.OverrideURL.empty())
-    return;
-  auto& form = uses_.form;
-  form.Control_List.clear();
-  form.Control_List.set_visible(false);
-  form.InfoName.set_visible(false);
-  form.InfoTime.set_visible(false);
-  form.InfoStatus.set_visible(false);
-  form.InfoNaladit.set_visible(true);
-  if (core::equal_ignoring_case(uses_.session.skin.display_value, L"showifnulllist"))
-    form.LTDisplay.set_visible(true);
 }
 
 } // namespace lumotune::app

@@ -2,10 +2,25 @@
 // The program: owns every room and binds them together. Knows no backend.
 #pragma once
 
+#include "core/client_link.h"
+#include "core/console.h"
+#include "core/favourites.h"
+#include "core/media_key_rule.h"
 #include "core/shutdown.h"
 #include "core/startup.h"
 #include "core/status_display.h"
+#include "directory/directory.h"
+#include "directory/identity.h"
+#include "platform/connection.h"
+#include "platform/framed_window.h"
+#include "platform/input_box.h"
+#include "platform/popup_menus.h"
+#include "platform/user_input.h"
 #include "skin/chrome.h"
+#include "skin/menu_commands.h"
+#include "skin/menus.h"
+#include "skin/open_url.h"
+#include "skin/report_programs.h"
 #include "skin/skin.h"
 #include "skin/skin_menu.h"
 #include "skin/tray_icon.h"
@@ -24,6 +39,12 @@ struct Platform {
   platform::Dialogs& dialogs;
   platform::Tray& tray;
   platform::MediaPlayer& player;
+  platform::PopupMenus& popups;
+  platform::InputBox& input_box;
+  platform::Pointer& pointer;
+  platform::MediaKeys& media_keys;
+  platform::Connection& connection;
+  platform::FramedWindowMaker& framed_windows;
 };
 
 // The ports that rooms above or beside implement, made of the rooms.
@@ -59,19 +80,14 @@ private:
   core::Shutdown& shutdown_;
 };
 
-// Stands in for the favourites' room: an empty list shows the hint while nothing plays.
-class EmptyFavourites final : public core::FavouritesPort {
+class WebToPages final : public directory::WebPort {
 public:
-  struct Uses {
-    core::Session& session;
-    core::LumotuneForm& form;
-    core::Playback& playback;
-  };
-  explicit EmptyFavourites(const Uses& uses) : uses_(uses) {}
-  void ZobrazOblibene() override;
+  explicit WebToPages(skin::WebPages& pages) : pages_(pages) {}
+  void OpenUrl(const std::wstring& address) override { (void)pages_.OpenUrl(address); } // a failure is silent
+  void open_station_web(const std::wstring& address) override { pages_.open_station_web(address); }
 
 private:
-  Uses uses_;
+  skin::WebPages& pages_;
 };
 
 class Program {
@@ -99,10 +115,25 @@ public:
   skin::Chrome chrome;
   skin::TrayIcon tray_icon;
 
+  core::Favourites favourites;
+  core::ClientLink client_link;
+  core::Console console;
+  core::MediaKeyRule media_keys;
+  directory::Identity identity;
+  directory::Directory directory;
+  skin::WebPages web_pages;
+  skin::ReportPrograms report_programs;
+  skin::MenuTree menu_tree;
+  skin::MenuCommands menu_commands;
+  skin::Menus menus;
+
   ChromeParts chrome_parts;
   TitleToTray title_to_tray;
   ExitToShutdown exit_to_shutdown;
-  EmptyFavourites favourites;
+  WebToPages web_to_pages;
+
+private:
+  platform::MediaKeys& keys_;
 };
 
 } // namespace lumotune::app

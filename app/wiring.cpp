@@ -10,14 +10,33 @@ using platform::MouseEvent;
 void bind_ports(Program& program) {
   program.playback.skin.bind(program.skin);
   program.playback.favourites.bind(program.favourites);
+  program.playback.directory.bind(program.directory);
+  program.playback.report.bind(program.client_link);
+  program.playback.menus.bind(program.menus);
   program.startup.skin.bind(program.skin);
   program.startup.chrome.bind(program.chrome_parts);
+  program.startup.menus.bind(program.menus);
   program.startup.favourites.bind(program.favourites);
   program.commands.chrome.bind(program.chrome_parts);
   program.commands.favourites.bind(program.favourites);
   program.shutdown.chrome.bind(program.chrome_parts);
   program.status.title.bind(program.title_to_tray);
+  program.favourites.directory.bind(program.directory);
+  program.favourites.menu.bind(program.menus);
+  program.client_link.programs.bind(program.report_programs);
+  program.skin.menus.bind(program.menus);
+  program.skin_menu.menu.bind(program.menus);
+  program.chrome.menus.bind(program.menus);
   program.chrome.exit.bind(program.exit_to_shutdown);
+  program.tray_icon.menu.bind(program.menus);
+  program.menu_commands.favourites.bind(program.favourites);
+  program.menu_commands.favourites_delete.bind(program.favourites);
+  program.menu_commands.console.bind(program.console);
+  program.menu_commands.directory.bind(program.directory);
+  program.menu_commands.exit.bind(program.exit_to_shutdown);
+  program.menu_commands.identity.bind(program.identity);
+  program.directory.web.bind(program.web_to_pages);
+  program.directory.favourites.bind(program.favourites);
 }
 
 void bind_events(Program& program, const Platform& platform, core::LumotuneForm& form) {
@@ -35,6 +54,13 @@ void bind_events(Program& program, const Platform& platform, core::LumotuneForm&
   form.Control_Play.on_click = [&] { playback.Control_Play_Click(); };
   form.Control_Sat.on_click = [&] { playback.Control_Sat_Click(); };
   form.Control_Volume.on_click = [&] { playback.Control_Volume_Click(); };
+  form.Control_Rec.on_click = [&] { program.menu_commands.Control_Rec_Click(); };
+  form.Control_ShowUser.on_click = [&] { program.client_link.Control_ShowUser_Click(); };
+  form.Control_Menu.on_click = [&] { program.menus.Control_Menu_Click(); };
+  form.Orbwww.on_click = [&] { program.menu_commands.Orbwww_Click(); };
+  form.Control_List.on_click = [&] { program.favourites.Control_List_Click(); };
+  form.Control_List.on_double_click = [&] { program.favourites.Control_List_DblClick(); };
+  form.Control_List.on_mouse_down = [&](const MouseEvent& event) { program.favourites.Control_List_MouseDown(event); };
   form.InfoName.on_click = [&] { playback.InfoName_Click(); };
   form.InfoName.on_mouse_move = [&](const MouseEvent&) { chrome.InfoName_MouseMove(); };
   form.InfoNaladit.on_click = [&] { playback.InfoNaladit_Click(); };

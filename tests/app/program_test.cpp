@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The whole program, wired, on the backend in memory: from outside, by clicks, commands and files.
 #include "app/program.h"
+#include "platform/memory/framed_window.h"
+#include "platform/memory/menus.h"
 #include "tests/support/core_world.h"
 #include "tests/support/skin_world.h"
 
@@ -24,7 +26,15 @@ struct ProgramTest : testing::Test {
   platform::memory::MemoryMediaPlayer player;
   platform::memory::MemoryWindow window{files};
   core::LumotuneForm form{window};
-  app::Program program{{loop, codec, files, shell, machine, window, messages, dialogs, tray, player}, form};
+  platform::memory::MemoryPopupMenus popups;
+  platform::memory::MemoryInputBox input_box;
+  platform::memory::MemoryPointer pointer;
+  platform::memory::MemoryMediaKeys media_keys;
+  platform::memory::MemoryConnection connection;
+  platform::memory::MemoryFramedWindowMaker framed_windows{files};
+  app::Program program{{loop, codec, files, shell, machine, window, messages, dialogs, tray, player, popups, input_box,
+                        pointer, media_keys, connection, framed_windows},
+                       form};
 
   ProgramTest() {
     put(L"Orb_Data\\options.ini", joined(option_lines()));
