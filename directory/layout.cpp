@@ -12,9 +12,9 @@ constexpr int info_row = 300;
 constexpr int button_width = 1800;
 constexpr int button_height = 375;
 constexpr int progress_width = 1500;
-constexpr int tree_share = 26; // percent of the width
-constexpr int details_width = 3000;
-constexpr int first_width = 11400;
+constexpr int tree_share = 40; // percent of the width that tree and list have
+constexpr int details_width = 3300;
+constexpr int first_width = 10200;
 constexpr int first_height = 5745;
 constexpr int smallest_width = 8700;
 constexpr int smallest_height = 4800;
@@ -77,7 +77,7 @@ void Layout::place() {
   place_status(width, status_top);
   const int lists_bottom = status_top - gap;
   const int lists_width = width - details_width - 4 * gap;
-  const int tree_width = lists_width * tree_share / 100 + 600;
+  const int tree_width = lists_width * tree_share / 100;
   put(form_.TreeView1, gap, gap, tree_width, lists_bottom - gap);
   put(form_.ListView1, tree_width + 2 * gap, gap, lists_width - tree_width, lists_bottom - gap);
   place_details(width - details_width - gap, details_width, lists_bottom);
