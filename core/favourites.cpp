@@ -5,6 +5,7 @@
 #include "core/text.h"
 
 #include <algorithm>
+#include <array>
 #include <unordered_map>
 
 namespace lumotune::core {
@@ -37,6 +38,21 @@ std::vector<Favourite> read_favourites(std::string_view bytes, const ByteFolding
   return List5;
 }
 
+// Says of nearly every station at once that it is no favourite: the table that knows for sure is slower, and a long
+// station file asks it for every line.
+class IdFilter {
+public:
+  void add(std::uint64_t key) { bits_[place(key) / 64] |= bit(key); }
+  [[nodiscard]] bool may_have(std::uint64_t key) const { return (bits_[place(key) / 64] & bit(key)) != 0; }
+
+private:
+  // The upper 16 bits of a product in which every bit of the key takes part.
+  static std::size_t place(std::uint64_t key) { return static_cast<std::size_t>(key * 0x9e3779b97f4a7c15ULL >> 48); }
+  static std::uint64_t bit(std::uint64_t key) { return 1ULL << (place(key) % 64); }
+
+  std::array<std::uint64_t, 1024> bits_{};
+};
+
 // The list box knows texts that a zero ends; a blank in its place keeps the columns.
 std::wstring without_zeros(std::wstring text) {
   std::replace(text.begin(), text.end(), L'\0', L' ');
@@ -68,12 +84,18 @@ std::vector<std::wstring> favourite_items(std::string_view favourites, std::stri
                                           const ByteFolding& folding, const platform::AnsiCodec& codec) {
   const std::vector<Favourite> List5 = read_favourites(favourites, folding);
   std::unordered_map<std::uint64_t, std::string_view> records;
-  for (const Favourite& favourite : List5)
+  IdFilter filter;
+  for (const Favourite& favourite : List5) {
     records.emplace(favourite.key, std::string_view());
+    filter.add(favourite.key);
+  }
   for_each_line(stations, [&](std::string_view line) {
     if (line.size() < station_id_length)
       return;
-    if (const auto wanted = records.find(folding.id_key(line)); wanted != records.end())
+    const std::uint64_t key = folding.id_key(line);
+    if (!filter.may_have(key))
+      return;
+    if (const auto wanted = records.find(key); wanted != records.end())
       wanted->second = line;
   });
   std::vector<std::wstring> items;
