@@ -46,10 +46,13 @@ public:
     int width = 0;
   };
   using MemoryControl::MemoryControl;
-  void set_rows(const RowModel* rows) override { rows_ = rows; }
+  void set_rows(const RowModel* rows) override {
+    rows_ = rows;
+    selected_ = 0;
+  }
   void add_column(const std::wstring& key, const std::wstring& caption, int width) override;
   void rows_changed() override;
-  [[nodiscard]] std::size_t selected() const override { return selected_; }
+  [[nodiscard]] std::size_t selected() const override { return selected_ <= count() ? selected_ : 0; }
   void select(std::size_t index) override;
   [[nodiscard]] std::size_t count() const { return rows_ == nullptr ? 0 : rows_->count(); }
   [[nodiscard]] std::wstring cell(std::size_t row, std::size_t column) const;
@@ -119,8 +122,8 @@ public:
   [[nodiscard]] TwipsRect rect() const override { return rect_; }
   void set_minimum(int width, int height) override { minimum = {width, height}; }
   // A frame of 120 twips on each side and a caption of 435.
-  [[nodiscard]] int client_width() const override { return rect_.width - 240; }
-  [[nodiscard]] int client_height() const override { return rect_.height - 675; }
+  [[nodiscard]] int client_width() const override { return rect_.width < 240 ? 0 : rect_.width - 240; }
+  [[nodiscard]] int client_height() const override { return rect_.height < 675 ? 0 : rect_.height - 675; }
 
   // A control as what it is; nullptr when there is none of that name and kind.
   template <typename Kind>

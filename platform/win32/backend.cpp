@@ -20,6 +20,9 @@ ComSession::~ComSession() {
 }
 
 Backend::Backend(int icon)
-    : window(loop, L"Lumotune", icon), messages(window.handle(), codec), dialogs(window.handle()) {}
+    : window(loop, L"Lumotune", icon),
+      framed_windows(loop, icon),
+      messages(window.handle(), codec),
+      dialogs(window.handle()) {}
 
 } // namespace lumotune::platform::win32

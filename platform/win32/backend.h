@@ -4,6 +4,7 @@
 
 #include "platform/win32/event_loop.h"
 #include "platform/win32/files.h"
+#include "platform/win32/framed_window.h"
 #include "platform/win32/messages.h"
 #include "platform/win32/picture.h"
 #include "platform/win32/system.h"
@@ -35,6 +36,7 @@ struct Backend {
   Win32Shell shell;
   Win32Machine machine;
   Win32Window window; // `Lumotune`
+  Win32FramedWindowMaker framed_windows;
   Win32Messages messages;
   Win32Dialogs dialogs;
 };

@@ -3,10 +3,7 @@
 
 #include "platform/win32/dpi.h"
 
-#include <commctrl.h>
-#include <windowsx.h>
-
-#include <cmath>
+#include <algorithm>
 
 namespace lumotune::platform::win32 {
 namespace {
@@ -15,134 +12,10 @@ COLORREF colour_ref(Colour colour) {
   return static_cast<COLORREF>(colour) & 0xffffff;
 }
 
+// No label has room for more; a text of a megabyte would take seconds to be broken into lines.
+constexpr std::size_t most_drawn = 4000;
+
 } // namespace
-
-ChildWindow::ChildWindow(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style)
-    : surface_(surface) {
-  window_ = CreateWindowExW(0, system_class, L"", style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0,
-                            surface.handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
-  SetWindowSubclass(window_, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
-  // By this property programs for the blind and checks find the control, whatever it shows.
-  SetPropW(window_, (L"Lumotune." + designer_name).c_str(), reinterpret_cast<HANDLE>(1));
-  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(surface.font(LabelFont::normal, false)), FALSE);
-}
-
-ChildWindow::~ChildWindow() {
-  RemoveWindowSubclass(window_, procedure, 1);
-  if (IsWindow(window_) != 0)
-    DestroyWindow(window_);
-}
-
-LRESULT CALLBACK ChildWindow::procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR /*id*/,
-                                        DWORD_PTR self) {
-  LRESULT result = 0;
-  bool done = false;
-  guarded([&] { done = reinterpret_cast<ChildWindow*>(self)->handle_message(message, w, l, result); });
-  return done ? result : DefSubclassProc(window, message, w, l);
-}
-
-bool ChildWindow::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
-  switch (message) {
-  case WM_ERASEBKGND: // everything is drawn at once, over what lies behind
-    result = 1;
-    return pressable() || (GetWindowLongPtrW(window_, GWL_STYLE) & SS_TYPEMASK) == SS_OWNERDRAW;
-  case WM_MOUSEMOVE:
-    mouse_moved(mouse_event(w, l, MouseButton::none));
-    return false;
-  case WM_LBUTTONDOWN:
-    mouse_pressed(mouse_event(w, l, MouseButton::left));
-    return false;
-  case WM_RBUTTONDOWN:
-    mouse_pressed(mouse_event(w, l, MouseButton::right));
-    return false;
-  case WM_SETFOCUS:
-  case WM_KILLFOCUS:
-    InvalidateRect(window_, nullptr, FALSE);
-    return false;
-  case WM_SETCURSOR:
-    if (!pressable() || LOWORD(l) != HTCLIENT || GetWindowLongPtrW(window_, GWLP_ID) == -1)
-      return false;
-    SetCursor(LoadCursorW(nullptr, IDC_HAND));
-    result = TRUE;
-    return true;
-  default:
-    return false;
-  }
-}
-
-MouseEvent ChildWindow::mouse_event(WPARAM keys, LPARAM point, MouseButton pressed) const {
-  MouseEvent event;
-  event.button = pressed;
-  if (pressed == MouseButton::none && (keys & MK_LBUTTON) != 0)
-    event.button = MouseButton::left;
-  else if (pressed == MouseButton::none && (keys & MK_RBUTTON) != 0)
-    event.button = MouseButton::right;
-  event.x = twips(GET_X_LPARAM(point), surface_.dpi());
-  event.y = twips(GET_Y_LPARAM(point), surface_.dpi());
-  return event;
-}
-
-void ChildWindow::show(bool visible) {
-  if (shown_ == visible)
-    return;
-  shown_ = visible;
-  ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
-  redraw();
-}
-
-void ChildWindow::apply_place() {
-  const unsigned dpi = surface_.dpi();
-  // The far edges are converted, not the lengths: neighbours then stay neighbours at every scale.
-  const int left = pixels(place_.left, dpi);
-  const int top = pixels(place_.top, dpi);
-  const int right = pixels(place_.left + place_.width, dpi);
-  const int bottom = pixels(place_.top + place_.height, dpi);
-  SetWindowPos(window_, nullptr, left, top, right - left, bottom - top, SWP_NOZORDER | SWP_NOACTIVATE);
-  redraw();
-}
-
-void ChildWindow::redraw() {
-  RECT area{};
-  GetWindowRect(window_, &area);
-  MapWindowPoints(nullptr, surface_.handle(), reinterpret_cast<POINT*>(&area), 2);
-  RedrawWindow(surface_.handle(), &area, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
-}
-
-void ChildWindow::dpi_changed() {
-  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(surface_.font(LabelFont::normal, false)), FALSE);
-  apply_place();
-}
-
-void ChildWindow::paint_item(const DRAWITEMSTRUCT& item) {
-  const RECT& area = item.rcItem;
-  const int width = area.right - area.left;
-  const int height = area.bottom - area.top;
-  if (width <= 0 || height <= 0)
-    return;
-  const MemoryDc buffer(CreateCompatibleDC(item.hDC));
-  const GdiObject bitmap(CreateCompatibleBitmap(item.hDC, width, height));
-  const auto dc = static_cast<HDC>(buffer.get());
-  const HGDIOBJ before = SelectObject(dc, bitmap.get());
-  const RECT inside{0, 0, width, height};
-  surface_.draw_behind(dc, window_);
-  draw(dc, inside);
-  BitBlt(item.hDC, area.left, area.top, width, height, dc, 0, 0, SRCCOPY);
-  SelectObject(dc, before);
-}
-
-// Two frames, light and dark: one of them is seen on any picture.
-void ChildWindow::draw_focus(HDC target, const RECT& area) const {
-  if (GetFocus() != window_ || !surface_.keyboard_used())
-    return;
-  RECT frame = area;
-  const GdiObject dark(CreateSolidBrush(RGB(0, 0, 0)));
-  const GdiObject light(CreateSolidBrush(RGB(255, 255, 255)));
-  const int thickness = static_cast<int>(surface_.dpi() / picture_dpi);
-  for (int i = 0; i < 2 * thickness; ++i) {
-    FrameRect(target, &frame, static_cast<HBRUSH>(i < thickness ? light.get() : dark.get()));
-    InflateRect(&frame, -1, -1);
-  }
-}
 
 Win32Picture::Win32Picture(Surface& surface, const std::wstring& designer_name, PictureKind kind)
     : Win32Control(surface, designer_name, kind == PictureKind::button ? L"BUTTON" : L"STATIC",
@@ -182,6 +55,8 @@ Win32Label::Win32Label(Surface& surface, const std::wstring& designer_name, Labe
       font_(font) {}
 
 void Win32Label::set_text_colour(Colour colour) {
+  if (colour_ == colour)
+    return;
   colour_ = colour;
   redraw();
 }
@@ -203,9 +78,9 @@ void Win32Label::set_bold(bool on) {
 void Win32Label::draw(HDC target, const RECT& area) {
   const HGDIOBJ before = SelectObject(target, surface_.font(font_, underline_, bold_));
   SetBkMode(target, TRANSPARENT);
-  SetTextColor(target, colour_ref(colour_));
+  SetTextColor(target, colour_ ? colour_ref(*colour_) : surface_.label_colour(kind_, enabled()));
   RECT room = area;
-  DrawTextW(target, text_.c_str(), static_cast<int>(text_.size()), &room,
+  DrawTextW(target, text_.c_str(), static_cast<int>(std::min(text_.size(), most_drawn)), &room,
             DT_LEFT | DT_NOPREFIX | DT_WORDBREAK | DT_EDITCONTROL | DT_END_ELLIPSIS);
   SelectObject(target, before);
   if (kind_ == LabelKind::link)
@@ -232,8 +107,17 @@ bool Win32Label::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& resul
   return Win32Control::handle_message(message, w, l, result);
 }
 
-Win32Button::Win32Button(Surface& surface, const std::wstring& designer_name)
-    : Win32Control(surface, designer_name, L"BUTTON", BS_PUSHBUTTON) {}
+Win32Button::Win32Button(Surface& surface, const std::wstring& designer_name, TabStop tab_stop)
+    : Win32Control(surface, designer_name, L"BUTTON",
+                   BS_PUSHBUTTON | (tab_stop == TabStop::yes ? static_cast<DWORD>(WS_TABSTOP) : 0U)) {}
+
+// A single "&" would underline the letter after it.
+std::wstring Win32Button::window_text(const std::wstring& text) const {
+  std::wstring doubled;
+  for (const wchar_t c : text)
+    doubled.append(c == L'&' ? 2U : 1U, c);
+  return doubled;
+}
 
 void Win32Button::press() {
   if (enabled())

@@ -1,132 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The controls as child windows of the system's own classes.
+// The controls that every window may have: pictures, labels, buttons and the list box.
 #pragma once
 
+#include "platform/win32/child_window.h"
 #include "platform/win32/picture.h"
-#include "platform/win32/win.h"
-#include "platform/window.h"
 
+#include <optional>
 #include <string>
 
 namespace lumotune::platform::win32 {
-
-// What the controls ask of the window they lie in.
-class Surface {
-public:
-  Surface() = default;
-  Surface(const Surface&) = delete;
-  Surface& operator=(const Surface&) = delete;
-  virtual ~Surface() = default;
-
-  [[nodiscard]] virtual HWND handle() const = 0;
-  [[nodiscard]] virtual unsigned dpi() const = 0; // of the monitor that the window is on
-  // Draws what lies behind a control, whose upper left corner is the target's origin.
-  virtual void draw_behind(HDC target, HWND control) = 0;
-  [[nodiscard]] virtual HFONT font(LabelFont kind, bool underline, bool bold = false) = 0;
-  [[nodiscard]] virtual bool keyboard_used() const = 0; // the focus is to be seen
-  virtual void set_tip(HWND control, const std::wstring& text) = 0;
-};
-
-// The part of every control that does not depend on its interface.
-class ChildWindow {
-public:
-  ChildWindow(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style);
-  ChildWindow(const ChildWindow&) = delete;
-  ChildWindow& operator=(const ChildWindow&) = delete;
-  virtual ~ChildWindow();
-
-  [[nodiscard]] HWND handle() const { return window_; }
-  [[nodiscard]] bool shown() const { return shown_; }
-  [[nodiscard]] const TwipsRect& place() const { return place_; }
-  virtual void dpi_changed();
-  // Messages that the control's class sends to its parent.
-  virtual void draw(HDC /*target*/, const RECT& /*area*/) {}
-  virtual void notified(WORD /*code*/) {}
-  virtual void pressed_by_key() {} // Enter, or Space where the class does not know it
-  [[nodiscard]] virtual bool pressable() const { return false; }
-  void paint_item(const DRAWITEMSTRUCT& item); // double-buffered
-
-protected:
-  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR self);
-  // True when the message is dealt with.
-  [[nodiscard]] virtual bool handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result);
-  virtual void mouse_moved(const MouseEvent& event) = 0;
-  virtual void mouse_pressed(const MouseEvent& event) = 0;
-  void show(bool visible);
-  void apply_place();
-  void redraw(); // and what lies over it
-  void draw_focus(HDC target, const RECT& area) const;
-  [[nodiscard]] MouseEvent mouse_event(WPARAM keys, LPARAM point, MouseButton pressed) const;
-
-  Surface& surface_;
-  HWND window_ = nullptr;
-  TwipsRect place_;
-  bool shown_ = true;
-};
-
-template <typename Interface>
-class Win32Control : public Interface, public ChildWindow {
-public:
-  Win32Control(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style)
-      : ChildWindow(surface, designer_name, system_class, style), name_(designer_name) {}
-
-  [[nodiscard]] const std::wstring& name() const override { return name_; }
-  void set_visible(bool visible) override { show(visible); }
-  [[nodiscard]] bool visible() const override { return shown_; }
-  void set_enabled(bool enabled) override {
-    EnableWindow(window_, enabled ? TRUE : FALSE);
-    redraw();
-  }
-  [[nodiscard]] bool enabled() const override { return IsWindowEnabled(window_) != 0; }
-  void move(int left, int top) override {
-    if (place_.left == left && place_.top == top)
-      return;
-    place_.left = left;
-    place_.top = top;
-    apply_place();
-  }
-  void resize(int width, int height) override {
-    width = width < 0 ? 0 : width;
-    height = height < 0 ? 0 : height;
-    if (place_.width == width && place_.height == height)
-      return;
-    place_.width = width;
-    place_.height = height;
-    apply_place();
-  }
-  [[nodiscard]] TwipsRect rect() const override { return place_; }
-  void set_text(const std::wstring& text) override {
-    if (text == text_)
-      return; // nothing flickers that does not change
-    text_ = text;
-    SetWindowTextW(window_, text.c_str());
-    redraw();
-  }
-  [[nodiscard]] std::wstring text() const override { return text_; }
-  void set_tooltip(const std::wstring& text) override {
-    if (text == tip_)
-      return;
-    tip_ = text;
-    surface_.set_tip(window_, text);
-  }
-  [[nodiscard]] std::wstring tooltip() const override { return tip_; }
-
-protected:
-  void mouse_moved(const MouseEvent& event) override { fire(this->on_mouse_move, event); }
-  void mouse_pressed(const MouseEvent& event) override { fire(this->on_mouse_down, event); }
-  // The handler is copied first: it may replace itself.
-  template <typename Handler, typename... Arguments>
-  void fire(const Handler& handler, const Arguments&... arguments) {
-    if (const Handler copy = handler)
-      guarded([&] { copy(arguments...); });
-  }
-
-  std::wstring text_;
-
-private:
-  std::wstring name_;
-  std::wstring tip_;
-};
 
 class Win32Picture final : public Win32Control<PictureBox> {
 public:
@@ -140,6 +22,9 @@ public:
   [[nodiscard]] PictureKind kind() const { return kind_; }
 
 private:
+  [[nodiscard]] bool drawn_at_once() const override { return true; }
+  [[nodiscard]] bool has_hand() const override { return pressable(); }
+
   PictureKind kind_;
   Picture picture_;
   std::wstring path_;
@@ -149,7 +34,7 @@ class Win32Label final : public Win32Control<Label> {
 public:
   Win32Label(Surface& surface, const std::wstring& designer_name, LabelKind kind, LabelFont font);
   void set_text_colour(Colour colour) override;
-  [[nodiscard]] Colour text_colour() const override { return colour_; }
+  [[nodiscard]] Colour text_colour() const override { return colour_.value_or(Colour{}); }
   void set_underline(bool on) override;
   [[nodiscard]] bool underline() const override { return underline_; }
   void set_bold(bool on) override;
@@ -161,19 +46,28 @@ public:
 
 private:
   [[nodiscard]] bool handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
+  [[nodiscard]] bool drawn_at_once() const override { return true; }
+  [[nodiscard]] bool has_hand() const override { return pressable(); }
 
   LabelKind kind_;
   LabelFont font_;
-  Colour colour_{};
+  std::optional<Colour> colour_; // the window's own while there is none
   bool underline_ = false;
   bool bold_ = false;
 };
 
+enum class TabStop { no, yes };
+
 class Win32Button final : public Win32Control<Button> {
 public:
-  Win32Button(Surface& surface, const std::wstring& designer_name);
+  Win32Button(Surface& surface, const std::wstring& designer_name, TabStop tab_stop);
   void press() override;
   void notified(WORD code) override;
+  void pressed_by_key() override { press(); }
+  [[nodiscard]] bool pressable() const override { return true; }
+
+private:
+  [[nodiscard]] std::wstring window_text(const std::wstring& text) const override;
 };
 
 class Win32List final : public Win32Control<ListBox> {
@@ -197,6 +91,8 @@ public:
   [[nodiscard]] HBRUSH brush() const { return static_cast<HBRUSH>(brush_.get()); }
 
 private:
+  [[nodiscard]] bool drawn_at_once() const override { return true; }
+  [[nodiscard]] bool has_hand() const override { return true; }
   void set_row_height();
 
   std::size_t shown_columns_ = none;

@@ -134,12 +134,27 @@ std::unique_ptr<Waker> Win32EventLoop::make_waker(std::function<void()> work) {
   return std::make_unique<Win32Waker>(*this, std::move(work));
 }
 
+void Win32EventLoop::set_filter(const void* owner, std::function<bool(MSG&)> work) {
+  for (const auto& filter : filters_)
+    filter->removed = filter->removed || filter->owner == owner;
+  std::erase_if(filters_, [](const auto& filter) { return filter->removed; });
+  if (work)
+    filters_.push_back(std::make_shared<Filter>(Filter{owner, std::move(work)}));
+}
+
+// The list is copied, and with it the filter that works is kept alive: what it does may change the list.
+bool Win32EventLoop::filtered(MSG& message) {
+  const auto filters = filters_;
+  return std::any_of(filters.begin(), filters.end(),
+                     [&](const auto& filter) { return !filter->removed && filter->work(message); });
+}
+
 void Win32EventLoop::dispatch(MSG& message) {
   if (message.message == WM_QUIT) {
     quitting_ = true;
     return;
   }
-  if (filter_ && filter_(message))
+  if (filtered(message))
     return;
   TranslateMessage(&message);
   DispatchMessageW(&message);

@@ -32,8 +32,9 @@ public:
   [[nodiscard]] bool quitting() const override { return quitting_; }
   void run() override;
 
-  // Sees every message before it is dispatched; true when it is dealt with.
-  void set_filter(std::function<bool(MSG&)> filter) { filter_ = std::move(filter); }
+  // A window's filter sees every message before it is dispatched; true when it is dealt with. One for each owner; an
+  // empty one takes the owner's away. Filters may come and go while one of them works.
+  void set_filter(const void* owner, std::function<bool(MSG&)> work);
 
 private:
   friend class Win32Timer;
@@ -43,6 +44,12 @@ private:
     bool busy = false;
   };
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
+  struct Filter {
+    const void* owner = nullptr;
+    std::function<bool(MSG&)> work;
+    bool removed = false;
+  };
+  [[nodiscard]] bool filtered(MSG& message);
   void dispatch(MSG& message);
   void tick(UINT_PTR id);
   void run_wakers();
@@ -52,7 +59,7 @@ private:
   UINT_PTR last_id_ = 0;
   std::map<UINT_PTR, std::shared_ptr<Ticking>> timers_;
   std::vector<Win32Waker*> wakers_;
-  std::function<bool(MSG&)> filter_;
+  std::vector<std::shared_ptr<Filter>> filters_;
 };
 
 } // namespace lumotune::platform::win32

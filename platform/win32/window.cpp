@@ -3,7 +3,6 @@
 
 #include "platform/win32/dpi.h"
 
-#include <commctrl.h>
 #include <windowsx.h>
 
 #include <algorithm>
@@ -16,7 +15,8 @@ constexpr const wchar_t* class_name = L"LumotuneWindow";
 } // namespace
 
 // A tool window has no button in the task bar: the program lives in the notification area.
-Win32Window::Win32Window(Win32EventLoop& loop, const std::wstring& name, int icon) : loop_(loop) {
+Win32Window::Win32Window(Win32EventLoop& loop, const std::wstring& name, int icon)
+    : ControlHost(loop, name, FontSize::fixed) {
   const HINSTANCE program = GetModuleHandleW(nullptr);
   icon_ = LoadIconW(program, MAKEINTRESOURCEW(icon));
   if (icon_ == nullptr)
@@ -30,71 +30,33 @@ Win32Window::Win32Window(Win32EventLoop& loop, const std::wstring& name, int ico
   made.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   made.lpszClassName = class_name;
   RegisterClassExW(&made); // a second registration fails, and the first one serves
-  system_dpi_ = GetDpiForSystem();
-  dpi_ = system_dpi_;
   window_ =
       CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT, class_name, L"", WS_POPUP | WS_CLIPCHILDREN, place_.x,
                       place_.y, pixels(width_, dpi_), pixels(height_, dpi_), nullptr, nullptr, program, this);
   dpi_ = GetDpiForWindow(window_) != 0 ? GetDpiForWindow(window_) : system_dpi_;
   SetPropW(window_, (name + L".Form").c_str(), reinterpret_cast<HANDLE>(1));
-  // Without an owner: an owned window in the topmost layer would keep this one out of it.
-  tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
-                          nullptr, nullptr, program, nullptr);
-  SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels(6000, dpi_));
-  loop_.set_filter([this](MSG& message) { return filter(message); });
 }
 
 Win32Window::~Win32Window() {
-  loop_.set_filter({});
-  children_.clear();
-  DestroyWindow(tips_);
+  destroy_controls();
   SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
   DestroyWindow(window_);
 }
 
 PictureBox& Win32Window::make_picture(const std::wstring& designer_name, PictureKind kind) {
-  auto made = std::make_unique<Win32Picture>(*this, designer_name, kind);
-  auto& reference = *made;
-  pictures_.push_back(&reference);
-  children_.push_back(std::move(made));
-  return reference;
+  return make_picture_control(designer_name, kind);
 }
 
 Label& Win32Window::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) {
-  auto made = std::make_unique<Win32Label>(*this, designer_name, kind, font);
-  auto& reference = *made;
-  children_.push_back(std::move(made));
-  return reference;
+  return make_control<Win32Label>(designer_name, kind, font);
 }
 
 Button& Win32Window::make_button(const std::wstring& designer_name) {
-  auto made = std::make_unique<Win32Button>(*this, designer_name);
-  auto& reference = *made;
-  children_.push_back(std::move(made));
-  return reference;
+  return make_control<Win32Button>(designer_name, TabStop::no);
 }
 
 ListBox& Win32Window::make_list(const std::wstring& designer_name) {
-  auto made = std::make_unique<Win32List>(*this, designer_name);
-  auto& reference = *made;
-  children_.push_back(std::move(made));
-  return reference;
-}
-
-HWND Win32Window::handle_of(const Control& control) const {
-  const auto* child = dynamic_cast<const ChildWindow*>(&control);
-  return child == nullptr ? nullptr : child->handle();
-}
-
-ChildWindow* Win32Window::child_of(HWND window) const {
-  const auto found =
-      std::find_if(children_.begin(), children_.end(), [&](const auto& child) { return child->handle() == window; });
-  return found == children_.end() ? nullptr : found->get();
-}
-
-void Win32Window::fire(const std::function<void()>& handler) {
-  if (const auto copy = handler)
-    guarded(copy);
+  return make_control<Win32List>(designer_name);
 }
 
 LRESULT CALLBACK Win32Window::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -141,31 +103,6 @@ LRESULT Win32Window::handle_message(UINT message, WPARAM w, LPARAM l) {
   }
 }
 
-bool Win32Window::handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
-  if (message == WM_DRAWITEM) {
-    const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
-    ChildWindow* child = child_of(item.hwndItem);
-    if (auto* list = dynamic_cast<Win32List*>(child))
-      list->draw_row(item);
-    else if (child != nullptr)
-      child->paint_item(item);
-    result = TRUE;
-    return child != nullptr;
-  }
-  if (message == WM_COMMAND && l != 0) {
-    if (ChildWindow* child = child_of(reinterpret_cast<HWND>(l)))
-      child->notified(HIWORD(w));
-    return true;
-  }
-  if (message == WM_CTLCOLORLISTBOX) {
-    const auto* list = dynamic_cast<Win32List*>(child_of(reinterpret_cast<HWND>(l)));
-    if (list != nullptr)
-      result = reinterpret_cast<LRESULT>(list->brush());
-    return list != nullptr;
-  }
-  return false;
-}
-
 bool Win32Window::handle_system_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   if (message == taskbar_created_ && taskbar_created_ != 0) {
     fire(on_shell_restart);
@@ -192,32 +129,13 @@ bool Win32Window::handle_system_message(UINT message, WPARAM w, LPARAM l, LRESUL
   case WM_DPICHANGED: {
     const auto& wished = *reinterpret_cast<const RECT*>(l);
     change_dpi(HIWORD(w));
+    apply_size();
     SetWindowPos(window_, nullptr, wished.left, wished.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     return true;
   }
   default:
     return false;
   }
-}
-
-// Keys that move between the controls or press them, before the system's own classes see them.
-bool Win32Window::filter(MSG& message) {
-  const bool ours = message.hwnd == window_ || IsChild(window_, message.hwnd) != 0;
-  if (!ours)
-    return false;
-  if (message.message == WM_LBUTTONDOWN || message.message == WM_RBUTTONDOWN)
-    keyboard_used_ = false;
-  if (message.message != WM_KEYDOWN)
-    return message.message == WM_KEYUP ? false : IsDialogMessageW(window_, &message) != 0;
-  keyboard_used_ = true;
-  if (message.wParam == VK_RETURN) {
-    ChildWindow* child = child_of(GetFocus());
-    const bool first_time = (message.lParam & 0x40000000) == 0; // not held down
-    if (child != nullptr && first_time && child->pressable() && IsWindowEnabled(child->handle()) != 0)
-      child->pressed_by_key();
-    return true;
-  }
-  return IsDialogMessageW(window_, &message) != 0;
 }
 
 void Win32Window::set_caption(const std::wstring& caption) {

@@ -2,21 +2,17 @@
 // The borderless main window.
 #pragma once
 
-#include "platform/win32/controls.h"
-#include "platform/win32/event_loop.h"
+#include "platform/win32/control_host.h"
 #include "platform/win32/picture.h"
 #include "platform/win32/win.h"
 #include "platform/window.h"
 
-#include <array>
 #include <functional>
-#include <memory>
 #include <string>
-#include <vector>
 
 namespace lumotune::platform::win32 {
 
-class Win32Window final : public Window, public Surface {
+class Win32Window final : public Window, public ControlHost {
 public:
   // `icon` is the number of the icon in the program's resources.
   Win32Window(Win32EventLoop& loop, const std::wstring& name, int icon);
@@ -48,37 +44,21 @@ public:
   void redraw() override;
   void drag_by_caption() override;
 
-  [[nodiscard]] HWND handle() const override { return window_; }
-  [[nodiscard]] HWND handle_of(const Control& control) const;
   [[nodiscard]] HICON icon() const { return icon_; }
   std::function<void()> on_shell_restart; // the notification area is new and empty
 
 private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
   [[nodiscard]] LRESULT handle_message(UINT message, WPARAM w, LPARAM l);
-  [[nodiscard]] bool handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT& result);
   [[nodiscard]] bool handle_system_message(UINT message, WPARAM w, LPARAM l, LRESULT& result);
-  [[nodiscard]] bool filter(MSG& message);
-  [[nodiscard]] ChildWindow* child_of(HWND window) const;
-  void fire(const std::function<void()>& handler);
   void note_place();
   void paint(HDC target, const RECT& area);
-  void change_dpi(unsigned dpi);
   void apply_size();
+  void draw_ground(HDC target, const RECT& area) override;
+  [[nodiscard]] COLORREF label_colour(LabelKind kind, bool enabled) const override;
 
-  [[nodiscard]] unsigned dpi() const override { return dpi_; }
-  void draw_behind(HDC target, HWND control) override;
-  [[nodiscard]] HFONT font(LabelFont kind, bool underline, bool bold) override;
-  [[nodiscard]] bool keyboard_used() const override { return keyboard_used_; }
-  void set_tip(HWND control, const std::wstring& text) override;
-
-  Win32EventLoop& loop_;
-  HWND window_ = nullptr;
-  HWND tips_ = nullptr;
   HICON icon_ = nullptr;
   UINT taskbar_created_ = 0;
-  unsigned dpi_ = 96;
-  unsigned system_dpi_ = 96;
   POINT place_{100, 100}; // pixels of the desktop, when it was last shown normally
   int width_ = 6000;      // twips
   int height_ = 3000;
@@ -88,10 +68,6 @@ private:
   bool topmost_ = false;
   DWORD shown_at_ = 0; // tick count
   bool dragging_ = false;
-  bool keyboard_used_ = false;
-  std::array<GdiObject, 8> fonts_;
-  std::vector<std::unique_ptr<ChildWindow>> children_;
-  std::vector<Win32Picture*> pictures_;
 };
 
 } // namespace lumotune::platform::win32

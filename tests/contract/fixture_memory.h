@@ -3,6 +3,7 @@
 
 #include "platform/memory/event_loop.h"
 #include "platform/memory/files.h"
+#include "platform/memory/framed_window.h"
 #include "platform/memory/messages.h"
 #include "platform/memory/window.h"
 
@@ -15,6 +16,7 @@ struct Backend {
   platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
   platform::memory::MemoryWindow window{files};
+  platform::memory::MemoryFramedWindowMaker framed_windows{files};
   platform::memory::MemoryMessages messages;
 
   std::wstring folder = L"C:\\pokus";

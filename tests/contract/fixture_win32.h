@@ -38,6 +38,7 @@ struct Backend {
   platform::win32::Win32Files& files = real.files;
   platform::win32::Win32Codec& codec = real.codec;
   platform::win32::Win32Window& window = real.window;
+  platform::win32::Win32FramedWindowMaker& framed_windows = real.framed_windows;
   platform::win32::Win32Messages& messages = real.messages;
   std::wstring folder = scratch.path();
 

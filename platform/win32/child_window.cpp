@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/win32/child_window.h"
+
+#include "platform/win32/dpi.h"
+#include "platform/win32/picture.h"
+
+#include <commctrl.h>
+#include <windowsx.h>
+
+namespace lumotune::platform::win32 {
+
+ChildWindow::ChildWindow(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style,
+                         DWORD extended_style)
+    : surface_(surface), property_(surface.window_name() + L"." + designer_name) {
+  window_ = CreateWindowExW(extended_style, system_class, L"", style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0,
+                            0, surface.handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
+  SetWindowSubclass(window_, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+  // By this property programs for the blind and checks find the control, whatever it shows.
+  SetPropW(window_, property_.c_str(), reinterpret_cast<HANDLE>(1));
+  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(surface.font(LabelFont::normal, false)), FALSE);
+}
+
+ChildWindow::~ChildWindow() {
+  RemoveWindowSubclass(window_, procedure, 1);
+  if (IsWindow(window_) == 0)
+    return;
+  RemovePropW(window_, property_.c_str());
+  DestroyWindow(window_);
+}
+
+LRESULT CALLBACK ChildWindow::procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR /*id*/,
+                                        DWORD_PTR self) {
+  LRESULT result = 0;
+  bool done = false;
+  guarded([&] { done = reinterpret_cast<ChildWindow*>(self)->handle_message(message, w, l, result); });
+  return done ? result : DefSubclassProc(window, message, w, l);
+}
+
+bool ChildWindow::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+  switch (message) {
+  case WM_ERASEBKGND: // everything is drawn at once, over what lies behind
+    result = 1;
+    return drawn_at_once();
+  case WM_MOUSEMOVE:
+    mouse_moved(mouse_event(w, l, MouseButton::none));
+    return false;
+  case WM_LBUTTONDOWN:
+    mouse_pressed(mouse_event(w, l, MouseButton::left));
+    return false;
+  case WM_RBUTTONDOWN:
+    mouse_pressed(mouse_event(w, l, MouseButton::right));
+    return false;
+  case WM_SETFOCUS:
+  case WM_KILLFOCUS:
+    InvalidateRect(window_, nullptr, FALSE);
+    return false;
+  case WM_SETCURSOR:
+    if (!has_hand() || LOWORD(l) != HTCLIENT)
+      return false;
+    SetCursor(LoadCursorW(nullptr, IDC_HAND));
+    result = TRUE;
+    return true;
+  default:
+    return false;
+  }
+}
+
+MouseEvent ChildWindow::mouse_event(WPARAM keys, LPARAM point, MouseButton pressed) const {
+  MouseEvent event;
+  event.button = pressed;
+  if (pressed == MouseButton::none && (keys & MK_LBUTTON) != 0)
+    event.button = MouseButton::left;
+  else if (pressed == MouseButton::none && (keys & MK_RBUTTON) != 0)
+    event.button = MouseButton::right;
+  event.x = twips(GET_X_LPARAM(point), surface_.dpi());
+  event.y = twips(GET_Y_LPARAM(point), surface_.dpi());
+  return event;
+}
+
+void ChildWindow::show(bool visible) {
+  if (shown_ == visible)
+    return;
+  shown_ = visible;
+  if (!visible && GetFocus() == window_)
+    surface_.keyboard_leaves(window_);
+  ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+  redraw();
+}
+
+void ChildWindow::enable(bool enabled) {
+  if (!enabled && GetFocus() == window_)
+    surface_.keyboard_leaves(window_);
+  EnableWindow(window_, enabled ? TRUE : FALSE);
+  redraw();
+}
+
+void ChildWindow::apply_place() {
+  const unsigned dpi = surface_.dpi();
+  // The far edges are converted, not the lengths: neighbours then stay neighbours at every scale.
+  const int left = pixels(place_.left, dpi);
+  const int top = pixels(place_.top, dpi);
+  const int right = pixels(place_.left + place_.width, dpi);
+  const int bottom = pixels(place_.top + place_.height, dpi);
+  SetWindowPos(window_, nullptr, left, top, right - left, bottom - top, SWP_NOZORDER | SWP_NOACTIVATE);
+  redraw();
+}
+
+void ChildWindow::redraw() {
+  RECT area{};
+  GetWindowRect(window_, &area);
+  MapWindowPoints(nullptr, surface_.handle(), reinterpret_cast<POINT*>(&area), 2);
+  RedrawWindow(surface_.handle(), &area, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void ChildWindow::dpi_changed() {
+  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(surface_.font(LabelFont::normal, false)), FALSE);
+  apply_place();
+}
+
+void ChildWindow::paint_item(const DRAWITEMSTRUCT& item) {
+  draw_buffered(item.hDC, item.rcItem);
+}
+
+void ChildWindow::draw_buffered(HDC target, const RECT& area) {
+  const int width = area.right - area.left;
+  const int height = area.bottom - area.top;
+  if (width <= 0 || height <= 0)
+    return;
+  const MemoryDc buffer(CreateCompatibleDC(target));
+  const GdiObject bitmap(CreateCompatibleBitmap(target, width, height));
+  const auto dc = static_cast<HDC>(buffer.get());
+  const HGDIOBJ before = SelectObject(dc, bitmap.get());
+  const RECT inside{0, 0, width, height};
+  surface_.draw_behind(dc, window_);
+  draw(dc, inside);
+  BitBlt(target, area.left, area.top, width, height, dc, 0, 0, SRCCOPY);
+  SelectObject(dc, before);
+}
+
+// Two frames, light and dark: one of them is seen on any picture.
+void ChildWindow::draw_focus(HDC target, const RECT& area) const {
+  if (GetFocus() != window_ || !surface_.keyboard_used())
+    return;
+  RECT frame = area;
+  const GdiObject dark(CreateSolidBrush(RGB(0, 0, 0)));
+  const GdiObject light(CreateSolidBrush(RGB(255, 255, 255)));
+  const int thickness = static_cast<int>(surface_.dpi() / picture_dpi);
+  for (int i = 0; i < 2 * thickness; ++i) {
+    FrameRect(target, &frame, static_cast<HBRUSH>(i < thickness ? light.get() : dark.get()));
+    InflateRect(&frame, -1, -1);
+  }
+}
+
+} // namespace lumotune::platform::win32

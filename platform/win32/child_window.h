@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What all controls have in common: a child window of one of the system's classes, subclassed.
+#pragma once
+
+#include "platform/win32/win.h"
+#include "platform/window.h"
+
+#include <string>
+
+namespace lumotune::platform::win32 {
+
+// What the controls ask of the window they lie in.
+class Surface {
+public:
+  Surface() = default;
+  Surface(const Surface&) = delete;
+  Surface& operator=(const Surface&) = delete;
+  virtual ~Surface() = default;
+
+  [[nodiscard]] virtual HWND handle() const = 0;
+  [[nodiscard]] virtual const std::wstring& window_name() const = 0; // stands before the names of its controls
+  [[nodiscard]] virtual unsigned dpi() const = 0;                    // of the monitor that the window is on
+  // Draws what lies behind a control, whose upper left corner is the target's origin.
+  virtual void draw_behind(HDC target, HWND control) = 0;
+  [[nodiscard]] virtual HFONT font(LabelFont kind, bool underline, bool bold = false) = 0;
+  // The colour of a label that was given none.
+  [[nodiscard]] virtual COLORREF label_colour(LabelKind kind, bool enabled) const = 0;
+  [[nodiscard]] virtual bool keyboard_used() const = 0; // the focus is to be seen
+  virtual void set_tip(HWND control, const std::wstring& text) = 0;
+  // A control that is about to go out of the user's reach has the keyboard.
+  virtual void keyboard_leaves(HWND control) = 0;
+};
+
+// The part of every control that does not depend on its interface.
+class ChildWindow {
+public:
+  ChildWindow(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style,
+              DWORD extended_style = 0);
+  ChildWindow(const ChildWindow&) = delete;
+  ChildWindow& operator=(const ChildWindow&) = delete;
+  virtual ~ChildWindow();
+
+  [[nodiscard]] HWND handle() const { return window_; }
+  [[nodiscard]] bool shown() const { return shown_; }
+  [[nodiscard]] const TwipsRect& place() const { return place_; }
+  virtual void dpi_changed(); // the fonts are others, too
+  // Messages that the control's class sends to its parent.
+  virtual void draw(HDC /*target*/, const RECT& /*area*/) {}
+  virtual void notified(WORD /*code*/) {}
+  [[nodiscard]] virtual bool asked(NMHDR& /*header*/, LRESULT& /*result*/) { return false; }
+  virtual void pressed_by_key() {} // Enter, or Space where the class does not know it
+  [[nodiscard]] virtual bool pressable() const { return false; }
+  [[nodiscard]] virtual bool takes_enter() const { return false; } // as a character of its own
+  void paint_item(const DRAWITEMSTRUCT& item);                     // double-buffered
+
+protected:
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR self);
+  // True when the message is dealt with.
+  [[nodiscard]] virtual bool handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result);
+  [[nodiscard]] virtual bool drawn_at_once() const { return false; } // nothing to erase before it is drawn
+  [[nodiscard]] virtual bool has_hand() const { return false; }      // the pointer is a hand over it
+  virtual void mouse_moved(const MouseEvent& event) = 0;
+  virtual void mouse_pressed(const MouseEvent& event) = 0;
+  void show(bool visible);
+  void enable(bool enabled);
+  void apply_place();
+  void redraw(); // and what lies over it
+  void draw_focus(HDC target, const RECT& area) const;
+  void draw_buffered(HDC target, const RECT& area);
+  [[nodiscard]] MouseEvent mouse_event(WPARAM keys, LPARAM point, MouseButton pressed) const;
+
+  Surface& surface_;
+  HWND window_ = nullptr;
+  TwipsRect place_;
+  bool shown_ = true;
+
+private:
+  std::wstring property_;
+};
+
+template <typename Interface>
+class Win32Control : public Interface, public ChildWindow {
+public:
+  Win32Control(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style,
+               DWORD extended_style = 0)
+      : ChildWindow(surface, designer_name, system_class, style, extended_style), name_(designer_name) {}
+
+  [[nodiscard]] const std::wstring& name() const override { return name_; }
+  void set_visible(bool visible) override { show(visible); }
+  [[nodiscard]] bool visible() const override { return shown_; }
+  void set_enabled(bool enabled) override { enable(enabled); }
+  [[nodiscard]] bool enabled() const override { return IsWindowEnabled(window_) != 0; }
+  void move(int left, int top) override {
+    if (place_.left == left && place_.top == top)
+      return;
+    place_.left = left;
+    place_.top = top;
+    apply_place();
+  }
+  void resize(int width, int height) override {
+    width = width < 0 ? 0 : width;
+    height = height < 0 ? 0 : height;
+    if (place_.width == width && place_.height == height)
+      return;
+    place_.width = width;
+    place_.height = height;
+    apply_place();
+  }
+  [[nodiscard]] TwipsRect rect() const override { return place_; }
+  void set_text(const std::wstring& text) override {
+    if (text == text_)
+      return; // nothing flickers that does not change
+    text_ = text;
+    SetWindowTextW(window_, window_text(text).c_str());
+    redraw();
+  }
+  [[nodiscard]] std::wstring text() const override { return text_; }
+  void set_tooltip(const std::wstring& text) override {
+    if (text == tip_)
+      return;
+    tip_ = text;
+    surface_.set_tip(window_, text);
+  }
+  [[nodiscard]] std::wstring tooltip() const override { return tip_; }
+
+protected:
+  // What the system's class is given, so that it shows the text as it is.
+  [[nodiscard]] virtual std::wstring window_text(const std::wstring& text) const { return text; }
+  void mouse_moved(const MouseEvent& event) override { fire(this->on_mouse_move, event); }
+  void mouse_pressed(const MouseEvent& event) override { fire(this->on_mouse_down, event); }
+  // The handler is copied first: it may replace itself.
+  template <typename Handler, typename... Arguments>
+  void fire(const Handler& handler, const Arguments&... arguments) {
+    if (const Handler copy = handler)
+      guarded([&] { copy(arguments...); });
+  }
+
+  std::wstring text_;
+
+private:
+  std::wstring name_;
+  std::wstring tip_;
+};
+
+} // namespace lumotune::platform::win32

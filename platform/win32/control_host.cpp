@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/win32/control_host.h"
+
+#include "platform/win32/dpi.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cwchar>
+
+namespace lumotune::platform::win32 {
+namespace {
+
+bool can_take_keyboard(const ChildWindow& child) {
+  const LONG_PTR style = GetWindowLongPtrW(child.handle(), GWL_STYLE);
+  return (style & WS_TABSTOP) != 0 && (style & WS_DISABLED) == 0 && child.shown();
+}
+
+bool wants_arrows(const ChildWindow& child) {
+  return (SendMessageW(child.handle(), WM_GETDLGCODE, 0, 0) & DLGC_WANTARROWS) != 0;
+}
+
+} // namespace
+
+ControlHost::ControlHost(Win32EventLoop& loop, std::wstring name, FontSize font_size)
+    : loop_(loop), dpi_(GetDpiForSystem()), system_dpi_(dpi_), name_(std::move(name)), font_size_(font_size) {
+  loop_.set_filter(this, [this](MSG& message) { return filter(message); });
+}
+
+ControlHost::~ControlHost() {
+  loop_.set_filter(this, {});
+  if (tips_ != nullptr)
+    DestroyWindow(tips_);
+}
+
+Win32Picture& ControlHost::make_picture_control(const std::wstring& designer_name, PictureKind kind) {
+  auto& made = make_control<Win32Picture>(designer_name, kind);
+  pictures_.push_back(&made);
+  return made;
+}
+
+HWND ControlHost::handle_of(const Control& control) const {
+  const auto* child = dynamic_cast<const ChildWindow*>(&control);
+  return child == nullptr ? nullptr : child->handle();
+}
+
+ChildWindow* ControlHost::child_of(HWND window) const {
+  const auto found =
+      std::find_if(children_.begin(), children_.end(), [&](const auto& child) { return child->handle() == window; });
+  return found == children_.end() ? nullptr : found->get();
+}
+
+void ControlHost::fire(const std::function<void()>& handler) {
+  if (const auto copy = handler)
+    guarded(copy);
+}
+
+bool ControlHost::handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+  if (message == WM_DRAWITEM) {
+    const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
+    ChildWindow* child = child_of(item.hwndItem);
+    if (auto* list = dynamic_cast<Win32List*>(child))
+      list->draw_row(item);
+    else if (child != nullptr)
+      child->paint_item(item);
+    result = TRUE;
+    return child != nullptr;
+  }
+  if (message == WM_COMMAND && l != 0) {
+    if (ChildWindow* child = child_of(reinterpret_cast<HWND>(l)))
+      child->notified(HIWORD(w));
+    return true;
+  }
+  if (message == WM_NOTIFY) {
+    auto& header = *reinterpret_cast<NMHDR*>(l);
+    ChildWindow* child = child_of(header.hwndFrom);
+    return child != nullptr && child->asked(header, result);
+  }
+  if (message == WM_CTLCOLORLISTBOX) {
+    const auto* list = dynamic_cast<Win32List*>(child_of(reinterpret_cast<HWND>(l)));
+    if (list != nullptr)
+      result = reinterpret_cast<LRESULT>(list->brush());
+    return list != nullptr;
+  }
+  return false;
+}
+
+// Keys that move between the controls or press them, before the system's own classes see them.
+bool ControlHost::filter(MSG& message) {
+  const bool ours = message.hwnd == window_ || IsChild(window_, message.hwnd) != 0;
+  if (!ours)
+    return false;
+  switch (message.message) {
+  case WM_KEYUP:
+    return false;
+  case WM_KEYDOWN:
+    keyboard_used_ = true;
+    return key_down(message);
+  case WM_MOUSEMOVE:
+    make_tips();
+    break;
+  case WM_LBUTTONDOWN:
+  case WM_RBUTTONDOWN:
+    keyboard_used_ = false;
+    break;
+  default:
+    break;
+  }
+  return IsDialogMessageW(window_, &message) != 0;
+}
+
+bool ControlHost::key_down(MSG& message) {
+  ChildWindow* child = child_of(GetFocus());
+  if (message.wParam == VK_RETURN) {
+    if (child != nullptr && child->takes_enter())
+      return false;
+    const bool first_time = (message.lParam & 0x40000000) == 0; // not held down
+    if (child != nullptr && first_time && child->pressable() && IsWindowEnabled(child->handle()) != 0)
+      child->pressed_by_key();
+    return true;
+  }
+  if (child != nullptr && arrow_moves(message.wParam, *child))
+    return true;
+  return IsDialogMessageW(window_, &message) != 0;
+}
+
+// Round among the buttons and links, as in the system's groups of buttons: its own way does not tell plain texts apart.
+bool ControlHost::arrow_moves(WPARAM key, const ChildWindow& from) {
+  const bool forward = key == VK_RIGHT || key == VK_DOWN;
+  if ((!forward && key != VK_LEFT && key != VK_UP) || !from.pressable() || wants_arrows(from))
+    return false;
+  std::vector<const ChildWindow*> stops;
+  for (const auto& child : children_) {
+    if (child.get() == &from || (child->pressable() && can_take_keyboard(*child) && !wants_arrows(*child)))
+      stops.push_back(child.get());
+  }
+  const auto here = static_cast<std::size_t>(std::find(stops.begin(), stops.end(), &from) - stops.begin());
+  const std::size_t there = (here + (forward ? 1 : stops.size() - 1)) % stops.size();
+  SetFocus(stops[there]->handle());
+  return true;
+}
+
+HWND ControlHost::next_stop(HWND after) const {
+  const auto here =
+      std::find_if(children_.begin(), children_.end(), [&](const auto& child) { return child->handle() == after; });
+  const auto usable = [&](const auto& child) { return child->handle() != after && can_take_keyboard(*child); };
+  auto found = std::find_if(here, children_.end(), usable);
+  if (found == children_.end())
+    found = std::find_if(children_.begin(), children_.end(), usable);
+  return found == children_.end() ? nullptr : (*found)->handle();
+}
+
+// The ground, and over it the decorations below the control.
+void ControlHost::draw_behind(HDC target, HWND control) {
+  RECT area{};
+  GetWindowRect(control, &area);
+  MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&area), 2);
+  POINT origin{};
+  SetViewportOrgEx(target, -area.left, -area.top, &origin);
+  draw_ground(target, area);
+  for (Win32Picture* picture : pictures_) {
+    if (picture->kind() != PictureKind::decoration || !picture->visible() || picture->handle() == control)
+      continue;
+    RECT place{};
+    RECT both{};
+    GetWindowRect(picture->handle(), &place);
+    MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
+    if (IntersectRect(&both, &place, &area) == 0)
+      continue;
+    SetViewportOrgEx(target, place.left - area.left, place.top - area.top, nullptr);
+    picture->draw(target, RECT{0, 0, place.right - place.left, place.bottom - place.top});
+  }
+  SetViewportOrgEx(target, origin.x, origin.y, nullptr);
+}
+
+// The system's message font, at the size of this monitor; headings are larger and bolder.
+HFONT ControlHost::font(LabelFont kind, bool underline, bool bold) {
+  const bool heading = kind == LabelFont::heading;
+  GdiObject& kept = fonts_[(bold ? 4U : 0U) + (heading ? 2U : 0U) + (underline ? 1U : 0U)];
+  if (kept != nullptr)
+    return static_cast<HFONT>(kept.get());
+  constexpr int text_size = 180;    // twips: 9 points
+  constexpr int heading_size = 250; // 12.5 points
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  LOGFONTW wished{};
+  int height = -pixels(text_size, dpi_);
+  if (SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi_) != 0) {
+    wished = metrics.lfMessageFont;
+    if (font_size_ == FontSize::chosen)
+      height = wished.lfHeight;
+  } else {
+    wcscpy(wished.lfFaceName, L"Segoe UI");
+  }
+  wished.lfHeight = heading ? MulDiv(height, heading_size, text_size) : height;
+  wished.lfWeight = bold ? FW_BOLD : heading ? FW_SEMIBOLD : FW_NORMAL;
+  wished.lfUnderline = underline ? TRUE : FALSE;
+  kept.reset(CreateFontIndirectW(&wished));
+  return static_cast<HFONT>(kept.get());
+}
+
+void ControlHost::renew_fonts() {
+  for (const auto& child : children_)
+    SendMessageW(child->handle(), WM_SETFONT, 0, FALSE); // the old fonts go
+  for (GdiObject& kept : fonts_)
+    kept.reset();
+  for (const auto& child : children_)
+    child->dpi_changed();
+}
+
+void ControlHost::change_dpi(unsigned dpi) {
+  if (dpi == 0 || dpi == dpi_)
+    return;
+  dpi_ = dpi;
+  if (tips_ != nullptr)
+    SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels(6000, dpi_));
+  renew_fonts();
+}
+
+// Tips are for the mouse: a program that starts need not wait for them.
+void ControlHost::make_tips() {
+  if (tips_ != nullptr)
+    return;
+  // Without an owner: an owned window in the topmost layer would keep this one out of it.
+  tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
+                          nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+  SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels(6000, dpi_));
+  for (const auto& [control, text] : tips_to_be_made_)
+    show_tip(control, text);
+  tips_to_be_made_.clear();
+}
+
+void ControlHost::set_tip(HWND control, const std::wstring& text) {
+  if (tips_ == nullptr)
+    tips_to_be_made_[control] = text;
+  else
+    show_tip(control, text);
+}
+
+void ControlHost::show_tip(HWND control, const std::wstring& text) {
+  constexpr std::size_t most_shown = 1000;
+  std::wstring shown = text.substr(0, most_shown); // the record wants writable text
+  TTTOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = window_;
+  tool.uId = reinterpret_cast<UINT_PTR>(control);
+  tool.lpszText = shown.data();
+  // Adding a tool that is there already changes nothing; the text is set in either case.
+  SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  SendMessageW(tips_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// A window's care for the controls in it: their messages, the keyboard, fonts, tool tips, what lies behind them.
+#pragma once
+
+#include "platform/win32/child_window.h"
+#include "platform/win32/controls.h"
+#include "platform/win32/event_loop.h"
+
+#include <array>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace lumotune::platform::win32 {
+
+class ControlHost : public Surface {
+public:
+  [[nodiscard]] HWND handle() const override { return window_; }
+  [[nodiscard]] const std::wstring& window_name() const override { return name_; }
+  [[nodiscard]] HWND handle_of(const Control& control) const; // nullptr when it is no control of a window
+
+protected:
+  // Texts are either 9 points, as drawings were made for them, or of the size that the user has chosen for messages.
+  enum class FontSize { fixed, chosen };
+
+  ControlHost(Win32EventLoop& loop, std::wstring name, FontSize font_size);
+  ~ControlHost() override;
+
+  [[nodiscard]] unsigned dpi() const override { return dpi_; }
+  void draw_behind(HDC target, HWND control) override;
+  [[nodiscard]] HFONT font(LabelFont kind, bool underline, bool bold) override;
+  [[nodiscard]] bool keyboard_used() const override { return keyboard_used_; }
+  void set_tip(HWND control, const std::wstring& text) override;
+  void keyboard_leaves(HWND /*control*/) override {}
+
+  // The ground behind everything; the window's upper left corner is the target's origin.
+  virtual void draw_ground(HDC target, const RECT& area) = 0;
+
+  template <typename Kind, typename... Arguments>
+  Kind& make_control(Arguments&&... arguments) {
+    auto made = std::make_unique<Kind>(*this, std::forward<Arguments>(arguments)...);
+    Kind& reference = *made;
+    children_.push_back(std::move(made));
+    return reference;
+  }
+  [[nodiscard]] Win32Picture& make_picture_control(const std::wstring& designer_name, PictureKind kind);
+  void destroy_controls() { children_.clear(); } // before their window
+
+  // The messages by which controls ask and tell. True when it was one of those.
+  [[nodiscard]] bool handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT& result);
+  void change_dpi(unsigned dpi);
+  void renew_fonts();
+  // The first control that the keyboard can go to, after one of them; nullptr for none.
+  [[nodiscard]] HWND next_stop(HWND after) const;
+  void fire(const std::function<void()>& handler);
+
+  Win32EventLoop& loop_;
+  HWND window_ = nullptr;
+  unsigned dpi_ = 96;
+  unsigned system_dpi_ = 96;
+
+private:
+  [[nodiscard]] ChildWindow* child_of(HWND window) const;
+  [[nodiscard]] bool filter(MSG& message);
+  [[nodiscard]] bool key_down(MSG& message);
+  [[nodiscard]] bool arrow_moves(WPARAM key, const ChildWindow& from);
+  void make_tips();
+  void show_tip(HWND control, const std::wstring& text);
+
+  std::wstring name_;
+  FontSize font_size_;
+  bool keyboard_used_ = false;
+  std::array<GdiObject, 8> fonts_;
+  HWND tips_ = nullptr;                          // made when the mouse first comes
+  std::map<HWND, std::wstring> tips_to_be_made_; // until then
+  std::vector<std::unique_ptr<ChildWindow>> children_;
+  std::vector<Win32Picture*> pictures_;
+};
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The system's group box, drawn by us so that nothing behind it flickers; and its progress bar.
+#pragma once
+
+#include "platform/directory_controls.h"
+#include "platform/win32/child_window.h"
+
+#include <string>
+
+namespace lumotune::platform::win32 {
+
+class Win32Frame final : public Win32Control<Frame> {
+public:
+  Win32Frame(Surface& surface, const std::wstring& designer_name);
+  void draw(HDC target, const RECT& area) override;
+
+private:
+  [[nodiscard]] bool handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
+  [[nodiscard]] bool drawn_at_once() const override { return true; }
+};
+
+class Win32ProgressBar final : public Win32Control<ProgressBar> {
+public:
+  Win32ProgressBar(Surface& surface, const std::wstring& designer_name);
+  void set_percent(int percent) override;
+  [[nodiscard]] int percent() const override { return percent_; }
+
+private:
+  int percent_ = 0;
+};
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,295 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/win32/framed_window.h"
+
+#include "platform/win32/dpi.h"
+#include "platform/win32/frame.h"
+#include "platform/win32/list_view.h"
+#include "platform/win32/text_box.h"
+#include "platform/win32/tree_view.h"
+
+#include <algorithm>
+
+namespace lumotune::platform::win32 {
+namespace {
+
+constexpr const wchar_t* class_name = L"LumotuneFramedWindow";
+constexpr int first_width = 9000; // twips
+constexpr int first_height = 6000;
+
+// An empty area.
+class NoBrowser final : public Win32Control<Browser> {
+public:
+  NoBrowser(Surface& surface, const std::wstring& designer_name)
+      : Win32Control(surface, designer_name, L"STATIC", SS_OWNERDRAW) {}
+  void navigate(const std::wstring& /*address*/) override {}
+
+private:
+  [[nodiscard]] bool drawn_at_once() const override { return true; }
+};
+
+RECT work_area(HWND window) {
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &info);
+  return info.rcWork;
+}
+
+// The nearest place at which a length lies within the bounds, from their start where it is too long.
+LONG moved_within(LONG start, LONG length, LONG low, LONG high) {
+  return std::max(low, std::min(start, high - length));
+}
+
+} // namespace
+
+Win32FramedWindow::Win32FramedWindow(Win32EventLoop& loop, const std::wstring& name, int icon)
+    : ControlHost(loop, name, FontSize::chosen) {
+  const HINSTANCE program = GetModuleHandleW(nullptr);
+  const auto load_icon = [&](int width, int height) {
+    return static_cast<HICON>(
+        LoadImageW(program, MAKEINTRESOURCEW(icon), IMAGE_ICON, width, height, LR_SHARED | LR_DEFAULTCOLOR));
+  };
+  WNDCLASSEXW made{};
+  made.cbSize = sizeof made;
+  made.lpfnWndProc = procedure;
+  made.hInstance = program;
+  made.hIcon = load_icon(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON));
+  made.hIconSm = load_icon(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON));
+  if (made.hIcon == nullptr)
+    made.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+  made.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  made.lpszClassName = class_name;
+  RegisterClassExW(&made); // a second registration fails, and the first one serves
+  window_ = CreateWindowExW(WS_EX_CONTROLPARENT | WS_EX_APPWINDOW, class_name, L"",
+                            WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
+                            pixels(first_width, dpi_), pixels(first_height, dpi_), nullptr, nullptr, program, this);
+  if (GetDpiForWindow(window_) != 0)
+    dpi_ = GetDpiForWindow(window_);
+  SetPropW(window_, (name + L".Form").c_str(), reinterpret_cast<HANDLE>(1));
+}
+
+Win32FramedWindow::~Win32FramedWindow() {
+  destroy_controls();
+  SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+  RemovePropW(window_, (window_name() + L".Form").c_str());
+  DestroyWindow(window_);
+}
+
+TreeView& Win32FramedWindow::make_tree(const std::wstring& designer_name) {
+  return make_control<Win32TreeView>(designer_name);
+}
+
+ListView& Win32FramedWindow::make_list_view(const std::wstring& designer_name) {
+  return make_control<Win32ListView>(designer_name);
+}
+
+Label& Win32FramedWindow::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) {
+  return make_control<Win32Label>(designer_name, kind, font);
+}
+
+Button& Win32FramedWindow::make_button(const std::wstring& designer_name) {
+  return make_control<Win32Button>(designer_name, TabStop::yes);
+}
+
+PictureBox& Win32FramedWindow::make_picture(const std::wstring& designer_name, PictureKind kind) {
+  return make_picture_control(designer_name, kind);
+}
+
+TextBox& Win32FramedWindow::make_text_box(const std::wstring& designer_name) {
+  return make_control<Win32TextBox>(designer_name);
+}
+
+ProgressBar& Win32FramedWindow::make_progress(const std::wstring& designer_name) {
+  return make_control<Win32ProgressBar>(designer_name);
+}
+
+Frame& Win32FramedWindow::make_frame(const std::wstring& designer_name) {
+  return make_control<Win32Frame>(designer_name);
+}
+
+Browser& Win32FramedWindow::make_browser(const std::wstring& designer_name) {
+  return make_control<NoBrowser>(designer_name);
+}
+
+LRESULT CALLBACK Win32FramedWindow::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_NCCREATE) {
+    const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(l);
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
+    static_cast<Win32FramedWindow*>(creation->lpCreateParams)->window_ = window;
+  }
+  auto* self = reinterpret_cast<Win32FramedWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self == nullptr)
+    return DefWindowProcW(window, message, w, l);
+  LRESULT result = 0;
+  guarded([&] { result = self->handle_message(message, w, l); });
+  return result;
+}
+
+LRESULT Win32FramedWindow::handle_message(UINT message, WPARAM w, LPARAM l) {
+  LRESULT result = 0;
+  if (handle_child_message(message, w, l, result))
+    return result;
+  if (handle_size_message(message, w, l) || handle_focus_message(message, w))
+    return 0;
+  switch (message) {
+  case WM_CLOSE:
+    fire(on_close);
+    return 0;
+  case WM_ERASEBKGND:
+    return 1;
+  case WM_PAINT: {
+    PAINTSTRUCT painting{};
+    const HDC dc = BeginPaint(window_, &painting);
+    draw_ground(dc, painting.rcPaint);
+    EndPaint(window_, &painting);
+    return 0;
+  }
+  case WM_SETTINGCHANGE:
+    if (w == SPI_SETNONCLIENTMETRICS) {
+      renew_fonts();
+      fire(on_resize);
+    }
+    return DefWindowProcW(window_, message, w, l);
+  default:
+    return DefWindowProcW(window_, message, w, l);
+  }
+}
+
+bool Win32FramedWindow::handle_size_message(UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+  case WM_GETMINMAXINFO: {
+    auto& limits = *reinterpret_cast<MINMAXINFO*>(l);
+    limits.ptMinTrackSize.x = std::max<LONG>(limits.ptMinTrackSize.x, pixels(least_width_, dpi_));
+    limits.ptMinTrackSize.y = std::max<LONG>(limits.ptMinTrackSize.y, pixels(least_height_, dpi_));
+    return true;
+  }
+  case WM_SIZE:
+    if (w != SIZE_MINIMIZED)
+      fire(on_resize);
+    return true;
+  case WM_DPICHANGED: {
+    const RECT wished = *reinterpret_cast<const RECT*>(l);
+    change_dpi(HIWORD(w));
+    SetWindowPos(window_, nullptr, wished.left, wished.top, wished.right - wished.left, wished.bottom - wished.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    fire(on_resize); // also where the size in pixels happens to be the same
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    return true;
+  }
+  default:
+    return false;
+  }
+}
+
+// The window itself has no use for the keyboard: it goes on to the control that had it last, at first to the first one.
+bool Win32FramedWindow::handle_focus_message(UINT message, WPARAM w) {
+  if (message == WM_ACTIVATE && LOWORD(w) == WA_INACTIVE) {
+    if (IsChild(window_, GetFocus()) != 0)
+      last_focus_ = GetFocus();
+    return false;
+  }
+  if (message != WM_SETFOCUS)
+    return false;
+  const bool usable = last_focus_ != nullptr && IsChild(window_, last_focus_) != 0 &&
+                      IsWindowEnabled(last_focus_) != 0 && IsWindowVisible(last_focus_) != 0;
+  const HWND target = usable ? last_focus_ : next_stop(nullptr);
+  if (target != nullptr)
+    SetFocus(target);
+  return true;
+}
+
+void Win32FramedWindow::keyboard_leaves(HWND control) {
+  SetFocus(next_stop(control));
+}
+
+void Win32FramedWindow::draw_ground(HDC target, const RECT& area) {
+  FillRect(target, &area, GetSysColorBrush(COLOR_3DFACE));
+}
+
+COLORREF Win32FramedWindow::label_colour(LabelKind kind, bool enabled) const {
+  if (!enabled)
+    return GetSysColor(COLOR_GRAYTEXT);
+  return GetSysColor(kind == LabelKind::link ? COLOR_HOTLIGHT : COLOR_BTNTEXT);
+}
+
+void Win32FramedWindow::set_caption(const std::wstring& caption) {
+  caption_ = caption;
+  SetWindowTextW(window_, caption.c_str());
+}
+
+void Win32FramedWindow::set_visible(bool visible) {
+  if (!visible)
+    ShowWindow(window_, SW_HIDE);
+  else if (minimized())
+    ShowWindow(window_, SW_RESTORE);
+  else if (!this->visible())
+    ShowWindow(window_, SW_SHOW);
+}
+
+void Win32FramedWindow::activate() {
+  if (!visible())
+    return;
+  BringWindowToTop(window_);
+  SetForegroundWindow(window_);
+  if (GetActiveWindow() == window_ && IsChild(window_, GetFocus()) == 0)
+    SetFocus(window_);
+}
+
+RECT Win32FramedWindow::normal_place() const {
+  RECT place{};
+  if (IsIconic(window_) == 0 && IsZoomed(window_) == 0) {
+    GetWindowRect(window_, &place);
+    return place;
+  }
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof placement;
+  GetWindowPlacement(window_, &placement);
+  return placement.rcNormalPosition;
+}
+
+// A maximised or minimised window keeps its state; the size is the one that it will come back to.
+void Win32FramedWindow::resize(int width, int height) {
+  const RECT room = work_area(window_);
+  const LONG wide = std::clamp<LONG>(pixels(std::max(width, 0), dpi_), 0, room.right - room.left);
+  const LONG high = std::clamp<LONG>(pixels(std::max(height, 0), dpi_), 0, room.bottom - room.top);
+  RECT place = normal_place();
+  place.left = moved_within(place.left, wide, room.left, room.right);
+  place.top = moved_within(place.top, high, room.top, room.bottom);
+  if (IsIconic(window_) == 0 && IsZoomed(window_) == 0) {
+    SetWindowPos(window_, nullptr, place.left, place.top, wide, high, SWP_NOZORDER | SWP_NOACTIVATE);
+    return;
+  }
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof placement;
+  GetWindowPlacement(window_, &placement);
+  placement.rcNormalPosition = {place.left, place.top, place.left + wide, place.top + high};
+  SetWindowPlacement(window_, &placement);
+}
+
+TwipsRect Win32FramedWindow::rect() const {
+  const RECT place = normal_place();
+  return {twips(place.left, system_dpi_), twips(place.top, system_dpi_), twips(place.right - place.left, dpi_),
+          twips(place.bottom - place.top, dpi_)};
+}
+
+void Win32FramedWindow::set_minimum(int width, int height) {
+  least_width_ = std::max(width, 0);
+  least_height_ = std::max(height, 0);
+}
+
+int Win32FramedWindow::client_width() const {
+  RECT area{};
+  GetClientRect(window_, &area);
+  return twips(area.right, dpi_);
+}
+
+int Win32FramedWindow::client_height() const {
+  RECT area{};
+  GetClientRect(window_, &area);
+  return twips(area.bottom, dpi_);
+}
+
+std::unique_ptr<FramedWindow> Win32FramedWindowMaker::make(const std::wstring& name) {
+  return std::make_unique<Win32FramedWindow>(loop_, name, icon_);
+}
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// An ordinary window of the desktop: caption, system menu, edges to take hold of, a button in the task bar.
+#pragma once
+
+#include "platform/framed_window.h"
+#include "platform/win32/control_host.h"
+
+#include <memory>
+#include <string>
+
+namespace lumotune::platform::win32 {
+
+class Win32FramedWindow final : public FramedWindow, public ControlHost {
+public:
+  // `icon` is the number of the icon in the program's resources.
+  Win32FramedWindow(Win32EventLoop& loop, const std::wstring& name, int icon);
+  Win32FramedWindow(const Win32FramedWindow&) = delete;
+  Win32FramedWindow& operator=(const Win32FramedWindow&) = delete;
+  ~Win32FramedWindow() override;
+
+  [[nodiscard]] TreeView& make_tree(const std::wstring& designer_name) override;
+  [[nodiscard]] ListView& make_list_view(const std::wstring& designer_name) override;
+  [[nodiscard]] Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
+  [[nodiscard]] Button& make_button(const std::wstring& designer_name) override;
+  [[nodiscard]] PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
+  [[nodiscard]] TextBox& make_text_box(const std::wstring& designer_name) override;
+  [[nodiscard]] ProgressBar& make_progress(const std::wstring& designer_name) override;
+  [[nodiscard]] Frame& make_frame(const std::wstring& designer_name) override;
+  [[nodiscard]] Browser& make_browser(const std::wstring& designer_name) override;
+
+  void set_caption(const std::wstring& caption) override;
+  [[nodiscard]] std::wstring caption() const override { return caption_; }
+  void set_visible(bool visible) override;
+  [[nodiscard]] bool visible() const override { return IsWindowVisible(window_) != 0; }
+  [[nodiscard]] bool minimized() const override { return IsIconic(window_) != 0; }
+  void activate() override;
+  void resize(int width, int height) override;
+  [[nodiscard]] TwipsRect rect() const override;
+  void set_minimum(int width, int height) override;
+  [[nodiscard]] int client_width() const override;
+  [[nodiscard]] int client_height() const override;
+
+private:
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
+  [[nodiscard]] LRESULT handle_message(UINT message, WPARAM w, LPARAM l);
+  [[nodiscard]] bool handle_size_message(UINT message, WPARAM w, LPARAM l);
+  [[nodiscard]] bool handle_focus_message(UINT message, WPARAM w);
+  [[nodiscard]] RECT normal_place() const; // pixels, of the window when it is neither minimised nor maximised
+  void draw_ground(HDC target, const RECT& area) override;
+  [[nodiscard]] COLORREF label_colour(LabelKind kind, bool enabled) const override;
+  void keyboard_leaves(HWND control) override;
+
+  std::wstring caption_;
+  int least_width_ = 0; // twips
+  int least_height_ = 0;
+  HWND last_focus_ = nullptr; // control that had the keyboard when the window was left
+};
+
+class Win32FramedWindowMaker final : public FramedWindowMaker {
+public:
+  Win32FramedWindowMaker(Win32EventLoop& loop, int icon) : loop_(loop), icon_(icon) {}
+  [[nodiscard]] std::unique_ptr<FramedWindow> make(const std::wstring& name) override;
+
+private:
+  Win32EventLoop& loop_;
+  int icon_;
+};
+
+} // namespace lumotune::platform::win32

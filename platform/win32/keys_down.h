@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Which keys went down while a control had the keyboard.
+#pragma once
+
+#include "platform/win32/win.h"
+
+#include <bitset>
+
+namespace lumotune::platform::win32 {
+
+// A key let go counts when it can move a selection and went down here: Tab brings the keyboard with its own key still
+// down, and Enter comes up after the menu or box that it closed.
+class KeysDown {
+public:
+  void down(WPARAM key) {
+    if (key < down_.size() && can_move(key))
+      down_.set(key);
+  }
+  [[nodiscard]] bool up(WPARAM key) {
+    const bool was_down = key < down_.size() && down_.test(key);
+    if (was_down)
+      down_.reset(key);
+    return was_down;
+  }
+  void forget() { down_.reset(); }
+
+private:
+  [[nodiscard]] static bool can_move(WPARAM key) {
+    return key == VK_BACK || (key >= VK_SPACE && key <= VK_DOWN) || (key >= '0' && key <= 'Z') ||
+           (key >= VK_NUMPAD0 && key <= VK_DIVIDE) || (key >= VK_OEM_1 && key <= VK_OEM_102) || key == VK_PACKET;
+  }
+
+  std::bitset<256> down_;
+};
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/win32/list_view.h"
+
+#include "platform/win32/dpi.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+#include <cwchar>
+#include <utility>
+
+namespace lumotune::platform::win32 {
+
+Win32ListView::Win32ListView(Surface& surface, const std::wstring& designer_name)
+    : Win32Control(surface, designer_name, WC_LISTVIEWW,
+                   LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER |
+                       static_cast<DWORD>(WS_TABSTOP),
+                   WS_EX_CLIENTEDGE),
+      columns_dpi_(surface.dpi()) {
+  constexpr LPARAM wished = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
+  SendMessageW(window_, LVM_SETEXTENDEDLISTVIEWSTYLE, static_cast<WPARAM>(wished), wished);
+}
+
+void Win32ListView::set_rows(const RowModel* rows) {
+  rows_ = rows;
+  rows_changed();
+}
+
+void Win32ListView::add_column(const std::wstring& /*key*/, const std::wstring& caption, int width) {
+  std::wstring shown = caption; // the record wants writable text
+  LVCOLUMNW column{};
+  column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+  column.cx = pixels(width, surface_.dpi());
+  column.pszText = shown.data();
+  column.iSubItem = columns_;
+  SendMessageW(window_, LVM_INSERTCOLUMNW, static_cast<WPARAM>(columns_), reinterpret_cast<LPARAM>(&column));
+  ++columns_;
+}
+
+// The user may have made the columns wider: what they are now is scaled.
+void Win32ListView::dpi_changed() {
+  Win32Control::dpi_changed();
+  for (int i = 0; i < columns_; ++i) {
+    const auto width = static_cast<int>(SendMessageW(window_, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(i), 0));
+    SendMessageW(window_, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i),
+                 MulDiv(width, static_cast<int>(surface_.dpi()), static_cast<int>(columns_dpi_)));
+  }
+  columns_dpi_ = surface_.dpi();
+}
+
+std::size_t Win32ListView::row_count() const {
+  constexpr std::size_t most = 100000000; // the system's own limit
+  return rows_ == nullptr ? 0 : std::min(rows_->count(), most);
+}
+
+// Another content is looked at from its beginning.
+void Win32ListView::rows_changed() {
+  select(0);
+  SendMessageW(window_, LVM_SETITEMCOUNT, row_count(), 0);
+  if (row_count() != 0)
+    SendMessageW(window_, LVM_ENSUREVISIBLE, 0, FALSE);
+  InvalidateRect(window_, nullptr, TRUE);
+}
+
+std::size_t Win32ListView::selected() const {
+  const LRESULT answer = SendMessageW(window_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
+  return answer < 0 || static_cast<std::size_t>(answer) >= row_count() ? 0 : static_cast<std::size_t>(answer) + 1;
+}
+
+void Win32ListView::select(std::size_t index) {
+  LVITEMW state{};
+  state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+  SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&state));
+  if (index == 0 || index > row_count())
+    return;
+  state.state = LVIS_SELECTED | LVIS_FOCUSED;
+  SendMessageW(window_, LVM_SETITEMSTATE, index - 1, reinterpret_cast<LPARAM>(&state));
+  SendMessageW(window_, LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(index - 1));
+  SendMessageW(window_, LVM_ENSUREVISIBLE, index - 1, FALSE);
+}
+
+bool Win32ListView::asked(NMHDR& header, LRESULT& result) {
+  switch (header.code) {
+  case LVN_GETDISPINFOW:
+    answer_text(reinterpret_cast<NMLVDISPINFOW&>(header));
+    return true;
+  case LVN_ODFINDITEMW:
+    result = find_row(reinterpret_cast<const NMLVFINDITEMW&>(header));
+    return true;
+  case NM_CUSTOMDRAW:
+    result = customise(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+    return true;
+  default:
+    return false;
+  }
+}
+
+// The model may have become shorter since the list last heard of it.
+void Win32ListView::answer_text(NMLVDISPINFOW& request) const {
+  LVITEMW& item = request.item;
+  if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0)
+    return;
+  item.pszText[0] = 0;
+  if (item.iItem < 0 || item.iSubItem < 0 || static_cast<std::size_t>(item.iItem) >= row_count())
+    return;
+  const std::wstring text =
+      rows_->text(static_cast<std::size_t>(item.iItem) + 1, static_cast<std::size_t>(item.iSubItem));
+  const std::size_t length = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax) - 1);
+  text.copy(item.pszText, length);
+  item.pszText[length] = 0;
+}
+
+// What the user types searches the first column, from the row asked for round to it again.
+LRESULT Win32ListView::find_row(const NMLVFINDITEMW& request) const {
+  const LVFINDINFOW& wanted = request.lvfi;
+  const std::size_t count = row_count();
+  if (count == 0 || wanted.psz == nullptr || (wanted.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0)
+    return -1;
+  const auto length = static_cast<int>(std::wcslen(wanted.psz));
+  const bool whole = (wanted.flags & LVFI_PARTIAL) == 0;
+  const std::size_t start = request.iStart < 0 ? 0 : static_cast<std::size_t>(request.iStart) % count;
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t row = (start + i) % count;
+    const std::wstring text = rows_->text(row + 1, 0);
+    const auto size = static_cast<int>(std::min<std::size_t>(text.size(), 32767));
+    if (size < length || (whole && size != length))
+      continue;
+    if (CompareStringOrdinal(text.c_str(), length, wanted.psz, length, TRUE) == CSTR_EQUAL)
+      return static_cast<LRESULT>(row);
+  }
+  return -1;
+}
+
+LRESULT Win32ListView::customise(NMLVCUSTOMDRAW& item) {
+  if (item.nmcd.dwDrawStage == CDDS_PREPAINT)
+    return CDRF_NOTIFYITEMDRAW;
+  if (item.nmcd.dwDrawStage != CDDS_ITEMPREPAINT)
+    return CDRF_DODEFAULT;
+  const std::size_t row = item.nmcd.dwItemSpec + 1;
+  const bool bold = row <= row_count() && rows_->bold(row);
+  SelectObject(item.nmcd.hdc, surface_.font(LabelFont::normal, false, bold));
+  return CDRF_NEWFONT;
+}
+
+std::size_t Win32ListView::row_at(LPARAM point) const {
+  LVHITTESTINFO hit{};
+  hit.pt = {GET_X_LPARAM(point), GET_Y_LPARAM(point)};
+  const LRESULT row = SendMessageW(window_, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  return row < 0 || static_cast<std::size_t>(row) >= row_count() ? 0 : static_cast<std::size_t>(row) + 1;
+}
+
+// The button is told before the row is selected; the click comes after. Beside the rows nothing is pressed.
+void Win32ListView::press(MouseButton button, WPARAM keys, LPARAM point) {
+  if (GetFocus() != window_)
+    SetFocus(window_);
+  mouse_pressed(mouse_event(keys, point, button));
+  const std::size_t row = row_at(point);
+  right_pressed_ = button == MouseButton::right ? row : 0;
+  if (row != 0)
+    select(row);
+  if (row != 0 && button == MouseButton::left)
+    fire(on_click);
+}
+
+// All of the mouse is ours: the system's own way waits inside a press for what the mouse does next, tells of a click
+// beside the rows and lets go of the selection there. A menu that a click opens must not see the button that opened it
+// come up: what opens menus is told when the button is let go.
+bool Win32ListView::handle_mouse(UINT message, WPARAM w, LPARAM l, LRESULT& /*result*/) {
+  switch (message) {
+  case WM_LBUTTONDOWN:
+    press(MouseButton::left, w, l);
+    return true;
+  case WM_RBUTTONDOWN:
+  case WM_RBUTTONDBLCLK:
+    press(MouseButton::right, w, l);
+    return true;
+  case WM_RBUTTONUP: {
+    const std::size_t pressed = std::exchange(right_pressed_, 0);
+    if (pressed != 0 && pressed == row_at(l))
+      fire(on_click);
+    return true;
+  }
+  case WM_LBUTTONDBLCLK: {
+    const std::size_t row = row_at(l);
+    if (row == 0 || row != selected())
+      press(MouseButton::left, w, l);
+    double_pressed_ = row;
+    return true;
+  }
+  case WM_LBUTTONUP:
+    if (const std::size_t row = std::exchange(double_pressed_, 0); row != 0 && row == row_at(l))
+      fire(on_double_click);
+    return true;
+  default:
+    return false;
+  }
+}
+
+// The key for menus does what the right button does.
+void Win32ListView::ask_for_menu() {
+  if (selected() == 0)
+    return;
+  mouse_pressed(MouseEvent{MouseButton::right, 0, 0});
+  fire(on_click);
+}
+
+bool Win32ListView::handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+  switch (message) {
+  case WM_KEYDOWN:
+    keys_.down(w);
+    return false;
+  case WM_KEYUP:
+    if (!keys_.up(w) || selected() == 0)
+      return false;
+    result = DefSubclassProc(window_, message, w, l);
+    fire(on_key_up);
+    return true;
+  case WM_CHAR: {
+    const bool enter = w == VK_RETURN;
+    const bool held = (l & 0x40000000) != 0;
+    if (enter && held)
+      return true;
+    result = enter ? 0 : DefSubclassProc(window_, message, w, l);
+    fire(on_key_press, static_cast<wchar_t>(w));
+    return true;
+  }
+  case WM_CONTEXTMENU:
+    if (l == -1)
+      ask_for_menu();
+    return true;
+  case WM_KILLFOCUS:
+    keys_.forget();
+    return false;
+  default:
+    return false;
+  }
+}
+
+bool Win32ListView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+  if (handle_mouse(message, w, l, result) || handle_key(message, w, l, result))
+    return true;
+  return Win32Control::handle_message(message, w, l, result);
+}
+
+} // namespace lumotune::platform::win32

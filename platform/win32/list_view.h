@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The system's list in columns, which holds no rows itself: it asks the model for those in sight.
+#pragma once
+
+#include "platform/directory_controls.h"
+#include "platform/win32/child_window.h"
+#include "platform/win32/keys_down.h"
+
+#include <commctrl.h>
+
+#include <string>
+
+namespace lumotune::platform::win32 {
+
+class Win32ListView final : public Win32Control<ListView> {
+public:
+  Win32ListView(Surface& surface, const std::wstring& designer_name);
+  void set_rows(const RowModel* rows) override;
+  void add_column(const std::wstring& key, const std::wstring& caption, int width) override;
+  void rows_changed() override;
+  [[nodiscard]] std::size_t selected() const override;
+  void select(std::size_t index) override;
+  void dpi_changed() override;
+  [[nodiscard]] bool takes_enter() const override { return true; }
+  [[nodiscard]] bool asked(NMHDR& header, LRESULT& result) override;
+
+private:
+  [[nodiscard]] bool handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
+  [[nodiscard]] bool handle_mouse(UINT message, WPARAM w, LPARAM l, LRESULT& result);
+  [[nodiscard]] bool handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result);
+  void press(MouseButton button, WPARAM keys, LPARAM point);
+  void ask_for_menu();
+  [[nodiscard]] std::size_t row_at(LPARAM point) const;
+  [[nodiscard]] std::size_t row_count() const;
+  void answer_text(NMLVDISPINFOW& request) const;
+  [[nodiscard]] LRESULT find_row(const NMLVFINDITEMW& request) const;
+  [[nodiscard]] LRESULT customise(NMLVCUSTOMDRAW& item);
+
+  const RowModel* rows_ = nullptr;
+  int columns_ = 0;
+  unsigned columns_dpi_; // of the columns' widths
+  KeysDown keys_;
+  std::size_t right_pressed_ = 0;  // row under the right button, until it is let go
+  std::size_t double_pressed_ = 0; // row pressed twice, until the button is let go
+};
+
+} // namespace lumotune::platform::win32

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/contract/fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+namespace lumotune::contract {
+namespace {
+
+using platform::Colour;
+using platform::LabelFont;
+using platform::LabelKind;
+using platform::PictureKind;
+using platform::TwipsRect;
+
+struct FramedWindowContract : testing::Test {
+  Backend b;
+  std::unique_ptr<platform::FramedWindow> window = b.framed_windows.make(L"ListRadios");
+};
+
+TEST_F(FramedWindowContract, IsMadeHiddenWithAnInside) {
+  EXPECT_FALSE(window->visible());
+  EXPECT_FALSE(window->minimized());
+  EXPECT_GT(window->client_width(), 0);
+  EXPECT_GT(window->client_height(), 0);
+}
+
+TEST_F(FramedWindowContract, KeepsItsCaption) {
+  window->set_caption(L"Seznam rádií & víc");
+  EXPECT_EQ(window->caption(), L"Seznam rádií & víc");
+}
+
+TEST_F(FramedWindowContract, ASizeIsTheOuterOneAndIsTold) {
+  int told = 0;
+  int width_inside = 0;
+  window->on_resize = [&] {
+    ++told;
+    width_inside = window->client_width();
+  };
+  window->resize(7500, 6000);
+  EXPECT_GE(told, 1);
+  EXPECT_EQ(window->rect().width, 7500);
+  EXPECT_EQ(window->rect().height, 6000);
+  EXPECT_EQ(width_inside, window->client_width());
+  EXPECT_LT(window->client_width(), 7500);
+  EXPECT_LT(window->client_height(), 6000);
+  EXPECT_GT(window->client_width(), 7500 - 1500);
+  EXPECT_GT(window->client_height(), 6000 - 2000);
+}
+
+TEST_F(FramedWindowContract, ASizeBelowNothingIsNoSize) {
+  window->resize(-100, -100);
+  EXPECT_GE(window->rect().width, 0);
+  EXPECT_GE(window->client_height(), 0);
+}
+
+TEST_F(FramedWindowContract, ShowsAndHides) {
+  window->set_visible(true);
+  b.pass(200);
+  EXPECT_TRUE(window->visible());
+  window->activate();
+  b.pass(50);
+  window->set_visible(false);
+  EXPECT_FALSE(window->visible());
+  window->activate();
+  EXPECT_FALSE(window->visible()) << "coming to the front shows no hidden window";
+}
+
+TEST_F(FramedWindowContract, SeveralWindowsLiveBesideEachOther) {
+  auto second = b.framed_windows.make(L"Druhe");
+  second->set_caption(L"Druhé");
+  window->set_caption(L"První");
+  second->set_visible(true);
+  window->set_visible(true);
+  b.pass(100);
+  second.reset();
+  b.pass(50);
+  EXPECT_TRUE(window->visible());
+  EXPECT_EQ(window->caption(), L"První");
+}
+
+TEST_F(FramedWindowContract, EveryControlHasItsNameAndIsSeen) {
+  const platform::Control* controls[] = {&window->make_tree(L"A"),
+                                         &window->make_list_view(L"B"),
+                                         &window->make_label(L"C", LabelKind::link, LabelFont::heading),
+                                         &window->make_button(L"D"),
+                                         &window->make_picture(L"E", PictureKind::button),
+                                         &window->make_text_box(L"F"),
+                                         &window->make_progress(L"G"),
+                                         &window->make_frame(L"H"),
+                                         &window->make_browser(L"I")};
+  std::wstring names;
+  for (const auto* control : controls) {
+    names += control->name();
+    EXPECT_TRUE(control->visible());
+    EXPECT_TRUE(control->enabled());
+  }
+  EXPECT_EQ(names, L"ABCDEFGHI");
+}
+
+TEST_F(FramedWindowContract, EveryControlKeepsWhatItIsGiven) {
+  platform::Control* controls[] = {&window->make_tree(L"A"),
+                                   &window->make_list_view(L"B"),
+                                   &window->make_label(L"C", LabelKind::text, {}),
+                                   &window->make_button(L"D"),
+                                   &window->make_text_box(L"F"),
+                                   &window->make_progress(L"G"),
+                                   &window->make_frame(L"H"),
+                                   &window->make_browser(L"I"),
+                                   &window->make_label(L"J", LabelKind::link, {}),
+                                   &window->make_picture(L"E", PictureKind::decoration)};
+  for (auto* control : controls) {
+    control->move(150, 300);
+    control->resize(3000, 1500);
+    control->set_text(L"Rádio & přátelé");
+    control->set_tooltip(L"celé jméno");
+    control->set_visible(false);
+    control->set_enabled(false);
+    EXPECT_EQ(control->rect(), (TwipsRect{150, 300, 3000, 1500})) << static_cast<char>(control->name()[0]);
+    EXPECT_EQ(control->text(), L"Rádio & přátelé");
+    EXPECT_EQ(control->tooltip(), L"celé jméno");
+    EXPECT_FALSE(control->visible());
+    EXPECT_FALSE(control->enabled());
+  }
+}
+
+TEST_F(FramedWindowContract, ALabelHasItsLook) {
+  auto& label = window->make_label(L"Label4", LabelKind::link, LabelFont::normal);
+  label.set_underline(true);
+  label.set_bold(true);
+  label.set_text_colour(Colour{0xc00000});
+  EXPECT_TRUE(label.underline());
+  EXPECT_TRUE(label.bold());
+  EXPECT_EQ(label.text_colour(), Colour{0xc00000});
+  label.set_text_colour(Colour{0});
+  EXPECT_EQ(label.text_colour(), Colour{0});
+}
+
+TEST_F(FramedWindowContract, AButtonIsPressedUnlessItIsDisabled) {
+  auto& button = window->make_button(L"Command1");
+  int pressed = 0;
+  button.on_click = [&] { ++pressed; };
+  button.press();
+  EXPECT_EQ(pressed, 1);
+  button.set_enabled(false);
+  button.press();
+  EXPECT_EQ(pressed, 1);
+}
+
+TEST_F(FramedWindowContract, ProgressStaysBetweenNothingAndAll) {
+  auto& progress = window->make_progress(L"Progress");
+  EXPECT_EQ(progress.percent(), 0);
+  progress.set_percent(37);
+  EXPECT_EQ(progress.percent(), 37);
+  progress.set_percent(1000);
+  EXPECT_EQ(progress.percent(), 100);
+  progress.set_percent(-5);
+  EXPECT_EQ(progress.percent(), 0);
+}
+
+TEST_F(FramedWindowContract, ATextBoxTakesAnyText) {
+  auto& box = window->make_text_box(L"Text1");
+  box.resize(3000, 1500);
+  for (const std::wstring& text : {std::wstring(L"jeden\ndva\r\ntři\rčtyři"), std::wstring(1000000, L'ž'),
+                                   std::wstring(L"a\0b", 3), std::wstring()}) {
+    box.set_text(text);
+    EXPECT_EQ(box.text(), text);
+  }
+}
+
+TEST_F(FramedWindowContract, AHugeTextHarmsNoLabel) {
+  auto& label = window->make_label(L"Label2", LabelKind::text, LabelFont::heading);
+  label.resize(3000, 1500);
+  window->set_visible(true);
+  const std::wstring huge(1000000, L'x');
+  label.set_text(huge);
+  label.set_tooltip(huge);
+  b.pass(100);
+  EXPECT_EQ(label.text(), huge);
+}
+
+} // namespace
+} // namespace lumotune::contract
