@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Any category file: every node comes from a line of its own, and every key leads to a category.
+#include "core/options_lines.h"
+#include "core/text.h"
+#include "directory/categories.h"
+#include "platform/memory/files.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+
+using namespace lumotune;
+
+namespace {
+
+void demand(bool fact) {
+  if (!fact)
+    std::abort();
+}
+
+// Low bytes stand for what the reader looks for.
+std::string expanded(const std::uint8_t* data, std::size_t size) {
+  static const char* const words[] = {"/@/",    "\r\n",   "\n",   "\r", "new//", "add//", "NEW//", "Add//",
+                                      "100000", "100001", "1000", "//", "/@",    "a",     "\n\n",  "\r\nnew//"};
+  std::string bytes;
+  for (std::size_t i = 0; i < size; ++i)
+    data[i] < 16 ? bytes += words[data[i]] : bytes += static_cast<char>(data[i]);
+  return bytes;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const platform::memory::MemoryCodec codec;
+  const std::string bytes = expanded(data, size);
+  const auto nodes = directory::read_categories(bytes, codec);
+  std::size_t at = 0;
+  for (const std::string& line : core::split_text_lines(bytes)) {
+    const std::wstring text = codec.decode(line);
+    const bool child = core::starts_with_ignoring_case(text, L"add//");
+    const std::size_t cut = text.find(L"/@/", 5);
+    if ((!child && !core::starts_with_ignoring_case(text, L"new//")) || cut == std::wstring::npos)
+      continue;
+    demand(at < nodes.size());
+    const auto& node = nodes[at++];
+    demand(node.key == L"a" + text.substr(5, cut - 5) && node.name == text.substr(cut + 3));
+    demand(node.parent_key == (child ? node.key.substr(0, 7) : L""));
+    const std::wstring category = directory::category_of_node(node.key);
+    const bool special = node.key.size() > 7 && node.key.substr(0, 7) == L"a100000";
+    demand(category == (special ? L"x" + node.key.substr(7) : node.key.substr(1)));
+  }
+  demand(at == nodes.size());
+  return 0;
+}

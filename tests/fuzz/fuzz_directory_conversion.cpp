@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Any downloaded list: every line goes where its kind belongs, in order and byte for byte.
+#include "core/options_lines.h"
+#include "core/text.h"
+#include "directory/conversion.h"
+#include "platform/memory/files.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <vector>
+
+using namespace lumotune;
+
+namespace {
+
+void demand(bool fact) {
+  if (!fact)
+    std::abort();
+}
+
+// Low bytes stand for what the conversion looks for.
+std::string expanded(const std::uint8_t* data, std::size_t size) {
+  static const char* const words[] = {"orb:k:", "orb:r:", "orb:i:",     "<end>",    "\r\n", "\n",
+                                      "\r",     "ORB:K:", "Orb:I:",     "<END>",    "orb:", "/@/",
+                                      "new//",  "\n\n",   "\r\norb:k:", "\n<end>\n"};
+  std::string bytes;
+  for (std::size_t i = 0; i < size; ++i)
+    data[i] < 16 ? bytes += words[data[i]] : bytes += static_cast<char>(data[i]);
+  return bytes;
+}
+
+struct Heard final : directory::ConversionPort {
+  void ZobrazReklamu(const std::wstring& text) override { said.push_back(L"r" + text); }
+  void ZobrazInfoPanel(const std::wstring& text) override { said.push_back(L"i" + text); }
+  std::vector<std::wstring> said;
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const platform::memory::MemoryCodec codec;
+  const std::string bytes = expanded(data, size);
+  std::string stations;
+  std::string categories;
+  std::vector<std::wstring> said;
+  for (const std::string& line : core::split_text_lines(bytes)) {
+    const std::wstring text = codec.decode(line);
+    const std::wstring rest(core::mid(text, 7));
+    const auto begins = [&](const wchar_t* prefix) { return core::starts_with_ignoring_case(text, prefix); };
+    if (line.empty() || core::equal_ignoring_case(text, L"<end>"))
+      continue;
+    if (begins(L"orb:k:"))
+      categories += line.substr(6) + "\r\n";
+    else if (begins(L"orb:r:") || begins(L"orb:i:"))
+      said.push_back(core::fold(text[4]) + rest);
+    else
+      stations += line + "\r\n";
+  }
+  Heard heard;
+  const auto converted = directory::convert(bytes, codec, heard);
+  demand(converted.stations == stations + "\r\n");
+  demand(converted.categories == categories + "\r\n");
+  demand(heard.said == said);
+  return 0;
+}

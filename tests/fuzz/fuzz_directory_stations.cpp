@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Any station file: lines, fields, rows and look-ups agree with the plain way of finding them.
+#include "core/options_lines.h"
+#include "core/text.h"
+#include "directory/station_rows.h"
+#include "directory/station_table.h"
+#include "platform/memory/files.h"
+#include "platform/memory/messages.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <set>
+
+using namespace lumotune;
+
+namespace {
+
+const platform::memory::MemoryCodec codec;
+const platform::memory::MemoryMachine machine;
+
+void demand(bool fact) {
+  if (!fact)
+    std::abort();
+}
+
+// Low bytes stand for what the reader looks for.
+std::string expanded(const std::uint8_t* data, std::size_t size) {
+  static const char* const words[] = {"/@/", "\r\n", "\n",     "\r",     "tip",      "tip x", "RADIO1", "radio1",
+                                      "@/",  "/@",   "100000", "100001", "100001ab", "\x8e",  "\x9e",   "x"};
+  std::string bytes;
+  for (std::size_t i = 0; i < size; ++i)
+    data[i] < 16 ? bytes += words[data[i]] : bytes += static_cast<char>(data[i]);
+  return bytes;
+}
+
+std::wstring folded(std::wstring text) {
+  for (wchar_t& character : text)
+    character = core::fold(character);
+  return text;
+}
+
+std::wstring plain_field(const std::wstring& line, std::size_t number) {
+  const auto fields = core::split_record(line, line.size() + 1);
+  return number < fields.size() ? fields[number] : std::wstring();
+}
+
+void check_record(const std::string& line) {
+  const std::wstring text = codec.decode(line);
+  const directory::StationRecord record(line, codec);
+  for (std::size_t number = 0; number < 17; ++number) {
+    demand(codec.decode(directory::record_field(line, number)) == plain_field(text, number));
+    demand(record.at(number + 1) == plain_field(text, number));
+  }
+}
+
+bool plainly_shown(const std::wstring& line, const std::wstring& category) {
+  const std::wstring code = folded(plain_field(line, 5));
+  if (category.empty() || category == L"100000")
+    return true;
+  if (category[0] == L'x')
+    return std::wstring(core::mid(code, 7)) == folded(category.substr(1));
+  return code.substr(0, category.size()) == folded(category);
+}
+
+void check_rows(const directory::StationTable& table, const core::TextLines& lines, std::wstring category) {
+  std::set<std::wstring> ids;
+  std::vector<std::wstring> expected;
+  for (const std::string& bytes : lines) {
+    const std::wstring line = codec.decode(bytes);
+    if (!line.empty() && plainly_shown(line, category) && ids.insert(folded(plain_field(line, 0))).second)
+      expected.push_back(L"orb" + plain_field(line, 0));
+  }
+  static directory::StationRows rows(codec); // used again and again, as the window does
+  rows.ZobrazKategoriiRadii(table.lines(), category);
+  demand(rows.count() == expected.size());
+  for (std::size_t row = 1; row <= rows.count(); ++row) {
+    demand(rows.key(row) == expected[row - 1] && rows.find(rows.key(row).substr(3)) == row);
+    (void)rows.text(row, 0);
+    (void)rows.text(row, 1);
+    (void)rows.bold(row);
+  }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string bytes = expanded(data, size);
+  static platform::memory::MemoryFiles files;
+  static directory::StationTable table({files, codec, machine});
+  demand(files.replace(machine.program_folder() + L"\\radios.tt", bytes));
+  table.load();
+  const core::TextLines lines = core::split_text_lines(bytes);
+  demand(table.lines()->count() == lines.size());
+  std::wstring last_name;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    demand(table.lines()->line(i) == lines[i]);
+    check_record(lines[i]);
+    if (folded(codec.decode(lines[i]).substr(0, 6)) == L"radio1")
+      last_name = plain_field(codec.decode(lines[i]), 1);
+  }
+  demand(table.RadioInfo(L"Radio1", L"name") == last_name);
+  for (const wchar_t* category : {L"", L"100000", L"100001", L"xab"})
+    check_rows(table, lines, category);
+  return 0;
+}
