@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/contract/fixture_hand.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::contract {
+namespace {
+
+using platform::BoxAnswer;
+using platform::BoxButtons;
+using platform::BoxIcon;
+
+struct DialogsContract : testing::Test {
+  HandBackend b;
+};
+
+TEST_F(DialogsContract, APlainBoxHasOneAnswer) {
+  b.answer(BoxAnswer::ok);
+  EXPECT_EQ(b.dialogs.message(L"LTCC - HELP:\r\nvol=", platform::Dialogs::default_title, BoxIcon::none, BoxButtons::ok),
+            BoxAnswer::ok);
+}
+
+TEST_F(DialogsContract, AQuestionHasTwo) {
+  for (const BoxAnswer answer : {BoxAnswer::yes, BoxAnswer::no}) {
+    b.answer(answer);
+    EXPECT_EQ(b.dialogs.message(L"Ano, či ne?", L"Otázka", BoxIcon::information, BoxButtons::yes_no), answer);
+  }
+}
+
+TEST_F(DialogsContract, EventsRunWhileABoxIsOpen) {
+  int runs = 0;
+  const auto waker = b.loop.make_waker([&] { ++runs; });
+  b.while_open([&] {
+    waker->wake();
+    b.loop.run_pending();
+  });
+  b.answer(BoxAnswer::ok);
+  EXPECT_EQ(b.dialogs.message(L"Text", L"Okno", BoxIcon::information, BoxButtons::ok), BoxAnswer::ok);
+  EXPECT_EQ(runs, 1);
+}
+
+TEST_F(DialogsContract, TheUsualTitleIsNotTheMainWindowsCaption) {
+  EXPECT_NE(std::wstring(platform::Dialogs::default_title), L"Lumotune");
+}
+
+} // namespace
+} // namespace lumotune::contract
