@@ -13,22 +13,9 @@
 
 namespace lumotune::platform::win32 {
 
-// Single-threaded COM of the user-interface thread, which embedded controls of the system want.
-class ComSession {
-public:
-  ComSession();
-  ComSession(const ComSession&) = delete;
-  ComSession& operator=(const ComSession&) = delete;
-  ~ComSession();
-
-private:
-  bool entered_ = false;
-};
-
 struct Backend {
   explicit Backend(int icon);
 
-  ComSession com;
   PictureLibrary pictures;
   Win32EventLoop loop;
   Win32Codec codec;

@@ -7,13 +7,16 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include <utility>
+
 namespace lumotune::platform::win32 {
 
 ChildWindow::ChildWindow(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style,
                          DWORD extended_style)
-    : surface_(surface), property_(surface.window_name() + L"." + designer_name) {
-  window_ = CreateWindowExW(extended_style, system_class, L"", style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0,
-                            0, surface.handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
+    : surface_(surface), property_(surface.window_name() + L"." + designer_name), settled_(in_sight()) {
+  const DWORD whole_style = style | WS_CHILD | WS_CLIPSIBLINGS | (settled_ ? static_cast<DWORD>(WS_VISIBLE) : 0U);
+  window_ = CreateWindowExW(extended_style, system_class, L"", whole_style, 0, 0, 0, 0, surface.handle(), nullptr,
+                            GetModuleHandleW(nullptr), nullptr);
   SetWindowSubclass(window_, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
   // By this property programs for the blind and checks find the control, whatever it shows.
   SetPropW(window_, property_.c_str(), reinterpret_cast<HANDLE>(1));
@@ -38,6 +41,9 @@ LRESULT CALLBACK ChildWindow::procedure(HWND window, UINT message, WPARAM w, LPA
 
 bool ChildWindow::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   switch (message) {
+  case message_settle:
+    settle();
+    return true;
   case WM_ERASEBKGND: // everything is drawn at once, over what lies behind
     result = 1;
     return drawn_at_once();
@@ -81,6 +87,8 @@ void ChildWindow::show(bool visible) {
   if (shown_ == visible)
     return;
   shown_ = visible;
+  if (!settled_)
+    return;
   if (!visible && GetFocus() == window_)
     surface_.keyboard_leaves(window_);
   ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
@@ -94,7 +102,16 @@ void ChildWindow::enable(bool enabled) {
   redraw();
 }
 
+void ChildWindow::settle() {
+  if (std::exchange(settled_, true))
+    return;
+  apply_place();
+  ShowWindow(window_, shown_ ? SW_SHOWNA : SW_HIDE);
+}
+
 void ChildWindow::apply_place() {
+  if (!settled_)
+    return;
   const unsigned dpi = surface_.dpi();
   // The far edges are converted, not the lengths: neighbours then stay neighbours at every scale.
   const int left = pixels(place_.left, dpi);
@@ -106,6 +123,8 @@ void ChildWindow::apply_place() {
 }
 
 void ChildWindow::redraw() {
+  if (!in_sight())
+    return; // all of it is drawn when the window comes
   RECT area{};
   GetWindowRect(window_, &area);
   MapWindowPoints(nullptr, surface_.handle(), reinterpret_cast<POINT*>(&area), 2);

@@ -31,9 +31,13 @@ public:
   virtual void keyboard_leaves(HWND control) = 0;
 };
 
-// The part of every control that does not depend on its interface.
+// The part of every control that does not depend on its interface. Until the window is first shown, a control's place
+// and visibility are only noted: a start need not wait for dozens of windows that are moved unseen.
 class ChildWindow {
 public:
+  // What a window sends to its children when it is about to be shown.
+  static constexpr UINT message_settle = WM_APP + 100;
+
   ChildWindow(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style,
               DWORD extended_style = 0);
   ChildWindow(const ChildWindow&) = delete;
@@ -64,6 +68,7 @@ protected:
   void show(bool visible);
   void enable(bool enabled);
   void apply_place();
+  void settle();
   void redraw(); // and what lies over it
   void draw_focus(HDC target, const RECT& area) const;
   void draw_buffered(HDC target, const RECT& area);
@@ -75,7 +80,10 @@ protected:
   bool shown_ = true;
 
 private:
+  [[nodiscard]] bool in_sight() const { return IsWindowVisible(surface_.handle()) != 0; }
+
   std::wstring property_;
+  bool settled_; // the window has its place and visibility
 };
 
 template <typename Interface>

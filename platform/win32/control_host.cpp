@@ -55,7 +55,17 @@ void ControlHost::fire(const std::function<void()>& handler) {
     guarded(copy);
 }
 
+void ControlHost::settle_controls() {
+  for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+    SendMessageW(child, ChildWindow::message_settle, 0, 0);
+}
+
 bool ControlHost::handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+  if (message == WM_WINDOWPOSCHANGING) {
+    if ((reinterpret_cast<const WINDOWPOS*>(l)->flags & SWP_SHOWWINDOW) != 0)
+      settle_controls();
+    return false;
+  }
   if (message == WM_DRAWITEM) {
     const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
     ChildWindow* child = child_of(item.hwndItem);
@@ -217,10 +227,21 @@ void ControlHost::change_dpi(unsigned dpi) {
   renew_fonts();
 }
 
+void use_common_controls() {
+  static const bool ready = [] {
+    INITCOMMONCONTROLSEX classes{};
+    classes.dwSize = sizeof classes;
+    classes.dwICC = ICC_WIN95_CLASSES;
+    return InitCommonControlsEx(&classes) != 0;
+  }();
+  (void)ready; // without them the windows of those classes are not made, and that shows
+}
+
 // Tips are for the mouse: a program that starts need not wait for them.
 void ControlHost::make_tips() {
   if (tips_ != nullptr)
     return;
+  use_common_controls();
   // Without an owner: an owned window in the topmost layer would keep this one out of it.
   tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
                           nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);

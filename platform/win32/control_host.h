@@ -15,6 +15,9 @@
 
 namespace lumotune::platform::win32 {
 
+// Makes the classes of the system's newer controls ready; any number of calls.
+void use_common_controls();
+
 class ControlHost : public Surface {
 public:
   [[nodiscard]] HWND handle() const override { return window_; }
@@ -50,6 +53,7 @@ protected:
 
   // The messages by which controls ask and tell. True when it was one of those.
   [[nodiscard]] bool handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT& result);
+  void settle_controls(); // before the window is shown
   void change_dpi(unsigned dpi);
   void renew_fonts();
   // The first control that the keyboard can go to, after one of them; nullptr for none.

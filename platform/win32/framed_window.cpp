@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/win32/framed_window.h"
 
+#include "platform/win32/browser.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/frame.h"
 #include "platform/win32/list_view.h"
@@ -8,6 +9,7 @@
 #include "platform/win32/tree_view.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace lumotune::platform::win32 {
 namespace {
@@ -16,16 +18,26 @@ constexpr const wchar_t* class_name = L"LumotuneFramedWindow";
 constexpr int first_width = 9000; // twips
 constexpr int first_height = 6000;
 
-// An empty area.
-class NoBrowser final : public Win32Control<Browser> {
-public:
-  NoBrowser(Surface& surface, const std::wstring& designer_name)
-      : Win32Control(surface, designer_name, L"STATIC", SS_OWNERDRAW) {}
-  void navigate(const std::wstring& /*address*/) override {}
+// As people see it: 1 for the same lightness, 21 for black on white.
+double contrast(COLORREF one, COLORREF other) {
+  const auto light = [](COLORREF colour) {
+    const auto part = [](unsigned value) { return std::pow(value / 255.0, 2.2); };
+    return 0.2126 * part(GetRValue(colour)) + 0.7152 * part(GetGValue(colour)) + 0.0722 * part(GetBValue(colour));
+  };
+  const double first = light(one) + 0.05;
+  const double second = light(other) + 0.05;
+  return std::max(first, second) / std::min(first, second);
+}
 
-private:
-  [[nodiscard]] bool drawn_at_once() const override { return true; }
-};
+// The system's own where it can be read on the ground: not every set of colours takes care of that.
+COLORREF link_colour() {
+  constexpr double readable = 4.5;
+  for (const COLORREF wished : {GetSysColor(COLOR_HOTLIGHT), RGB(0, 102, 204), RGB(120, 180, 255)}) {
+    if (contrast(wished, GetSysColor(COLOR_3DFACE)) >= readable)
+      return wished;
+  }
+  return GetSysColor(COLOR_BTNTEXT);
+}
 
 RECT work_area(HWND window) {
   MONITORINFO info{};
@@ -43,6 +55,7 @@ LONG moved_within(LONG start, LONG length, LONG low, LONG high) {
 
 Win32FramedWindow::Win32FramedWindow(Win32EventLoop& loop, const std::wstring& name, int icon)
     : ControlHost(loop, name, FontSize::chosen) {
+  use_common_controls();
   const HINSTANCE program = GetModuleHandleW(nullptr);
   const auto load_icon = [&](int width, int height) {
     return static_cast<HICON>(
@@ -107,7 +120,7 @@ Frame& Win32FramedWindow::make_frame(const std::wstring& designer_name) {
 }
 
 Browser& Win32FramedWindow::make_browser(const std::wstring& designer_name) {
-  return make_control<NoBrowser>(designer_name);
+  return make_control<Win32Browser>(designer_name);
 }
 
 LRESULT CALLBACK Win32FramedWindow::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -208,7 +221,7 @@ void Win32FramedWindow::draw_ground(HDC target, const RECT& area) {
 COLORREF Win32FramedWindow::label_colour(LabelKind kind, bool enabled) const {
   if (!enabled)
     return GetSysColor(COLOR_GRAYTEXT);
-  return GetSysColor(kind == LabelKind::link ? COLOR_HOTLIGHT : COLOR_BTNTEXT);
+  return kind == LabelKind::link ? link_colour() : GetSysColor(COLOR_BTNTEXT);
 }
 
 void Win32FramedWindow::set_caption(const std::wstring& caption) {

@@ -2,6 +2,7 @@
 #include "platform/win32/list_view.h"
 
 #include "platform/win32/dpi.h"
+#include "platform/win32/rows.h"
 
 #include <windowsx.h>
 
@@ -19,6 +20,15 @@ Win32ListView::Win32ListView(Surface& surface, const std::wstring& designer_name
       columns_dpi_(surface.dpi()) {
   constexpr LPARAM wished = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
   SendMessageW(window_, LVM_SETEXTENDEDLISTVIEWSTYLE, static_cast<WPARAM>(wished), wished);
+  set_row_height();
+}
+
+// Rows are as high as their pictures, and these are as narrow as they can be. The list destroys them at its end.
+void Win32ListView::set_row_height() {
+  const HIMAGELIST pictures = ImageList_Create(1, pixels(row_height, surface_.dpi()), ILC_COLOR, 0, 1);
+  const LRESULT before = SendMessageW(window_, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(pictures));
+  if (before != 0)
+    ImageList_Destroy(reinterpret_cast<HIMAGELIST>(before));
 }
 
 void Win32ListView::set_rows(const RowModel* rows) {
@@ -39,6 +49,7 @@ void Win32ListView::add_column(const std::wstring& /*key*/, const std::wstring& 
 
 // The user may have made the columns wider: what they are now is scaled.
 void Win32ListView::dpi_changed() {
+  set_row_height();
   Win32Control::dpi_changed();
   for (int i = 0; i < columns_; ++i) {
     const auto width = static_cast<int>(SendMessageW(window_, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(i), 0));
@@ -139,6 +150,11 @@ LRESULT Win32ListView::customise(NMLVCUSTOMDRAW& item) {
   const std::size_t row = item.nmcd.dwItemSpec + 1;
   const bool bold = row <= row_count() && rows_->bold(row);
   SelectObject(item.nmcd.hdc, surface_.font(LabelFont::normal, false, bold));
+  if (row == selected() && GetFocus() != window_) {
+    item.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+    item.clrText = GetSysColor(COLOR_WINDOWTEXT);
+    item.clrTextBk = resting_selection();
+  }
   return CDRF_NEWFONT;
 }
 
@@ -237,6 +253,13 @@ bool Win32ListView::handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result
 }
 
 bool Win32ListView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+  if (message == WM_SIZE) {
+    result = DefSubclassProc(window_, message, w, l);
+    // What was selected before there was any room is brought into sight now.
+    if (std::exchange(height_, static_cast<int>(HIWORD(l))) == 0 && selected() != 0)
+      SendMessageW(window_, LVM_ENSUREVISIBLE, selected() - 1, FALSE);
+    return true;
+  }
   if (handle_mouse(message, w, l, result) || handle_key(message, w, l, result))
     return true;
   return Win32Control::handle_message(message, w, l, result);

@@ -35,8 +35,10 @@ private:
   void answer_text(NMLVDISPINFOW& request) const;
   [[nodiscard]] LRESULT find_row(const NMLVFINDITEMW& request) const;
   [[nodiscard]] LRESULT customise(NMLVCUSTOMDRAW& item);
+  void set_row_height();
 
   const RowModel* rows_ = nullptr;
+  int height_ = 0; // pixels
   int columns_ = 0;
   unsigned columns_dpi_; // of the columns' widths
   KeysDown keys_;

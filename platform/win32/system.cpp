@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/win32/system.h"
 
+#include <objbase.h>
+
 #include <shellapi.h>
 #include <winhttp.h>
 
@@ -26,7 +28,27 @@ bool Win32Shell::start(const std::wstring& command_line, const std::wstring& app
   return true;
 }
 
+namespace {
+
+// COM on this thread, which programs that join in opening a document may want.
+class ComSession {
+public:
+  ComSession() : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE))) {}
+  ComSession(const ComSession&) = delete;
+  ComSession& operator=(const ComSession&) = delete;
+  ~ComSession() {
+    if (entered_)
+      CoUninitialize();
+  }
+
+private:
+  bool entered_;
+};
+
+} // namespace
+
 int Win32Shell::open(const std::wstring& quoted_target) {
+  const ComSession com;
   return static_cast<int>(reinterpret_cast<INT_PTR>(
       ShellExecuteW(nullptr, nullptr, quoted_target.c_str(), nullptr, nullptr, SW_SHOWNORMAL)));
 }

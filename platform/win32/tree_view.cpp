@@ -2,8 +2,11 @@
 #include "platform/win32/tree_view.h"
 
 #include "platform/win32/dpi.h"
+#include "platform/win32/rows.h"
 
 #include <windowsx.h>
+
+#include <utility>
 
 namespace lumotune::platform::win32 {
 namespace {
@@ -25,16 +28,22 @@ Win32TreeView::Win32TreeView(Surface& surface, const std::wstring& designer_name
                        static_cast<DWORD>(WS_TABSTOP),
                    WS_EX_CLIENTEDGE) {
   SendMessageW(window_, TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
-  set_indent();
+  set_measures();
 }
 
-void Win32TreeView::set_indent() {
+// The height is first the font's own.
+void Win32TreeView::set_measures() {
   SendMessageW(window_, TVM_SETINDENT, static_cast<WPARAM>(pixels(285, surface_.dpi())), 0);
+  SendMessageW(window_, TVM_SETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
+  const auto own = static_cast<int>(SendMessageW(window_, TVM_GETITEMHEIGHT, 0, 0));
+  const int least = pixels(row_height, surface_.dpi());
+  if (own < least)
+    SendMessageW(window_, TVM_SETITEMHEIGHT, static_cast<WPARAM>(least), 0);
 }
 
 void Win32TreeView::dpi_changed() {
   Win32Control::dpi_changed();
-  set_indent();
+  set_measures();
 }
 
 // The tree would lay itself out anew for each node: it is kept from that until the loop comes round, or somebody wants
@@ -125,6 +134,25 @@ std::size_t Win32TreeView::node_at(LPARAM point) const {
   return (hit.flags & TVHT_ONITEM) != 0 ? index_of(item) : 0;
 }
 
+bool Win32TreeView::asked(NMHDR& header, LRESULT& result) {
+  if (header.code != NM_CUSTOMDRAW)
+    return false;
+  result = customise(reinterpret_cast<NMTVCUSTOMDRAW&>(header));
+  return true;
+}
+
+LRESULT Win32TreeView::customise(NMTVCUSTOMDRAW& item) const {
+  if (item.nmcd.dwDrawStage == CDDS_PREPAINT)
+    return CDRF_NOTIFYITEMDRAW;
+  if (item.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && (item.nmcd.uItemState & CDIS_SELECTED) != 0 &&
+      GetFocus() != window_) {
+    item.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+    item.clrText = GetSysColor(COLOR_WINDOWTEXT);
+    item.clrTextBk = resting_selection();
+  }
+  return CDRF_DODEFAULT;
+}
+
 // The system tells of a click before it selects the node: its own part is done first here, and then the click is told.
 LRESULT Win32TreeView::press(WPARAM keys, LPARAM point) {
   const std::size_t node = node_at(point);
@@ -140,6 +168,12 @@ bool Win32TreeView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& re
   switch (message) {
   case message_changes_end:
     end_changes();
+    return true;
+  case WM_SIZE:
+    result = DefSubclassProc(window_, message, w, l);
+    // What was selected before there was any room is brought into sight now.
+    if (std::exchange(height_, static_cast<int>(HIWORD(l))) == 0)
+      select(selected());
     return true;
   case WM_LBUTTONDOWN:
     result = press(w, l);

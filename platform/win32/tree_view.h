@@ -25,6 +25,7 @@ public:
   [[nodiscard]] std::size_t selected() const override;
   void select(std::size_t index) override;
   void dpi_changed() override;
+  [[nodiscard]] bool asked(NMHDR& header, LRESULT& result) override;
 
 private:
   struct Node {
@@ -36,7 +37,8 @@ private:
   [[nodiscard]] LRESULT press(WPARAM keys, LPARAM point);
   [[nodiscard]] std::size_t node_at(LPARAM point) const;
   [[nodiscard]] std::size_t index_of(HTREEITEM item) const;
-  void set_indent();
+  void set_measures();
+  [[nodiscard]] LRESULT customise(NMTVCUSTOMDRAW& item) const;
   void begin_changes();
   void end_changes();
 
@@ -44,6 +46,7 @@ private:
   std::unordered_map<std::wstring, std::size_t> by_key_; // capitals -> index
   KeysDown keys_;
   bool changing_ = false;
+  int height_ = 0; // pixels
 };
 
 } // namespace lumotune::platform::win32

@@ -241,7 +241,8 @@ bool Win32Window::load_background(const std::wstring& path) {
 }
 
 bool Win32Window::set_topmost(bool on) {
-  if (SetWindowPos(window_, on ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE) == 0)
+  const UINT quiet = visible() ? 0U : SWP_NOACTIVATE; // out of sight it has no use for the keyboard
+  if (SetWindowPos(window_, on ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | quiet) == 0)
     return false;
   topmost_ = on;
   return true;

@@ -156,6 +156,7 @@ TEST_F(Win32Only, AHandlerThatThrowsHarmsNothing) {
 }
 
 TEST_F(Win32Only, AChangedResolutionScalesEverything) {
+  b.window.set_visible(true); // until then controls only note their place
   form.Control_Play.move(300, 600);
   form.Control_Play.resize(450, 900);
   b.window.resize(6000, 3000);
