@@ -166,6 +166,14 @@ class Desk:
     def favourite_place(self, index):
         return tuple(int(value) for value in wine(PROBE, "item", str(index)).stdout.decode().split())
 
+    def menus(self):
+        """The places of the open menus: (left, top, width, height)."""
+        return [tuple(int(value) for value in line.split()) for line in wine(PROBE, "menus").stdout.decode().splitlines()]
+
+    def app_command(self, number):
+        """A special key of the keyboard; whether the program took it."""
+        return wine(PROBE, "command", str(number)).returncode == 0
+
     def close_window(self, window):
         wine(PROBE, "close", window)
 

@@ -6,6 +6,8 @@
 //   probe nodes           the nodes of the directory's tree: left, top, depth, selected, text
 //   probe selected        number of the selected row of the list, from 1
 //   probe boxes           every message box: caption and texts;   probe press CAPTION  presses a button of a box
+//   probe menus           the places of the menus that are open: left, top, width, height
+//   probe command N       sends the main window the command of a keyboard's or remote control's special key
 //   probe close [WINDOW]   asks the main window to close, as the system does
 //   probe endsession      tells the main window that the session ends
 // Everything is UTF-8 and separated by tabs; tabs and line ends inside texts become blanks.
@@ -240,10 +242,8 @@ int print_nodes() {
 
 int print_item_place(int index) {
   const HWND list = control(L"Control_List");
-  const Remote remote(list, remote_bytes);
-  RECT place{};
-  SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(remote.at(0)));
-  remote.read(0, &place, sizeof place);
+  RECT place{}; // the messages of this old class carry their records from process to process
+  SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&place));
   MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&place), 2);
   std::printf("%ld\t%ld\n", place.left + 20, (place.top + place.bottom) / 2);
   return 0;
@@ -253,6 +253,17 @@ int print_selected() {
   window_name = L"ListRadios";
   const LRESULT row = SendMessageW(control(L"ListView1"), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
   std::printf("%d\n", static_cast<int>(row) + 1);
+  return 0;
+}
+
+int print_menus() {
+  std::vector<HWND> all;
+  EnumWindows(collect, reinterpret_cast<LPARAM>(&all));
+  for (const HWND menu : all) {
+    RECT place{};
+    if (class_of(menu) == L"#32768" && IsWindowVisible(menu) != 0 && GetWindowRect(menu, &place) != 0)
+      std::printf("%ld\t%ld\t%ld\t%ld\n", place.left, place.top, place.right - place.left, place.bottom - place.top);
+  }
   return 0;
 }
 
@@ -298,6 +309,10 @@ int wmain(int count, wchar_t** words) {
     return print_nodes();
   if (what == L"selected")
     return print_selected();
+  if (what == L"menus")
+    return print_menus();
+  if (what == L"command" && count > 2)
+    return SendMessageW(main_window(), WM_APPCOMMAND, 0, MAKELPARAM(0, _wtoi(words[2]))) != 0 ? 0 : 1;
   if (what == L"item" && count > 2)
     return print_item_place(_wtoi(words[2]));
   if (what == L"items")

@@ -8,36 +8,8 @@ import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import STATIONS, TOP, WINE, Desk, Radio, Sound, wait_for, wine  # noqa: E402
-
-BY_ID = {station.identifier: station for station in STATIONS}
-
-
-class Program:
-    def __init__(self):
-        folder = os.path.join(TOP, "build", "desktop")
-        os.makedirs(folder, exist_ok=True)
-        self.radio = Radio(folder)
-        self.folder = os.path.join(folder, "složka programu")
-        self.desk = None
-
-    def tear_down(self):
-        if self.desk is not None:
-            self.desk.close()
-        self.radio.stop()
-
-    def begin(self, *options, arguments=(), wait=True):
-        self.desk = Desk(self.folder, self.radio, options)
-        self.desk.start(*arguments, wait=wait)
-        return self.desk
-
-    @staticmethod
-    def hear(hertz, seconds=20):
-        assert wait_for(lambda: Sound.loudest() == hertz, seconds), f"{hertz} Hz expected, {Sound.loudest()} heard"
-
-    @staticmethod
-    def until(what, seconds=10, text=""):
-        assert wait_for(what, seconds), text
+from desk import WINE, Desk, Sound, wait_for, wine  # noqa: E402
+from program import BY_ID, Program  # noqa: E402
 
 
 class TestListening(Program):
@@ -233,15 +205,10 @@ class TestWindow(Program):
     def test_the_tray_icon_hides_and_shows(self):
         desk = self.begin("13=#013:LTautoStart:0")
 
-        def icon():
-            tree = subprocess.run(["xwininfo", "-root", "-tree"], capture_output=True, text=True, check=True).stdout
-            found = re.findall(r'"explorer\.exe".*?\s2\dx2\d\+\d+\+\d+\s+\+(\d+)\+(\d+)', tree)
-            return tuple(int(value) for value in found[-1]) if found else None
-
         def click(button="1"):
-            place = wait_for(icon, 10)
+            place = wait_for(self.tray_icon, 10)
             assert place, "no icon in the tray"
-            subprocess.run(["xdotool", "mousemove", str(place[0] + 10), str(place[1] + 10), "sleep", "0.2", "click", button],
+            subprocess.run(["xdotool", "mousemove", str(place[0]), str(place[1]), "sleep", "0.2", "click", button],
                            check=True)
 
         click()
@@ -252,7 +219,7 @@ class TestWindow(Program):
         assert (desk.form().left, desk.form().top) == (200, 200)
         desk.click("LineMenu_End")
         assert desk.ended()
-        self.until(lambda: icon() is None, 10, "the icon goes")
+        self.until(lambda: self.tray_icon() is None, 10, "the icon goes")
 
     def test_the_close_of_the_system_and_the_end_of_the_session_save(self):
         for order in ("close", "endsession"):

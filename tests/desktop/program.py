@@ -1,0 +1,53 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
+"""What every test of the real program begins and ends with."""
+import os
+import re
+import subprocess
+
+from desk import STATIONS, TOP, Desk, Radio, Sound, wait_for
+
+BY_ID = {station.identifier: station for station in STATIONS}
+
+
+class Program:
+    def __init__(self):
+        folder = os.path.join(TOP, "build", "desktop")
+        os.makedirs(folder, exist_ok=True)
+        self.radio = Radio(folder)
+        self.folder = os.path.join(folder, "složka programu")
+        self.desk = None
+
+    def tear_down(self):
+        if self.desk is not None:
+            self.desk.close()
+        self.radio.stop()
+
+    def begin(self, *options, arguments=(), wait=True):
+        self.desk = Desk(self.folder, self.radio, options)
+        self.desk.start(*arguments, wait=wait)
+        return self.desk
+
+    @staticmethod
+    def hear(hertz, seconds=20):
+        assert wait_for(lambda: Sound.loudest() == hertz, seconds), f"{hertz} Hz expected, {Sound.loudest()} heard"
+
+    @staticmethod
+    def until(what, seconds=10, text=""):
+        assert wait_for(what, seconds), text
+
+    def log_has(self, program, part, seconds=15):
+        """A companion of the client was started with that in its command line, or heard of it."""
+        self.until(lambda: part in self.desk.log(program), seconds, f"{part!r} not in {program}: {self.desk.log(program)}")
+
+    def box(self, text, button="OK"):
+        """A message box says that; it is closed by that button."""
+        self.until(lambda: any(text in part for box in self.desk.boxes() for part in box), 15, f"{text!r}: {self.desk.boxes()}")
+        assert self.desk.press(button)
+        self.until(lambda: not any(text in part for box in self.desk.boxes() for part in box), 10, "the box closes")
+
+    @staticmethod
+    def tray_icon():
+        """The middle of the icon in the notification area, None without one."""
+        tree = subprocess.run(["xwininfo", "-root", "-tree"], capture_output=True, text=True, check=True).stdout
+        found = re.findall(r'"explorer\.exe".*?\s2\dx2\d\+\d+\+\d+\s+\+(\d+)\+(\d+)', tree)
+        return tuple(int(value) + 10 for value in found[-1]) if found else None

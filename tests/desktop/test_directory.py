@@ -1,0 +1,279 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
+"""The station directory of the real program: the update from a server of every kind, the lists, the stations."""
+import os
+import subprocess
+import sys
+import time
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import harness  # noqa: E402
+from desk import Sound, wine  # noqa: E402
+from directory_server_control import DirectoryServer  # noqa: E402
+from program import BY_ID, Program  # noqa: E402
+
+DONE = "Hotovo, připraven..."
+REFUSED = "Aktualizaci nyní nelze provést, zkuste to prosím později."
+OFF = "13=#013:LTautoStart:0"
+
+
+class Directory(Program):
+    def open(self, *options, **settings):
+        """The program with its directory open; the server is set first."""
+        desk = self.begin(*(options or (OFF,)))
+        self.server = DirectoryServer(self.radio.port)
+        self.server.reset()
+        self.server.set(**{"seconds": "0.5", "probe_seconds": "0", **settings})
+        desk.click("Control_Sat")
+        self.until(lambda: (form := self.control("Form")) and form.visible, 10, "the directory opens")
+        return desk
+
+    def control(self, name):
+        return self.desk.controls("ListRadios").get(name)
+
+    def status(self):
+        label = self.control("Label1")
+        return label.text if label else None
+
+    def updated(self, seconds=25):
+        self.until(lambda: self.status() == DONE, seconds, self.status())
+
+    def node(self, text):
+        return next(node for node in self.desk.nodes() if node.text == text)
+
+    def row(self, part):
+        return next(row for row in self.desk.rows() if part in row.text)
+
+    def click(self, name, button=1):
+        self.desk.click(name, button, window="ListRadios")
+
+
+class TestUpdate(Directory):
+    def test_the_list_is_downloaded_with_progress_and_shown(self):
+        self.open(seconds="4")
+        seen = set()
+
+        def look():
+            seen.add((self.status() or "")[:25])
+            if self.control("Progress").visible:
+                seen.add("progress")
+            return self.status() == DONE
+
+        self.until(look, 40, self.status())
+        assert {"Aktualizuji seznam rádií ", "progress"} <= seen, seen
+        assert not self.control("Progress").visible
+        with open(self.desk.path("radios.tt"), encoding="cp1250", newline="") as source:
+            lines = source.read().split("\r\n")
+        assert len([line for line in lines if line]) == 320
+        first = self.desk.nodes()[0]
+        assert (first.text, first.depth) == ("Všechna rádia", 0)
+        assert len(self.desk.rows()) == 320, "the first category holds every station"
+        assert "size=1&idh=demo-uzivatel" in self.server.probes()[0]
+        assert len(self.server.lists()) == 1
+        self.until(lambda: self.control("InfoPanel").text.startswith("V adresáři je dnes 320"), 20)
+        self.until(lambda: self.server.requests("reklama"), 20, "the advertisement is asked for")
+
+    def test_a_refusal_leaves_the_old_list(self):
+        for answer in ("refused", "negative", "huge", "no_size", "binary"):
+            self.open(probe=answer)
+            before = len(self.desk.rows())
+            self.until(lambda: self.status() == REFUSED, 20, f"{answer}: {self.status()}")
+            time.sleep(0.5)
+            assert not self.server.lists(), answer
+            assert len(self.desk.rows()) == before == 14, answer
+            self.desk.close()
+
+    def test_a_list_of_another_length_is_never_taken(self):
+        for settings in ({"list": "less"}, {"list": "more"}, {"list": "dies"}, {"probe": "less"}, {"list": "not_found"}):
+            self.open(**settings)
+            time.sleep(4)
+            assert self.status().startswith("Aktualizuji seznam rádií ("), (settings, self.status())
+            assert len(self.desk.rows()) == 14, settings
+            assert os.path.getsize(self.desk.path("radios.tt")) < 5000, settings
+            self.desk.close()
+
+    def test_a_download_that_stalls_is_given_up_by_closing(self):
+        desk = self.open(list="stall")
+        self.until(lambda: self.status().startswith("Aktualizuji seznam rádií (5") or "(49%" in self.status(), 20, self.status())
+        self.server.set(list="good")
+        desk.close_window("ListRadios")
+        self.until(lambda: self.control("Form") is None, 10, "the window goes")
+        wine("taskkill", "/f", "/im", "load.exe")  # it would hold its file until the server lets it go
+        desk.click("Control_Sat")
+        self.updated()
+        assert len(desk.rows()) == 320
+
+    def test_the_button_updates_again(self):
+        self.open(stations="50", list="changes")
+        self.updated()
+        before = [row.text for row in self.desk.rows()]
+        self.click("Command1")
+        assert not self.control("Command1").enabled or self.status() == DONE
+        self.updated()
+        self.until(lambda: len(self.server.lists()) == 2, 10)
+        self.until(lambda: self.control("Command1").enabled, 10)
+        after = [row.text for row in self.desk.rows()]
+        assert before != after and len(before) == len(after) == 50
+
+    def test_a_huge_list_is_taken_and_the_window_stays_alive(self):
+        self.open(stations="50000", seconds="2")
+        self.updated(90)
+        began = time.monotonic()
+        self.desk.click_at(self.node("Slovenské rádiá").place)
+        self.until(lambda: (self.status() or "").startswith("Zobrazeno "), 10, self.status())
+        assert time.monotonic() - began < 8
+        shown = int(self.status().split()[1])
+        assert 1000 < shown < 50000, self.status()
+
+
+class TestLists(Directory):
+    def test_categories_filter_by_mouse_and_keyboard(self):
+        desk = self.open()
+        self.updated()
+        desk.click_at(self.node("Česká rádia").place)
+        self.until(lambda: self.status().startswith("Zobrazeno "), 10)
+        rows = desk.rows()
+        assert rows and {row.country for row in rows} == {"Česko"}, {row.country for row in rows}
+        assert self.status() == f"Zobrazeno {len(rows)} rádií"
+        desk.key("Down")
+        self.until(lambda: {row.country for row in desk.rows()} == {"Slovensko"}, 10)
+        desk.key("Up", "Up", "Right", "Down")
+        self.until(lambda: next(node for node in desk.nodes() if node.selected).depth == 1, 10)
+        assert len({row.country for row in desk.rows()}) > 1, "a genre reaches across the countries"
+
+    def test_a_click_shows_details_and_a_double_click_plays(self):
+        desk = self.open()
+        self.updated()
+        desk.click_at(self.row("Tatranská ozvena").place)
+        self.until(lambda: self.control("Label2").text == "Tatranská ozvena", 10)
+        assert self.control("Label3").text == "Slovensko"
+        assert self.control("Label4").text.startswith("http://127.0.0.1:")
+        assert self.control("Label5").visible
+        desk.click_at(self.row("Tatranská ozvena").place, times=2)
+        self.hear(BY_ID["LUMO05"].hertz)
+        assert desk.text("PlayTL") == "Stop"
+
+    def test_enter_offers_the_qualities_at_the_row(self):
+        desk = self.open()
+        self.updated()
+        desk.click_at(self.row("Vlna Šumava").place)
+        time.sleep(0.6)  # two clicks must not become a double click
+        desk.key("Return")
+        time.sleep(0.5)
+        desk.key("Down", "Down", "Return")
+        self.hear(BY_ID["LUMO02"].hertz)
+        self.until(lambda: self.server.requests("lumo02-64"), 10, "the second quality")
+
+    def test_television_has_a_player_of_its_own(self):
+        desk = self.open()
+        self.updated()
+        desk.click_at(self.row("Televize Lumo").place)
+        self.until(lambda: not self.control("Label5").visible, 10)
+        desk.click_at(self.row("Televize Lumo").place, times=2)
+        self.log_has("Telvix", f"\\Telvix.exe {self.radio.address('/lumo14-128.mp3')}")
+        assert "show=1" in desk.log("Telvix")
+        assert Sound.loudest() == 0
+
+    def test_the_keyboard_reaches_everything(self):
+        desk = self.open()
+        self.updated()
+        desk.click_at(self.node("Všechna rádia").place)
+        reached = set()
+        for _ in range(16):
+            reached.add(next((name for name, control in desk.controls("ListRadios").items() if control.focus), None))
+            desk.key("Tab")
+        wanted = {"TreeView1", "ListView1", "Label4", "Text1", "Label7", "Label5", "Label9", "Label10", "Label6", "Image3",
+                  "Command1", "InfoPanel"}
+        assert wanted <= reached, wanted - reached
+
+    def test_letters_find_a_row(self):
+        desk = self.open()
+        self.updated()
+        desk.click_at(desk.rows()[0].place)
+        subprocess.run(["xdotool", "type", "--delay", "60", "klub"], check=True)
+        self.until(lambda: desk.rows()[desk.selected_row() - 1].text == "Klub Půlnoc", 10, str(desk.selected_row()))
+        self.until(lambda: self.control("Label2").text == "Klub Půlnoc", 10)
+
+    def test_the_window_can_be_resized(self):
+        desk = self.open()
+        self.updated()
+        form, before = self.control("Form"), self.control("ListView1")
+        window = subprocess.run(["xdotool", "search", "--name", "^Seznam rádií$"], capture_output=True, text=True,
+                                check=True).stdout.split()[-1]
+        subprocess.run(["xdotool", "windowsize", window, str(form.width + 150), str(form.height + 100)], check=True)
+        self.until(lambda: self.control("ListView1").width > before.width, 10)
+        after = self.control("ListView1")
+        assert after.height > before.height
+        subprocess.run(["xdotool", "windowsize", window, "200", "150"], check=True)
+        time.sleep(1)
+        assert self.control("Form").width > 500 and self.control("ListView1").width > 100
+
+    def test_a_second_opening_finds_the_tuned_station(self):
+        desk = self.open("13=#013:LTautoStart:0", "12=#012:LTLast:LUMO06/1")
+        assert desk.selected_row() == 6
+        assert self.control("Label2").text == "Rádio Dunaj"
+
+
+class TestActions(Directory):
+    def test_a_favourite_is_added_listed_played_and_removed(self):
+        desk = self.open()
+        self.updated()
+        desk.click_at(self.row("Alpenglühen").place)
+        with open(desk.path("list.tt"), "w", encoding="cp1250", newline="") as out:
+            out.write("lt:LUMO01/1\r\n")
+        self.click("Label5")
+        time.sleep(0.5)
+        desk.key("Down", "Return")
+        self.box("Rádio bylo přidáno k oblíbeným.")
+        with open(desk.path("list.tt"), encoding="cp1250", newline="") as source:
+            assert source.read() == "lt:LUMO01/1\r\nlt:LUMO08/1\r\n"
+        desk.close_window("ListRadios")
+        self.until(lambda: len(desk.items()) == 2, 10, str(desk.items()))
+        assert desk.items()[1].startswith("Alpenglühen  (128kbps)")
+        desk.click_at(desk.favourite_place(1), times=2)
+        self.hear(BY_ID["LUMO08"].hertz)
+        desk.click("Control_Play")
+        self.until(lambda: desk.visible("Control_List"), 10)
+        desk.click_at(desk.favourite_place(1), 3)
+        time.sleep(0.5)
+        desk.key("Up", "Return")
+        self.box("Rádio bylo ostraněno z oblíbených.")
+        self.until(lambda: len(desk.items()) == 1, 10)
+        with open(desk.path("list.tt"), encoding="cp1250", newline="") as source:
+            assert source.read() == "\r\nlt:LUMO01/1\r\n"
+
+    def test_links_start_the_companions(self):
+        desk = self.open()
+        self.updated()
+        base = self.radio.address("")
+        desk.click_at(self.row("Klub Půlnoc").place)
+        self.click("Label10")
+        self.log_has("OrbBrowser", f"\\OrbBrowser.exe {base}\\orb\\diskuze.php?idh=demo-uzivatel&h=0123456789abcdef&t=100000"
+                     "&tid=LUMO03/@/9000/@/9000/@/Diskuze k rádiové stanici: Klub Půlnoc (Orb)/@/normal/@/endtestnull/@/")
+        assert "show=2" in desk.log("OrbBrowser")
+        self.click("Label6")
+        self.log_has("remind", f"remind.exe RadioOFF/@/LUMO03/@/Klub Půlnoc/@/demo-uzivatel/@/0123456789abcdef/@/{base}")
+        assert "show=1" in desk.log("remind")
+        self.click("Label9")
+        self.log_has("orb", "received kind=1 text=lts:LUMO03")
+
+    def test_the_information_line_obeys(self):
+        desk = self.open(info="opengbrowser")
+        self.updated()
+        self.until(lambda: self.control("InfoPanel").text.startswith("V adresáři je dnes"), 20)
+        self.click("InfoPanel")
+        self.until(desk.boxes, 10, "the box with the command")
+        assert desk.press("OK")
+        self.log_has("OrbBrowser", "\\OrbBrowser.exe " + self.radio.address("/"))
+
+    def test_a_television_row_offers_no_quality_to_add(self):
+        desk = self.open()
+        self.updated()
+        desk.click_at(self.row("Televize Lumo").place, 3)
+        time.sleep(0.5)
+        # Web page, tuning (a submenu), listeners, discussion, trouble.
+        desk.key("Up", "Return")
+        self.log_has("remind", "RadioOFF/@/LUMO14/@/Televize Lumo/@/")
+
+
+if __name__ == "__main__":
+    harness.run(TestUpdate, TestLists, TestActions)

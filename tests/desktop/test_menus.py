@@ -1,0 +1,239 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
+"""Every pop-up menu of the real program: chosen by the keyboard, the companions tell what they were started with."""
+import os
+import subprocess
+import sys
+import time
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import harness  # noqa: E402
+from desk import Sound  # noqa: E402
+from directory_server_control import DirectoryServer  # noqa: E402
+from program import BY_ID, Program  # noqa: E402
+
+OFF = "13=#013:LTautoStart:0"
+IDENTITY = "idh=demo-uzivatel&h=0123456789abcdef"
+
+
+class Menus(Program):
+    def choose(self, *keys):
+        """In the menu that was just opened."""
+        time.sleep(0.5)
+        self.desk.key(*keys)
+
+    def from_main_menu(self, *keys):
+        self.desk.click("Control_Menu")
+        self.choose(*keys)
+
+    def right_click_favourite(self, index):
+        self.desk.click_at(self.desk.favourite_place(index), 3)
+
+    def base(self):
+        return self.radio.address("")
+
+
+class TestMainMenu(Menus):
+    def test_pages_of_the_community(self):
+        desk = self.begin()
+        self.hear(BY_ID["LUMO01"].hertz)
+        self.from_main_menu("Down", "Return")
+        self.log_has("explorer", f"explorer {self.base()}/login/demo-uzivatel/")
+        assert "//1" in desk.log("explorer") and "show=2" in desk.log("explorer")
+        self.from_main_menu("Down", "Down", "Down", "Return")
+        self.log_has("OrbBrowser", f"\\OrbBrowser.exe {self.base()}\\orb\\diskuze.php?{IDENTITY}&t=100000&tid=LUMO01"
+                     "/@/9000/@/9000/@/Diskuze k rádiové stanici: Rádio Úsvit (Orb)/@/normal/@/endtestnull/@/")
+        self.from_main_menu(*["Down"] * 8, "Return")
+        self.log_has("OrbBrowser", f"{self.base()}/lumotune.brelt/user_lt_add.php?{IDENTITY}/@/9000/@/9000/@/Přidat nové rádio"
+                     " (Orb)/@/normal/@/endtestnull/@/")
+        self.from_main_menu(*["Down"] * 7, "Return")
+        self.log_has("OrbBrowser", f"{self.base()}\\orb\\melodeon.php?{IDENTITY}/@/14000/@/8000/@/Orb Melodeon (Orb)/@/max/@/"
+                     "endtestnull/@/")
+        self.from_main_menu(*["Down"] * 9, "Return")
+        self.log_has("explorer", f"explorer {self.base()}/faq")
+
+    def test_recorder_listeners_and_trouble(self):
+        desk = self.begin()
+        self.hear(BY_ID["LUMO01"].hertz)
+        self.from_main_menu("Down", "Down", "Return")
+        self.log_has("orb", "received kind=1 text=lts:LUMO01")
+        self.from_main_menu(*["Down"] * 4, "Return")
+        self.log_has("remind", "remind.exe RadioOFF/@/LUMO01/@/Rádio Úsvit/@/demo-uzivatel/@/0123456789abcdef/@/" + self.base())
+        self.from_main_menu(*["Down"] * 5, "Return")
+        self.log_has("OrbRecorder", "\\OrbRecorder.exe Rádio Úsvit")
+        self.from_main_menu(*["Down"] * 6, "Return")
+        self.log_has("OrbRecorder", "\\OrbRecorder.exe l")
+        desk.click("Control_Rec")
+        self.until(lambda: desk.log("OrbRecorder").count("\\OrbRecorder.exe Rádio Úsvit") == 2, 10)
+        desk.click("Control_ShowUser")
+        self.until(lambda: desk.log("orb").count("text=lts:LUMO01") == 2, 10)
+
+    def test_settings_and_skins(self):
+        desk = self.begin()
+        self.hear(BY_ID["LUMO01"].hertz)
+        self.from_main_menu(*["Down"] * 11, "Right", "Down", "Return")
+        self.until(lambda: desk.form().topmost, 10, "always on top")
+        self.from_main_menu(*["Down"] * 11, "Right", "Return")
+        self.from_main_menu(*["Down"] * 10, "Right", "Return")
+        time.sleep(1)
+        desk.click("LineMenu_End")
+        assert desk.ended()
+        assert desk.options()[11] == "#011:LTTop:1"
+        assert desk.options()[13] == "#013:LTautoStart:0", "it was on before"
+        assert desk.options()[21] == "#021:LTskin:Lumo"
+
+    def test_the_console(self):
+        desk = self.begin(OFF)
+        konzole = [*["Down"] * 11, "Right", "Down", "Down", "Return"]
+        self.from_main_menu(*konzole)
+        time.sleep(0.5)
+        subprocess.run(["xdotool", "type", "--delay", "30", "HELP."], check=True)
+        desk.key("Return")
+        self.box("vol=(hodnota 0 - 100)")
+        time.sleep(0.5)
+        subprocess.run(["xdotool", "type", "--delay", "30", f"url={self.radio.address('/lumo05-128.mp3')}"], check=True)
+        desk.key("Return")
+        self.hear(BY_ID["LUMO05"].hertz)
+        self.until(lambda: desk.text("InfoName") == "Orb - Lumotune", 10, desk.text("InfoName"))
+        loud = Sound.level(Sound.record(1))
+        self.from_main_menu(*konzole)
+        time.sleep(0.5)
+        subprocess.run(["xdotool", "type", "--delay", "30", "vol=10"], check=True)
+        desk.key("Return")
+        self.until(lambda: Sound.level(Sound.record(0.5)) < loud / 2, 10, "quieter")
+        assert "LTvolume" in desk.options()[20]
+
+    def test_without_a_server_the_pages_say_so(self):
+        self.desk = None
+        desk = self.begin(OFF)
+        for name in ("orb_server.tt", "orb_server.tt.tmp"):
+            with open(desk.path("Orb_Data", name), "w", encoding="cp1250", newline="") as out:
+                out.write("a\r\nb\r\nc\r\nd\r\ne\r\nf\r\nOrbServerAddr::\r\n")
+        for keys in (["Down"], ["Down"] * 3, ["Down"] * 7, ["Down"] * 8):
+            self.from_main_menu(*keys, "Return")
+            self.box("Nejprve použujte funkci Naladit rádio.")
+        assert not desk.log("OrbBrowser")
+
+
+class TestOtherMenus(Menus):
+    def test_the_volume_menu(self):
+        desk = self.begin()
+        self.hear(BY_ID["LUMO01"].hertz)
+        loud = Sound.level(Sound.record(1))
+        desk.click("Control_Volume")
+        self.choose("Up", "Return")
+        self.until(lambda: Sound.loudest(0.4) == 0, 10, "volume 0")
+        desk.click("Control_Volume")
+        self.choose("Down", "Return")
+        self.until(lambda: Sound.level(Sound.record(0.5)) > loud, 10, "volume 100")
+
+    def test_the_stations_menu(self):
+        desk = self.begin()
+        self.hear(BY_ID["LUMO01"].hertz)
+        server = DirectoryServer(self.radio.port)
+        desk.click("InfoName")
+        self.choose(*["Down"] * 5, "Right", "Down", "Return")
+        self.until(lambda: server.requests("lumo01-64"), 10, "the second quality")
+        self.hear(BY_ID["LUMO01"].hertz)
+        desk.click("InfoName")
+        self.choose("Down", "Return")
+        self.log_has("explorer", "explorer " + self.base())
+        desk.click("InfoName")
+        self.choose("Up", "Return")
+        self.until(lambda: "Form" in desk.controls("ListRadios"), 10, "the directory")
+        desk.close_window("ListRadios")
+        desk.click("LineMenu_End")
+        assert desk.ended()
+        assert desk.options()[12] == "#012:LTLast:LUMO01/2"
+
+    def test_the_favourites_menu(self):
+        desk = self.begin(OFF)
+        self.until(lambda: len(desk.items()) == 3, 10, str(desk.items()))
+        self.right_click_favourite(1)
+        self.choose("Down", "Return")
+        tuned = desk.items()[1]
+        station = next(station for station in BY_ID.values() if tuned.startswith(station.name))
+        self.hear(station.hertz)
+        desk.click("Control_Play")
+        self.until(lambda: desk.visible("Control_List"), 10)
+        self.right_click_favourite(1)
+        self.choose("Down", "Down", "Down", "Return")
+        self.log_has("OrbBrowser", f"tid={station.identifier}/@/9000/@/9000/@/Diskuze k rádiové stanici: {station.name} (Orb)")
+        self.right_click_favourite(1)
+        self.choose("Down", "Down", "Return")
+        self.log_has("orb", "text=lts:" + station.identifier)
+        self.right_click_favourite(1)
+        self.choose("Down", "Down", "Down", "Down", "Return")
+        self.log_has("remind", f"RadioOFF/@/{station.identifier}/@/{station.name}/@/")
+        self.right_click_favourite(1)
+        self.choose("Up", "Return")
+        self.box("Rádio bylo ostraněno z oblíbených.")
+        assert len(desk.items()) == 2
+
+    def test_a_click_on_a_favourite_tunes_it(self):
+        desk = self.begin(OFF)
+        self.until(lambda: len(desk.items()) == 3, 10)
+        desk.click_at(desk.favourite_place(2))
+        station = next(station for station in BY_ID.values() if desk.items()[2].startswith(station.name))
+        desk.click("Control_Play")
+        self.hear(station.hertz)
+        self.until(lambda: station.name.startswith((desk.text("InfoName") or "?").rstrip(".")), 10, desk.text("InfoName"))
+
+    def test_the_trays_menu(self):
+        desk = self.begin()
+        self.hear(BY_ID["LUMO01"].hertz)
+
+        def open_menu():
+            self.until(lambda: self.tray_icon() is not None, 10)
+            desk.click_at(self.tray_icon(), 3)
+            self.until(desk.menus, 10, "the tray's menu")
+            return desk.menus()[0]
+
+        left, top, _, _ = open_menu()
+        desk.click_at((left + 30, top + 12))
+        self.until(lambda: desk.text("PlayTL") == "Zapnout", 10, "stopped from the tray")
+        time.sleep(0.8)
+        left, top, _, height = open_menu()
+        desk.click_at((left + 30, top + height - 12))
+        assert desk.ended(), "ended from the tray"
+
+    def test_the_media_keys(self):
+        desk = self.begin()
+        self.hear(BY_ID["LUMO01"].hertz)
+        play_pause, stop, mute = 14, 13, 8
+        assert desk.app_command(play_pause)
+        self.until(lambda: desk.text("PlayTL") == "Zapnout", 10, "stopped")
+        assert desk.app_command(play_pause)
+        self.until(lambda: desk.text("PlayTL") == "Stop", 10, "playing")
+        assert desk.app_command(stop)
+        self.until(lambda: desk.text("PlayTL") == "Zapnout", 10, "stopped again")
+        assert desk.app_command(stop)
+        time.sleep(1)
+        assert desk.text("PlayTL") == "Zapnout", "stopping twice does not play"
+        assert not desk.app_command(mute), "the other keys are left alone"
+
+    def test_the_report_of_what_plays(self):
+        desk = self.begin()
+        server = DirectoryServer(self.radio.port)
+        self.hear(BY_ID["LUMO01"].hertz)
+        self.until(server.reports, 15, "a report")
+        report = server.reports()[0]
+        assert f"/orb/lt_all.php?{IDENTITY}&orbw=on&lt=on&stanice=LUMO01" in report, report
+        assert "show=4" in desk.log("load")
+
+    def test_unread_messages_are_told_when_the_client_is_off(self):
+        self.desk = None
+        desk = self.begin(OFF, "18=#018:OLt:off")
+        server = DirectoryServer(self.radio.port)
+        server.set(reply="new:Máte 2 nové zprávy|inf:Od Žofky")
+        desk.click("Control_Play")
+        self.hear(BY_ID["LUMO01"].hertz)
+        self.until(lambda: any(box[0] == "Nepřečtené zprávy na Orb" for box in desk.boxes()), 20, str(desk.boxes()))
+        text = " ".join(desk.boxes()[0])
+        assert "Máte 2 nové zprávy" in text and "Od Žofky" in text and "Chcete zapnout Orb klienta?" in text, text
+        desk.key("Return")
+        self.log_has("orb", "received kind=1 text=lt:LUMO01")
+        assert "&orbw=off&lt=on&stanice=LUMO01" in server.reports()[0]
+
+
+if __name__ == "__main__":
+    harness.run(TestMainMenu, TestOtherMenus)
