@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "skin/menus.h"
 
-#include "core/busy.h"
-
 #include <array>
 
 namespace lumotune::skin {
@@ -24,47 +22,35 @@ const MenuItem* find(const std::vector<MenuItem>& items, const std::wstring& nam
 
 } // namespace
 
-// The menu works on a copy: an event meanwhile may change the tree, and the user chose by what was shown. The item's
-// work begins when the menu is closed, so it may open menus itself.
+// The menu works on a copy: an event meanwhile may change the tree or prepare it anew, and the user chose by what was
+// shown. The item's work begins when the menu is closed, so it may open menus itself.
 void Menus::open(std::wstring_view menu, const platform::Control* anchor) {
   const std::vector<MenuItem> shown = uses_.tree.item(menu).children;
-  std::wstring name;
-  {
-    const core::Busy guard(open_);
-    name = uses_.popups.pop_up(shown, anchor);
-  }
+  const std::wstring name = uses_.popups.pop_up(shown, anchor);
   const MenuItem* chosen = name.empty() ? nullptr : find(shown, name);
   if (chosen != nullptr && !uses_.loop.quitting())
     uses_.commands.run(chosen->name, chosen->caption);
 }
 
 void Menus::open_main() {
-  if (open_)
-    return;
   uses_.skin_menu.NactiSeznamSkinu(uses_.settings.LTskin);
   open(L"LT_Menu", &uses_.form.Control_Menu);
 }
 
 void Menus::open_volume() {
-  if (!open_)
-    open(L"LT_Volume", &uses_.form.Control_Volume);
+  open(L"LT_Volume", &uses_.form.Control_Volume);
 }
 
 void Menus::open_station() {
-  if (open_)
-    return;
   prepare_station();
   open(L"LT_MenuPlRaria", &uses_.form.InfoName);
 }
 
 void Menus::open_favourite() {
-  if (!open_)
-    open(L"LT_MenuRadia", &uses_.form.Control_List);
+  open(L"LT_MenuRadia", &uses_.form.Control_List);
 }
 
 void Menus::pop_up() {
-  if (open_)
-    return;
   prepare_tray();
   open(L"LT_TrayMenu", nullptr);
 }

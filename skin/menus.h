@@ -57,7 +57,6 @@ private:
   void open(std::wstring_view menu, const platform::Control* anchor);
 
   Uses uses_;
-  bool open_ = false;
 };
 
 } // namespace lumotune::skin

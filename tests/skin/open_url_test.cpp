@@ -53,6 +53,8 @@ TEST_F(OpenUrlTest, NothingBecomesASecondArgument) {
   const std::vector<std::wstring> bad = {L"http://a.example\" \"C:\\x.exe",
                                          L"a\"b",
                                          L"http://a\r\nb",
+                                         L"http://a\x7F"
+                                         L"b",
                                          std::wstring(L"http://a") + L'\0' + L"b",
                                          L"http://a.example,/root,\\\\server\\x",
                                          L"http://a.example, /e",
@@ -151,6 +153,11 @@ TEST_F(OpenUrlTest, AStationOpensNoProgramFileOrFolder) {
     web.open_station_web(address);
     EXPECT_TRUE(untouched()) << testing::PrintToString(address);
   }
+}
+
+TEST_F(OpenUrlTest, ATooLongAddressIsNoHost) {
+  EXPECT_TRUE(skin::looks_like_web_host(L"www.a.cz/" + std::wstring(skin::max_web_address - 9, L'a')));
+  EXPECT_FALSE(skin::looks_like_web_host(L"www.a.cz/" + std::wstring(skin::max_web_address - 8, L'a')));
 }
 
 } // namespace
