@@ -110,9 +110,8 @@ Favourites::Favourites(const Uses& uses)
     : uses_(uses), file_({uses.files, uses.codec, uses.machine}), folding_(uses.codec) {}
 
 void Favourites::ZobrazOblibene() {
-  // Without its stations no favourite can be shown; the file of the favourites keeps them.
-  if (!uses_.files.read_into(uses_.machine.program_folder() + L"\\radios.tt", List3))
-    List3.clear();
+  // A file that cannot be read is an empty one: no favourite is shown, and their own file keeps them.
+  (void)uses_.files.read_into(uses_.machine.program_folder() + L"\\radios.tt", List3);
   auto& list = uses_.form.Control_List;
   list.clear();
   for (const std::wstring& item : favourite_items(file_.read(), List3, folding_, uses_.codec))

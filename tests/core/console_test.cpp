@@ -15,6 +15,10 @@ struct ConsoleTest : testing::Test {
   platform::memory::MemoryInputBox input;
   core::Console console{{w.session, w.loop, input, w.dialogs, w.playback}};
 
+  ConsoleTest() {
+    w.player.set_auto_start(false);
+    w.player.calls.clear();
+  }
   // The user types these, one box after the other; how many boxes there were.
   std::size_t type(std::deque<std::optional<std::wstring>> answers) {
     input.asked.clear();
@@ -76,9 +80,11 @@ TEST_F(ConsoleTest, AThousandDotsAreALoop) {
 
 TEST_F(ConsoleTest, SetsTheVolume) {
   const std::vector<std::pair<std::wstring, std::wstring>> typed = {
-      {L"vol=0", L"0"},     {L"VOL=85", L"85"},  {L"vol= 7", L"7"},
-      {L"vol=-5", L"0"},    {L"vol=+12", L"12"}, {L"vol=100", L"100"},
-      {L"vol=101", L"100"}, {L"vol=1e9", L"1"},  {L"vol=99999999999999999999", L"100"}};
+      {L"vol=0", L"0"},     {L"VOL=85", L"85"},
+      {L"vol= 7", L"7"},    {L"vol=-5", L"0"},
+      {L"vol=+12", L"12"},  {L"vol=100", L"100"},
+      {L"vol=101", L"100"}, {L"vol=1e9", L"1"},
+      {L"vol=.9", L"1"},    {L"vol=99999999999999999999", L"100"}};
   for (const auto& [text, volume] : typed) {
     w.settings.LTvolume = L"?";
     type({text});

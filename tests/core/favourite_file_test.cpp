@@ -60,8 +60,10 @@ TEST_F(FavouriteFileTest, AddingInAnotherQualityAddsASecondLine) {
 
 TEST_F(FavouriteFileTest, AddingTwiceChangesNothing) {
   w.put(L"list.tt", "LT:radio1/1\r\n");
+  const std::size_t changes = w.files.changes().size();
   EXPECT_EQ(file.add(L"lt:RADIO1/1"), core::FavouriteAdded::already_there);
   EXPECT_EQ(w.get(L"list.tt"), "LT:radio1/1\r\n");
+  EXPECT_EQ(w.files.changes().size(), changes) << "what would be the same is not written";
 }
 
 TEST_F(FavouriteFileTest, AddingDropsEmptyLinesAlsoWhenItIsThere) {
@@ -105,6 +107,20 @@ TEST_F(FavouriteFileTest, ATextOfSeveralLinesIsNoFavourite) {
   EXPECT_EQ(file.add(L"lt:RADIO2/1\r\nlt:RADIO3/1"), core::FavouriteAdded::failed);
   EXPECT_EQ(file.add(std::wstring(L"lt:RADIO2/1\0", 12)), core::FavouriteAdded::failed);
   EXPECT_EQ(w.get(L"list.tt"), "lt:RADIO1/1\r\n");
+}
+
+TEST_F(FavouriteFileTest, OneThatIsThereIsThereThoughTheFileCannotBeTidied) {
+  w.put(L"list.tt", "\r\nlt:RADIO1/1\r\n");
+  w.files.make_readonly(w.path(L"list.tt"));
+  EXPECT_EQ(file.add(L"lt:RADIO1/1"), core::FavouriteAdded::already_there);
+  EXPECT_EQ(w.get(L"list.tt"), "\r\nlt:RADIO1/1\r\n");
+}
+
+TEST_F(FavouriteFileTest, RemovingTellsAFileThatIsMissingFromOneThatCannotBeRead) {
+  EXPECT_EQ(file.remove(L"lt:RADIO1/1"), core::FavouriteRemoved::not_there);
+  w.put(L"list.tt", "lt:RADIO1/1\r\n");
+  w.files.make_unreadable(w.path(L"list.tt"));
+  EXPECT_EQ(file.remove(L"lt:RADIO1/1"), core::FavouriteRemoved::failed);
 }
 
 } // namespace
