@@ -17,23 +17,24 @@
 
 namespace lumotune::contract {
 
+struct WindowSearch {
+  std::wstring class_name;
+  std::vector<HWND> found;
+};
+
+inline BOOL CALLBACK note_if_seen(HWND window, LPARAM l) {
+  auto& search = *reinterpret_cast<WindowSearch*>(l);
+  wchar_t name[64];
+  GetClassNameW(window, name, 64);
+  if (search.class_name == name && IsWindowVisible(window) != 0)
+    search.found.push_back(window);
+  return TRUE;
+}
+
 // The windows of this thread that can be seen, of one class.
 inline std::vector<HWND> seen_windows(const std::wstring& class_name) {
-  struct Search {
-    std::wstring name;
-    std::vector<HWND> found;
-  } search{class_name, {}};
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM l) -> BOOL {
-        auto& wanted = *reinterpret_cast<Search*>(l);
-        wchar_t name[64];
-        GetClassNameW(window, name, 64);
-        if (wanted.name == name && IsWindowVisible(window) != 0)
-          wanted.found.push_back(window);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&search));
+  WindowSearch search{class_name, {}};
+  EnumThreadWindows(GetCurrentThreadId(), note_if_seen, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }
 

@@ -4,7 +4,7 @@
 
 #include "platform/win32/browser.h"
 #include "platform/win32/browser_site.h"
-#include "tests/contract/fixture_win32.h"
+#include "tests/contract/fixture_hand_win32.h"
 
 #include <gtest/gtest.h>
 
@@ -161,17 +161,7 @@ TEST_F(Win32BrowserTest, ItGoesAndComesAgainWithoutATrace) {
 TEST_F(Win32BrowserTest, AnUnreachableServerLeavesNoBox) {
   browser->navigate(L"http://127.0.0.1:1/");
   b.pass(1500);
-  int boxes = 0;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM count) -> BOOL {
-        wchar_t name[32];
-        GetClassNameW(window, name, 32);
-        *reinterpret_cast<int*>(count) += std::wstring(name) == L"#32770" && IsWindowVisible(window) != 0 ? 1 : 0;
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&boxes));
-  EXPECT_EQ(boxes, 0);
+  EXPECT_TRUE(seen_windows(L"#32770").empty());
 }
 
 // The rules, told as the control tells them.
