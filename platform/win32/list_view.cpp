@@ -11,6 +11,11 @@
 #include <utility>
 
 namespace lumotune::platform::win32 {
+namespace {
+
+constexpr UINT message_show_selected = WM_APP + 1;
+
+} // namespace
 
 Win32ListView::Win32ListView(Surface& surface, const std::wstring& designer_name)
     : Win32Control(surface, designer_name, WC_LISTVIEWW,
@@ -253,11 +258,18 @@ bool Win32ListView::handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result
 }
 
 bool Win32ListView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
-  if (message == WM_SIZE) {
+  if (message == WM_WINDOWPOSCHANGED) {
     result = DefSubclassProc(window_, message, w, l);
-    // What was selected before there was any room is brought into sight now.
-    if (std::exchange(height_, static_cast<int>(HIWORD(l))) == 0 && selected() != 0)
-      SendMessageW(window_, LVM_ENSUREVISIBLE, selected() - 1, FALSE);
+    RECT room{};
+    GetClientRect(window_, &room);
+    // What was selected before there was any room is brought into sight as soon as the list has laid itself out.
+    if (std::exchange(height_, static_cast<int>(room.bottom)) == 0 && room.bottom != 0)
+      PostMessageW(window_, message_show_selected, 0, 0);
+    return true;
+  }
+  if (message == message_show_selected) {
+    if (const std::size_t row = selected(); row != 0)
+      SendMessageW(window_, LVM_ENSUREVISIBLE, row - 1, FALSE);
     return true;
   }
   if (handle_mouse(message, w, l, result) || handle_key(message, w, l, result))

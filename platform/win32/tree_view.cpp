@@ -169,12 +169,15 @@ bool Win32TreeView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& re
   case message_changes_end:
     end_changes();
     return true;
-  case WM_SIZE:
+  case WM_WINDOWPOSCHANGED: {
     result = DefSubclassProc(window_, message, w, l);
+    RECT room{};
+    GetClientRect(window_, &room);
     // What was selected before there was any room is brought into sight now.
-    if (std::exchange(height_, static_cast<int>(HIWORD(l))) == 0)
+    if (std::exchange(height_, static_cast<int>(room.bottom)) == 0 && room.bottom != 0)
       select(selected());
     return true;
+  }
   case WM_LBUTTONDOWN:
     result = press(w, l);
     return true;

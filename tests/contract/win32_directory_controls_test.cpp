@@ -1,0 +1,357 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The user's mouse and keyboard on tree, list and text box.
+#include "tests/contract/win32_framed.h"
+
+#include <cstring>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace lumotune::contract {
+namespace {
+
+using platform::MouseButton;
+using platform::MouseEvent;
+
+struct Win32Tree : Win32Framed {
+  platform::TreeView& tree = window->make_tree(L"TreeView1");
+  platform::Button& button = window->make_button(L"Command1");
+  std::vector<std::size_t> clicks;
+  std::vector<std::size_t> keys;
+
+  Win32Tree() {
+    place(tree, 150, 150, 3000, 3000);
+    place(button, 3300, 150, 1500, 300);
+    EXPECT_TRUE(tree.add(L"a1", L"", L"Česká & slovenská"));
+    EXPECT_TRUE(tree.add(L"a11", L"a1", L"Folk"));
+    EXPECT_TRUE(tree.add(L"a2", L"", L"Zahraniční"));
+    tree.on_click = [this] { clicks.push_back(tree.selected()); };
+    tree.on_key_up = [this] { keys.push_back(tree.selected()); };
+    show();
+  }
+  [[nodiscard]] HTREEITEM item(std::size_t index) const {
+    auto found = reinterpret_cast<HTREEITEM>(SendMessageW(handle(tree), TVM_GETNEXTITEM, TVGN_ROOT, 0));
+    for (std::size_t i = 1; found != nullptr && i < index; ++i)
+      found = reinterpret_cast<HTREEITEM>(
+          SendMessageW(handle(tree), TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, reinterpret_cast<LPARAM>(found)));
+    return found;
+  }
+  // The text of a row in sight, from 1. The message takes the item in the place of its answer.
+  [[nodiscard]] RECT area_of(std::size_t row) const {
+    RECT area{};
+    const HTREEITEM wanted = item(row);
+    std::memcpy(&area, &wanted, sizeof wanted);
+    EXPECT_NE(SendMessageW(handle(tree), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&area)), 0);
+    return area;
+  }
+  [[nodiscard]] POINT middle(std::size_t row) const {
+    const RECT area = area_of(row);
+    return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+  }
+};
+
+TEST_F(Win32Tree, AClickIsToldWhenTheNodeIsSelected) {
+  click(tree, middle(2)); // "Zahraniční": the first one is closed
+  EXPECT_EQ(clicks, (std::vector<std::size_t>{3}));
+  click(tree, middle(2));
+  EXPECT_EQ(clicks, (std::vector<std::size_t>{3, 3})) << "again on the same node";
+  click(tree, {190, 190});
+  EXPECT_EQ(clicks.size(), 2U) << "beside the nodes";
+}
+
+TEST_F(Win32Tree, OpeningANodeIsNoClickOnIt) {
+  const POINT text = middle(1);
+  EXPECT_EQ(item(3), nullptr) << "two roots";
+  click(tree, {area_of(1).left - 10, text.y}); // the plus
+  EXPECT_NE(item(3), nullptr) << "it is open";
+  EXPECT_TRUE(clicks.empty());
+}
+
+TEST_F(Win32Tree, SelectingOpensWhatHides) {
+  tree.select(2);
+  EXPECT_EQ(tree.selected(), 2U);
+  EXPECT_GT(middle(2).y, middle(1).y);
+  EXPECT_TRUE(clicks.empty());
+}
+
+TEST_F(Win32Tree, KeysThatMoveAreTold) {
+  SetFocus(handle(tree));
+  tree.select(1);
+  key(VK_DOWN);
+  EXPECT_EQ(keys, (std::vector<std::size_t>{3}));
+  key(VK_UP);
+  EXPECT_EQ(keys, (std::vector<std::size_t>{3, 1}));
+  key(VK_RIGHT); // opens
+  key(VK_DOWN);
+  EXPECT_EQ(keys, (std::vector<std::size_t>{3, 1, 1, 2}));
+  EXPECT_TRUE(clicks.empty());
+}
+
+TEST_F(Win32Tree, AKeyThatBroughtTheKeyboardIsNotTold) {
+  tree.select(1);
+  SetFocus(handle(button));
+  key(VK_TAB);
+  EXPECT_EQ(GetFocus(), handle(tree));
+  SendMessageW(handle(tree), WM_KEYUP, VK_RETURN, static_cast<LPARAM>(0xc0000001));
+  SendMessageW(handle(tree), WM_KEYUP, VK_DOWN, static_cast<LPARAM>(0xc0000001));
+  EXPECT_TRUE(keys.empty());
+}
+
+TEST_F(Win32Tree, TypingFindsANode) {
+  SetFocus(handle(tree));
+  tree.select(1);
+  letter(L'z');
+  EXPECT_EQ(tree.selected(), 3U);
+}
+
+TEST_F(Win32Tree, TheNodesMayGoInTheirOwnClick) {
+  tree.on_click = [this] {
+    clicks.push_back(tree.selected());
+    tree.clear();
+    EXPECT_TRUE(tree.add(L"b", L"", L"Jiné"));
+  };
+  click(tree, middle(1));
+  EXPECT_EQ(clicks, (std::vector<std::size_t>{1}));
+  EXPECT_EQ(tree.count(), 1U);
+}
+
+struct ManyRows final : platform::RowModel {
+  std::size_t size = 300;
+  mutable std::set<std::size_t> asked;
+  [[nodiscard]] std::size_t count() const override { return size; }
+  [[nodiscard]] std::wstring text(std::size_t row, std::size_t column) const override {
+    asked.insert(row);
+    if (column == 1)
+      return L"Česko";
+    return row == size ? L"Žluťoučký kůň & přátelé" : L"Stejné jméno";
+  }
+  [[nodiscard]] bool bold(std::size_t row) const override { return row == 5; }
+};
+
+struct Win32ListViewTest : Win32Framed {
+  ManyRows rows;
+  platform::ListView& list = window->make_list_view(L"ListView1");
+  std::wstring events; // in their order, each with what was selected then
+
+  Win32ListViewTest() {
+    place(list, 150, 150, 4500, 3000);
+    list.add_column(L"Name", L"Název rádia", 2000);
+    list.add_column(L"zeme", L"Země", 800);
+    list.set_rows(&rows);
+    list.on_mouse_down = [this](const MouseEvent& event) {
+      note(event.button == MouseButton::right ? L"right" : L"left");
+    };
+    list.on_click = [this] { note(L"click"); };
+    list.on_double_click = [this] { note(L"double"); };
+    list.on_key_up = [this] { note(L"up"); };
+    list.on_key_press = [this](wchar_t c) { note(L"key" + std::to_wstring(static_cast<int>(c))); };
+    show();
+    SetFocus(handle(list));
+  }
+  ~Win32ListViewTest() override { window.reset(); } // before its rows
+  void note(const std::wstring& what) { events += what + std::to_wstring(list.selected()) + L" "; }
+  [[nodiscard]] RECT area(std::size_t row) const {
+    RECT found{};
+    found.left = LVIR_BOUNDS;
+    SendMessageW(handle(list), LVM_GETITEMRECT, row - 1, reinterpret_cast<LPARAM>(&found));
+    return found;
+  }
+  [[nodiscard]] POINT middle(std::size_t row) const {
+    const RECT found = area(row);
+    return {found.left + 40, (found.top + found.bottom) / 2};
+  }
+};
+
+TEST_F(Win32ListViewTest, TheButtonIsToldBeforeTheRowAndTheClickAfterIt) {
+  click(list, middle(3));
+  EXPECT_EQ(events, L"left0 click3 ");
+  events.clear();
+  mouse(list, WM_RBUTTONDOWN, middle(5));
+  EXPECT_EQ(events, L"right3 ") << "a menu waits until the button is let go";
+  EXPECT_EQ(list.selected(), 5U);
+  mouse(list, WM_RBUTTONUP, middle(5));
+  EXPECT_EQ(events, L"right3 click5 ");
+}
+
+TEST_F(Win32ListViewTest, TheSecondColumnBelongsToTheRow) {
+  POINT at = middle(4);
+  at.x = area(4).left + 150;
+  click(list, at);
+  EXPECT_EQ(events, L"left0 click4 ");
+}
+
+TEST_F(Win32ListViewTest, BesideTheRowsNothingIsClicked) {
+  rows.size = 3;
+  list.rows_changed();
+  list.select(2);
+  const POINT below{50, 150};
+  click(list, below);
+  mouse(list, WM_RBUTTONDOWN, below);
+  mouse(list, WM_RBUTTONUP, below);
+  mouse(list, WM_LBUTTONDBLCLK, below);
+  mouse(list, WM_LBUTTONUP, below);
+  EXPECT_EQ(events.find(L"click"), std::wstring::npos) << "neither a click nor a double click";
+  EXPECT_EQ(events.find(L"double"), std::wstring::npos);
+  EXPECT_EQ(list.selected(), 2U);
+}
+
+TEST_F(Win32ListViewTest, ADoubleClickIsToldOnceWhenItIsLetGo) {
+  click(list, middle(3));
+  mouse(list, WM_LBUTTONDBLCLK, middle(3));
+  EXPECT_EQ(events, L"left0 click3 ");
+  mouse(list, WM_LBUTTONUP, middle(3));
+  EXPECT_EQ(events, L"left0 click3 double3 ");
+  mouse(list, WM_LBUTTONUP, middle(3));
+  EXPECT_EQ(events, L"left0 click3 double3 ");
+}
+
+TEST_F(Win32ListViewTest, EnterIsACharacterAndItsEndNoMove) {
+  list.select(7);
+  key(VK_RETURN);
+  EXPECT_EQ(events, L"key137 ");
+}
+
+TEST_F(Win32ListViewTest, ArrowsMoveAndAreTold) {
+  list.select(7);
+  key(VK_DOWN);
+  key(VK_END);
+  EXPECT_EQ(events, L"up8 up300 ");
+  events.clear();
+  SendMessageW(handle(list), WM_KEYUP, VK_TAB, static_cast<LPARAM>(0xc0000001));
+  SendMessageW(handle(list), WM_KEYUP, VK_DOWN, static_cast<LPARAM>(0xc0000001));
+  EXPECT_EQ(events, L"") << "these went down somewhere else";
+}
+
+TEST_F(Win32ListViewTest, TheKeyForMenusIsARightClick) {
+  SendMessageW(handle(list), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(handle(list)), -1);
+  EXPECT_EQ(events, L"") << "nothing is selected";
+  list.select(6);
+  SendMessageW(handle(list), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(handle(list)), -1);
+  EXPECT_EQ(events, L"right6 click6 ");
+}
+
+TEST_F(Win32ListViewTest, TypingFindsARowAmongFiftyThousand) {
+  rows.size = 50000;
+  list.rows_changed();
+  letter(L'ž');
+  EXPECT_EQ(list.selected(), 50000U);
+}
+
+TEST_F(Win32ListViewTest, OnlyRowsInSightAreAskedFor) {
+  rows.size = 50000;
+  list.rows_changed();
+  rows.asked.clear();
+  list.select(40000);
+  RedrawWindow(handle(list), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+  b.pass(50);
+  EXPECT_TRUE(rows.asked.contains(40000));
+  EXPECT_LT(rows.asked.size(), 200U);
+}
+
+TEST_F(Win32ListViewTest, ABoldRowHasMoreInk) {
+  RedrawWindow(handle(list), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+  b.pass(100);
+  const HDC dc = GetDC(handle(list));
+  const auto ink = [&](std::size_t row) {
+    const RECT place = area(row);
+    long dark = 0;
+    for (int y = place.top; y < place.bottom; ++y)
+      for (int x = place.left; x < place.left + 120; ++x)
+        dark += 255 - GetRValue(GetPixel(dc, x, y));
+    return dark;
+  };
+  const long normal = ink(4);
+  EXPECT_GT(normal, 5000);
+  EXPECT_GT(ink(5), normal);
+  EXPECT_EQ(ink(6), normal) << "the font goes back";
+  ReleaseDC(handle(list), dc);
+}
+
+TEST_F(Win32ListViewTest, TextsCanBeReadFromOutsideAsTheyAre) {
+  wchar_t text[64] = {};
+  LVITEMW item{};
+  item.pszText = text;
+  item.cchTextMax = 64;
+  SendMessageW(handle(list), LVM_GETITEMTEXTW, 299, reinterpret_cast<LPARAM>(&item));
+  EXPECT_STREQ(text, L"Žluťoučký kůň & přátelé");
+  rows.size = 5; // behind the list's back
+  SendMessageW(handle(list), LVM_GETITEMTEXTW, 299, reinterpret_cast<LPARAM>(&item));
+  EXPECT_STREQ(text, L"");
+}
+
+TEST_F(Win32ListViewTest, TheRowsMayChangeInTheirOwnClick) {
+  list.on_click = [this] {
+    rows.size = 1;
+    list.rows_changed();
+  };
+  click(list, middle(5));
+  EXPECT_EQ(list.selected(), 0U);
+  mouse(list, WM_LBUTTONDBLCLK, {40, 100});
+  mouse(list, WM_LBUTTONUP, {40, 100});
+  EXPECT_EQ(list.selected(), 0U);
+}
+
+TEST_F(Win32Framed, ARowSelectedBeforeTheWindowCameIsInSight) {
+  ManyRows rows;
+  auto& list = window->make_list_view(L"ListView1");
+  list.add_column(L"Name", L"Název rádia", 2000);
+  list.set_rows(&rows);
+  list.select(250);
+  place(list, 150, 150, 4500, 3000);
+  show();
+  const LRESULT top = SendMessageW(handle(list), LVM_GETTOPINDEX, 0, 0);
+  const LRESULT page = SendMessageW(handle(list), LVM_GETCOUNTPERPAGE, 0, 0);
+  EXPECT_GE(249, top);
+  EXPECT_LT(249, top + page);
+  window.reset();
+}
+
+TEST_F(Win32Framed, ANodeSelectedBeforeTheWindowCameIsInSight) {
+  auto& tree = window->make_tree(L"TreeView1");
+  for (int i = 0; i < 200; ++i)
+    ASSERT_TRUE(tree.add(L"a" + std::to_wstring(i), L"", L"uzel"));
+  tree.select(150);
+  place(tree, 150, 150, 3000, 3000);
+  show();
+  RECT area{};
+  const LRESULT selected = SendMessageW(handle(tree), TVM_GETNEXTITEM, TVGN_CARET, 0);
+  std::memcpy(&area, &selected, sizeof selected);
+  RECT room{};
+  GetClientRect(handle(tree), &room);
+  EXPECT_NE(SendMessageW(handle(tree), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&area)), 0);
+  EXPECT_GE(area.top, 0);
+  EXPECT_LE(area.bottom, room.bottom);
+}
+
+TEST_F(Win32Framed, ATextBoxShowsItsBarOnlyWhenItIsNeeded) {
+  auto& box = window->make_text_box(L"Text1");
+  place(box, 150, 150, 3000, 1200);
+  show();
+  const auto has_bar = [&] { return (GetWindowLongPtrW(handle(box), GWL_STYLE) & WS_VSCROLL) != 0; };
+  box.set_text(L"jedna\ndvě");
+  EXPECT_FALSE(has_bar());
+  EXPECT_EQ(SendMessageW(handle(box), EM_GETLINECOUNT, 0, 0), 2);
+  box.set_text(std::wstring(2000, L'x') + L"\n" + std::wstring(500, L'\n'));
+  EXPECT_TRUE(has_bar());
+  box.set_text(L"");
+  EXPECT_FALSE(has_bar());
+}
+
+TEST_F(Win32Framed, ATextBoxIsReadAndCopiedNotChanged) {
+  auto& box = window->make_text_box(L"Text1");
+  place(box, 150, 150, 3000, 1200);
+  box.set_text(L"text stanice");
+  show();
+  SetFocus(handle(box));
+  letter(L'x');
+  wchar_t text[64] = {};
+  GetWindowTextW(handle(box), text, 64);
+  EXPECT_STREQ(text, L"text stanice");
+  DWORD from = 0;
+  DWORD to = 0;
+  SendMessageW(handle(box), EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+  EXPECT_EQ(from, to) << "the keyboard's coming selects nothing";
+}
+
+} // namespace
+} // namespace lumotune::contract
