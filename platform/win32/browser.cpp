@@ -95,6 +95,8 @@ public:
     release(text);
   }
 
+  [[nodiscard]] IUnknown* control() const { return browser_.get(); }
+
   void fit() {
     RECT place{};
     GetClientRect(area_, &place);
@@ -153,6 +155,10 @@ void Win32Browser::navigate(const std::wstring& address) {
   if (page_ == nullptr)
     page_ = std::make_unique<Page>(window_);
   page_->navigate(address);
+}
+
+IUnknown* Win32Browser::control() const {
+  return page_ == nullptr ? nullptr : page_->control();
 }
 
 bool Win32Browser::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {

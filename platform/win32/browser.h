@@ -5,6 +5,8 @@
 #include "platform/directory_controls.h"
 #include "platform/win32/controls.h"
 
+#include <unknwn.h>
+
 #include <memory>
 #include <string>
 
@@ -19,6 +21,7 @@ public:
   ~Win32Browser() override;
 
   void navigate(const std::wstring& address) override;
+  [[nodiscard]] IUnknown* control() const; // the system's; nullptr before the first page, and where it has none
 
 private:
   class Page;

@@ -11,6 +11,7 @@
 #include <exdisp.h>
 #include <exdispid.h>
 #include <mshtmdid.h>
+#include <oleauto.h>
 
 #include <array>
 #include <mutex>
@@ -122,6 +123,31 @@ TEST_F(Win32BrowserTest, NothingButWebPagesIsAskedFor) {
   b.pass(300);
   EXPECT_EQ(inside(), nullptr);
   EXPECT_TRUE(pages.requests().empty());
+}
+
+// As a link in the page would: the control itself is told to go there, past our own door.
+TEST_F(Win32BrowserTest, ThePageCannotGoToFiles) {
+  EXPECT_EQ(browser->control(), nullptr);
+  browser->navigate(pages.address(L"/"));
+  ASSERT_TRUE(wait_for_requests(1));
+  b.pass(200);
+  IWebBrowser2* control = nullptr;
+  ASSERT_EQ(browser->control()->QueryInterface(__uuidof(IWebBrowser2), reinterpret_cast<void**>(&control)), S_OK);
+  const auto place_after = [&](const std::wstring& address) {
+    const BSTR wished = SysAllocString(address.c_str());
+    control->Navigate(wished, nullptr, nullptr, nullptr, nullptr);
+    SysFreeString(wished);
+    b.pass(500);
+    BSTR place = nullptr;
+    control->get_LocationURL(&place);
+    const std::wstring text = place == nullptr ? L"" : place;
+    SysFreeString(place);
+    return text;
+  };
+  EXPECT_EQ(place_after(pages.address(L"/")), pages.address(L"/"));
+  EXPECT_EQ(place_after(L"file:///c:/windows/win.ini"), pages.address(L"/"));
+  EXPECT_EQ(place_after(pages.address(L"/dalsi")), pages.address(L"/dalsi"));
+  control->Release();
 }
 
 TEST_F(Win32BrowserTest, ThePageKeepsTheSizeOfItsArea) {
