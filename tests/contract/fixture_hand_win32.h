@@ -172,8 +172,10 @@ private:
       work();
     return true;
   }
+  // As the system does it, through the window that has the menu: the one in front, or the main window while hidden.
   bool cancel_menu() {
-    SendMessageW(window.handle(), WM_CANCELMODE, 0, 0);
+    for (HWND owner : {GetForegroundWindow(), window.handle()})
+      SendMessageW(owner, WM_CANCELMODE, 0, 0);
     return true;
   }
   // Presses and releases the mouse over each item on the way to the one with that caption.

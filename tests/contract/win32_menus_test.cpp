@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
 #include <algorithm>
 
 namespace lumotune::contract {
@@ -131,6 +133,47 @@ TEST_F(Win32Menus, AfterAKeyAMenuOfAListOpensBelowTheSelectedRow) {
   EXPECT_EQ(seen.top, row.bottom);
 }
 
+struct Rows final : platform::RowModel {
+  [[nodiscard]] std::size_t count() const override { return 500; }
+  [[nodiscard]] std::wstring text(std::size_t row, std::size_t /*column*/) const override {
+    return L"Rádio " + std::to_wstring(row);
+  }
+  [[nodiscard]] bool bold(std::size_t /*row*/) const override { return false; }
+};
+
+TEST_F(Win32Menus, AMenuOfAnotherWindowBelongsToThatWindow) {
+  show_window();
+  const Rows rows;
+  const auto window = b.framed_windows.make(L"ListRadios");
+  auto& list = window->make_list_view(L"ListView1");
+  list.add_column(L"Name", L"Název rádia", 2000);
+  list.resize(3000, 3000);
+  list.set_rows(&rows);
+  list.rows_changed();
+  window->resize(6000, 5000);
+  window->set_visible(true);
+  b.pass(300);
+  b.window.activate();
+  b.pass(100);
+  const HWND control = dynamic_cast<platform::win32::ChildWindow&>(list).handle();
+  list.select(400);
+  input(WM_KEYDOWN, VK_F24);
+  HWND front = nullptr;
+  b.while_open([&] {
+    GetWindowRect(seen_windows(L"#32768").front(), &seen);
+    front = GetForegroundWindow();
+  });
+  b.close_menu();
+  EXPECT_EQ(b.popup_menus.pop_up({item(L"A", L"Á")}, &list), L"");
+  EXPECT_EQ(front, GetAncestor(control, GA_ROOT));
+  RECT row{};
+  row.left = LVIR_LABEL;
+  SendMessageW(control, LVM_GETITEMRECT, 399, reinterpret_cast<LPARAM>(&row));
+  MapWindowPoints(control, nullptr, reinterpret_cast<POINT*>(&row), 2);
+  EXPECT_EQ(seen.left, row.left);
+  EXPECT_EQ(seen.top, row.bottom);
+}
+
 TEST_F(Win32Menus, TimersAndWakersGoOnWhileAMenuIsOpen) {
   int ticks = 0;
   int runs = 0;
@@ -154,6 +197,7 @@ TEST_F(Win32Menus, TimersAndWakersGoOnWhileAMenuIsOpen) {
 TEST_F(Win32Menus, TheEndOfTheProgramClosesTheMenu) {
   const auto ending = b.loop.make_timer(100, [&] { b.loop.quit(); });
   ending->start();
+  b.hand.add([] { return false; }); // should it stay open, the hand closes it in the end
   EXPECT_EQ(b.popup_menus.pop_up({item(L"A", L"Á")}, nullptr), L"");
   EXPECT_TRUE(b.loop.quitting());
 }
@@ -220,6 +264,7 @@ TEST_F(Win32Menus, TheInputBoxClosesByItsCaptionAndByItsButtons) {
 TEST_F(Win32Menus, TheEndOfTheProgramClosesTheInputBox) {
   const auto ending = b.loop.make_timer(100, [&] { b.loop.quit(); });
   ending->start();
+  b.hand.add([] { return false; }); // should it stay open, the hand closes it in the end
   EXPECT_EQ(b.input_box.ask(L"Dotaz", L"Okno", L"x"), std::nullopt);
   EXPECT_EQ(b.input_box.ask(L"Dotaz", L"Okno", L"x"), std::nullopt) << "none opens any more";
 }
