@@ -61,6 +61,7 @@ void bind_events(Program& program, const Platform& platform, core::LumotuneForm&
   form.Control_List.on_click = [&] { program.favourites.Control_List_Click(); };
   form.Control_List.on_double_click = [&] { program.favourites.Control_List_DblClick(); };
   form.Control_List.on_mouse_down = [&](const MouseEvent& event) { program.favourites.Control_List_MouseDown(event); };
+  form.Control_List.on_menu_key = [&] { program.favourites.open_menu(); };
   form.InfoName.on_click = [&] { playback.InfoName_Click(); };
   form.InfoName.on_mouse_move = [&](const MouseEvent&) { chrome.InfoName_MouseMove(); };
   form.InfoNaladit.on_click = [&] { playback.InfoNaladit_Click(); };

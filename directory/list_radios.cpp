@@ -146,6 +146,11 @@ void ListRadios::bind_lists() {
     const Counted counted(in_use_);
     actions_.tune_row();
   };
+  form_.ListView1.on_menu_key = [this] {
+    const Counted counted(in_use_);
+    pressed_ = platform::MouseButton::right; // the menu is that of a right click
+    ListView1_Click();
+  };
   form_.ListView1.on_key_press = [this](wchar_t character) {
     const Counted counted(in_use_);
     if (character == enter_key)

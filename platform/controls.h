@@ -59,6 +59,7 @@ public:
   std::function<void()> on_double_click;
   std::function<void(const MouseEvent&)> on_mouse_move;
   std::function<void(const MouseEvent&)> on_mouse_down;
+  std::function<void()> on_menu_key; // the keyboard's key for menus, or Shift and F10, while it has the keyboard
 };
 
 // Shows a GIF and takes its size. A picture button is a tab stop with a visible focus; a plain picture is not.

@@ -41,6 +41,7 @@ public:
   bool user_double_click() { return visible_ && fire(this->on_double_click); }
   bool user_mouse_move(const MouseEvent& event) { return visible_ && fire(this->on_mouse_move, event); }
   bool user_mouse_down(const MouseEvent& event) { return visible_ && fire(this->on_mouse_down, event); }
+  bool user_menu_key() { return visible_ && fire(this->on_menu_key); }
   // The system's hand: a tray event over a hidden control arrives all the same.
   bool system_mouse_move(const MouseEvent& event) { return fire(this->on_mouse_move, event); }
 

@@ -56,6 +56,8 @@ bool ChildWindow::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& resu
   case WM_RBUTTONDOWN:
     mouse_pressed(mouse_event(w, l, MouseButton::right));
     return false;
+  case WM_CONTEXTMENU: // a place of -1, -1 tells the keyboard from the mouse
+    return l == -1 && menu_key_pressed();
   case WM_SETFOCUS:
   case WM_KILLFOCUS:
     InvalidateRect(window_, nullptr, FALSE);

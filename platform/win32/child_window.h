@@ -65,6 +65,7 @@ protected:
   [[nodiscard]] virtual bool has_hand() const { return false; }      // the pointer is a hand over it
   virtual void mouse_moved(const MouseEvent& event) = 0;
   virtual void mouse_pressed(const MouseEvent& event) = 0;
+  [[nodiscard]] virtual bool menu_key_pressed() = 0; // whether somebody listens
   void show(bool visible);
   void enable(bool enabled);
   void apply_place();
@@ -136,6 +137,10 @@ protected:
   [[nodiscard]] virtual std::wstring window_text(const std::wstring& text) const { return text; }
   void mouse_moved(const MouseEvent& event) override { fire(this->on_mouse_move, event); }
   void mouse_pressed(const MouseEvent& event) override { fire(this->on_mouse_down, event); }
+  [[nodiscard]] bool menu_key_pressed() override {
+    fire(this->on_menu_key);
+    return static_cast<bool>(this->on_menu_key);
+  }
   // The handler is copied first: it may replace itself.
   template <typename Handler, typename... Arguments>
   void fire(const Handler& handler, const Arguments&... arguments) {

@@ -91,7 +91,6 @@ public:
   [[nodiscard]] HBRUSH brush() const { return static_cast<HBRUSH>(brush_.get()); }
 
 private:
-  [[nodiscard]] bool drawn_at_once() const override { return true; }
   [[nodiscard]] bool has_hand() const override { return true; }
   void set_row_height();
 

@@ -77,6 +77,14 @@ TEST_F(ListRadiosDetails, ARightClickOpensTheStationsMenu) {
     EXPECT_TRUE(label(name).visible()) << name;
 }
 
+TEST_F(ListRadiosDetails, TheMenuKeyOpensTheSameMenu) {
+  (void)list().user_arrow(1);
+  EXPECT_TRUE(list().user_menu_key());
+  ASSERT_EQ(popups.opened.size(), 1U);
+  EXPECT_EQ(popups.opened[0].anchor, &list());
+  EXPECT_EQ(find_item(popups.opened[0].items, L"WebRadia")->caption, L"www.prvni.example");
+}
+
 TEST_F(ListRadiosDetails, AnotherButtonOnlyMovesTheSelection) {
   (void)list().user_pick(3, MouseButton::middle);
   EXPECT_TRUE(popups.opened.empty());
