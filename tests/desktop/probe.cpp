@@ -7,6 +7,7 @@
 //   probe selected        number of the selected row of the list, from 1
 //   probe boxes           every message box: caption and texts;   probe press CAPTION  presses a button of a box
 //   probe menus           the places of the menus that are open: left, top, width, height
+//   probe cancel          closes the open menus
 //   probe command N       sends the main window the command of a keyboard's or remote control's special key
 //   probe close [WINDOW]   asks the main window to close, as the system does
 //   probe endsession      tells the main window that the session ends
@@ -267,6 +268,16 @@ int print_menus() {
   return 0;
 }
 
+// Whichever window the menu belongs to.
+int cancel_menus() {
+  for (const wchar_t* name : {L"Lumotune", L"ListRadios"}) {
+    window_name = name;
+    if (const HWND window = main_window())
+      PostMessageW(window, WM_CANCELMODE, 0, 0);
+  }
+  return 0;
+}
+
 int for_boxes(const wchar_t* button) {
   std::vector<HWND> all;
   EnumWindows(collect, reinterpret_cast<LPARAM>(&all));
@@ -311,6 +322,8 @@ int wmain(int count, wchar_t** words) {
     return print_selected();
   if (what == L"menus")
     return print_menus();
+  if (what == L"cancel")
+    return cancel_menus();
   if (what == L"command" && count > 2)
     return SendMessageW(main_window(), WM_APPCOMMAND, 0, MAKELPARAM(0, _wtoi(words[2]))) != 0 ? 0 : 1;
   if (what == L"item" && count > 2)

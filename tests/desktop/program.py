@@ -3,6 +3,7 @@
 import os
 import re
 import subprocess
+import sys
 
 from desk import STATIONS, TOP, Desk, Radio, Sound, wait_for
 
@@ -11,7 +12,9 @@ BY_ID = {station.identifier: station for station in STATIONS}
 
 class Program:
     def __init__(self):
-        folder = os.path.join(TOP, "build", "desktop")
+        # Of its own for each group of tests: they run side by side.
+        group = os.path.splitext(os.path.basename(sys.argv[0]))[0]
+        folder = os.path.join(TOP, "build", "desktop", group)
         os.makedirs(folder, exist_ok=True)
         self.radio = Radio(folder)
         self.folder = os.path.join(folder, "složka programu")

@@ -8,7 +8,7 @@ import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import WINE, Desk, Sound, wait_for, wine  # noqa: E402
+from desk import TOP, WINE, Desk, Sound, wait_for, wine  # noqa: E402
 from program import BY_ID, Program  # noqa: E402
 
 

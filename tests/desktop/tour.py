@@ -2,74 +2,174 @@
 """A short tour of the program: prints what is heard and seen, leaves pictures, and fails when no sound flows."""
 import os
 import sys
+import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from desk import STATIONS, TOP, Desk, Radio, Sound, picture, wait_for  # noqa: E402
+from desk import PROBE, STATIONS, TOP, Desk, Radio, Sound, picture, wait_for, wine  # noqa: E402
+from directory_server_control import DirectoryServer  # noqa: E402
+from program import Program  # noqa: E402
 
 
-def main():
-    folder = os.path.join(TOP, sys.argv[1])
-    radio = Radio(folder)
-    desk = Desk(os.path.join(TOP, "build", "demo"), radio)
-    good = True
+class Tour:
+    def __init__(self, folder):
+        self.folder = folder
+        self.radio = Radio(folder)
+        self.server = DirectoryServer(self.radio.port)
+        self.desk = Desk(os.path.join(TOP, "build", "demo"), self.radio)
+        self.good, self.pictures = True, 0
 
+    @staticmethod
     def say(text):
         print(f"tour: {text}", flush=True)
 
-    def show(number, name):
-        picture(os.path.join(folder, f"{number:02}-{name}.png"))
+    def check(self, fact, text, otherwise):
+        self.good &= bool(fact)
+        self.say(text if fact else otherwise)
 
-    try:
+    def show(self, name):
+        self.pictures += 1
+        picture(os.path.join(self.folder, f"{self.pictures:02}-{name}.png"))
+
+    def hear(self, station, text):
+        heard = wait_for(lambda: Sound.loudest() == station.hertz, 20)
+        self.check(heard, f"{text}, {station.hertz} Hz heard", f"NO SOUND: {text}")
+
+    def menu(self, name, *, keys=(), opened=True):
+        """A picture of the menu that was just opened, which is then closed."""
+        menus = wait_for(self.desk.menus, 5)
+        if keys:
+            self.desk.key(*keys)
+        time.sleep(0.4)
+        self.show(name)
+        self.check(bool(menus) == opened, f"menu seen: {name}", f"NO MENU: {name}")
+        for _ in range(4):
+            if not self.desk.menus():
+                break
+            wine(PROBE, "cancel")
+            time.sleep(0.3)
+
+    def box(self, text, name):
+        seen = wait_for(lambda: any(text in part for box in self.desk.boxes() for part in box), 10)
+        self.show(name)
+        self.check(seen, f"box seen: '{text}'", f"NO BOX: '{text}'")
+        self.desk.press("OK")
+        time.sleep(0.5)
+
+    def in_directory(self, name):
+        return self.desk.controls("ListRadios")[name]
+
+    def listening(self):
+        desk = self.desk
         desk.start()
         first = STATIONS[0]
-        heard = wait_for(lambda: Sound.loudest() == first.hertz, 20)
-        good &= bool(heard)
-        say(f"the last station plays, {first.hertz} Hz heard" if heard else "NO SOUND of the last station")
+        self.hear(first, "the last station plays")
         wait_for(lambda: desk.text("InfoTime"), 5)
         now = desk.controls()
-        say(f"seen: name '{now['InfoName'].text}', time '{now['InfoTime'].text}', status '{now['InfoStatus'].text}'")
-        good &= now["InfoName"].text == first.name
-        show(1, "playing")
+        self.say(f"seen: name '{now['InfoName'].text}', time '{now['InfoTime'].text}', status '{now['InfoStatus'].text}'")
+        self.good &= now["InfoName"].text == first.name
+        self.show("playing")
+        desk.click("Control_Menu")
+        self.menu("menu")
+        desk.click("Control_Menu")
+        time.sleep(0.4)
+        self.menu("menu-settings", keys=["Down"] * 11 + ["Right"])
+        desk.click("Control_Volume")
+        self.menu("menu-volume")
+        desk.click("InfoName")
+        self.menu("menu-station", keys=["Down"] * 5 + ["Right"])
         desk.click("Control_Play")
         silent = wait_for(lambda: Sound.loudest() == 0, 5)
-        good &= bool(silent)
-        say("stopped by the mouse, silence" if silent else "NOT SILENT after stop")
-        show(2, "stopped")
+        self.check(silent, "stopped by the mouse, silence", "NOT SILENT after stop")
+        wait_for(lambda: desk.visible("Control_List"), 5)
+        self.check(len(desk.items()) == 3, f"favourites listed: {len(desk.items())}", f"FAVOURITES: {desk.items()}")
+        self.show("favourites")
+        desk.click_at(desk.favourite_place(1), 3)
+        self.menu("menu-favourite")
+
+    def browsing(self):
+        desk = self.desk
+        self.server.set(seconds="4")
+        desk.click("Control_Sat")
+        wait_for(lambda: self.in_directory("Label1").text.startswith("Aktualizuji seznam rádií ("), 15)
+        time.sleep(1)
+        self.show("directory-download")
+        self.say(f"the directory is downloaded: '{self.in_directory('Label1').text}'")
+        done = wait_for(lambda: self.in_directory("Label1").text == "Hotovo, připraven...", 30)
+        self.check(done, f"stations in the directory: {len(desk.rows())}", "THE DOWNLOAD DOES NOT END")
+        wait_for(lambda: self.in_directory("InfoPanel").text.endswith("."), 15)
+        self.show("directory")
+        desk.click_at(next(node for node in desk.nodes() if node.text == "Slovenské rádiá").place)
+        wait_for(lambda: self.in_directory("Label1").text.startswith("Zobrazeno"), 5)
+        self.say(f"a category is chosen: '{self.in_directory('Label1').text}'")
+        station = STATIONS[5]
+        desk.click_at(next(row for row in desk.rows() if row.text == station.name).place)
+        wait_for(lambda: self.in_directory("Label2").text == station.name, 5)
+        self.show("directory-details")
+        desk.click_at(next(row for row in desk.rows() if row.text == station.name).place, 3)
+        self.menu("menu-directory")
+        desk.click_at(next(row for row in desk.rows() if row.text == station.name).place)
+        desk.click("Label7", window="ListRadios")
+        self.menu("menu-qualities")
+        desk.click("Label5", window="ListRadios")
+        time.sleep(0.5)
+        desk.key("Down", "Return")
+        self.box("Rádio bylo přidáno k oblíbeným.", "box-favourite-added")
+        desk.click("Label7", window="ListRadios")
+        time.sleep(0.5)
+        desk.key("Down", "Return")
+        self.hear(station, f"'{station.name}' of the directory plays")
+        desk.close_window("ListRadios")
+        wait_for(lambda: "Form" not in desk.controls("ListRadios"), 5)
+        self.show("directory-closed")
+
+    def companions(self):
+        desk = self.desk
+        desk.click("Control_Rec")
+        started = wait_for(lambda: "OrbRecorder.exe" in desk.log("OrbRecorder"), 10)
+        self.check(started, "the recorder is told: " + desk.log("OrbRecorder").strip().rpartition("line=")[2].rpartition("\\")[2],
+                   "THE RECORDER IS NOT STARTED")
+        reported = wait_for(self.server.reports, 10)
+        self.check(reported, "the community hears what plays", "NO REPORT of what plays")
+
+    def storms(self):
+        desk, second = self.desk, STATIONS[1]
         desk.send("remoteplay/@/LUMO02/@/1/@//@/")
-        heard = wait_for(lambda: Sound.loudest() == STATIONS[1].hertz, 20)
-        good &= bool(heard)
-        say(f"the client tunes '{STATIONS[1].name}', {STATIONS[1].hertz} Hz heard" if heard else "NO SOUND after the client's command")
-        show(3, "tuned-by-the-client")
-        radio.stop()
+        self.hear(second, f"the client tunes '{second.name}'")
+        self.show("tuned-by-the-client")
+        self.radio.stop()
         lost = wait_for(lambda: (desk.text("InfoStatus") or "").startswith(("Spojení ztraceno", "Stanice neodpovídá")), 25)
-        say(f"the radio goes away: '{desk.text('InfoStatus')}'")
-        good &= bool(lost)
-        show(4, "radio-gone")
-        radio.start()
-        heard = wait_for(lambda: Sound.loudest() == STATIONS[1].hertz, 30)
-        good &= bool(heard)
-        say("the radio is back, and so is the sound" if heard else "NO SOUND after the radio came back")
+        self.check(lost, f"the radio goes away: '{desk.text('InfoStatus')}'", "A LOST RADIO IS NOT TOLD")
+        self.show("radio-gone")
+        self.radio.start()
+        self.hear(second, "the radio is back, and so is the sound")
+
+    def window(self):
+        desk = self.desk
         desk.click("LineMenu_OnTop")
-        show(5, "always-on-top")
+        self.show("always-on-top")
         desk.click("LineMenu_Min")
-        say(f"hidden: {not desk.form().visible}")
-        good &= not desk.form().visible
-        show(6, "hidden-in-the-tray")
+        hidden = not desk.form().visible
+        self.check(hidden, "hidden in the tray", "NOT HIDDEN")
+        self.show("hidden-in-the-tray")
+        desk.click_at(wait_for(Program.tray_icon, 10), 3)
+        self.menu("menu-tray")
         desk.second()
         back = wait_for(lambda: desk.form().visible, 5)
-        say(f"a second start brings it back: {bool(back)}")
-        good &= bool(back)
+        self.check(back, "a second start brings it back", "A SECOND START DOES NOT BRING IT BACK")
         desk.click("LineMenu_End")
-        ended = desk.ended()
-        say(f"ended, settings saved: {desk.options()[12]}")
-        good &= bool(ended)
-    finally:
-        desk.close()
-        radio.stop()
-    say("pictures are in build/tour/")
-    say("all well" if good else "SOMETHING WENT WRONG")
-    return 0 if good else 1
+        self.check(desk.ended(), f"ended, settings saved: {desk.options()[12]}", "DOES NOT END")
+
+    def go(self):
+        try:
+            for part in (self.listening, self.browsing, self.companions, self.storms, self.window):
+                part()
+        finally:
+            self.desk.close()
+            self.radio.stop()
+        self.say("pictures are in build/tour/")
+        self.say("all well" if self.good else "SOMETHING WENT WRONG")
+        return 0 if self.good else 1
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(Tour(os.path.join(TOP, sys.argv[1])).go())
