@@ -12,26 +12,44 @@ namespace {
 constexpr std::string_view line_end = "\r\n";
 constexpr std::size_t marker_length = 6; // "orb:k:" and its like
 
+enum class Kind { nothing, category, advertisement, information, station };
+
+Kind kind_of(std::string_view line) {
+  if (line.empty() || (line.size() == 5 && starts_with_marker(line, "<end>")))
+    return Kind::nothing;
+  if (starts_with_marker(line, "orb:k:"))
+    return Kind::category;
+  if (starts_with_marker(line, "orb:r:"))
+    return Kind::advertisement;
+  return starts_with_marker(line, "orb:i:") ? Kind::information : Kind::station;
+}
+
 } // namespace
 
+// Station lines that follow each other and end as they shall are copied at one go.
 Converted convert(std::string_view list, const platform::AnsiCodec& codec, ConversionPort& port) {
   Converted result;
   result.stations.reserve(list.size() + line_end.size());
+  std::size_t copied = 0; // up to here the list is dealt with
+  const auto copy_up_to = [&](std::size_t end) { result.stations.append(list, copied, end - copied); };
   LineWalk walk(list);
   while (walk.next()) {
-    const std::string_view line = walk.line();
-    const std::string_view text = line.substr(std::min(marker_length, line.size()));
-    if (line.empty() || (text.empty() && starts_with_marker(line, "<end>") && line.size() < marker_length))
+    const Kind kind = kind_of(walk.line());
+    if (kind == Kind::station && list.substr(0, walk.after()).ends_with(line_end))
       continue;
-    if (starts_with_marker(line, "orb:k:"))
+    copy_up_to(walk.start());
+    copied = walk.after();
+    const std::string_view text = walk.line().substr(std::min(marker_length, walk.line().size()));
+    if (kind == Kind::category)
       result.categories.append(text).append(line_end);
-    else if (starts_with_marker(line, "orb:r:"))
+    else if (kind == Kind::advertisement)
       port.ZobrazReklamu(codec.decode(text));
-    else if (starts_with_marker(line, "orb:i:"))
+    else if (kind == Kind::information)
       port.ZobrazInfoPanel(codec.decode(text));
-    else
-      result.stations.append(line).append(line_end);
+    else if (kind == Kind::station)
+      result.stations.append(walk.line()).append(line_end);
   }
+  copy_up_to(list.size());
   result.stations.append(line_end);
   result.categories.append(line_end);
   return result;

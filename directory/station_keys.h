@@ -27,14 +27,18 @@ public:
   [[nodiscard]] std::size_t find(std::string_view id) const; // 0 when there is none
 
 private:
-  [[nodiscard]] std::uint32_t hash(std::string_view id) const;
-  [[nodiscard]] std::size_t slot_of(std::uint32_t hash, std::string_view id) const;
+  [[nodiscard]] std::uint64_t hash(std::string_view id) const;
+  [[nodiscard]] std::uint64_t folded_word(std::string_view bytes) const;
+  [[nodiscard]] std::size_t slot_of(std::uint64_t hash, std::string_view id) const;
+  void put(std::size_t slot, std::uint64_t hash, std::size_t row);
   void grow();
 
   const CodePageFold& fold_;
   IdOf id_of_;
   std::uint64_t seed_;
-  std::vector<std::uint64_t> slots_; // 0, or the hash above and the row below; a power of two of them
+  // Slots, a power of two of them. The tags alone are small enough to stay in the processor's cache.
+  std::vector<std::uint8_t> tags_;  // some bits of the hash, 0 for an empty slot
+  std::vector<std::uint32_t> rows_; // of the slots that are not empty
   std::size_t used_ = 0;
 };
 
