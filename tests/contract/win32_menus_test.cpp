@@ -232,6 +232,7 @@ TEST_F(Win32Menus, TheInputBoxIsBuiltAsItShouldBe) {
     EXPECT_EQ(text_of(GetDlgItem(box, IDOK)), L"OK");
     EXPECT_EQ(text_of(GetDlgItem(box, IDCANCEL)), L"Storno");
     EXPECT_EQ(GetFocus(), GetDlgItem(box, 101));
+    EXPECT_NE(GetWindowLongPtrW(GetDlgItem(box, 100), GWL_STYLE) & SS_NOPREFIX, 0);
     owner_enabled = IsWindowEnabled(b.window.handle()) != 0;
     marked = GetPropW(box, L"InputBox.Form") != nullptr && GetPropW(GetFocus(), L"InputBox.Text") != nullptr;
   });

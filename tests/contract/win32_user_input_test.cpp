@@ -88,6 +88,17 @@ TEST_F(Win32UserInput, AKeyThatAnotherHoldsStaysThere) {
   EXPECT_NE(UnregisterHotKey(nullptr, id), 0) << "the other one still has it";
 }
 
+TEST_F(Win32UserInput, ReleasedKeysAreFreeForOthers) {
+  constexpr int id = 78;
+  for (const UINT key : {VK_MEDIA_PLAY_PAUSE, VK_MEDIA_STOP}) {
+    keys.take();
+    EXPECT_EQ(RegisterHotKey(nullptr, id, MOD_NOREPEAT, key), 0);
+    keys.release();
+    EXPECT_NE(RegisterHotKey(nullptr, id, MOD_NOREPEAT, key), 0);
+    UnregisterHotKey(nullptr, id);
+  }
+}
+
 TEST_F(Win32UserInput, AHandlerThatThrowsHarmsNothing) {
   keys.on_stop = [] { throw 1; };
   keys.take();
