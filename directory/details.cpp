@@ -107,7 +107,11 @@ void Details::show_all() {
   uses_.form.Label5.set_visible(true);
 }
 
+// Leaving one label for its neighbour crosses nothing that would tell.
 void Details::hover(platform::Label& label) {
+  if (label.underline())
+    return;
+  ZpetMouseMove();
   label.set_underline(true);
   if (&label == &uses_.form.Label4)
     label.set_text_colour(hover_colour);

@@ -57,7 +57,9 @@ BoxAnswer Win32Dialogs::message(const std::wstring& text, const std::wstring& ti
   UINT style = MB_SETFOREGROUND;
   style |= icon == BoxIcon::information ? MB_ICONINFORMATION : 0U;
   style |= buttons == BoxButtons::yes_no ? MB_YESNO : MB_OK;
-  switch (MessageBoxW(owner_, text.c_str(), title.c_str(), style)) {
+  // Before the window that the user has to do with; of other programs' windows none counts.
+  const HWND active = GetActiveWindow();
+  switch (MessageBoxW(active != nullptr ? active : owner_, text.c_str(), title.c_str(), style)) {
   case IDYES:
     return BoxAnswer::yes;
   case IDNO:

@@ -166,6 +166,8 @@ class TestLists(Directory):
     def test_television_has_a_player_of_its_own(self):
         desk = self.open()
         self.updated()
+        desk.click_at(self.node("Televize").place)
+        self.until(lambda: self.status().startswith("Zobrazeno "), 10)
         desk.click_at(self.row("Televize Lumo").place)
         self.until(lambda: not self.control("Label5").visible, 10)
         desk.click_at(self.row("Televize Lumo").place, times=2)
@@ -268,6 +270,8 @@ class TestActions(Directory):
     def test_a_television_row_offers_no_quality_to_add(self):
         desk = self.open()
         self.updated()
+        desk.click_at(self.node("Televize").place)
+        self.until(lambda: self.status().startswith("Zobrazeno "), 10)
         desk.click_at(self.row("Televize Lumo").place, 3)
         time.sleep(0.5)
         # Web page, tuning (a submenu), listeners, discussion, trouble.
