@@ -1,13 +1,14 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """The station directory of the real program: the update from a server of every kind, the lists, the stations."""
 import os
+import shutil
 import subprocess
 import sys
 import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import Sound, wine  # noqa: E402
+from desk import PROBE, Sound, wine  # noqa: E402
 from directory_server_control import DirectoryServer  # noqa: E402
 from program import BY_ID, Program  # noqa: E402
 
@@ -113,6 +114,25 @@ class TestUpdate(Directory):
         self.until(lambda: self.control("Command1").enabled, 10)
         after = [row.text for row in self.desk.rows()]
         assert before != after and len(before) == len(after) == 50
+
+    def test_off_the_internet_the_button_says_so(self):
+        system = os.path.join(os.environ["WINEPREFIX"], "drive_c", "windows", "system32", "wininet.dll")
+        shutil.copy(system, system + ".kept")
+        before = os.environ["WINEDLLOVERRIDES"]
+        try:
+            shutil.copy(os.path.join(os.path.dirname(PROBE), "offline.dll"), system)
+            os.environ["WINEDLLOVERRIDES"] = before + ";wininet=n"
+            self.open(advert="none")
+            self.updated()
+            lists = len(self.server.lists())
+            self.click("Command1")
+            self.box("Nejste připojeni k internetu.  Prosím připojte se!")  # CR LF reads as two blanks
+            assert not self.control("Command1").enabled
+            assert len(self.server.lists()) == lists
+            self.desk.close()
+        finally:
+            os.environ["WINEDLLOVERRIDES"] = before
+            os.replace(system + ".kept", system)
 
     def test_a_huge_list_is_taken_and_the_window_stays_alive(self):
         self.open(stations="50000", seconds="2")
