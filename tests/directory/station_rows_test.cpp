@@ -168,6 +168,40 @@ TEST(StationRows, ShowWhatTheyWereMadeOfWhileTheTableIsLoadedAnew) {
   EXPECT_EQ(w.rows.key(1), L"orbRADIO1");
 }
 
+TEST(StationRows, LetGoOfTheLinesWhenTheyAreCleared) {
+  RowsWorld w;
+  w.all(station("RADIO1", "A", "", ""));
+  EXPECT_GT(w.lines.use_count(), 1);
+  w.rows.clear();
+  EXPECT_EQ(w.lines.use_count(), 1);
+}
+
+TEST(StationRows, AnyNumberOfStationsCanBeLookedUpInVain) {
+  RowsWorld w;
+  std::string bytes;
+  for (int i = 1; i <= 2100; ++i) {
+    bytes += station(std::to_string(i), "N", "", "");
+    if (i < 500 || (i > 520 && i < 1000) || (i > 1030 && i < 2040))
+      continue;
+    w.all(bytes);
+    EXPECT_EQ(w.rows.find(std::to_wstring(i)), static_cast<std::size_t>(i));
+    EXPECT_EQ(w.rows.find(L"jine"), 0U);
+  }
+}
+
+TEST(StationRows, CategoriesCanBeSwitchedForEver) {
+  RowsWorld w;
+  std::string bytes;
+  for (int i = 0; i < 600; ++i)
+    bytes += station(std::to_string(i), "N", "", std::to_string(100001 + i % 3));
+  w.put(bytes);
+  for (int turn = 0; turn < 60; ++turn) {
+    EXPECT_EQ(w.category(std::to_wstring(100001 + turn % 3)).size(), 200U);
+    EXPECT_EQ(w.rows.find(std::to_wstring(turn % 3)), 1U);
+    EXPECT_EQ(w.rows.find(std::to_wstring((turn + 1) % 3)), 0U);
+  }
+}
+
 TEST(StationRows, RecordsOfAnyNumberOfFieldsAreShown) {
   RowsWorld w;
   std::string bytes;

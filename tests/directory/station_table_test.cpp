@@ -125,6 +125,7 @@ TEST(StationRecord, EmptyFieldsAreEmptyTexts) {
 
 TEST(StationRecord, NearlyADelimiterIsNone) {
   EXPECT_EQ(record_field("@/a/@b/@", 0), "@/a/@b/@");
+  EXPECT_EQ(record_field("a@/b", 0), "a@/b");
   EXPECT_EQ(record_field("a/@/@/b", 0), "a");
   EXPECT_EQ(record_field("a/@/@/b", 1), "@/b") << "a delimiter's slash is used once";
   EXPECT_EQ(record_field("//@//b", 0), "/");

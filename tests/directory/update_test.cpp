@@ -200,6 +200,18 @@ TEST(Update, ASecondStartBeginsAnewFromEveryState) {
   }
 }
 
+TEST(Update, AnAnswerToAnOlderRunIsNotTakenForTheNewOne) {
+  Update update = probed();
+  const unsigned before = update.run();
+  (void)update.LoadAktualizaceRadii();
+  (void)update.Timer3_Timer(of_length(7));
+  EXPECT_EQ(texts(update.probe_read(before, announcing(10))), nothing);
+  (void)update.probe_read(update.run(), announcing(10));
+  (void)update.Timer1_Timer(of_length(10));
+  EXPECT_EQ(texts(update.converted(before, Conversion::done)), nothing);
+  EXPECT_FALSE(texts(update.converted(update.run(), Conversion::done)).empty());
+}
+
 TEST(Update, StepsCarryTheirRun) {
   Update update;
   const UpdateSteps first = update.LoadAktualizaceRadii();
