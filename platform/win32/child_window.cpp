@@ -7,6 +7,8 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace lumotune::platform::win32 {
@@ -105,23 +107,29 @@ void ChildWindow::enable(bool enabled) {
 }
 
 void ChildWindow::settle() {
-  if (std::exchange(settled_, true))
-    return;
-  apply_place();
-  ShowWindow(window_, shown_ ? SW_SHOWNA : SW_HIDE);
+  if (!std::exchange(settled_, true))
+    set_place(shown_ ? SWP_SHOWWINDOW : SWP_HIDEWINDOW);
 }
 
 void ChildWindow::apply_place() {
   if (!settled_)
     return;
-  const unsigned dpi = surface_.dpi();
-  // The far edges are converted, not the lengths: neighbours then stay neighbours at every scale.
-  const int left = pixels(place_.left, dpi);
-  const int top = pixels(place_.top, dpi);
-  const int right = pixels(place_.left + place_.width, dpi);
-  const int bottom = pixels(place_.top + place_.height, dpi);
-  SetWindowPos(window_, nullptr, left, top, right - left, bottom - top, SWP_NOZORDER | SWP_NOACTIVATE);
+  set_place(0);
   redraw();
+}
+
+void ChildWindow::set_place(UINT visibility) {
+  // The far edges are converted, not the lengths: neighbours then stay neighbours at every scale. Numbers that came
+  // from a server may be of any size; the system counts to 32767 pixels.
+  const auto edge = [this](int start, int length) {
+    constexpr std::int64_t most = 240000;
+    return pixels(static_cast<int>(std::clamp(std::int64_t{start} + length, -most, most)), surface_.dpi());
+  };
+  const int left = edge(place_.left, 0);
+  const int top = edge(place_.top, 0);
+  const int right = edge(place_.left, place_.width);
+  const int bottom = edge(place_.top, place_.height);
+  SetWindowPos(window_, nullptr, left, top, right - left, bottom - top, SWP_NOZORDER | SWP_NOACTIVATE | visibility);
 }
 
 void ChildWindow::redraw() {

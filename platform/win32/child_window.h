@@ -69,7 +69,6 @@ protected:
   void show(bool visible);
   void enable(bool enabled);
   void apply_place();
-  void settle();
   void redraw(); // and what lies over it
   void draw_focus(HDC target, const RECT& area) const;
   void draw_buffered(HDC target, const RECT& area);
@@ -81,6 +80,8 @@ protected:
   bool shown_ = true;
 
 private:
+  void settle();
+  void set_place(UINT visibility);
   [[nodiscard]] bool in_sight() const { return IsWindowVisible(surface_.handle()) != 0; }
 
   std::wstring property_;

@@ -217,14 +217,6 @@ bool Win32ListView::handle_mouse(UINT message, WPARAM w, LPARAM l, LRESULT& /*re
   }
 }
 
-// The key for menus does what the right button does.
-void Win32ListView::ask_for_menu() {
-  if (selected() == 0)
-    return;
-  mouse_pressed(MouseEvent{MouseButton::right, 0, 0});
-  fire(on_click);
-}
-
 bool Win32ListView::handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   switch (message) {
   case WM_KEYDOWN:
@@ -245,10 +237,6 @@ bool Win32ListView::handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result
     fire(on_key_press, static_cast<wchar_t>(w));
     return true;
   }
-  case WM_CONTEXTMENU:
-    if (l == -1)
-      ask_for_menu();
-    return true;
   case WM_KILLFOCUS:
     keys_.forget();
     return false;

@@ -29,7 +29,6 @@ private:
   [[nodiscard]] bool handle_mouse(UINT message, WPARAM w, LPARAM l, LRESULT& result);
   [[nodiscard]] bool handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result);
   void press(MouseButton button, WPARAM keys, LPARAM point);
-  void ask_for_menu();
   [[nodiscard]] std::size_t row_at(LPARAM point) const;
   [[nodiscard]] std::size_t row_count() const;
   void answer_text(NMLVDISPINFOW& request) const;

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -123,6 +124,20 @@ TEST_F(FramedWindowContract, EveryControlKeepsWhatItIsGiven) {
     EXPECT_EQ(control->tooltip(), L"celé jméno");
     EXPECT_FALSE(control->visible());
     EXPECT_FALSE(control->enabled());
+  }
+}
+
+TEST_F(FramedWindowContract, NoSizeIsTooLarge) {
+  auto& browser = window->make_browser(L"WebBrowser1");
+  window->set_visible(true);
+  constexpr int most = 2147483647;
+  for (const int size : {most, -most, 0}) {
+    browser.move(most, size);
+    browser.resize(size, most);
+    b.pass(20);
+    EXPECT_EQ(browser.rect(), (TwipsRect{most, size, std::max(size, 0), most}));
+    window->resize(most, size);
+    window->set_minimum(size, most);
   }
 }
 

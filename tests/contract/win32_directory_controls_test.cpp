@@ -222,12 +222,16 @@ TEST_F(Win32ListViewTest, ArrowsMoveAndAreTold) {
   EXPECT_EQ(events, L"") << "these went down somewhere else";
 }
 
-TEST_F(Win32ListViewTest, TheKeyForMenusIsARightClick) {
-  SendMessageW(handle(list), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(handle(list)), -1);
-  EXPECT_EQ(events, L"") << "nothing is selected";
+TEST_F(Win32ListViewTest, TheKeyForMenusIsNoClick) {
+  list.on_menu_key = [this] { note(L"menu"); };
   list.select(6);
-  SendMessageW(handle(list), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(handle(list)), -1);
-  EXPECT_EQ(events, L"right6 click6 ");
+  const auto asked = [this](LPARAM place) {
+    SendMessageW(handle(list), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(handle(list)), place);
+  };
+  asked(-1);
+  EXPECT_EQ(events, L"menu6 ");
+  asked(MAKELPARAM(100, 100)); // the mouse's, which has been told as a press
+  EXPECT_EQ(events, L"menu6 ");
 }
 
 TEST_F(Win32ListViewTest, TypingFindsARowAmongFiftyThousand) {
