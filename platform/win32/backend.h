@@ -6,7 +6,6 @@
 #include "platform/win32/files.h"
 #include "platform/win32/framed_window.h"
 #include "platform/win32/messages.h"
-#include "platform/win32/picture.h"
 #include "platform/win32/system.h"
 #include "platform/win32/tray.h"
 #include "platform/win32/window.h"
@@ -16,7 +15,6 @@ namespace lumotune::platform::win32 {
 struct Backend {
   explicit Backend(int icon);
 
-  PictureLibrary pictures;
   Win32EventLoop loop;
   Win32Codec codec;
   Win32Files files;

@@ -1,142 +1,87 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/win32/picture.h"
 
-#include "platform/win32/files.h"
-
+#include "platform/common/gif.h"
+#include "platform/common/scale.h"
 #include <algorithm>
-#include <objbase.h>
-#include <objidl.h>
-// GDI+ asks for these two names.
-using std::max;
-using std::min;
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wall"
-#include <gdiplus.h>
-#pragma GCC diagnostic pop
+#include <utility>
 
 namespace lumotune::platform::win32 {
 namespace {
 
-constexpr std::uint64_t max_picture_bytes = 8U * 1024 * 1024;
+constexpr LONGLONG max_bytes = 8LL * 1024 * 1024;
 
-struct ReleaseStream {
-  void operator()(IStream* stream) const { stream->Release(); }
-};
+// A bitmap whose memory is open to us, top row first; nothing when there was no memory.
+GdiObject bitmap_of(const Pixels& pixels) {
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = pixels.width;
+  info.bmiHeader.biHeight = -pixels.height;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  void* memory = nullptr;
+  GdiObject bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &memory, nullptr, 0));
+  if (bitmap != nullptr)
+    std::copy(pixels.values.begin(), pixels.values.end(), static_cast<std::uint32_t*>(memory));
+  return bitmap;
+}
 
-// A stream over a copy of the bytes; nothing when there was no memory.
-std::unique_ptr<IStream, ReleaseStream> stream_of(const std::string& bytes) {
-  IStream* made = nullptr;
-  if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, &made)))
-    return nullptr;
-  std::unique_ptr<IStream, ReleaseStream> stream(made);
-  ULONG written = 0;
-  if (FAILED(stream->Write(bytes.data(), static_cast<ULONG>(bytes.size()), &written)) || written != bytes.size() ||
-      FAILED(stream->Seek({}, STREAM_SEEK_SET, nullptr)))
-    return nullptr;
-  return stream;
+// One opening for both the length and the bytes: there are twenty pictures to be read before the window can be shown.
+std::string read_small(const std::wstring& path) {
+  const KernelHandle file(CreateFileW(path.c_str(), GENERIC_READ,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+  LARGE_INTEGER length{};
+  if (file.get() == INVALID_HANDLE_VALUE || GetFileSizeEx(file.get(), &length) == 0 || length.QuadPart > max_bytes)
+    return {};
+  std::string bytes(static_cast<std::size_t>(length.QuadPart), '\0');
+  DWORD got = 0;
+  if (ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr) == 0)
+    return {};
+  bytes.resize(got);
+  return bytes;
 }
 
 } // namespace
 
-PictureLibrary::PictureLibrary() {
-  Gdiplus::GdiplusStartupInput input;
-  if (Gdiplus::GdiplusStartup(&token_, &input, nullptr) != Gdiplus::Ok)
-    token_ = 0;
-}
-
-PictureLibrary::~PictureLibrary() {
-  if (token_ != 0)
-    Gdiplus::GdiplusShutdown(token_);
-}
-
-// The decoded picture, and the last size it was wanted in, ready to be blended.
-struct Picture::Bits {
-  std::unique_ptr<Gdiplus::Bitmap> decoded;
-  MemoryDc dc;
-  GdiObject bitmap;
-  int width = 0;
-  int height = 0;
-};
-
-Picture::Picture() : bits_(std::make_unique<Bits>()) {}
-Picture::~Picture() = default;
-
 bool Picture::load(const std::wstring& path) {
-  const Win32Files files;
-  const auto size = files.size(path);
-  if (!size || *size > max_picture_bytes)
+  std::string bytes = read_small(path);
+  auto pixels = decode_gif(bytes, max_side);
+  if (!pixels)
     return false;
-  const auto bytes = files.read(path);
-  if (!bytes || bytes->empty())
-    return false;
-  const std::unique_ptr<IStream, ReleaseStream> stream = stream_of(*bytes);
-  if (stream == nullptr)
-    return false;
-  Gdiplus::Bitmap source(stream.get());
-  const UINT width = source.GetLastStatus() == Gdiplus::Ok ? source.GetWidth() : 0;
-  const UINT height = width != 0 ? source.GetHeight() : 0;
-  if (width == 0 || height == 0 || width > max_side || height > max_side)
-    return false;
-  // Its own copy: the stream's memory goes, and a palette cannot be scaled well.
-  auto decoded =
-      std::make_unique<Gdiplus::Bitmap>(static_cast<INT>(width), static_cast<INT>(height), PixelFormat32bppPARGB);
-  Gdiplus::Graphics graphics(decoded.get());
-  graphics.SetCompositingMode(Gdiplus::CompositingModeSourceCopy);
-  graphics.SetInterpolationMode(Gdiplus::InterpolationModeNearestNeighbor);
-  graphics.SetPixelOffsetMode(Gdiplus::PixelOffsetModeHalf);
-  const Gdiplus::Rect whole(0, 0, static_cast<INT>(width), static_cast<INT>(height));
-  if (graphics.DrawImage(&source, whole, 0, 0, whole.Width, whole.Height, Gdiplus::UnitPixel) != Gdiplus::Ok)
-    return false;
-  auto fresh = std::make_unique<Bits>();
-  fresh->decoded = std::move(decoded);
-  bits_ = std::move(fresh);
-  width_ = static_cast<int>(width);
-  height_ = static_cast<int>(height);
+  width_ = pixels->width;
+  height_ = pixels->height;
+  pixels_ = std::move(*pixels);
+  file_ = std::move(bytes);
+  ready_.reset();
   return true;
 }
 
-void Picture::scale_to(int width, int height) const {
-  Bits& bits = *bits_;
-  if (bits.bitmap != nullptr && bits.width == width && bits.height == height)
-    return;
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = width;
-  info.bmiHeader.biHeight = -height; // top row first
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  void* memory = nullptr;
-  bits.dc.reset();
-  bits.bitmap.reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &memory, nullptr, 0));
-  if (bits.bitmap == nullptr)
-    return;
-  Gdiplus::Bitmap target(width, height, width * 4, PixelFormat32bppPARGB, static_cast<BYTE*>(memory));
-  Gdiplus::Graphics graphics(&target);
-  graphics.SetCompositingMode(Gdiplus::CompositingModeSourceCopy);
-  const bool same = width == width_ && height == height_;
-  graphics.SetInterpolationMode(same ? Gdiplus::InterpolationModeNearestNeighbor
-                                     : Gdiplus::InterpolationModeHighQualityBicubic);
-  graphics.SetPixelOffsetMode(Gdiplus::PixelOffsetModeHalf);
-  // Past its edge the picture is mirrored, so that the edge does not fade.
-  Gdiplus::ImageAttributes attributes;
-  attributes.SetWrapMode(Gdiplus::WrapModeTileFlipXY);
-  graphics.DrawImage(bits.decoded.get(), Gdiplus::Rect(0, 0, width, height), 0, 0, width_, height_, Gdiplus::UnitPixel,
-                     &attributes);
-  graphics.Flush(Gdiplus::FlushIntentionSync);
-  bits.width = width;
-  bits.height = height;
-  bits.dc.reset(CreateCompatibleDC(nullptr));
-  SelectObject(static_cast<HDC>(bits.dc.get()), bits.bitmap.get());
+// Nothing where there was no memory.
+HDC Picture::prepared(int width, int height) const {
+  if (ready_ != nullptr && ready_->width == width && ready_->height == height)
+    return static_cast<HDC>(ready_->dc.get());
+  Pixels pixels = std::exchange(pixels_, {});
+  if (pixels.values.empty())
+    pixels = decode_gif(file_, max_side).value_or(Pixels{});
+  if (pixels.values.empty())
+    return nullptr;
+  if (pixels.width != width || pixels.height != height)
+    pixels = scaled(pixels, width, height);
+  auto made = std::make_unique<Ready>(width, height, bitmap_of(pixels), MemoryDc(CreateCompatibleDC(nullptr)));
+  if (made->bitmap == nullptr || made->dc == nullptr)
+    return nullptr;
+  SelectObject(static_cast<HDC>(made->dc.get()), made->bitmap.get());
+  ready_ = std::move(made);
+  return static_cast<HDC>(ready_->dc.get());
 }
 
 void Picture::draw(HDC target, int x, int y, int width, int height, BYTE opacity) const {
-  if (empty() || width <= 0 || height <= 0)
-    return;
-  scale_to(width, height);
-  if (bits_->dc == nullptr)
+  const HDC ready = empty() || width <= 0 || height <= 0 ? nullptr : prepared(width, height);
+  if (ready == nullptr)
     return;
   const BLENDFUNCTION blend{AC_SRC_OVER, 0, opacity, AC_SRC_ALPHA};
-  AlphaBlend(target, x, y, width, height, static_cast<HDC>(bits_->dc.get()), 0, 0, width, height, blend);
+  AlphaBlend(target, x, y, width, height, ready, 0, 0, width, height, blend);
 }
 
 } // namespace lumotune::platform::win32

@@ -2,22 +2,18 @@
 // A picture of a skin, scaled to the monitor. The file is not to be trusted.
 #pragma once
 
+#include "platform/common/pixels.h"
 #include "platform/win32/win.h"
 
-#include <memory>
 #include <string>
 
 namespace lumotune::platform::win32 {
 
+// A GIF; of a moving one the first picture.
 class Picture {
 public:
   // A larger picture, in pixels a side, counts as no picture.
-  static constexpr unsigned max_side = 4096;
-
-  Picture();
-  Picture(const Picture&) = delete;
-  Picture& operator=(const Picture&) = delete;
-  ~Picture();
+  static constexpr int max_side = 4096;
 
   // False when the file is missing, too large or no picture; the old one then stays.
   [[nodiscard]] bool load(const std::wstring& path);
@@ -29,24 +25,20 @@ public:
   void draw(HDC target, int x, int y, int width, int height, BYTE opacity = 255) const;
 
 private:
-  struct Bits;
-  void scale_to(int width, int height) const;
+  // What is ready to be blended: the picture in the size it was wanted in last.
+  struct Ready {
+    int width = 0;
+    int height = 0;
+    GdiObject bitmap;
+    MemoryDc dc; // goes before the bitmap that is selected into it
+  };
+  [[nodiscard]] HDC prepared(int width, int height) const;
 
-  std::unique_ptr<Bits> bits_;
   int width_ = 0;
   int height_ = 0;
-};
-
-// GDI+ for as long as it lives; made before the first picture.
-class PictureLibrary {
-public:
-  PictureLibrary();
-  PictureLibrary(const PictureLibrary&) = delete;
-  PictureLibrary& operator=(const PictureLibrary&) = delete;
-  ~PictureLibrary();
-
-private:
-  ULONG_PTR token_ = 0;
+  std::string file_;      // a few kilobytes, where the pixels would be hundreds
+  mutable Pixels pixels_; // from loading until the first drawing
+  mutable std::unique_ptr<Ready> ready_;
 };
 
 } // namespace lumotune::platform::win32
