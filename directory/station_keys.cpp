@@ -88,7 +88,7 @@ std::uint64_t StationKeys::folded_word(std::string_view bytes) const {
 
 // The slot that holds the identifier, or the empty one where it belongs. There is always an empty one.
 std::size_t StationKeys::slot_of(std::uint64_t hash, std::string_view id) const {
-  std::size_t at = hash & (tags_.size() - 1);
+  std::size_t at = static_cast<std::size_t>(hash) & (tags_.size() - 1);
   while (tags_[at] != 0 && (tags_[at] != tag_of(hash) || !fold_.equal(id_of_(rows_[at]), id)))
     at = (at + 1) & (tags_.size() - 1);
   return at;

@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The whole program, wired, on the backend in memory: from outside, by clicks, commands and files.
-#include "app/program.h"
-#include "platform/memory/framed_window.h"
-#include "platform/memory/menus.h"
-#include "tests/support/core_world.h"
-#include "tests/support/skin_world.h"
-
-#include <gtest/gtest.h>
+#include "tests/app/program_world.h"
 
 namespace lumotune::test {
 namespace {
@@ -14,53 +8,7 @@ namespace {
 using platform::MouseButton;
 using platform::WindowState;
 
-struct ProgramTest : testing::Test {
-  platform::memory::MemoryEventLoop loop;
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryMachine machine;
-  platform::memory::MemoryMessages messages;
-  platform::memory::MemoryShell shell;
-  platform::memory::MemoryDialogs dialogs;
-  platform::memory::MemoryTray tray;
-  platform::memory::MemoryMediaPlayer player;
-  platform::memory::MemoryWindow window{files};
-  core::LumotuneForm form{window};
-  platform::memory::MemoryPopupMenus popups;
-  platform::memory::MemoryInputBox input_box;
-  platform::memory::MemoryPointer pointer;
-  platform::memory::MemoryMediaKeys media_keys;
-  platform::memory::MemoryConnection connection;
-  platform::memory::MemoryFramedWindowMaker framed_windows{files};
-  app::Program program{{loop, codec, files, shell, machine, window, messages, dialogs, tray, player, popups, input_box,
-                        pointer, media_keys, connection, framed_windows},
-                       form};
-
-  ProgramTest() {
-    put(L"Orb_Data\\options.ini", joined(option_lines()));
-    put(L"Orb_Data\\skins\\Lumo.skin",
-        "Author|nikdo\r\nLTform|6000|3000\r\nLineMenu_OnTop|show|1|2\r\nLineMenu_Min|show|1|2\r\n"
-        "LineMenu_End|show|1|2\r\nControl_Play|show|1|2\r\nControl_Volume|show|1|2\r\nControl_Menu|show|1|2\r\n"
-        "Control_List|show|1|2|hideplay|3|4|5|6\r\nLTDisplay|show|1|2|showstop|showifnulllist\r\n"
-        "Orbwww|show|1|2|showstop\r\nInfoName|1|2|3|4|5\r\nInfoTime|1|2|3|4|5\r\nInfoNaladit|1|2|3|4|5\r\n"
-        "InfoStatus|1|10|20|30|40|50|60|7\r\n");
-    for (const wchar_t* name : {L"form", L"ot", L"otn", L"min", L"end", L"play", L"stop", L"menu", L"display", L"orb",
-                                L"vol0", L"vol1", L"vol2", L"vol3", L"vol4", L"vol5"})
-      put(std::wstring(L"Orb_Data\\skins\\Lumo\\") + name + L".gif", gif(20, 10));
-    put(L"radios.tt", CoreWorld::record("RADIO1", "Prvn\xed", "u1a", "u2a"));
-    messages.add_window(L"Orb - Lumotune", platform::WindowRef{77});
-  }
-  void put(const std::wstring& name, const std::string& bytes) {
-    (void)files.replace(machine.folder + L"\\" + name, bytes);
-  }
-  [[nodiscard]] std::string get(const std::wstring& name) const {
-    return files.read(machine.folder + L"\\" + name).value_or("");
-  }
-  void tray_event(int message) { window.picture(L"TrayIcon")->system_mouse_move({MouseButton::none, message * 15, 0}); }
-  [[nodiscard]] std::wstring picture(const wchar_t* control) const {
-    return SkinWorld::file_name(window.picture(control)->picture());
-  }
-};
+struct ProgramTest : ProgramWorld {};
 
 TEST_F(ProgramTest, StartsInItsSkinAndPlaysAndStops) {
   ASSERT_TRUE(program.start());
