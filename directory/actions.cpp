@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/actions.h"
 
-#include "core/text.h"
+#include "core/busy.h"
 #include "skin/companions.h"
 
 #include <algorithm>
@@ -68,7 +68,11 @@ void Actions::Label6_Click() {
   skin::launch(uses_.shell, skin::problem_report(skin::companion_values(uses_.machine, uses_.settings), id, name));
 }
 
+// It may take as long as the client takes to start; a second wish meanwhile is dropped.
 void Actions::show_users(const std::wstring& id) {
+  if (showing_)
+    return;
+  const core::Busy guard(showing_);
   // Without a nickname the listeners are shown all the same.
   (void)uses_.identity.LoadOptionsNick();
   uses_.sender.SendCommand(L"orb.exe ", L"Orb - Lumotune", L"lts:" + id, L"2");
@@ -95,6 +99,8 @@ void Actions::WebRadia_Click() {
 
 void Actions::Image3_Click() {
   const std::wstring token = uses_.identity.Heslo(uses_.settings.h);
+  if (uses_.loop.quitting())
+    return;
   uses_.web->OpenUrl(skin::login_address(skin::companion_values(uses_.machine, uses_.settings), token, L""));
 }
 
@@ -134,6 +140,12 @@ std::vector<MenuItem> Actions::SkryteMenu() const {
   };
 }
 
+void Actions::offer(const std::vector<MenuItem>& items, const platform::Control& anchor) {
+  const std::wstring name = uses_.menus.pop_up(items, &anchor);
+  if (!uses_.loop.quitting())
+    choose(name);
+}
+
 void Actions::choose(const std::wstring& name) {
   for (std::size_t n = 1; n <= quality_count; ++n) {
     const std::wstring number = std::to_wstring(n);
@@ -156,12 +168,12 @@ void Actions::choose(const std::wstring& name) {
 
 void Actions::Label5_Click() {
   uses_.details.MenuRadia();
-  choose(uses_.menus.pop_up(DostupnaKvalita(), &uses_.form.Label5));
+  offer(DostupnaKvalita(), uses_.form.Label5);
 }
 
 void Actions::Label7_Click() {
   uses_.details.MenuRadia();
-  choose(uses_.menus.pop_up(NaladRadio(), &uses_.form.Label7));
+  offer(NaladRadio(), uses_.form.Label7);
 }
 
 void Actions::pop_up_station_menu() {
@@ -169,7 +181,7 @@ void Actions::pop_up_station_menu() {
   const std::wstring& web = uses_.details.selected().web;
   WebRadia_enabled_ = !web.empty();
   WebRadia_caption_ = web.empty() ? std::wstring(L"Web rádia") : web;
-  choose(uses_.menus.pop_up(SkryteMenu(), &uses_.form.ListView1));
+  offer(SkryteMenu(), uses_.form.ListView1);
 }
 
 void Actions::tune_row() {
@@ -185,7 +197,7 @@ void Actions::tune_row() {
   else if (count == 1)
     uses_.details.NaladitRadio(std::to_wstring(first - qualities.begin() + 1));
   else
-    choose(uses_.menus.pop_up(NaladRadio(), &uses_.form.ListView1));
+    offer(NaladRadio(), uses_.form.ListView1);
 }
 
 } // namespace lumotune::directory

@@ -8,6 +8,7 @@
 #include "directory/details.h"
 #include "directory/identity.h"
 #include "directory/ports.h"
+#include "platform/event_loop.h"
 #include "platform/popup_menus.h"
 
 #include <string>
@@ -27,6 +28,7 @@ public:
     core::Favourites& favourites;
     core::CommandSender& sender;
     platform::PopupMenus& menus;
+    const platform::EventLoop& loop;
     platform::Shell& shell;
     const platform::Machine& machine;
     platform::Dialogs& dialogs;
@@ -60,6 +62,7 @@ private:
   [[nodiscard]] std::vector<platform::MenuItem> DostupnaKvalita() const;
   [[nodiscard]] std::vector<platform::MenuItem> NaladRadio() const;
   [[nodiscard]] std::vector<platform::MenuItem> SkryteMenu() const;
+  void offer(const std::vector<platform::MenuItem>& items, const platform::Control& anchor);
   void choose(const std::wstring& name);
   void say(const wchar_t* text);
   void show_users(const std::wstring& id);
@@ -67,6 +70,7 @@ private:
   Uses uses_;
   std::wstring WebRadia_caption_ = L"Web rádia";
   bool WebRadia_enabled_ = false;
+  bool showing_ = false; // the client is being asked for listeners
 };
 
 } // namespace lumotune::directory

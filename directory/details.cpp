@@ -57,6 +57,8 @@ void Details::NaladitRadio(const std::wstring& Kvalita) {
   MenuRadia();
   auto& settings = uses_.settings;
   const std::wstring id = uses_.list.selected_id();
+  if (id.empty())
+    return uses_.advert.ReklamaTest(); // no row is selected any more: what is tuned stays
   const auto before = std::pair(settings.IDlastRadio, settings.KvalitaLT);
   settings.IDlastRadio = id;
   settings.KvalitaLT = Kvalita;

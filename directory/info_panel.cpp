@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/info_panel.h"
 
+#include "core/busy.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -61,7 +62,7 @@ void InfoPanelLine::ZobrazInfoPanel(const std::wstring& CommandsG) {
   if (fields.size() > 2 && number_of(fields[2], longest_interval_ms, number))
     TimerInPan->set_interval(std::max(static_cast<std::uint32_t>(number), 1U));
   if (fields.size() > 3)
-    panel_text_ = fields[3];
+    panel_text_ = fields[3].substr(0, max_typed);
   if (fields.size() > 4)
     line.set_tooltip(fields[4]);
   if (fields.size() > 5)
@@ -94,13 +95,18 @@ void InfoPanelLine::InfoPanel_Click() {
 
 // The login page gets the page to go on to as one segment of its own address.
 void InfoPanelLine::open_url() {
-  std::wstring page = panel_parameter_;
   const std::wstring token = uses_.identity.Heslo(uses_.settings.h);
+  if (uses_.loop.quitting())
+    return;
+  std::wstring page = panel_parameter_;
   uses_.web->OpenUrl(
       skin::login_address(skin::companion_values(uses_.machine, uses_.settings), token, MakePageRe(page)));
 }
 
 void InfoPanelLine::show_users() {
+  if (showing_)
+    return;
+  const core::Busy guard(showing_);
   auto pieces = core::split_text(panel_parameter_, L"||");
   if (pieces.size() < 4)
     return;
@@ -113,9 +119,10 @@ void InfoPanelLine::show_users() {
 
 void InfoPanelLine::open_browser() {
   const auto& settings = uses_.settings;
+  const std::wstring token = uses_.identity.Heslo(settings.h); // events run: the parameter is read afterwards
   std::wstring text = replace_ignoring_case(panel_parameter_, L"*.Orbidh*", settings.idh);
   text = replace_ignoring_case(text, L"*.Orbh*", settings.h);
-  text = replace_ignoring_case(text, L"*.!Orbh*", uses_.identity.Heslo(settings.h));
+  text = replace_ignoring_case(text, L"*.!Orbh*", token);
   text = replace_ignoring_case(text, L"*.l*", L"/");
   panel_parameter_ = text;
   auto pieces = core::split_text(text, L"|=|");
@@ -125,6 +132,8 @@ void InfoPanelLine::open_browser() {
   const std::wstring fields = replace_ignoring_case(pieces[1], L"||", core::record_delimiter);
   (void)uses_.dialogs.message(page + L"\r\n" + fields, platform::Dialogs::default_title, platform::BoxIcon::none,
                               platform::BoxButtons::ok);
+  if (uses_.loop.quitting())
+    return;
   skin::launch(uses_.shell, skin::browser_page(skin::companion_values(uses_.machine, settings), page, fields));
 }
 

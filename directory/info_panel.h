@@ -42,6 +42,9 @@ public:
   };
   explicit InfoPanelLine(const Uses& uses);
 
+  // So many characters are typed at most.
+  static constexpr std::size_t max_typed = 32767;
+
   // Fields: "1" for bold, colour, milliseconds a letter, text, tool tip, action, its parameter. A step whose field is
   // missing or bad is left out.
   void ZobrazInfoPanel(const std::wstring& CommandsG);
@@ -63,6 +66,7 @@ private:
   std::wstring panel_action_;
   std::wstring panel_parameter_;
   std::size_t typing_position_ = 0;
+  bool showing_ = false; // a message to a window is being delivered
 };
 
 } // namespace lumotune::directory

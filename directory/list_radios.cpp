@@ -25,7 +25,7 @@ ListRadios::ListRadios(const DirectoryUses& uses, WebSlot& web, core::Favourites
       details_({form_, list_, uses.main_form, uses.settings, uses.stations, uses.playback, uses.shell, uses.machine,
                 uses.dialogs, advert_}),
       actions_({form_, list_, details_, uses.identity, uses.settings, uses.favourites, uses.sender, uses.menus,
-                uses.shell, uses.machine, uses.dialogs, web}),
+                uses.loop, uses.shell, uses.machine, uses.dialogs, web}),
       updater_({form_, list_, *this, uses.settings, uses.loop, uses.files, uses.codec, uses.machine, uses.shell,
                 uses.dialogs, uses.connection, in_use_}) {
   set_texts();

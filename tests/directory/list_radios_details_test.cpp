@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What the directory window does with a station: details, qualities, tuning, favourites, companions.
+// What the directory window shows of a station: details, qualities and menus; and tuning it.
 #include "tests/support/directory_world.h"
 
 #include <gtest/gtest.h>
@@ -9,13 +9,46 @@ namespace {
 
 using platform::MouseButton;
 using platform::memory::find_item;
-using Lines = std::vector<std::wstring>;
 
 struct ListRadiosDetails : testing::Test, test::DirectoryWorld {
   ListRadiosDetails() { directory.Naladit(); }
   void choose(const wchar_t* item) { popups.choices = {item}; }
   [[nodiscard]] std::wstring last_start() const { return shell.started.back().command_line; }
 };
+
+// One line an item: as deep as it stands, its name, its caption.
+std::wstring drawn(const std::vector<platform::MenuItem>& items, const std::wstring& indent = L"") {
+  std::wstring text;
+  for (const platform::MenuItem& item : items) {
+    text += indent + item.name + L" = " + item.caption + (item.visible ? L"" : L" (hidden)") +
+            (item.enabled ? L"" : L" (disabled)") + (item.checked ? L" (checked)" : L"") + L"\n";
+    text += drawn(item.children, indent + L"  ");
+  }
+  return text;
+}
+
+const wchar_t* const whole_menu = LR"(WebRadia = www.prvni.example
+cara1 = -
+NaladRadio = Naladit rádio
+  Kvalita1play = 128 kbps
+  Kvalita2play = K2 (hidden)
+  Kvalita3play = 64 kbps
+  Kvalita4play = K4 (hidden)
+  Kvalita5play = K5 (hidden)
+  caraa = -
+DostupnaKvalita = Přidat rádio do rychlého seznamu
+  Kvalita1 = 128 kbps
+  Kvalita2 = K2 (hidden)
+  Kvalita3 = 64 kbps
+  Kvalita4 = K4 (hidden)
+  Kvalita5 = K5 (hidden)
+  cara = -
+  KvalitaInfo = Informace
+cara2 = -
+ShowUsers = Zobrazit posluchače
+Diskuze = Diskuze k rádiové stanici
+Potize = Mám potíže s poslechem tohoto rádia
+)";
 
 TEST_F(ListRadiosDetails, AClickShowsTheStation) {
   (void)list().user_pick(1, MouseButton::left);
@@ -77,6 +110,65 @@ TEST_F(ListRadiosDetails, ARightClickOpensTheStationsMenu) {
     EXPECT_TRUE(label(name).visible()) << name;
 }
 
+TEST_F(ListRadiosDetails, MenusAreAsDesigned) {
+  (void)list().user_pick(1, MouseButton::right);
+  EXPECT_EQ(drawn(popups.opened.back().items), whole_menu);
+  EXPECT_EQ(popups.opened.back().anchor, &list());
+  const std::vector<platform::MenuItem> whole = popups.opened.back().items;
+  (void)list().user_pick(1, MouseButton::left);
+  (void)label(L"Label7").user_click();
+  EXPECT_EQ(drawn(popups.opened.back().items), drawn(find_item(whole, L"NaladRadio")->children));
+  EXPECT_EQ(popups.opened.back().anchor, &label(L"Label7"));
+  (void)label(L"Label5").user_click();
+  EXPECT_EQ(drawn(popups.opened.back().items), drawn(find_item(whole, L"DostupnaKvalita")->children));
+  EXPECT_EQ(popups.opened.back().anchor, &label(L"Label5"));
+}
+
+TEST_F(ListRadiosDetails, EachQualityIsPlayedAndAddedByItsOwnItem) {
+  write(L"radios.tt",
+        test::Record{"VSECH5", "P\xect", "", "", "", {"u1", "u2", "u3", "u4", "u5"}, {"1", "2", "3", "4", "5"}}.line());
+  window_shown().user_close();
+  loop.advance(200);
+  directory.Naladit();
+  (void)list().user_pick(1, MouseButton::left);
+  std::string lines;
+  for (int n = 1; n <= 5; ++n) {
+    const std::wstring number = std::to_wstring(n);
+    popups.choices = {L"Kvalita" + number + L"play"};
+    (void)label(L"Label7").user_click();
+    EXPECT_EQ(find_item(popups.opened.back().items, L"Kvalita" + number + L"play")->caption, number + L" kbps");
+    EXPECT_EQ(player.url(), L"u" + number);
+    EXPECT_EQ(settings.KvalitaLT, number);
+    popups.choices = {L"Kvalita" + number};
+    (void)label(L"Label5").user_click();
+    lines += "lt:VSECH5/" + std::to_string(n) + "\r\n";
+    EXPECT_EQ(content(L"list.tt"), lines);
+  }
+}
+
+TEST_F(ListRadiosDetails, WithoutARowWhatIsTunedStays) {
+  (void)list().user_pick(1, MouseButton::left);
+  (void)label(L"Label7").user_click();
+  list().select(0);
+  choose(L"Kvalita3play");
+  (void)label(L"Label7").user_click();
+  ASSERT_EQ(popups.opened.size(), 2U);
+  EXPECT_EQ(find_item(popups.opened[1].items, L"Kvalita3play")->caption, L"64 kbps") << "of the station before";
+  EXPECT_EQ(settings.IDlastRadio, L"RADIO2");
+  EXPECT_EQ(settings.KvalitaLT, L"1");
+  EXPECT_TRUE(player.calls.empty() || player.calls.back() != L"play");
+}
+
+TEST_F(ListRadiosDetails, NothingIsDoneWhenTheProgramEndsInAMenu) {
+  (void)list().user_pick(1, MouseButton::left);
+  popups.while_open = [this] { loop.quit(); };
+  const auto started = shell.started.size();
+  choose(L"Potize");
+  (void)list().user_pick(1, MouseButton::right);
+  EXPECT_EQ(popups.opened.size(), 1U);
+  EXPECT_EQ(shell.started.size(), started);
+}
+
 TEST_F(ListRadiosDetails, TheMenuKeyOpensTheSameMenu) {
   (void)list().user_arrow(1);
   EXPECT_TRUE(list().user_menu_key());
@@ -136,104 +228,12 @@ TEST_F(ListRadiosDetails, TelevisionGoesToItsOwnPlayer) {
   choose(L"Kvalita2play");
   (void)label(L"Label7").user_click();
   EXPECT_EQ(last_start(), machine.folder + L"\\Telvix.exe http://t/2");
+  EXPECT_EQ(shell.started.back().application, machine.folder + L"\\Telvix.exe");
   EXPECT_EQ(shell.started.back().show, platform::ShowWindow::normal_focus);
   EXPECT_EQ(settings.IDlastRadio, L"RADIO2");
   EXPECT_EQ(settings.KvalitaLT, L"1");
   EXPECT_EQ(player.url(), L"");
   EXPECT_EQ(window.activated, 0);
-}
-
-TEST_F(ListRadiosDetails, AddsToTheFavourites) {
-  (void)list().user_pick(1, MouseButton::left);
-  choose(L"Kvalita3");
-  (void)label(L"Label5").user_click();
-  EXPECT_EQ(content(L"list.tt"), "lt:RADIO1/3\r\n");
-  ASSERT_EQ(dialogs.shown.size(), 1U);
-  EXPECT_EQ(dialogs.shown[0].text, L"Rádio bylo přidáno k oblíbeným.\r\nMělo by se zobrazit v seznanu Lumotune.");
-  choose(L"Kvalita3");
-  (void)label(L"Label5").user_click();
-  EXPECT_EQ(dialogs.shown.back().text, L"Rádio se v oblíbených již nachází.");
-  EXPECT_EQ(content(L"list.tt"), "lt:RADIO1/3\r\n");
-  choose(L"Kvalita1");
-  (void)label(L"Label5").user_click();
-  EXPECT_EQ(content(L"list.tt"), "lt:RADIO1/3\r\nlt:RADIO1/1\r\n");
-  EXPECT_EQ(form.Control_List.count(), 2U) << "the main window shows them";
-}
-
-TEST_F(ListRadiosDetails, AFavouriteThatCannotBeWrittenIsNotAnnounced) {
-  files.make_readonly(machine.folder + L"\\list.tt");
-  (void)list().user_pick(1, MouseButton::left);
-  choose(L"Kvalita1");
-  (void)label(L"Label5").user_click();
-  EXPECT_TRUE(dialogs.shown.empty());
-}
-
-TEST_F(ListRadiosDetails, GivesAdviceOnQuality) {
-  (void)list().user_pick(1, MouseButton::left);
-  choose(L"KvalitaInfo");
-  (void)label(L"Label5").user_click();
-  ASSERT_EQ(dialogs.shown.size(), 1U);
-  EXPECT_EQ(dialogs.shown[0].icon, platform::BoxIcon::information);
-  EXPECT_EQ(dialogs.shown[0].text.find(L"Zvolte kvalitu úměrnou k rychlosti vašeho připojení k intenetu.\r\nČím je"),
-            0U);
-}
-
-TEST_F(ListRadiosDetails, OpensTheDiscussion) {
-  (void)list().user_pick(3, MouseButton::left);
-  (void)label(L"Label10").user_click();
-  const std::wstring head = machine.folder + L"\\OrbBrowser.exe http://server\\orb\\diskuze.php?idh=idhhodnota&h=tajne"
-                                             L"&t=100000&tid=RADIO3/@/9000/@/9000/@/Diskuze k rádiové stanici: ";
-  const std::wstring tail = L" (Orb)/@/normal/@/endtestnull/@/";
-  EXPECT_EQ(last_start(), head + L"Třetí novinka" + tail) << "the row's text";
-  choose(L"Diskuze");
-  (void)list().user_pick(3, MouseButton::right);
-  EXPECT_EQ(last_start(), head + L"Třetí" + tail) << "the record's name";
-}
-
-TEST_F(ListRadiosDetails, ReportsTrouble) {
-  (void)list().user_pick(1, MouseButton::left);
-  (void)label(L"Label6").user_click();
-  EXPECT_EQ(last_start(), L"remind.exe RadioOFF/@/RADIO1/@/První/@/idhhodnota/@/tajne/@/http://server");
-  choose(L"Potize");
-  (void)list().user_pick(2, MouseButton::right);
-  EXPECT_EQ(last_start(), L"remind.exe RadioOFF/@/RADIO2/@/Druhé/@/idhhodnota/@/tajne/@/http://server");
-  EXPECT_TRUE(dialogs.shown.empty());
-}
-
-TEST_F(ListRadiosDetails, NothingSelectedIsSaid) {
-  list().select(0);
-  const auto started = shell.started.size();
-  (void)label(L"Label6").user_click();
-  (void)label(L"Label9").user_click();
-  ASSERT_EQ(dialogs.shown.size(), 2U);
-  EXPECT_EQ(dialogs.shown[0].text, L"Vyberte prosím rádio, s jehož poslechem máte potíže.");
-  EXPECT_EQ(dialogs.shown[1].text, L"Vyberte prosím rádio, jehož posluchače chcete zobrazit.");
-  EXPECT_EQ(dialogs.shown[1].icon, platform::BoxIcon::information);
-  EXPECT_EQ(shell.started.size(), started);
-  EXPECT_TRUE(messages.sent.empty());
-}
-
-TEST_F(ListRadiosDetails, ShowsListeners) {
-  messages.add_window(L"Orb - Lumotune", static_cast<platform::WindowRef>(7));
-  (void)list().user_pick(3, MouseButton::left);
-  settings.nickname.clear();
-  (void)label(L"Label9").user_click();
-  ASSERT_FALSE(messages.sent.empty());
-  EXPECT_EQ(messages.sent.back().bytes, "lts:RADIO3");
-  EXPECT_EQ(settings.nickname, L"Přezdívka");
-  choose(L"ShowUsers");
-  (void)list().user_pick(1, MouseButton::right);
-  EXPECT_EQ(messages.sent.back().bytes, "lts:RADIO1");
-}
-
-TEST_F(ListRadiosDetails, OpensWebPages) {
-  (void)list().user_pick(1, MouseButton::left);
-  (void)label(L"Label4").user_click();
-  choose(L"WebRadia");
-  (void)list().user_pick(1, MouseButton::right);
-  (void)part<platform::memory::MemoryPicture>(L"Image3").user_click();
-  EXPECT_EQ(web.opened, (Lines{L"station www.prvni.example", L"station www.prvni.example",
-                               L"http://server/login/idhhodnota/" + identity.Heslo(L"tajne") + L"//1"}));
 }
 
 TEST_F(ListRadiosDetails, EveryTuningAsksForTheAdvertisementAnew) {
@@ -252,6 +252,9 @@ TEST_F(ListRadiosDetails, EveryTuningAsksForTheAdvertisementAnew) {
   EXPECT_EQ(browser.visited.size(), 1U);
   (void)list().user_double_pick(2);
   EXPECT_EQ(browser.visited.size(), 2U);
+  choose(L"Kvalita1play");
+  (void)list().user_double_pick(4);
+  EXPECT_EQ(browser.visited.size(), 3U) << "television too";
 }
 
 } // namespace

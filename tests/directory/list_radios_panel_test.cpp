@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,12 @@ struct Pages final : WebPort {
 };
 
 struct Scrambler final : skin::IdentitySource {
-  std::wstring Heslo(const std::wstring& text) override { return L"<" + text + L">"; }
+  std::wstring Heslo(const std::wstring& text) override {
+    if (during)
+      during();
+    return L"<" + text + L">";
+  }
+  std::function<void()> during;
 };
 
 struct ListRadiosPanel : testing::Test {
@@ -146,6 +152,90 @@ TEST_F(ListRadiosPanel, ShowsUsersThroughAProgramOfTheFolderOnly) {
   EXPECT_EQ(messages.sent.back().bytes, "lts:RADIO1") << "a window that is there hears of it";
 }
 
+TEST_F(ListRadiosPanel, TheFourPiecesAreThoseOfAMessage) {
+  (void)files.replace(machine.folder + L"\\orb.exe", "x");
+  messages.add_window(L"Jiné okno", static_cast<platform::WindowRef>(3));
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/SHOWUSERS/@/o..rb...e..xe||Jiné okno||a..b||2||pátý");
+  line.InfoPanel_Click();
+  ASSERT_EQ(messages.sent.size(), 1U);
+  EXPECT_EQ(messages.sent[0].target, static_cast<platform::WindowRef>(3));
+  EXPECT_EQ(messages.sent[0].bytes, "a..b") << "only the program's name loses its dots";
+  messages.remove_window(L"Jiné okno");
+  line.InfoPanel_Click();
+  EXPECT_EQ(shell.started.size(), 9U) << "the mode is the fourth piece";
+  EXPECT_EQ(shell.started[0].command_line, L"orb.exe");
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/showusers/@/orb.exe||Jiné okno||a||x");
+  line.InfoPanel_Click();
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/showusers/@/orb.exe||Jiné okno||a");
+  line.InfoPanel_Click();
+  EXPECT_EQ(shell.started.size(), 9U) << "a piece that is missing ends it";
+}
+
+TEST_F(ListRadiosPanel, ASecondClickWhileAWindowIsAwaitedIsDropped) {
+  (void)files.replace(machine.folder + L"\\orb.exe", "x");
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/showusers/@/orb.exe||Orb - Lumotune||lts:RADIO1||2");
+  loop.at(700, [this] { line.InfoPanel_Click(); });
+  line.InfoPanel_Click();
+  EXPECT_EQ(shell.started.size(), 9U);
+  line.InfoPanel_Click();
+  EXPECT_EQ(shell.started.size(), 18U) << "and the next one works again";
+}
+
+TEST_F(ListRadiosPanel, TheParameterIsRewrittenInPlace) {
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/opengbrowser/@/*.Orbh*=*.!Orbh*|=|9000");
+  line.InfoPanel_Click();
+  settings.h = L"jine";
+  line.InfoPanel_Click();
+  ASSERT_EQ(dialogs.shown.size(), 2U);
+  EXPECT_EQ(dialogs.shown[0].text, L"heslo=<heslo>\r\n9000");
+  EXPECT_EQ(dialogs.shown[1].text, dialogs.shown[0].text) << "no placeholder is left";
+  EXPECT_EQ(dialogs.shown[1].title, platform::Dialogs::default_title);
+  EXPECT_EQ(dialogs.shown[1].buttons, platform::BoxButtons::ok);
+}
+
+TEST_F(ListRadiosPanel, APlaceholderIsNotLookedForInWhatWasPutIn) {
+  settings.idh = L"a*.l*b";
+  settings.h = L"c||d|=|e";
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/opengbrowser/@/*.Orbidh*|=|*.Orbh*");
+  line.InfoPanel_Click();
+  ASSERT_EQ(dialogs.shown.size(), 1U);
+  EXPECT_EQ(dialogs.shown[0].text, L"a/b\r\nc/@/d") << "but the later steps work on all of it";
+}
+
+TEST_F(ListRadiosPanel, WithoutASecondPieceNothingIsOpened) {
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/opengbrowser/@/clanek.html");
+  line.InfoPanel_Click();
+  EXPECT_TRUE(dialogs.shown.empty() && shell.started.empty());
+}
+
+TEST_F(ListRadiosPanel, ALineThatComesMeanwhileIsNotLost) {
+  identity.during = [this] {
+    identity.during = {};
+    line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/opengbrowser/@/novy|=|2");
+  };
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/opengbrowser/@/stary|=|1");
+  line.InfoPanel_Click();
+  line.InfoPanel_Click();
+  EXPECT_EQ(dialogs.shown.back().text, L"novy\r\n2");
+}
+
+TEST_F(ListRadiosPanel, NothingIsOpenedWhenTheProgramEnds) {
+  dialogs.while_open = [this] { loop.quit(); };
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/opengbrowser/@/a|=|b");
+  line.InfoPanel_Click();
+  EXPECT_EQ(dialogs.shown.size(), 1U);
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/openurl/@/a");
+  line.InfoPanel_Click();
+  EXPECT_TRUE(shell.started.empty() && pages.opened.empty());
+}
+
+TEST_F(ListRadiosPanel, AHugeTextIsTypedAsFarAsCountingGoes) {
+  line.ZobrazInfoPanel(L"0/@//@/1/@/" + std::wstring(1024 * 1024, L'x') + L"/@/tip");
+  loop.advance(InfoPanelLine::max_typed + 10);
+  EXPECT_EQ(shown.text().size(), InfoPanelLine::max_typed);
+  EXPECT_EQ(shown.tooltip(), L"tip");
+}
+
 TEST_F(ListRadiosPanel, OpensTheBrowserAfterABox) {
   line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/opengbrowser/@/"
                        L"clanek*.L*1?i=*.orbidh*&h=*.OrbH*&t=*.!Orbh*|=|9000||8000||Titulek||normal||endtestnull||");
@@ -155,6 +245,7 @@ TEST_F(ListRadiosPanel, OpensTheBrowserAfterABox) {
   ASSERT_EQ(dialogs.shown.size(), 1U);
   EXPECT_EQ(dialogs.shown[0].text, page + L"\r\n" + fields);
   EXPECT_EQ(dialogs.shown[0].icon, platform::BoxIcon::none);
+  EXPECT_EQ(dialogs.shown[0].title, platform::Dialogs::default_title);
   ASSERT_EQ(shell.started.size(), 1U);
   EXPECT_EQ(shell.started[0].command_line,
             machine.folder + L"\\OrbBrowser.exe http://server/" + page + L"/@/" + fields);

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What a listener does with a station of the directory besides playing it: favourites, companions, pages.
+#include "tests/support/directory_world.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::directory {
+namespace {
+
+using platform::MouseButton;
+using Lines = std::vector<std::wstring>;
+
+struct ListRadiosActions : testing::Test, test::DirectoryWorld {
+  ListRadiosActions() { directory.Naladit(); }
+  void choose(const wchar_t* item) { popups.choices = {item}; }
+  [[nodiscard]] std::wstring last_start() const { return shell.started.back().command_line; }
+  void expect_box(const std::wstring& text) {
+    ASSERT_FALSE(dialogs.shown.empty());
+    EXPECT_EQ(dialogs.shown.back().text, text);
+    EXPECT_EQ(dialogs.shown.back().title, platform::Dialogs::default_title);
+    EXPECT_EQ(dialogs.shown.back().icon, platform::BoxIcon::information);
+    EXPECT_EQ(dialogs.shown.back().buttons, platform::BoxButtons::ok);
+  }
+};
+
+TEST_F(ListRadiosActions, AddsToTheFavourites) {
+  (void)list().user_pick(1, MouseButton::left);
+  choose(L"Kvalita3");
+  (void)label(L"Label5").user_click();
+  EXPECT_EQ(content(L"list.tt"), "lt:RADIO1/3\r\n");
+  EXPECT_EQ(dialogs.shown.size(), 1U);
+  expect_box(L"Rádio bylo přidáno k oblíbeným.\r\nMělo by se zobrazit v seznanu Lumotune.");
+  choose(L"Kvalita3");
+  (void)label(L"Label5").user_click();
+  expect_box(L"Rádio se v oblíbených již nachází.");
+  EXPECT_EQ(content(L"list.tt"), "lt:RADIO1/3\r\n");
+  choose(L"Kvalita1");
+  (void)label(L"Label5").user_click();
+  EXPECT_EQ(content(L"list.tt"), "lt:RADIO1/3\r\nlt:RADIO1/1\r\n");
+  EXPECT_EQ(form.Control_List.count(), 2U) << "the main window shows them";
+}
+
+TEST_F(ListRadiosActions, AFavouriteThatCannotBeWrittenIsNotAnnounced) {
+  files.make_readonly(machine.folder + L"\\list.tt");
+  (void)list().user_pick(1, MouseButton::left);
+  choose(L"Kvalita1");
+  (void)label(L"Label5").user_click();
+  EXPECT_TRUE(dialogs.shown.empty());
+}
+
+TEST_F(ListRadiosActions, GivesAdviceOnQuality) {
+  (void)list().user_pick(1, MouseButton::left);
+  choose(L"KvalitaInfo");
+  (void)label(L"Label5").user_click();
+  EXPECT_EQ(dialogs.shown.size(), 1U);
+  expect_box(L"Zvolte kvalitu úměrnou k rychlosti vašeho připojení k intenetu.\r\n"
+             L"Čím je kvalita zvuku větší, tím je více náročná na rychlost vašeho připojení.\r\n"
+             L"Pokud vyberete příliš vysokou kvalitu a jste připojení např. přes klasický modem, může se stát, že "
+             L"přehrávání nebude plynulé!");
+}
+
+TEST_F(ListRadiosActions, OpensTheDiscussion) {
+  (void)list().user_pick(3, MouseButton::left);
+  (void)label(L"Label10").user_click();
+  const std::wstring head = machine.folder + L"\\OrbBrowser.exe http://server\\orb\\diskuze.php?idh=idhhodnota&h=tajne"
+                                             L"&t=100000&tid=RADIO3/@/9000/@/9000/@/Diskuze k rádiové stanici: ";
+  const std::wstring tail = L" (Orb)/@/normal/@/endtestnull/@/";
+  EXPECT_EQ(last_start(), head + L"Třetí novinka" + tail) << "the row's text";
+  choose(L"Diskuze");
+  (void)list().user_pick(3, MouseButton::right);
+  EXPECT_EQ(last_start(), head + L"Třetí" + tail) << "the record's name";
+}
+
+TEST_F(ListRadiosActions, ReportsTrouble) {
+  (void)list().user_pick(1, MouseButton::left);
+  (void)label(L"Label6").user_click();
+  EXPECT_EQ(last_start(), L"remind.exe RadioOFF/@/RADIO1/@/První/@/idhhodnota/@/tajne/@/http://server");
+  choose(L"Potize");
+  (void)list().user_pick(2, MouseButton::right);
+  EXPECT_EQ(last_start(), L"remind.exe RadioOFF/@/RADIO2/@/Druhé/@/idhhodnota/@/tajne/@/http://server");
+  EXPECT_TRUE(dialogs.shown.empty());
+}
+
+TEST_F(ListRadiosActions, NothingSelectedIsSaid) {
+  list().select(0);
+  const auto started = shell.started.size();
+  (void)label(L"Label6").user_click();
+  expect_box(L"Vyberte prosím rádio, s jehož poslechem máte potíže.");
+  (void)label(L"Label9").user_click();
+  expect_box(L"Vyberte prosím rádio, jehož posluchače chcete zobrazit.");
+  EXPECT_EQ(dialogs.shown.size(), 2U);
+  EXPECT_EQ(shell.started.size(), started);
+  EXPECT_TRUE(messages.sent.empty());
+}
+
+TEST_F(ListRadiosActions, ShowsListeners) {
+  messages.add_window(L"Orb - Lumotune", static_cast<platform::WindowRef>(7));
+  (void)list().user_pick(3, MouseButton::left);
+  settings.nickname.clear();
+  (void)label(L"Label9").user_click();
+  ASSERT_FALSE(messages.sent.empty());
+  EXPECT_EQ(messages.sent.back().bytes, "lts:RADIO3");
+  EXPECT_EQ(settings.nickname, L"Přezdívka");
+  choose(L"ShowUsers");
+  (void)list().user_pick(1, MouseButton::right);
+  EXPECT_EQ(messages.sent.back().bytes, "lts:RADIO1");
+}
+
+TEST_F(ListRadiosActions, AMissingClientIsStartedAtEveryMissAndAskedOnce) {
+  messages.remove_window(L"Orb - Lumotune");
+  shell.started.clear();
+  (void)list().user_pick(1, MouseButton::left);
+  loop.at(700, [this] { (void)label(L"Label9").user_click(); });
+  (void)label(L"Label9").user_click();
+  ASSERT_EQ(shell.started.size(), 9U) << "a second wish meanwhile is dropped";
+  EXPECT_EQ(shell.started[0].command_line, L"orb.exe ");
+  EXPECT_EQ(shell.started[0].show, platform::ShowWindow::normal_focus);
+  EXPECT_TRUE(messages.sent.empty());
+  messages.add_window(L"Orb - Lumotune", static_cast<platform::WindowRef>(7));
+  (void)label(L"Label9").user_click();
+  EXPECT_EQ(messages.sent.size(), 1U) << "and the next one works again";
+}
+
+TEST_F(ListRadiosActions, TheActionsStartTheirProgramsForNoStationToo) {
+  list().select(0);
+  (void)label(L"Label10").user_click();
+  EXPECT_NE(last_start().find(L"&tid=/@/9000/@/9000/@/Diskuze k rádiové stanici:  (Orb)/@/"), std::wstring::npos);
+  EXPECT_EQ(shell.started.back().application, machine.folder + L"\\OrbBrowser.exe");
+  EXPECT_EQ(shell.started.back().show, platform::ShowWindow::minimized_focus);
+  EXPECT_TRUE(dialogs.shown.empty());
+}
+
+TEST_F(ListRadiosActions, OpensWebPages) {
+  (void)list().user_pick(1, MouseButton::left);
+  (void)label(L"Label4").user_click();
+  choose(L"WebRadia");
+  (void)list().user_pick(1, MouseButton::right);
+  (void)part<platform::memory::MemoryPicture>(L"Image3").user_click();
+  EXPECT_EQ(web.opened, (Lines{L"station www.prvni.example", L"station www.prvni.example",
+                               L"http://server/login/idhhodnota/" + identity.Heslo(L"tajne") + L"//1"}));
+}
+
+} // namespace
+} // namespace lumotune::directory
