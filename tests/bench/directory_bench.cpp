@@ -8,16 +8,13 @@
 #include "directory/station_table.h"
 #include "platform/memory/files.h"
 #include "platform/memory/messages.h"
+#include "tests/bench/measure.h"
 
 #include <malloc.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <functional>
-#include <memory>
 #include <new>
 #include <string>
 
@@ -46,52 +43,14 @@ void operator delete(void* room, std::size_t /*size*/) noexcept {
 namespace {
 
 using namespace lumotune;
+using bench::DiskFiles;
+using bench::fail;
+using bench::row;
+using bench::Times;
 
 constexpr int station_count = 50000;
 constexpr int rounds = 100;
 constexpr double frame_ms = 1000.0 / 60.0;
-
-// Files in the current folder of the real disk, named after the last part of their path.
-class DiskFiles final : public platform::Files {
-public:
-  static std::string name(const std::wstring& path) {
-    const std::wstring last = path.substr(path.find_last_of(L"\\/") + 1);
-    return "bench_directory." + std::string(last.begin(), last.end());
-  }
-  [[nodiscard]] bool read_into(const std::wstring& path, std::string& bytes) const override {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name(path).c_str(), "rb"), std::fclose);
-    if (!file || std::fseek(file.get(), 0, SEEK_END) != 0)
-      return false;
-    bytes.resize(static_cast<std::size_t>(std::ftell(file.get())));
-    std::rewind(file.get());
-    return std::fread(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-  }
-  [[nodiscard]] std::optional<std::string> read(const std::wstring& path) const override {
-    std::string bytes;
-    return read_into(path, bytes) ? std::optional(std::move(bytes)) : std::nullopt;
-  }
-  [[nodiscard]] bool replace(const std::wstring& path, std::string_view bytes) override {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name(path).c_str(), "wb"), std::fclose);
-    return file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-  }
-  [[nodiscard]] bool replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
-                                  std::string_view second_bytes) override {
-    return replace(first, first_bytes) && replace(second, second_bytes);
-  }
-  [[nodiscard]] bool copy(const std::wstring& from, const std::wstring& to) override {
-    const auto bytes = read(from);
-    return bytes && replace(to, *bytes);
-  }
-  [[nodiscard]] bool remove(const std::wstring& path) override { return std::remove(name(path).c_str()) == 0; }
-  [[nodiscard]] bool exists(const std::wstring& /*path*/) const override { return true; }
-  [[nodiscard]] std::optional<std::uint64_t> size(const std::wstring& /*path*/) const override { return {}; }
-  [[nodiscard]] bool append(const std::wstring& /*path*/, std::string_view /*bytes*/) override { return false; }
-  [[nodiscard]] bool being_written(const std::wstring& /*path*/) const override { return false; }
-  [[nodiscard]] std::vector<std::wstring> list(const std::wstring& /*folder*/,
-                                               const std::wstring& /*pattern*/) const override {
-    return {};
-  }
-};
 
 struct Silent final : directory::ConversionPort {
   void ZobrazReklamu(const std::wstring& /*text*/) override {}
@@ -121,54 +80,6 @@ std::string downloaded_list() {
   return bytes + "<end>\r\n";
 }
 
-double once_ms(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-// The best times of both, taken in turn: what else the machine does meets both alike.
-struct Times {
-  double ours = 1e9;
-  double reference = 1e9;
-};
-Times best_ms(const std::function<void()>& ours, const std::function<void()>& reference) {
-  Times best;
-  for (int i = 0; i < rounds; ++i) {
-    best.reference = std::min(best.reference, once_ms(reference));
-    best.ours = std::min(best.ours, once_ms(ours));
-  }
-  return best;
-}
-
-// Reading a text file: its bytes, and where its lines end.
-std::size_t read_lines(const DiskFiles& files, const std::wstring& path, std::string& bytes) {
-  if (!files.read_into(path, bytes))
-    return 0;
-  std::size_t lines = 0;
-  const char* at = bytes.data();
-  const char* const end = at + bytes.size();
-  while (at < end) {
-    const auto* feed = static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(end - at)));
-    if (feed == nullptr)
-      break;
-    ++lines;
-    at = feed + 1;
-  }
-  return lines;
-}
-
-// True when the limit is kept.
-bool row(const char* name, double ours, double reference, const char* unit, double limit) {
-  std::printf("%s | %.2f %s | %.2f %s | %.2f | %.2f\n", name, ours, unit, reference, unit, ours / reference, limit);
-  return ours / reference <= limit;
-}
-
-int fail(const char* what) {
-  std::fprintf(stderr, "bench_directory: %s\n", what);
-  return 2;
-}
-
 // The frame is filled with the first rows as a window does it.
 double slowest_category_ms(directory::StationRows& rows, const directory::StationTable& table) {
   double slowest = 0;
@@ -179,7 +90,7 @@ double slowest_category_ms(directory::StationRows& rows, const directory::Statio
       for (std::size_t shown = 1; shown <= 40; ++shown)
         (void)(rows.text(shown, 0).size() + rows.text(shown, 1).size() + rows.bold(shown));
     };
-    slowest = std::max(slowest, best_ms(show, [] {}).ours);
+    slowest = std::max(slowest, bench::best_ms(rounds, show, [] {}).ours);
   }
   return slowest;
 }
@@ -194,16 +105,16 @@ int run(DiskFiles& files) {
   const auto convert = [&] { return directory::convert_files(files, folder, codec, silent); };
   if (convert() != directory::Conversion::done)
     return fail("the list was not converted");
-  const Times conversion =
-      best_ms([&] { (void)convert(); }, [&] { (void)files.copy(directory::download_file, L"copy"); });
+  const Times conversion = bench::best_ms(
+      rounds, [&] { (void)convert(); }, [&] { (void)files.copy(directory::download_file, L"copy"); });
 
   std::string buffer;
   std::size_t lines = 0;
   const std::size_t held_before = live_bytes;
   directory::StationTable table({files, codec, machine});
   directory::StationRows rows(codec);
-  const Times loading =
-      best_ms([&] { table.load(); }, [&] { lines = read_lines(files, directory::stations_file, buffer); });
+  const Times loading = bench::best_ms(
+      rounds, [&] { table.load(); }, [&] { lines = bench::read_lines(files, directory::stations_file, buffer); });
   const double file_size = static_cast<double>(buffer.size());
   std::string().swap(buffer);
   rows.show_all(table.lines());
@@ -212,9 +123,8 @@ int run(DiskFiles& files) {
     return fail("the stations are wrong");
 
   std::printf("name | ours | reference | ratio | limit\n");
-  bool good =
-      row("conversion of 50,000 stations, against copying the list", conversion.ours, conversion.reference, "ms", 3.0);
-  good &= row("loading 50,000 stations, against reading their lines", loading.ours, loading.reference, "ms", 3.0);
+  bool good = row("conversion of 50,000 stations, against copying the list", conversion, 3.0);
+  good &= row("loading 50,000 stations, against reading their lines", loading, 3.0);
   good &= row("slowest category of 50,000 stations, against a frame", slowest_category_ms(rows, table), frame_ms, "ms",
               1.0);
   good &= row("memory of 50,000 stations, against the file", held / 1e6, file_size / 1e6, "MB", 3.0);

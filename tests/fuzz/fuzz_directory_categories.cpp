@@ -4,35 +4,25 @@
 #include "core/text.h"
 #include "directory/categories.h"
 #include "platform/memory/files.h"
+#include "tests/fuzz/fuzzing.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 using namespace lumotune;
+using fuzz::demand;
 
 namespace {
 
-void demand(bool fact) {
-  if (!fact)
-    std::abort();
-}
-
-// Low bytes stand for what the reader looks for.
-std::string expanded(const std::uint8_t* data, std::size_t size) {
-  static const char* const words[] = {"/@/",    "\r\n",   "\n",   "\r", "new//", "add//", "NEW//", "Add//",
-                                      "100000", "100001", "1000", "//", "/@",    "a",     "\n\n",  "\r\nnew//"};
-  std::string bytes;
-  for (std::size_t i = 0; i < size; ++i)
-    data[i] < 16 ? bytes += words[data[i]] : bytes += static_cast<char>(data[i]);
-  return bytes;
-}
+// What the reader looks for.
+constexpr const char* const words[] = {"/@/",    "\r\n",   "\n",   "\r", "new//", "add//", "NEW//", "Add//",
+                                       "100000", "100001", "1000", "//", "/@",    "a",     "\n\n",  "\r\nnew//"};
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const platform::memory::MemoryCodec codec;
-  const std::string bytes = expanded(data, size);
+  const std::string bytes = fuzz::expanded(data, size, words);
   const auto nodes = directory::read_categories(bytes, codec);
   std::size_t at = 0;
   for (const std::string& line : core::split_text_lines(bytes)) {

@@ -4,31 +4,21 @@
 #include "core/text.h"
 #include "directory/conversion.h"
 #include "platform/memory/files.h"
+#include "tests/fuzz/fuzzing.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <vector>
 
 using namespace lumotune;
+using fuzz::demand;
 
 namespace {
 
-void demand(bool fact) {
-  if (!fact)
-    std::abort();
-}
-
-// Low bytes stand for what the conversion looks for.
-std::string expanded(const std::uint8_t* data, std::size_t size) {
-  static const char* const words[] = {"orb:k:", "orb:r:", "orb:i:",     "<end>",    "\r\n", "\n",
-                                      "\r",     "ORB:K:", "Orb:I:",     "<END>",    "orb:", "/@/",
-                                      "new//",  "\n\n",   "\r\norb:k:", "\n<end>\n"};
-  std::string bytes;
-  for (std::size_t i = 0; i < size; ++i)
-    data[i] < 16 ? bytes += words[data[i]] : bytes += static_cast<char>(data[i]);
-  return bytes;
-}
+// What the conversion looks for.
+constexpr const char* const words[] = {"orb:k:", "orb:r:", "orb:i:",     "<end>",    "\r\n", "\n",
+                                       "\r",     "ORB:K:", "Orb:I:",     "<END>",    "orb:", "/@/",
+                                       "new//",  "\n\n",   "\r\norb:k:", "\n<end>\n"};
 
 struct Heard final : directory::ConversionPort {
   void ZobrazReklamu(const std::wstring& text) override { said.push_back(L"r" + text); }
@@ -40,7 +30,7 @@ struct Heard final : directory::ConversionPort {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const platform::memory::MemoryCodec codec;
-  const std::string bytes = expanded(data, size);
+  const std::string bytes = fuzz::expanded(data, size, words);
   std::string stations;
   std::string categories;
   std::vector<std::wstring> said;

@@ -3,36 +3,26 @@
 #include "directory/probe.h"
 #include "platform/files.h"
 #include "platform/memory/files.h"
+#include "tests/fuzz/fuzzing.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 using namespace lumotune;
+using fuzz::demand;
 
 namespace {
 
-void demand(bool fact) {
-  if (!fact)
-    std::abort();
-}
-
-// Low bytes stand for what the reader looks for.
-std::string expanded(const std::uint8_t* data, std::size_t size) {
-  static const char* const words[] = {"size:", "\r\n", "\n", "\r",       "orb.cz", ":error", "a.cz", "SIZE:",
-                                      "100",   "-1",   "0",  "99999999", "1e3",    " ",      "\t",   "orb.cz:error"};
-  std::string bytes;
-  for (std::size_t i = 0; i < size; ++i)
-    data[i] < 16 ? bytes += words[data[i]] : bytes += static_cast<char>(data[i]);
-  return bytes;
-}
+// What the reader looks for.
+constexpr const char* const words[] = {"size:", "\r\n", "\n", "\r",       "orb.cz", ":error", "a.cz", "SIZE:",
+                                       "100",   "-1",   "0",  "99999999", "1e3",    " ",      "\t",   "orb.cz:error"};
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const platform::memory::MemoryCodec codec;
   using Kind = directory::Probe::Kind;
-  const std::string bytes = expanded(data, size);
+  const std::string bytes = fuzz::expanded(data, size, words);
   const std::wstring address = codec.decode(bytes.substr(0, bytes.size() / 4));
   const std::wstring server = bytes.size() % 2 == 0 ? std::wstring(L"http://www.a.cz:80/") : address;
   const auto probe = directory::parse_probe(bytes, server, codec);

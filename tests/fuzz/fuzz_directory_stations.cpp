@@ -6,33 +6,23 @@
 #include "directory/station_table.h"
 #include "platform/memory/files.h"
 #include "platform/memory/messages.h"
+#include "tests/fuzz/fuzzing.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <set>
 
 using namespace lumotune;
+using fuzz::demand;
 
 namespace {
 
 const platform::memory::MemoryCodec codec;
 const platform::memory::MemoryMachine machine;
 
-void demand(bool fact) {
-  if (!fact)
-    std::abort();
-}
-
-// Low bytes stand for what the reader looks for.
-std::string expanded(const std::uint8_t* data, std::size_t size) {
-  static const char* const words[] = {"/@/", "\r\n", "\n",     "\r",     "tip",      "tip x", "RADIO1", "radio1",
-                                      "@/",  "/@",   "100000", "100001", "100001ab", "\x8e",  "\x9e",   "x"};
-  std::string bytes;
-  for (std::size_t i = 0; i < size; ++i)
-    data[i] < 16 ? bytes += words[data[i]] : bytes += static_cast<char>(data[i]);
-  return bytes;
-}
+// What the reader looks for.
+constexpr const char* const words[] = {"/@/", "\r\n", "\n",     "\r",     "tip",      "tip x", "RADIO1", "radio1",
+                                       "@/",  "/@",   "100000", "100001", "100001ab", "\x8e",  "\x9e",   "x"};
 
 std::wstring folded(std::wstring text) {
   for (wchar_t& character : text)
@@ -85,7 +75,7 @@ void check_rows(const directory::StationTable& table, const core::TextLines& lin
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string bytes = expanded(data, size);
+  const std::string bytes = fuzz::expanded(data, size, words);
   static platform::memory::MemoryFiles files;
   static directory::StationTable table({files, codec, machine});
   demand(files.replace(machine.program_folder() + L"\\radios.tt", bytes));

@@ -2,21 +2,17 @@
 // Any order of ticks, answers, presses and closings: the timers that run are those that the state needs, a list is
 // converted only when it is as long as announced and complete, and files are removed only by a start.
 #include "directory/update.h"
+#include "tests/fuzz/fuzzing.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 using namespace lumotune;
 using directory::Step;
 using directory::UpdateSteps;
+using fuzz::demand;
 
 namespace {
-
-void demand(bool fact) {
-  if (!fact)
-    std::abort();
-}
 
 // Carries out what concerns the timers, and notes what waits for an answer.
 struct Carrier {

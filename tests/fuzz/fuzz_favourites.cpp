@@ -5,22 +5,14 @@
 #include "core/options_lines.h"
 #include "core/text.h"
 #include "platform/memory/menus.h"
+#include "tests/fuzz/fuzzing.h"
 #include "tests/support/core_world.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 using namespace lumotune;
-
-namespace {
-
-void demand(bool fact) {
-  if (!fact)
-    std::abort();
-}
-
-} // namespace
+using fuzz::demand;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   test::CoreWorld w;

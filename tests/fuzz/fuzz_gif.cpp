@@ -2,20 +2,16 @@
 // Any bytes as a picture: either none, or one as large as it says, of which every pixel can be drawn.
 #include "platform/common/gif.h"
 #include "platform/common/scale.h"
+#include "tests/fuzz/fuzzing.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 using namespace lumotune::platform;
+using lumotune::fuzz::demand;
 
 namespace {
-
-void demand(bool fact) {
-  if (!fact)
-    std::abort();
-}
 
 void check(std::string_view bytes) {
   constexpr int max_side = 64;

@@ -5,20 +5,16 @@
 #include "platform/memory/messages.h"
 #include "skin/companions.h"
 #include "skin/open_url.h"
+#include "tests/fuzz/fuzzing.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
 
 using namespace lumotune;
-
-void demand(bool holds) {
-  if (!holds)
-    std::abort();
-}
+using fuzz::demand;
 
 bool is_clean(const std::wstring& text) {
   return std::none_of(text.begin(), text.end(),

@@ -2,22 +2,14 @@
 // Any settings file: a full one keeps its number of lines and the client's own bytes, a short one is left alone.
 #include "core/options_lines.h"
 #include "platform/memory/files.h"
+#include "tests/fuzz/fuzzing.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <set>
 
 using namespace lumotune;
-
-namespace {
-
-void demand(bool fact) {
-  if (!fact)
-    std::abort();
-}
-
-} // namespace
+using fuzz::demand;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const platform::memory::MemoryCodec codec;

@@ -3,22 +3,14 @@
 #include "core/station_lookup.h"
 #include "core/text.h"
 #include "platform/common/code_page_1250.h"
+#include "tests/fuzz/fuzzing.h"
 
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 using namespace lumotune;
-
-namespace {
-
-void demand(bool fact) {
-  if (!fact)
-    std::abort();
-}
-
-} // namespace
+using fuzz::demand;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::wstring text = platform::decode_1250({reinterpret_cast<const char*>(data), size});
