@@ -58,14 +58,14 @@ bool Identity::LoadOptionsNick() {
   return true;
 }
 
-std::wstring Identity::Prehod(const std::wstring& Orbvstup) {
-  const std::wstring text = Orbvstup; // events may change what was given
+// By value: events may change what was given.
+std::wstring Identity::Prehod(std::wstring Orbvstup) {
   std::wstring swapped;
-  swapped.reserve(text.size());
-  for (std::size_t at = 0; at < text.size(); at += 2) {
-    if (at + 1 < text.size())
-      swapped += text[at + 1];
-    swapped += text[at];
+  swapped.reserve(Orbvstup.size());
+  for (std::size_t at = 0; at < Orbvstup.size(); at += 2) {
+    if (at + 1 < Orbvstup.size())
+      swapped += Orbvstup[at + 1];
+    swapped += Orbvstup[at];
     if (!uses_.loop.quitting())
       uses_.loop.run_pending();
   }

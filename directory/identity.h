@@ -33,7 +33,7 @@ public:
 
   // The text with each pair of neighbouring characters swapped. Lets events run after each pair, until the program
   // ends.
-  [[nodiscard]] std::wstring Prehod(const std::wstring& Orbvstup);
+  [[nodiscard]] std::wstring Prehod(std::wstring Orbvstup);
   // The character codes of the swapped text, each followed by "-"; the argument becomes the swapped text.
   [[nodiscard]] std::wstring Encrypt(std::wstring& Orbvstup);
   // The other way round; the argument becomes the text before it is swapped back. What follows a piece that is no

@@ -37,7 +37,8 @@ std::wstring MemoryPopupMenus::pop_up(const std::vector<MenuItem>& items, const 
     return {};
   open_ = true;
   opened.push_back({items, anchor});
-  const std::vector<MenuItem> shown = items; // whoever opened the menu may change the tree meanwhile
+  // Whoever opened the menu may change the tree meanwhile.
+  const std::vector<MenuItem> shown = items; // NOLINT(performance-unnecessary-copy-initialization)
   if (while_open)
     while_open();
   open_ = false;
