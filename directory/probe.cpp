@@ -3,8 +3,8 @@
 
 #include "core/site.h"
 #include "core/text.h"
-#include "directory/code_page_fold.h"
-#include "directory/line_walk.h"
+#include "core/code_page_fold.h"
+#include "core/line_walk.h"
 #include "platform/files.h"
 
 #include <optional>
@@ -32,7 +32,7 @@ std::optional<std::uint64_t> length_value(std::string_view text) {
 
 // Only the first twelve characters of a line tell it, however long the host's name is.
 bool is_error_marker(std::string_view line, const std::wstring& host, const platform::AnsiCodec& codec,
-                     const CodePageFold& fold) {
+                     const core::CodePageFold& fold) {
   constexpr std::size_t compared = 12;
   if (host.empty())
     return false;
@@ -55,20 +55,23 @@ std::wstring host_of(std::wstring_view address) {
   return std::wstring(address.substr(0, address.find(L':')));
 }
 
-Probe parse_probe(std::string_view bytes, const std::wstring& server_address, const platform::AnsiCodec& codec) {
+Probe parse_probe(std::string_view bytes, const std::wstring& server_address, const platform::AnsiCodec& codec,
+                  const std::function<bool()>& after_line) {
   constexpr std::string_view size_marker = "size:";
-  const CodePageFold fold(codec);
+  const core::CodePageFold fold(codec);
   const std::wstring host = host_of(server_address);
   Probe probe;
-  LineWalk walk(bytes);
+  core::LineWalk walk(bytes);
   while (walk.next()) {
     const std::string_view line = walk.line();
     if (is_error_marker(line, host, codec, fold) || is_error_marker(line, core::site_host, codec, fold))
       return {Probe::Kind::refused, 0};
-    if (!starts_with_marker(line, size_marker))
-      continue;
-    const auto length = length_value(line.substr(size_marker.size()));
-    probe = length.has_value() ? Probe{Probe::Kind::size, *length} : Probe{};
+    if (core::starts_with_marker(line, size_marker)) {
+      const auto length = length_value(line.substr(size_marker.size()));
+      probe = length.has_value() ? Probe{Probe::Kind::size, *length} : Probe{};
+    }
+    if (!after_line())
+      return {};
   }
   return probe;
 }

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The server's answer to the question how long the list is. Pure.
+// The server's answer to the question how long the list is. Pure, but for what runs between its lines.
 #pragma once
 
 #include "platform/ansi_codec.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -17,9 +18,11 @@ struct Probe {
 };
 
 // Any bytes. The last "size:" line counts; one that is no whole number from 1 to the longest file that is read makes
-// the answer unusable, as none does. The error marker ends the reading.
-[[nodiscard]] Probe parse_probe(std::string_view bytes, const std::wstring& server_address,
-                                const platform::AnsiCodec& codec);
+// the answer unusable, as none does. The error marker ends the reading. `after_line` is called after every other line;
+// once it says false the reading ends and the answer is unusable.
+[[nodiscard]] Probe parse_probe(
+    std::string_view bytes, const std::wstring& server_address, const platform::AnsiCodec& codec,
+    const std::function<bool()>& after_line = [] { return true; });
 
 // The host of an address: without scheme, "www.", port and path.
 [[nodiscard]] std::wstring host_of(std::wstring_view address);

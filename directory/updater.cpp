@@ -49,7 +49,7 @@ void Updater::carry_out(const UpdateSteps& steps) {
 void Updater::carry_out(const UpdateStep& step, unsigned run) {
   switch (step.step) {
   case Step::read_probe:
-    carry_out(update_.probe_read(run, read_probe()));
+    carry_out(update_.probe_read(run, read_probe(run)));
     return;
   case Step::convert:
     carry_out(
@@ -111,12 +111,15 @@ void Updater::carry_out_own(const UpdateStep& step) {
   }
 }
 
-std::optional<Probe> Updater::read_probe() {
+// The window repaints after each line, however many a server sends; nobody waits for the rest once the update is over.
+std::optional<Probe> Updater::read_probe(unsigned run) {
   const auto bytes = uses_.files.read(path(probe_file));
-  uses_.loop.run_pending();
   if (!bytes)
     return std::nullopt;
-  return parse_probe(*bytes, uses_.settings.server_address, uses_.codec);
+  return parse_probe(*bytes, uses_.settings.server_address, uses_.codec, [this, run] {
+    uses_.loop.run_pending();
+    return run == update_.run() && !uses_.loop.quitting();
+  });
 }
 
 std::wstring Updater::TestOnLine() {

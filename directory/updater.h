@@ -52,7 +52,7 @@ private:
   void carry_out_own(const UpdateStep& step);
   [[nodiscard]] std::wstring path(const wchar_t* name) const;
   [[nodiscard]] FileFacts facts(const std::wstring& file) const;
-  [[nodiscard]] std::optional<Probe> read_probe();
+  [[nodiscard]] std::optional<Probe> read_probe(unsigned run);
 
   Uses uses_;
   Update update_;

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The update seen from the window: what a server, a downloader and the files between them may do.
+#include "tests/directory/update_world.h"
+
+namespace lumotune::test {
+namespace {
+
+struct ListRadiosUpdate : UpdateWorld {};
+
+TEST_F(ListRadiosUpdate, TheDownloaderIsAskedAfterTheOldAnswersAreGone) {
+  write(L"orb_test_size.tt", "size:5");
+  write(L"seznam.tt", "stary");
+  shell.on_start = [this](const platform::memory::MemoryShell::Started&) {
+    EXPECT_EQ(content(L"orb_test_size.tt") + content(L"seznam.tt"), "(missing)(missing)");
+    EXPECT_EQ(status(), connecting);
+  };
+  const auto started = shell.started.size();
+  Command1().press();
+  EXPECT_EQ(shell.started.size(), started + 1);
+}
+
+TEST_F(ListRadiosUpdate, FilesAreLookedAtTenTimesASecond) {
+  write(L"orb_test_size.tt", "size:5");
+  loop.advance(99);
+  EXPECT_EQ(status(), connecting);
+  loop.advance(1);
+  EXPECT_EQ(shell.started.size(), 2U);
+  loop.advance(99);
+  EXPECT_EQ(status(), connecting);
+  loop.advance(1);
+  EXPECT_EQ(status(), L"Aktualizuji seznam rádií (0%)");
+}
+
+TEST_F(ListRadiosUpdate, TheWindowRepaintsAfterEachLineOfTheProbe) {
+  write(L"orb_test_size.tt", "a\r\nb\r\nsize:5\r\n\r\nc");
+  const auto runs = loop.pending_runs();
+  loop.advance(100);
+  EXPECT_EQ(loop.pending_runs() - runs, 5U + 1U) << "and once before the download";
+}
+
+TEST_F(ListRadiosUpdate, ClosingWhileTheProbeIsReadEndsTheReading) {
+  std::string probe;
+  for (int i = 0; i < 1000; ++i)
+    probe += "radek\r\n";
+  write(L"orb_test_size.tt", probe + "size:5\r\n");
+  loop.at(100, [this] { loop.at(0, [this] { window_shown().user_close(); }); });
+  const auto runs = loop.pending_runs();
+  loop.advance(1000);
+  EXPECT_FALSE(directory.open());
+  EXPECT_LT(loop.pending_runs() - runs, 100U);
+  EXPECT_EQ(shell.started.size(), 1U) << "no list is asked for";
+}
+
+TEST_F(ListRadiosUpdate, AnEndOfTheProgramWhileTheProbeIsReadEndsTheReading) {
+  write(L"orb_test_size.tt", "a\r\nb\r\nc\r\nsize:5\r\n");
+  loop.at(100, [this] { loop.at(0, [this] { loop.quit(); }); });
+  const auto runs = loop.pending_runs();
+  loop.advance(1000);
+  EXPECT_LE(loop.pending_runs() - runs, 2U);
+  EXPECT_EQ(shell.started.size(), 1U);
+  EXPECT_EQ(status(), connecting);
+}
+
+TEST_F(ListRadiosUpdate, AProbeStillOpenInTheDownloaderIsWaitedFor) {
+  write(L"orb_test_size.tt", "size:1");
+  files.set_being_written(path(L"orb_test_size.tt"), true);
+  loop.advance(1000);
+  EXPECT_EQ(shell.started.size(), 1U);
+  write(L"orb_test_size.tt", "size:100");
+  files.set_being_written(path(L"orb_test_size.tt"), false);
+  loop.advance(100);
+  EXPECT_EQ(shell.started.size(), 2U);
+}
+
+TEST_F(ListRadiosUpdate, AProbeThatCannotBeReadYetIsReadLater) {
+  write(L"orb_test_size.tt", "size:100");
+  files.make_unreadable(path(L"orb_test_size.tt"));
+  loop.advance(1000);
+  EXPECT_EQ(status(), connecting);
+  EXPECT_EQ(shell.started.size(), 1U);
+  files.mend(path(L"orb_test_size.tt"));
+  loop.advance(100);
+  EXPECT_EQ(shell.started.size(), 2U);
+}
+
+TEST_F(ListRadiosUpdate, AListStillOpenInTheDownloaderIsWaitedFor) {
+  const std::string fresh = Record{"NOVA01", "Nov\xe1"}.line();
+  files.set_being_written(path(L"seznam.tt"), true);
+  bring(fresh);
+  loop.advance(1000);
+  EXPECT_EQ(status(), L"Aktualizuji seznam rádií (100%)");
+  EXPECT_EQ(content(L"radios.tt"), before);
+  files.set_being_written(path(L"seznam.tt"), false);
+  loop.advance(100);
+  EXPECT_EQ(status(), finished);
+  EXPECT_EQ(content(L"radios.tt"), fresh + "\r\n");
+}
+
+TEST_F(ListRadiosUpdate, AListThatCannotBeReadYetIsConvertedLater) {
+  const std::string fresh = Record{"NOVA01", "Nov\xe1"}.line();
+  files.make_unreadable(path(L"seznam.tt"));
+  bring(fresh);
+  loop.advance(1000);
+  EXPECT_EQ(content(L"radios.tt"), before);
+  EXPECT_EQ(list().count(), 4U);
+  files.mend(path(L"seznam.tt"));
+  loop.advance(100);
+  EXPECT_EQ(status(), finished);
+  EXPECT_EQ(content(L"radios.tt"), fresh + "\r\n");
+}
+
+TEST_F(ListRadiosUpdate, AListOfAnotherLengthLeavesTheOldOne) {
+  announce(100);
+  for (const std::size_t length : {0U, 1U, 99U, 101U, 5000U}) {
+    write(L"seznam.tt", std::string(length, 'x'));
+    loop.advance(300);
+    EXPECT_EQ(status(), L"Aktualizuji seznam rádií (" + std::to_wstring(length) + L"%)");
+    EXPECT_EQ(content(L"radios.tt"), before) << length;
+  }
+  EXPECT_EQ(progress().percent(), 100);
+}
+
+TEST_F(ListRadiosUpdate, AnUpdateOnTopOfAnotherBeginsAnew) {
+  announce(100);
+  write(L"seznam.tt", std::string(60, 'x'));
+  loop.advance(100);
+  EXPECT_EQ(status(), L"Aktualizuji seznam rádií (60%)");
+  Command1().press();
+  EXPECT_EQ(status(), connecting);
+  EXPECT_EQ(content(L"seznam.tt"), "(missing)");
+  EXPECT_FALSE(progress().visible());
+  write(L"seznam.tt", std::string(100, 'x')); // the old downloader, which nobody stops
+  loop.advance(1000);
+  EXPECT_EQ(status(), connecting) << "the old size is forgotten";
+  EXPECT_EQ(content(L"radios.tt"), before);
+  bring(stations_text());
+  EXPECT_EQ(status(), finished);
+}
+
+TEST_F(ListRadiosUpdate, AfterARefusalTheButtonStaysAsItWas) {
+  write(L"orb_test_size.tt", "orb.cz:error");
+  loop.advance(100);
+  EXPECT_EQ(status(), refused);
+  EXPECT_TRUE(Command1().enabled()) << "nobody pressed it";
+  Command1().press();
+  write(L"orb_test_size.tt", "orb.cz:error");
+  loop.advance(100);
+  EXPECT_EQ(status(), refused);
+  EXPECT_FALSE(Command1().enabled());
+  loop.advance(1000);
+  EXPECT_EQ(shell.started.size(), 2U) << "two probes, no list";
+}
+
+TEST_F(ListRadiosUpdate, TheWindowRepaintsBeforeAndAfterTheConnectionIsAskedFor) {
+  connection.now.connected = false;
+  const auto runs = loop.pending_runs();
+  Command1().press();
+  EXPECT_EQ(loop.pending_runs() - runs, 2U);
+}
+
+TEST_F(ListRadiosUpdate, ClosingWhileTheConnectionIsAskedForStartsNothing) {
+  loop.at(0, [this] { window_shown().user_close(); });
+  Command1().press();
+  EXPECT_FALSE(directory.open());
+  EXPECT_EQ(shell.started.size(), 1U);
+  EXPECT_TRUE(dialogs.shown.empty());
+}
+
+TEST_F(ListRadiosUpdate, AnEndOfTheProgramWhileTheConnectionIsAskedForStartsNothing) {
+  loop.at(0, [this] { loop.quit(); });
+  connection.now.connected = false;
+  Command1().press();
+  EXPECT_EQ(shell.started.size(), 1U);
+  EXPECT_TRUE(dialogs.shown.empty());
+}
+
+TEST_F(ListRadiosUpdate, FilesThatCannotBeWrittenLeaveTheOldOnes) {
+  files.make_readonly(path(L"kategories.tt"));
+  const std::string categories = content(L"kategories.tt");
+  Command1().press();
+  bring("orb:k:new//100009/@/X\r\n" + Record{"NOVA01", "Nov\xe1"}.line());
+  EXPECT_EQ(status(), refused);
+  EXPECT_TRUE(Command1().enabled());
+  EXPECT_FALSE(progress().visible());
+  EXPECT_EQ(content(L"radios.tt"), before);
+  EXPECT_EQ(content(L"kategories.tt"), categories);
+  EXPECT_EQ(tree().count(), 6U);
+  EXPECT_EQ(list().count(), 4U);
+}
+
+TEST_F(ListRadiosUpdate, ASignOfNewCategoriesThatIsEmptyIsNone) {
+  write(L"kategories_new.tt", "");
+  loop.advance(2000);
+  EXPECT_TRUE(refreshed.flags.empty());
+  write(L"kategories_new.tt", "x");
+  files.set_being_written(path(L"kategories_new.tt"), true);
+  loop.advance(2000);
+  EXPECT_TRUE(refreshed.flags.empty()) << "still being written";
+  files.set_being_written(path(L"kategories_new.tt"), false);
+  loop.advance(500);
+  EXPECT_EQ(refreshed.flags.size(), 1U);
+  EXPECT_EQ(content(L"kategories_new.tt"), "x") << "it is another program's";
+}
+
+} // namespace
+} // namespace lumotune::test
