@@ -49,9 +49,9 @@ FavouriteAdded FavouriteFile::add(const std::wstring& line) {
 
 FavouriteRemoved FavouriteFile::remove(const std::wstring& line) {
   const auto bytes = uses_.files.read(path());
-  if (!bytes.has_value())
-    return uses_.files.exists(path()) ? FavouriteRemoved::failed : FavouriteRemoved::not_there;
-  TextLines List5 = without_empty_lines(split_text_lines(*bytes));
+  if (!bytes.has_value() && uses_.files.exists(path()))
+    return FavouriteRemoved::failed;
+  TextLines List5 = without_empty_lines(split_text_lines(bytes.value_or(std::string())));
   const std::size_t removed = std::erase_if(
       List5, [&](const std::string& kept) { return equal_ignoring_case(uses_.codec.decode(kept), line); });
   if (!uses_.files.replace(path(), line_end + lines_with_ends(List5)))

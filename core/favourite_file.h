@@ -33,7 +33,7 @@ public:
   [[nodiscard]] FavouriteAdded add(const std::wstring& line);
 
   // Takes every such line out. The new file begins with an empty line and has no other, also when nothing was found.
-  // `failed` changes nothing. A missing file stays missing.
+  // `failed` changes nothing. A missing file is made.
   [[nodiscard]] FavouriteRemoved remove(const std::wstring& line);
 
 private:

@@ -152,9 +152,9 @@ TEST_F(FavouritesEventsTest, AFileThatCannotBeReadOrWrittenKeepsItsFavourites) {
   EXPECT_TRUE(w.dialogs.shown.empty()) << "nothing was removed, nothing is said";
 }
 
-TEST_F(FavouritesEventsTest, RemovingFromNoFileMakesNone) {
+TEST_F(FavouritesEventsTest, RemovingFromNoFileMakesAnEmptyOne) {
   favourites.DeleteFromOblibene(L"lt:RADIO1/1");
-  EXPECT_FALSE(w.files.exists(w.path(L"list.tt")));
+  EXPECT_EQ(w.get(L"list.tt"), "\r\n");
   EXPECT_TRUE(w.dialogs.shown.empty());
 }
 
