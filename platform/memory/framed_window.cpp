@@ -71,8 +71,14 @@ void MemoryListView::add_column(const std::wstring& key, const std::wstring& cap
   columns_.push_back({key, caption, width});
 }
 
-void MemoryListView::rows_changed() {
+void MemoryListView::set_rows(const RowModel* rows) {
+  rows_ = rows;
+  told_ = rows == nullptr ? 0 : rows->count();
   selected_ = 0;
+}
+
+void MemoryListView::rows_changed() {
+  set_rows(rows_);
   ++changes;
 }
 

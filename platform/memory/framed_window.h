@@ -46,15 +46,12 @@ public:
     int width = 0;
   };
   using MemoryControl::MemoryControl;
-  void set_rows(const RowModel* rows) override {
-    rows_ = rows;
-    selected_ = 0;
-  }
+  void set_rows(const RowModel* rows) override;
   void add_column(const std::wstring& key, const std::wstring& caption, int width) override;
   void rows_changed() override;
   [[nodiscard]] std::size_t selected() const override { return selected_ <= count() ? selected_ : 0; }
   void select(std::size_t index) override;
-  [[nodiscard]] std::size_t count() const { return rows_ == nullptr ? 0 : rows_->count(); }
+  [[nodiscard]] std::size_t count() const { return told_; }
   [[nodiscard]] std::wstring cell(std::size_t row, std::size_t column) const;
   [[nodiscard]] const std::vector<Column>& columns() const { return columns_; }
 
@@ -67,6 +64,7 @@ public:
 
 private:
   const RowModel* rows_ = nullptr;
+  std::size_t told_ = 0; // rows, as rows_changed found them: a list asks its model for no others
   std::vector<Column> columns_;
   std::size_t selected_ = 0;
 };

@@ -16,6 +16,16 @@ TEST_F(FavouritesTest, AnEntryCarriesItsDataBehindTheShownColumns) {
   EXPECT_EQ(text.substr(100), L"u2a") << "column 101 on";
 }
 
+TEST_F(FavouritesTest, AnEntryIsReadFromItsHundredthColumnOn) {
+  const auto whole = core::read_favourite_item(item(L"x", L"2RADIO1"));
+  ASSERT_TRUE(whole.has_value()) << "the address may be empty";
+  EXPECT_EQ(whole->id, L"RADIO1");
+  EXPECT_EQ(whole->quality, L"2");
+  EXPECT_EQ(whole->address, L"");
+  EXPECT_FALSE(core::read_favourite_item(item(L"x", L"2RADIO")).has_value());
+  EXPECT_FALSE(core::read_favourite_item(L"").has_value());
+}
+
 TEST_F(FavouritesTest, EveryQualityHasItsOwnBitRateAndAddress) {
   show("lt:RADIO1/1\r\nlt:RADIO1/2\r\nlt:RADIO1/3\r\nlt:RADIO1/4\r\nlt:RADIO1/5\r\n");
   EXPECT_EQ(items(), (Journal{item(L"První  (64kbps)", L"1RADIO1u1a"), item(L"První  (128kbps)", L"2RADIO1u2a"),
@@ -156,6 +166,17 @@ TEST_F(FavouritesTest, ADisplayThatIsShownAnywayStays) {
   w.session.skin.display_mode = L"showevery";
   show("lt:RADIO1/1\r\n");
   EXPECT_TRUE(w.form.LTDisplay.visible());
+}
+
+TEST_F(FavouritesTest, ADisplayThatIsShownAtOtherTimesGoesWithTheHint) {
+  w.session.skin.display_value = L"showifnulllist";
+  for (const auto& [shown, mode] : {std::pair{L"show", L"showstop"}, std::pair{L"hide", L"showevery"}}) {
+    w.session.skin.display_show = shown;
+    w.session.skin.display_mode = mode;
+    w.form.LTDisplay.set_visible(true);
+    show("lt:RADIO1/1\r\n");
+    EXPECT_FALSE(w.form.LTDisplay.visible()) << shown << mode;
+  }
 }
 
 TEST_F(FavouritesTest, ADisplayThatIsNotTheEmptyListsStays) {
