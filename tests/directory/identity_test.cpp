@@ -76,6 +76,31 @@ TEST(Identity, AFileThatVanishedIsNotRememberedByItsLines) {
   EXPECT_FALSE(w.identity.LoadOptionsNick());
 }
 
+TEST(Identity, EachReadingReadsTheFileAnew) {
+  IdentityWorld w;
+  w.options(head + "12345678901idh\r\n1234567890123h\r\n1234567890123n\r\n");
+  EXPECT_TRUE(w.identity.LoadOptionsNick());
+  w.options(head + "12345678901jina\r\n1234567890123jine\r\n1234567890123jiny\r\n");
+  EXPECT_TRUE(w.identity.LoadOptionsNick());
+  EXPECT_EQ(w.settings.nickname, L"jiny");
+  EXPECT_EQ(w.settings.idh, L"stare idh") << "not read by this one";
+  w.options(head + "12345678901treti\r\n1234567890123treti\r\n");
+  EXPECT_TRUE(w.identity.LoadOptionsLodin());
+  EXPECT_EQ(w.settings.idh, L"treti");
+  EXPECT_EQ(w.settings.h, L"treti");
+}
+
+TEST(Identity, HostileFilesGiveWhatStandsThere) {
+  IdentityWorld w;
+  const std::string megabyte(1'000'000, 'x');
+  w.options(head + megabyte + "\r" + std::string(20, '\0') + "\n1234567890123" + megabyte);
+  EXPECT_TRUE(w.identity.LoadOptionsLodin());
+  EXPECT_EQ(w.settings.idh.size(), megabyte.size() - 11);
+  EXPECT_EQ(w.settings.h, std::wstring(7, L'\0'));
+  EXPECT_TRUE(w.identity.LoadOptionsNick());
+  EXPECT_EQ(w.settings.nickname.size(), megabyte.size());
+}
+
 TEST(Identity, PrehodSwapsNeighbours) {
   IdentityWorld w;
   EXPECT_EQ(w.identity.Prehod(L""), L"");
@@ -129,6 +154,7 @@ TEST(Identity, Encrypt2ReturnsWhatItCollectedBeforeABadPiece) {
   IdentityWorld w;
   EXPECT_EQ(w.encrypt2(L"98-97-x-99-"), L"ab");
   EXPECT_EQ(w.encrypt2(L"98-97-256-99-"), L"ab");
+  EXPECT_EQ(w.encrypt2(L"255-97-"), L"a\u02d9") << "the last code of all";
   EXPECT_EQ(w.encrypt2(L"98-97-99999999999999999999-99-"), L"ab");
   EXPECT_EQ(w.encrypt2(L"98-9 7-99"), L"b");
   EXPECT_EQ(w.encrypt2(L"98-97- -99"), L"ab") << "a blank is no number";

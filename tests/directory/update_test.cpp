@@ -114,6 +114,7 @@ TEST(Update, ARefusedOrUnusableProbeStopsIt) {
   for (const Probe& answer : {Probe{Probe::Kind::refused, 0}, Probe{Probe::Kind::unusable, 0}, announcing(0)}) {
     Update update = probed();
     EXPECT_EQ(texts(update.probe_read(update.run(), answer)), refusal);
+    EXPECT_EQ(texts(update.probe_read(update.run(), announcing(10))), nothing) << "answered once";
     EXPECT_EQ(texts(update.Timer1_Timer(of_length(0))), nothing) << "no download is watched";
     EXPECT_EQ(texts(update.Timer3_Timer(of_length(7))), nothing);
   }
