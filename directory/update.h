@@ -52,13 +52,14 @@ struct UpdateSteps {
 // What is known of a file at a tick.
 struct FileFacts {
   std::optional<std::uint64_t> length; // nothing while the file does not exist
-  bool being_written = false;          // another program has it open for writing
+  bool being_written = false;          // another program has it open for writing; only asked of a file that would do
 };
 
 // User-interface thread.
 class Update {
 public:
   [[nodiscard]] unsigned run() const { return run_; }
+  [[nodiscard]] std::uint64_t announced_size() const { return announced_size_; } // bytes, 0 before it is known
 
   // An update starts; one that runs is given up.
   [[nodiscard]] UpdateSteps LoadAktualizaceRadii();

@@ -15,10 +15,7 @@ constexpr std::uint32_t categories_ms = 500;
 
 Updater::Updater(const Uses& uses)
     : uses_(uses),
-      // The downloader is told this very path, forward slash and all.
-      Timer1(uses.loop.make_timer(
-          watch_ms,
-          [this] { carry_out(update_.Timer1_Timer(facts(uses_.machine.program_folder() + L"/" + download_file))); })),
+      Timer1(uses.loop.make_timer(watch_ms, [this] { carry_out(update_.Timer1_Timer(list_facts())); })),
       Timer2(uses.loop.make_timer(categories_ms,
                                   [this] { carry_out(update_.Timer2_Timer(facts(path(new_categories_file)))); })),
       Timer3(uses.loop.make_timer(watch_ms, [this] { carry_out(update_.Timer3_Timer(facts(path(probe_file)))); })) {}
@@ -27,8 +24,18 @@ std::wstring Updater::path(const wchar_t* name) const {
   return uses_.machine.program_folder() + L"\\" + name;
 }
 
+// Whether a file is being written is asked only where it matters: the question itself keeps writers out for a moment,
+// and a downloader may open its file anew for every piece.
 FileFacts Updater::facts(const std::wstring& file) const {
-  return {uses_.files.size(file), uses_.files.being_written(file)};
+  const auto length = uses_.files.size(file);
+  return {length, length.value_or(0) > 0 && uses_.files.being_written(file)};
+}
+
+// The downloader is told this very path, forward slash and all.
+FileFacts Updater::list_facts() const {
+  const std::wstring file = uses_.machine.program_folder() + L"/" + download_file;
+  const auto length = uses_.files.size(file);
+  return {length, length == update_.announced_size() && uses_.files.being_written(file)};
 }
 
 void Updater::watch_for_categories() {

@@ -52,6 +52,7 @@ private:
   void carry_out_own(const UpdateStep& step);
   [[nodiscard]] std::wstring path(const wchar_t* name) const;
   [[nodiscard]] FileFacts facts(const std::wstring& file) const;
+  [[nodiscard]] FileFacts list_facts() const;
   [[nodiscard]] std::optional<Probe> read_probe(unsigned run);
 
   Uses uses_;

@@ -91,6 +91,11 @@ bool MemoryFiles::replace_both(const std::wstring& first, std::string_view first
   return put(first, first_bytes, L"replace ") && put(second, second_bytes, L"replace ");
 }
 
+bool MemoryFiles::being_written(const std::wstring& path) const {
+  ++writers_asked_for_;
+  return written_.count(key(path)) != 0;
+}
+
 void MemoryFiles::set_being_written(const std::wstring& path, bool on) {
   if (on)
     written_.insert(key(path));

@@ -22,7 +22,7 @@ public:
   [[nodiscard]] bool replace(const std::wstring& path, std::string_view bytes) override;
   [[nodiscard]] bool replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
                                   std::string_view second_bytes) override;
-  [[nodiscard]] bool being_written(const std::wstring& path) const override { return written_.count(key(path)) != 0; }
+  [[nodiscard]] bool being_written(const std::wstring& path) const override;
   [[nodiscard]] bool append(const std::wstring& path, std::string_view bytes) override;
   [[nodiscard]] bool remove(const std::wstring& path) override;
   [[nodiscard]] bool copy(const std::wstring& from, const std::wstring& to) override;
@@ -37,6 +37,8 @@ public:
   // Records: every read, and every change as "replace C:\...", "append ...", "remove ...", "copy to ...".
   [[nodiscard]] const std::vector<std::wstring>& changes() const { return changes_; }
   [[nodiscard]] std::size_t reads(const std::wstring& path) const;
+  // How often somebody asked whether a file is being written.
+  [[nodiscard]] std::size_t writers_asked_for() const { return writers_asked_for_; }
 
 private:
   struct Entry {
@@ -53,6 +55,7 @@ private:
   std::set<std::wstring> written_;
   std::vector<std::wstring> changes_;
   mutable std::map<std::wstring, std::size_t> reads_;
+  mutable std::size_t writers_asked_for_ = 0;
 };
 
 // The Czech code page.

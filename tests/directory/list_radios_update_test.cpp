@@ -96,6 +96,22 @@ TEST_F(ListRadiosUpdate, AListStillOpenInTheDownloaderIsWaitedFor) {
   EXPECT_EQ(content(L"radios.tt"), fresh + "\r\n");
 }
 
+// The question keeps a writer out while it is asked.
+TEST_F(ListRadiosUpdate, ADownloaderThatOpensItsFileForEveryPieceIsNotDisturbed) {
+  loop.advance(1000);
+  EXPECT_EQ(files.writers_asked_for(), 0U) << "there is no probe yet";
+  announce(100);
+  const auto asked = files.writers_asked_for();
+  for (std::size_t length = 0; length < 100; length += 20) {
+    write(L"seznam.tt", std::string(length, 'x'));
+    loop.advance(100);
+  }
+  EXPECT_EQ(files.writers_asked_for(), asked);
+  write(L"seznam.tt", std::string(100, 'x'));
+  loop.advance(100);
+  EXPECT_EQ(files.writers_asked_for(), asked + 1);
+}
+
 TEST_F(ListRadiosUpdate, AListThatCannotBeReadYetIsConvertedLater) {
   const std::string fresh = Record{"NOVA01", "Nov\xe1"}.line();
   files.make_unreadable(path(L"seznam.tt"));
