@@ -191,6 +191,11 @@ class Desk:
         subprocess.run(["xdotool", "key", "--delay", "120", *names], check=True)
         time.sleep(0.2)
 
+    @staticmethod
+    def type(text):
+        subprocess.run(["xdotool", "type", "--delay", "30", text], check=True)
+        time.sleep(0.2)
+
     def send(self, text):
         """One command from another program; whether it was answered."""
         if wine("orb.exe", "--send", text, cwd=self.folder).returncode == 0:

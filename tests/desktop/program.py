@@ -7,6 +7,10 @@ import sys
 
 from desk import STATIONS, TOP, Desk, Radio, Sound, wait_for
 
+CHECK_VALUE = "0123456789abcdef"
+IDENTITY = f"idh=demo-uzivatel&h={CHECK_VALUE}"
+# How a program's window is shown.
+NORMAL, MINIMIZED, WITHOUT_FOCUS = 1, 2, 4
 BY_ID = {station.identifier: station for station in STATIONS}
 
 
@@ -41,6 +45,26 @@ class Program:
     def log_has(self, program, part, seconds=15):
         """A companion of the client was started with that in its command line, or heard of it."""
         self.until(lambda: part in self.desk.log(program), seconds, f"{part!r} not in {program}: {self.desk.log(program)}")
+
+    def started(self, program, line, show, seconds=15):
+        """A companion of the client was started with exactly that command line, in the program's folder and so shown."""
+        wanted = f"start show={show} dir={self.windows_folder()} line={line}"
+        self.until(lambda: wanted in self.desk.log(program).splitlines(), seconds,
+                   f"{wanted!r} not in {program}: {self.desk.log(program)}")
+
+    def windows_folder(self):
+        return "Z:" + self.folder.replace("/", "\\")
+
+    def login(self, page=""):
+        """The login page's address for the demonstration's account."""
+        def swapped(text):
+            return "".join(text[at:at + 2][::-1] for at in range(0, len(text), 2))
+
+        def codes(text):
+            return "".join(f"{ord(letter)}-" for letter in swapped(text))
+
+        token = swapped(codes(swapped(codes(CHECK_VALUE))))
+        return self.radio.address(f"/login/demo-uzivatel/{token}/{page}/1")
 
     def box(self, text, button="OK"):
         """A message box says that; it is closed by that button."""

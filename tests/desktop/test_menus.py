@@ -1,7 +1,6 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """Every pop-up menu of the real program: chosen by the keyboard, the companions tell what they were started with."""
 import os
-import subprocess
 import sys
 import time
 
@@ -9,10 +8,9 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
 from desk import Sound  # noqa: E402
 from directory_server_control import DirectoryServer  # noqa: E402
-from program import BY_ID, Program  # noqa: E402
+from program import BY_ID, CHECK_VALUE, IDENTITY, MINIMIZED, NORMAL, WITHOUT_FOCUS, Program  # noqa: E402
 
 OFF = "13=#013:LTautoStart:0"
-IDENTITY = "idh=demo-uzivatel&h=0123456789abcdef"
 
 
 class Menus(Program):
@@ -37,19 +35,21 @@ class TestMainMenu(Menus):
         desk = self.begin()
         self.hear(BY_ID["LUMO01"].hertz)
         self.from_main_menu("Down", "Return")
-        self.log_has("explorer", f"explorer {self.base()}/login/demo-uzivatel/")
-        assert "//1" in desk.log("explorer") and "show=2" in desk.log("explorer")
+        self.started("explorer", "explorer " + self.login(), MINIMIZED)
         self.from_main_menu("Down", "Down", "Down", "Return")
-        self.log_has("OrbBrowser", f"\\OrbBrowser.exe {self.base()}\\orb\\diskuze.php?{IDENTITY}&t=100000&tid=LUMO01"
-                     "/@/9000/@/9000/@/Diskuze k rádiové stanici: Rádio Úsvit (Orb)/@/normal/@/endtestnull/@/")
+        browser = self.windows_folder() + "\\OrbBrowser.exe "
+        self.started("OrbBrowser", f"{browser}{self.base()}\\orb\\diskuze.php?{IDENTITY}&t=100000&tid=LUMO01"
+                     "/@/9000/@/9000/@/Diskuze k rádiové stanici: Rádio Úsvit (Orb)/@/normal/@/endtestnull/@/", MINIMIZED)
         self.from_main_menu(*["Down"] * 8, "Return")
-        self.log_has("OrbBrowser", f"{self.base()}/lumotune.brelt/user_lt_add.php?{IDENTITY}/@/9000/@/9000/@/Přidat nové rádio"
-                     " (Orb)/@/normal/@/endtestnull/@/")
+        self.started("OrbBrowser", f"{browser}{self.base()}/lumotune.brelt/user_lt_add.php?{IDENTITY}/@/9000/@/9000/@/"
+                     "Přidat nové rádio (Orb)/@/normal/@/endtestnull/@/", MINIMIZED)
         self.from_main_menu(*["Down"] * 7, "Return")
-        self.log_has("OrbBrowser", f"{self.base()}\\orb\\melodeon.php?{IDENTITY}/@/14000/@/8000/@/Orb Melodeon (Orb)/@/max/@/"
-                     "endtestnull/@/")
+        self.started("OrbBrowser", f"{browser}{self.base()}\\orb\\melodeon.php?{IDENTITY}/@/14000/@/8000/@/Orb Melodeon (Orb)"
+                     "/@/max/@/endtestnull/@/", MINIMIZED)
         self.from_main_menu(*["Down"] * 9, "Return")
-        self.log_has("explorer", f"explorer {self.base()}/faq")
+        self.started("explorer", f"explorer {self.base()}/faq", MINIMIZED)
+        desk.click("Orbwww")
+        self.until(lambda: desk.log("explorer").count("/login/") == 2, 15, "the logo")
 
     def test_recorder_listeners_and_trouble(self):
         desk = self.begin()
@@ -57,11 +57,13 @@ class TestMainMenu(Menus):
         self.from_main_menu("Down", "Down", "Return")
         self.log_has("orb", "received kind=1 text=lts:LUMO01")
         self.from_main_menu(*["Down"] * 4, "Return")
-        self.log_has("remind", "remind.exe RadioOFF/@/LUMO01/@/Rádio Úsvit/@/demo-uzivatel/@/0123456789abcdef/@/" + self.base())
+        self.started("remind", f"remind.exe RadioOFF/@/LUMO01/@/Rádio Úsvit/@/demo-uzivatel/@/{CHECK_VALUE}/@/{self.base()}",
+                     NORMAL)
         self.from_main_menu(*["Down"] * 5, "Return")
-        self.log_has("OrbRecorder", "\\OrbRecorder.exe Rádio Úsvit")
+        recorder = self.windows_folder() + "\\OrbRecorder.exe "
+        self.started("OrbRecorder", recorder + "Rádio Úsvit", NORMAL)
         self.from_main_menu(*["Down"] * 6, "Return")
-        self.log_has("OrbRecorder", "\\OrbRecorder.exe l")
+        self.started("OrbRecorder", recorder + "l", NORMAL)
         desk.click("Control_Rec")
         self.until(lambda: desk.log("OrbRecorder").count("\\OrbRecorder.exe Rádio Úsvit") == 2, 10)
         desk.click("Control_ShowUser")
@@ -86,18 +88,18 @@ class TestMainMenu(Menus):
         konzole = [*["Down"] * 11, "Right", "Down", "Down", "Return"]
         self.from_main_menu(*konzole)
         time.sleep(0.5)
-        subprocess.run(["xdotool", "type", "--delay", "30", "HELP."], check=True)
+        desk.type("HELP.")
         desk.key("Return")
         self.box("vol=(hodnota 0 - 100)")
         time.sleep(0.5)
-        subprocess.run(["xdotool", "type", "--delay", "30", f"url={self.radio.address('/lumo05-128.mp3')}"], check=True)
+        desk.type(f"url={self.radio.address('/lumo05-128.mp3')}")
         desk.key("Return")
         self.hear(BY_ID["LUMO05"].hertz)
         self.until(lambda: desk.text("InfoName") == "Orb - Lumotune", 10, desk.text("InfoName"))
         loud = Sound.level(Sound.record(1))
         self.from_main_menu(*konzole)
         time.sleep(0.5)
-        subprocess.run(["xdotool", "type", "--delay", "30", "vol=10"], check=True)
+        desk.type("vol=10")
         desk.key("Return")
         self.until(lambda: Sound.level(Sound.record(0.5)) < loud / 2, 10, "quieter")
         assert "LTvolume" in desk.options()[20]
@@ -218,7 +220,11 @@ class TestOtherMenus(Menus):
         self.until(server.reports, 15, "a report")
         report = server.reports()[0]
         assert f"/orb/lt_all.php?{IDENTITY}&orbw=on&lt=on&stanice=LUMO01" in report, report
-        assert "show=4" in desk.log("load")
+        folder = self.windows_folder()
+        self.started("load", f"load.exe {self.base()}/orb/lt_all.php?{IDENTITY}&orbw=on&lt=on&stanice=LUMO01"
+                     f"/@/{folder}\\orblt.tt", WITHOUT_FOCUS)
+        self.until(lambda: desk.log("orb").count(f"start show={WITHOUT_FOCUS} dir={folder} line={folder}\\orb.exe m") == 2,
+                   10, "the client is started with the program and with the report: " + desk.log("orb"))
 
     def test_unread_messages_are_told_when_the_client_is_off(self):
         self.desk = None
@@ -232,7 +238,11 @@ class TestOtherMenus(Menus):
         assert "Máte 2 nové zprávy" in text and "Od Žofky" in text and "Chcete zapnout Orb klienta?" in text, text
         desk.key("Return")
         self.log_has("orb", "received kind=1 text=lt:LUMO01")
-        assert "&orbw=off&lt=on&stanice=LUMO01" in server.reports()[0]
+        folder = self.windows_folder()
+        self.started("load", f"load.exe {self.base()}/orb/lt_all.php?{IDENTITY}&orbw=off&lt=on&stanice=LUMO01"
+                     f"/@/{folder}\\orblt.tt", WITHOUT_FOCUS)
+        assert desk.log("orb").count("start ") == 1, "only with the program: " + desk.log("orb")
+        self.until(lambda: not os.path.exists(desk.path("orblt.tt")), 10, "the reply is removed")
 
 
 if __name__ == "__main__":
