@@ -185,6 +185,27 @@ TEST_F(ClientLinkTest, TheQuestionHasTheNewMessagesFirst) {
   EXPECT_EQ(w.dialogs.shown[2].text, L"4\r\n\r\n\r\nChcete zapnout Orb klienta?");
 }
 
+TEST_F(ClientLinkTest, PendingEventsRunBeforeTheReplyIsReadAndBeforeItGoes) {
+  report_off();
+  w.loop.at(500, [&] { w.put(L"orblt.tt", "inf:novější\r\n"); });
+  bool there = false;
+  w.dialogs.while_open = [&] { w.loop.at(0, [&] { there = reply_there(); }); };
+  reply("inf:a\r\n");
+  ASSERT_EQ(w.dialogs.shown.size(), 1U);
+  EXPECT_NE(w.dialogs.shown[0].text.substr(0, 3), L"\r\na");
+  EXPECT_TRUE(there);
+}
+
+TEST_F(ClientLinkTest, PendingEventsRunAfterAnOldReplyWent) {
+  for (const bool on : {true, false}) {
+    w.set_option(18, on ? "#018:DDD:on" : "#018:DDD:off");
+    link.enable_Timer1();
+    const auto before = w.loop.pending_runs();
+    w.loop.advance(3000);
+    EXPECT_EQ(w.loop.pending_runs() - before, on ? 1U : 2U);
+  }
+}
+
 TEST_F(ClientLinkTest, EachReplyBeginsWithoutNewMessages) {
   report_off();
   reply("new:3\r\ninf:a\r\n");

@@ -1,71 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "directory/advert.h"
-#include "directory/info_panel.h"
-#include "platform/memory/event_loop.h"
-#include "platform/memory/files.h"
-#include "platform/memory/framed_window.h"
-#include "platform/memory/messages.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-#include <vector>
+// The information line of the directory window.
+#include "tests/directory/panel_world.h"
 
 namespace lumotune::directory {
 namespace {
-
-using platform::memory::MemoryBrowser;
-using platform::memory::MemoryLabel;
-
-struct Pages final : WebPort {
-  void OpenUrl(const std::wstring& address) override { opened.push_back(address); }
-  void open_station_web(const std::wstring& address) override { opened.push_back(L"station " + address); }
-  std::vector<std::wstring> opened;
-};
-
-struct Scrambler final : skin::IdentitySource {
-  std::wstring Heslo(const std::wstring& text) override {
-    if (during)
-      during();
-    return L"<" + text + L">";
-  }
-  std::function<void()> during;
-};
-
-struct ListRadiosPanel : testing::Test {
-  platform::memory::MemoryEventLoop loop;
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryMachine machine;
-  platform::memory::MemoryMessages messages;
-  platform::memory::MemoryShell shell;
-  platform::memory::MemoryDialogs dialogs;
-  platform::memory::MemoryFramedWindow window{L"ListRadios", files};
-  ListRadiosForm form{window};
-  Layout layout{form};
-  AdvertState state;
-  core::Settings settings;
-  core::CommandSender sender{{loop, messages, shell, codec}};
-  Scrambler identity;
-  Pages pages;
-  WebSlot web;
-  Advert advert{{form, layout, state}};
-  InfoPanelLine line{{form, layout, settings, loop, dialogs, shell, files, machine, sender, identity, web}};
-  MemoryLabel& shown = *window.find<MemoryLabel>(L"InfoPanel");
-  MemoryBrowser& browser = *window.find<MemoryBrowser>(L"WebBrowser1");
-
-  ListRadiosPanel() {
-    web.bind(pages);
-    window.on_resize = [this] { layout.place(); };
-    form.InfoPanel.set_visible(false);
-    form.ImageInPan.set_visible(false);
-    settings.server_address = L"http://server";
-    settings.idh = L"ja";
-    settings.h = L"heslo";
-    layout.set_up();
-  }
-};
 
 TEST_F(ListRadiosPanel, TypesTheTextLetterByLetterAndStops) {
   line.ZobrazInfoPanel(L"1/@/255/@/100/@/Ahoj!/@/tip/@/openurl/@/x");
@@ -107,6 +45,43 @@ TEST_F(ListRadiosPanel, ABadFieldLeavesOutItsStepOnly) {
   EXPECT_EQ(pages.opened.size(), 1U) << "the action stays in force";
 }
 
+TEST_F(ListRadiosPanel, EachMissingFieldLeavesOutItsStepOnly) {
+  const std::vector<std::wstring> fields = {L"1", L"255", L"50", L"text", L"tip", L"openurl", L"a"};
+  std::wstring command;
+  for (std::size_t given = 0; given <= fields.size(); ++given) {
+    line.ZobrazInfoPanel(L"0/@/7/@/1000/@/old/@/old/@/format/@/old");
+    line.ZobrazInfoPanel(command);
+    EXPECT_EQ(shown.bold(), given > 0);
+    EXPECT_EQ(shown.text_colour(), platform::Colour{given > 1 ? 255U : 7U});
+    loop.advance(given > 2 ? 250 : 5000);
+    EXPECT_EQ(shown.text(), given > 3 ? L"text" : L"old");
+    EXPECT_EQ(shown.tooltip(), given > 4 ? L"tip" : L"old");
+    pages.opened.clear();
+    line.InfoPanel_Click();
+    EXPECT_EQ(pages.opened.size(), given > 5 ? 1U : 0U);
+    for (const std::wstring& page : pages.opened)
+      EXPECT_TRUE(page.ends_with(given > 6 ? L"/a/1" : L"/old/1"));
+    if (given < fields.size())
+      command += (given == 0 ? L"" : L"/@/") + fields[given];
+  }
+}
+
+TEST_F(ListRadiosPanel, PendingEventsRunWhenTheLineHasItsPlace) {
+  int height = 0;
+  bool visible = false;
+  std::wstring caption = L"?";
+  shown.set_text(L"před");
+  loop.at(0, [&] {
+    height = window.rect().height;
+    visible = shown.visible() && window.find<platform::PictureBox>(L"ImageInPan")->visible();
+    caption = shown.text();
+  });
+  line.ZobrazInfoPanel(L"0/@//@/100/@/text");
+  EXPECT_EQ(height, 6045);
+  EXPECT_TRUE(visible);
+  EXPECT_EQ(caption, L"před");
+}
+
 TEST_F(ListRadiosPanel, AnIntervalOfZeroIsTheSmallestOne) {
   line.ZobrazInfoPanel(L"0/@//@/0/@/abc");
   loop.advance(4);
@@ -140,12 +115,18 @@ TEST_F(ListRadiosPanel, ShowsUsersThroughAProgramOfTheFolderOnly) {
   line.InfoPanel_Click();
   ASSERT_EQ(shell.started.size(), 1U);
   EXPECT_EQ(shell.started[0].command_line, L"orb.exe");
-  for (const wchar_t* name :
-       {L"neni.exe", L"c:\\windows\\cmd.exe", L"cmd.exe /c x", L"\"orb.exe\"", L"sub/orb.exe", L"", L"orb.exe "}) {
+  for (const wchar_t* name : {L"c:\\windows\\cmd.exe", L"cmd.exe /c x", L"\"orb.exe\"", L"sub/orb.exe", L"sub\\orb.exe",
+                              L"", L"orb.exe ", L"orb.exe:x", L"'orb.exe'", L"or\tb.exe",
+                              L"or\x01"
+                              L"b.exe"}) {
+    (void)files.replace(machine.folder + L"\\" + name, "x"); // that it is there is not enough
     line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/showusers/@/" + std::wstring(name) + L"||Orb - Lumotune||lts:RADIO1||2");
     line.InfoPanel_Click();
     EXPECT_EQ(shell.started.size(), 1U) << "not started";
   }
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/showusers/@/neni.exe||Orb - Lumotune||lts:RADIO1||2");
+  line.InfoPanel_Click();
+  EXPECT_EQ(shell.started.size(), 1U) << "not in the folder";
   messages.add_window(L"Orb - Lumotune", static_cast<platform::WindowRef>(7));
   line.InfoPanel_Click();
   ASSERT_FALSE(messages.sent.empty());
@@ -267,52 +248,6 @@ TEST_F(ListRadiosPanel, UnderlinesUnderTheMouse) {
   line.InfoPanel_MouseMove();
   line.ImageInPan_MouseMove();
   EXPECT_FALSE(shown.underline());
-}
-
-TEST_F(ListRadiosPanel, ShowsAnAdvertisement) {
-  advert.ReklamaTest();
-  EXPECT_TRUE(browser.visited.empty());
-  advert.ZobrazReklamu(L"1050/@/7125/@/1/@/http://server/reklama");
-  EXPECT_EQ(browser.rect().top, 5280);
-  EXPECT_EQ(browser.rect().height, 1050);
-  EXPECT_EQ(window.rect().height, 7125);
-  EXPECT_EQ(browser.visited, std::vector<std::wstring>{L"http://server/reklama"});
-  advert.ReklamaTest();
-  EXPECT_EQ(browser.visited.size(), 2U);
-}
-
-TEST_F(ListRadiosPanel, ACollapsedAdvertisementIsStillAskedFor) {
-  advert.ZobrazReklamu(L"1050/@/7125/@/1/@/http://server/1");
-  advert.ZobrazReklamu(L"1050/@/7125/@/0/@/http://server/2");
-  EXPECT_EQ(browser.rect().height, 0);
-  EXPECT_EQ(browser.rect().top, 10280);
-  EXPECT_TRUE(browser.visible());
-  EXPECT_EQ(browser.visited.back(), L"http://server/2");
-}
-
-TEST_F(ListRadiosPanel, ABadAdvertisementEndsWhereItIsBad) {
-  for (const wchar_t* bad :
-       {L"", L"1050", L"1050/@/7125", L"x/@/7125/@/1/@/http://a", L"1050/@/x/@/1/@/http://a", L"1050/@/7125/@/1"}) {
-    advert.ZobrazReklamu(bad);
-    EXPECT_FALSE(state.present);
-    EXPECT_TRUE(browser.visited.empty());
-  }
-}
-
-TEST_F(ListRadiosPanel, FollowsTheWindowsSize) {
-  advert.ZobrazReklamu(L"1050/@/7125/@/1/@/http://server/1");
-  line.ZobrazInfoPanel(L"0/@//@/1/@/t");
-  const auto below = [&] { return form.window.client_height() - browser.rect().top; };
-  const int distance = below();
-  window.user_resize(15000, 9000);
-  EXPECT_EQ(below(), distance) << "it keeps its distance from the lower edge";
-  EXPECT_GT(shown.rect().top, form.ListView1.rect().top + form.ListView1.rect().height);
-  EXPECT_LE(shown.rect().top + shown.rect().height, browser.rect().top);
-  EXPECT_GT(form.ListView1.rect().width, 5000);
-  window.user_resize(100, 100);
-  EXPECT_EQ(window.rect().width, window.minimum.first);
-  EXPECT_GT(form.ListView1.rect().width, 2000);
-  EXPECT_GT(form.Text1.rect().height, 0);
 }
 
 } // namespace

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The information line and the advertisement in a window in memory.
+#pragma once
+
+#include "directory/advert.h"
+#include "directory/info_panel.h"
+#include "platform/memory/event_loop.h"
+#include "platform/memory/files.h"
+#include "platform/memory/framed_window.h"
+#include "platform/memory/messages.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace lumotune::directory {
+
+struct Pages final : WebPort {
+  void OpenUrl(const std::wstring& address) override { opened.push_back(address); }
+  void open_station_web(const std::wstring& address) override { opened.push_back(L"station " + address); }
+  std::vector<std::wstring> opened;
+};
+
+struct Scrambler final : skin::IdentitySource {
+  std::wstring Heslo(const std::wstring& text) override {
+    if (during)
+      during();
+    return L"<" + text + L">";
+  }
+  std::function<void()> during;
+};
+
+struct ListRadiosPanel : testing::Test {
+  platform::memory::MemoryEventLoop loop;
+  platform::memory::MemoryFiles files;
+  platform::memory::MemoryCodec codec;
+  platform::memory::MemoryMachine machine;
+  platform::memory::MemoryMessages messages;
+  platform::memory::MemoryShell shell;
+  platform::memory::MemoryDialogs dialogs;
+  platform::memory::MemoryFramedWindow window{L"ListRadios", files};
+  ListRadiosForm form{window};
+  Layout layout{form};
+  AdvertState state;
+  core::Settings settings;
+  core::CommandSender sender{{loop, messages, shell, codec}};
+  Scrambler identity;
+  Pages pages;
+  WebSlot web;
+  Advert advert{{form, layout, state}};
+  InfoPanelLine line{{form, layout, settings, loop, dialogs, shell, files, machine, sender, identity, web}};
+  platform::memory::MemoryLabel& shown = *window.find<platform::memory::MemoryLabel>(L"InfoPanel");
+  platform::memory::MemoryBrowser& browser = *window.find<platform::memory::MemoryBrowser>(L"WebBrowser1");
+
+  ListRadiosPanel() {
+    web.bind(pages);
+    window.on_resize = [this] { layout.place(); };
+    form.InfoPanel.set_visible(false);
+    form.ImageInPan.set_visible(false);
+    settings.server_address = L"http://server";
+    settings.idh = L"ja";
+    settings.h = L"heslo";
+    layout.set_up();
+  }
+};
+
+} // namespace lumotune::directory
