@@ -2,6 +2,8 @@
 #include "core/favourites.h"
 
 #include "core/busy.h"
+#include "core/line_walk.h"
+#include "core/record_bytes.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -23,18 +25,19 @@ struct Favourite {
   std::uint64_t key = 0;
 };
 
-std::vector<Favourite> read_favourites(std::string_view bytes, const ByteFolding& folding) {
+std::vector<Favourite> read_favourites(std::string_view bytes, const CodePageFold& folding) {
   constexpr std::string_view prefix = "lt:";
   constexpr std::size_t quality_at = 7;
   std::vector<Favourite> List5;
-  for_each_line(bytes, [&](std::string_view line) {
+  for (LineWalk walk(bytes); walk.next();) {
+    std::string_view line = walk.line();
     if (line.size() <= prefix.size() + quality_at || !folding.starts_with(line, prefix))
-      return;
+      continue;
     line.remove_prefix(prefix.size());
     const char quality = line[quality_at];
     if (quality >= '1' && quality <= '5')
       List5.push_back({line.substr(0, station_id_length), quality, folding.id_key(line)});
-  });
+  }
   return List5;
 }
 
@@ -60,9 +63,11 @@ std::wstring without_zeros(std::wstring text) {
 }
 
 std::wstring favourite_item(const Favourite& favourite, std::string_view record, const platform::AnsiCodec& codec) {
-  const int number = favourite.quality - '1';
+  const auto number = static_cast<std::size_t>(favourite.quality - '1');
   // No more of a long name is decoded than is ever shown.
-  const auto shown = [&](int field) { return codec.decode(record_field(record, field).substr(0, shown_columns)); };
+  const auto shown = [&](std::size_t field) {
+    return codec.decode(record_field(record, field).substr(0, shown_columns));
+  };
   std::wstring item = shown(1) + L"  (" + shown(11 + number) + L"kbps)";
   item.resize(shown_columns, L' ');
   item += static_cast<wchar_t>(favourite.quality);
@@ -81,7 +86,7 @@ std::optional<FavouriteItem> read_favourite_item(std::wstring_view item) {
 }
 
 std::vector<std::wstring> favourite_items(std::string_view favourites, std::string_view stations,
-                                          const ByteFolding& folding, const platform::AnsiCodec& codec) {
+                                          const CodePageFold& folding, const platform::AnsiCodec& codec) {
   const std::vector<Favourite> List5 = read_favourites(favourites, folding);
   std::unordered_map<std::uint64_t, std::string_view> records;
   IdFilter filter;
@@ -89,15 +94,16 @@ std::vector<std::wstring> favourite_items(std::string_view favourites, std::stri
     records.emplace(favourite.key, std::string_view());
     filter.add(favourite.key);
   }
-  for_each_line(stations, [&](std::string_view line) {
+  for (LineWalk walk(stations); walk.next();) {
+    const std::string_view line = walk.line();
     if (line.size() < station_id_length)
-      return;
+      continue;
     const std::uint64_t key = folding.id_key(line);
     if (!filter.may_have(key))
-      return;
+      continue;
     if (const auto wanted = records.find(key); wanted != records.end())
       wanted->second = line;
-  });
+  }
   std::vector<std::wstring> items;
   for (const Favourite& favourite : List5) {
     if (const std::string_view record = records[favourite.key]; !record.empty())

@@ -2,11 +2,11 @@
 // The list of the favourite stations in the main window.
 #pragma once
 
+#include "core/code_page_fold.h"
 #include "core/favourite_file.h"
 #include "core/lumotune_form.h"
 #include "core/playback.h"
 #include "core/ports.h"
-#include "core/record_bytes.h"
 #include "core/session.h"
 #include "core/station_lookup.h"
 #include "platform/dialogs.h"
@@ -35,7 +35,7 @@ struct FavouriteItem {
 // The items for a favourites file and a station file, in the order of the favourites. One pass over the stations, of
 // which a later record of an identifier wins. A favourite without a station, or with no quality 1..5, has no item.
 [[nodiscard]] std::vector<std::wstring> favourite_items(std::string_view favourites, std::string_view stations,
-                                                        const ByteFolding& folding, const platform::AnsiCodec& codec);
+                                                        const CodePageFold& folding, const platform::AnsiCodec& codec);
 
 // User-interface thread.
 class Favourites final : public FavouritesPort, public FavouritesDeletePort {
@@ -84,7 +84,7 @@ private:
 
   Uses uses_;
   FavouriteFile file_;
-  ByteFolding folding_;
+  CodePageFold folding_;
   std::string List3; // the station file's bytes; the room is used again
   bool clicking_ = false;
 };

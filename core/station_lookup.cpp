@@ -1,25 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "core/station_lookup.h"
 
+#include "core/line_walk.h"
+#include "core/record_bytes.h"
 #include "core/text.h"
 
 namespace lumotune::core {
 namespace {
 
-constexpr std::size_t id_length = 6;
 constexpr int www_index = 16;
-constexpr std::string_view delimiter = "/@/";
-
-// The last field is everything after the sixteenth delimiter.
-std::string_view field_of(std::string_view record, int index) {
-  for (int i = 0; i < index; ++i) {
-    const std::size_t cut = record.find(delimiter);
-    if (cut == std::string_view::npos)
-      return {};
-    record.remove_prefix(cut + delimiter.size());
-  }
-  return index == www_index ? record : record.substr(0, record.find(delimiter));
-}
 
 } // namespace
 
@@ -39,61 +28,33 @@ int station_field_index(std::wstring_view FieldName) {
   return fold(FieldName[0]) == L'k' ? 11 + number : -1;
 }
 
-// Folding by the code page: the byte whose character is the small letter of this byte's character.
-StationLookup::StationLookup(const Uses& uses) : uses_(uses) {
-  for (unsigned byte = 0; byte < 256; ++byte) {
-    folded_[byte] = static_cast<unsigned char>(byte);
-    const std::string bytes(1, static_cast<char>(byte));
-    const std::wstring text = uses_.codec.decode(bytes);
-    if (text.size() != 1 || fold(text[0]) == text[0])
-      continue;
-    const std::wstring small(1, fold(text[0]));
-    const std::string encoded = uses_.codec.encode(small);
-    if (encoded.size() == 1 && uses_.codec.decode(encoded) == small)
-      folded_[byte] = static_cast<unsigned char>(encoded[0]);
-  }
-}
+StationLookup::StationLookup(const Uses& uses) : uses_(uses), folding_(uses.codec) {}
 
-bool StationLookup::is_record_of(std::string_view line, std::string_view wanted) const {
-  if (line.size() < id_length)
-    return false;
-  for (std::size_t i = 0; i < id_length; ++i) {
-    if (folded_[static_cast<unsigned char>(line[i])] != folded_[static_cast<unsigned char>(wanted[i])])
-      return false;
-  }
-  return true;
-}
-
-// One pass over the bytes, in which the searches for the line ends are the system's fast ones and no line is copied.
+// One pass over the bytes, of which none is copied.
 std::string_view StationLookup::last_record(std::string_view wanted) const {
   std::string_view found;
-  std::string_view rest = List3;
-  while (!rest.empty()) {
-    const std::size_t feed = rest.find('\n');
-    std::string_view part = rest.substr(0, feed);
-    rest = feed == std::string_view::npos ? std::string_view() : rest.substr(feed + 1);
-    // A carriage return ends a line too, the pair with the line feed being one end.
-    for (std::size_t end = part.find('\r'); end != std::string_view::npos; end = part.find('\r')) {
-      if (is_record_of(part.substr(0, end), wanted))
-        found = part.substr(0, end);
-      part.remove_prefix(end + 1);
-    }
-    if (is_record_of(part, wanted))
-      found = part;
+  const std::uint64_t key = folding_.id_key(wanted);
+  for (LineWalk walk(List3); walk.next();) {
+    const std::string_view line = walk.line();
+    if (line.size() >= station_id_length && folding_.id_key(line) == key)
+      found = line;
   }
   return found;
 }
 
 std::wstring StationLookup::RadioInfo(const std::wstring& ID, const std::wstring& FieldName) {
   const int index = station_field_index(FieldName);
-  if (index < 0 || ID.size() != id_length)
+  if (index < 0 || ID.size() != station_id_length)
     return {};
   if (!uses_.files.read_into(uses_.machine.program_folder() + L"\\radios.tt", List3))
     return {};
-  const std::string wanted = uses_.codec.encode(ID);
-  if (wanted.size() != id_length || uses_.codec.decode(wanted) != ID)
+  const auto wanted = exact_bytes(uses_.codec, ID);
+  if (!wanted.has_value() || wanted->size() != station_id_length)
     return {};
-  return uses_.codec.decode(field_of(last_record(wanted), index));
+  const std::string_view record = last_record(*wanted);
+  // The last field is everything after the sixteenth delimiter.
+  const auto number = static_cast<std::size_t>(index);
+  return uses_.codec.decode(index == www_index ? record_rest(record, number) : record_field(record, number));
 }
 
 } // namespace lumotune::core

@@ -2,11 +2,11 @@
 // The look-up of a station's fields in the station database file, radios.tt of the program folder.
 #pragma once
 
+#include "core/code_page_fold.h"
 #include "platform/ansi_codec.h"
 #include "platform/files.h"
 #include "platform/machine.h"
 
-#include <array>
 #include <string>
 #include <string_view>
 
@@ -31,12 +31,11 @@ public:
   [[nodiscard]] std::wstring RadioInfo(const std::wstring& ID, const std::wstring& FieldName);
 
 private:
-  [[nodiscard]] bool is_record_of(std::string_view line, std::string_view wanted) const;
   [[nodiscard]] std::string_view last_record(std::string_view wanted) const;
 
   Uses uses_;
-  std::string List3;                        // the file's bytes; the room is used again
-  std::array<unsigned char, 256> folded_{}; // byte to byte: letter case ignored, by the code page
+  std::string List3; // the file's bytes; the room is used again
+  CodePageFold folding_;
 };
 
 } // namespace lumotune::core

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/categories.h"
 
+#include "core/code_page_fold.h"
+#include "core/line_walk.h"
 #include "core/text.h"
-#include "directory/code_page_fold.h"
-#include "directory/line_walk.h"
 
 namespace lumotune::directory {
 namespace {
@@ -17,11 +17,11 @@ std::vector<CategoryNode> read_categories(std::string_view bytes, const platform
   constexpr std::size_t prefix_length = 5; // "new//", "add//"
   constexpr std::string_view delimiter = "/@/";
   std::vector<CategoryNode> nodes;
-  LineWalk walk(bytes);
+  core::LineWalk walk(bytes);
   while (walk.next()) {
     std::string_view line = walk.line();
-    const bool child = starts_with_marker(line, "add//");
-    if (!child && !starts_with_marker(line, "new//"))
+    const bool child = core::starts_with_marker(line, "add//");
+    if (!child && !core::starts_with_marker(line, "new//"))
       continue;
     line.remove_prefix(prefix_length);
     const std::size_t cut = line.find(delimiter);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/conversion.h"
 
+#include "core/code_page_fold.h"
+#include "core/line_walk.h"
 #include "core/text.h"
-#include "directory/code_page_fold.h"
 #include "directory/file_names.h"
-#include "directory/line_walk.h"
 
 namespace lumotune::directory {
 namespace {
@@ -15,13 +15,13 @@ constexpr std::size_t marker_length = 6; // "orb:k:" and its like
 enum class Kind { nothing, category, advertisement, information, station };
 
 Kind kind_of(std::string_view line) {
-  if (line.empty() || (line.size() == 5 && starts_with_marker(line, "<end>")))
+  if (line.empty() || (line.size() == 5 && core::starts_with_marker(line, "<end>")))
     return Kind::nothing;
-  if (starts_with_marker(line, "orb:k:"))
+  if (core::starts_with_marker(line, "orb:k:"))
     return Kind::category;
-  if (starts_with_marker(line, "orb:r:"))
+  if (core::starts_with_marker(line, "orb:r:"))
     return Kind::advertisement;
-  return starts_with_marker(line, "orb:i:") ? Kind::information : Kind::station;
+  return core::starts_with_marker(line, "orb:i:") ? Kind::information : Kind::station;
 }
 
 } // namespace
@@ -32,7 +32,7 @@ Converted convert(std::string_view list, const platform::AnsiCodec& codec, Conve
   result.stations.reserve(list.size() + line_end.size());
   std::size_t copied = 0; // up to here the list is dealt with
   const auto copy_up_to = [&](std::size_t end) { result.stations.append(list, copied, end - copied); };
-  LineWalk walk(list);
+  core::LineWalk walk(list);
   while (walk.next()) {
     const Kind kind = kind_of(walk.line());
     if (kind == Kind::station && list.substr(0, walk.after()).ends_with(line_end))

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/probe.h"
 
-#include "core/site.h"
-#include "core/text.h"
 #include "core/code_page_fold.h"
 #include "core/line_walk.h"
+#include "core/site.h"
+#include "core/text.h"
 #include "platform/files.h"
 
 #include <optional>

@@ -18,9 +18,6 @@ std::uint8_t tag_of(std::uint64_t hash) {
   return static_cast<std::uint8_t>(hash >> 56 | 1);
 }
 
-constexpr std::uint64_t each_byte = 0x0101010101010101ULL;
-constexpr std::uint64_t highest_bits = 0x80 * each_byte;
-
 std::uint64_t four_bytes(const char* at) {
   std::uint32_t word = 0;
   std::memcpy(&word, at, sizeof word);
@@ -38,17 +35,9 @@ std::uint64_t packed(std::string_view bytes) {
   return word;
 }
 
-// A byte from 'A' to 'Z' has its highest bit set in `above_at` and not in `above_z`, and gets the bit of a small
-// letter.
-std::uint64_t small_letters(std::uint64_t word) {
-  const std::uint64_t above_at = word + (0x80 - 'A') * each_byte;
-  const std::uint64_t above_z = word + (0x80 - 'Z' - 1) * each_byte;
-  return word | (above_at & ~above_z & highest_bits) >> 2;
-}
-
 } // namespace
 
-StationKeys::StationKeys(const CodePageFold& fold, IdOf id_of)
+StationKeys::StationKeys(const core::CodePageFold& fold, IdOf id_of)
     : fold_(fold),
       id_of_(std::move(id_of)),
       seed_(static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()) * odd_factor ^
@@ -78,8 +67,8 @@ std::uint64_t StationKeys::hash(std::string_view id) const {
 // At most eight bytes, letter case folded. Where all are ASCII, as nearly always, they are folded at once.
 std::uint64_t StationKeys::folded_word(std::string_view bytes) const {
   const std::uint64_t word = packed(bytes);
-  if ((word & highest_bits) == 0)
-    return small_letters(word);
+  if (core::all_ascii(word))
+    return core::small_letters(word);
   std::array<char, sizeof word> folded{};
   std::transform(bytes.begin(), bytes.end(), folded.begin(),
                  [this](char byte) { return static_cast<char>(fold_.fold(byte)); });

@@ -2,7 +2,7 @@
 // Which identifiers the rows of the station list have: each one at most once. Pure.
 #pragma once
 
-#include "directory/code_page_fold.h"
+#include "core/code_page_fold.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -19,7 +19,7 @@ public:
   // The identifier of a row, from 1.
   using IdOf = std::function<std::string_view(std::size_t row)>;
 
-  StationKeys(const CodePageFold& fold, IdOf id_of);
+  StationKeys(const core::CodePageFold& fold, IdOf id_of);
 
   void clear();
   // Adds the row unless a row with its identifier is there: then false.
@@ -33,7 +33,7 @@ private:
   void put(std::size_t slot, std::uint64_t hash, std::size_t row);
   void grow();
 
-  const CodePageFold& fold_;
+  const core::CodePageFold& fold_;
   IdOf id_of_;
   std::uint64_t seed_;
   // Slots, a power of two of them. The tags alone are small enough to stay in the processor's cache.

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/station_lines.h"
 
-#include "directory/line_walk.h"
+#include "core/line_walk.h"
 
 namespace lumotune::directory {
 
 void StationLines::read(const platform::Files& files, const std::wstring& path) {
   starts_.clear();
   (void)files.read_into(path, bytes_); // a file that cannot be read leaves no bytes and so no lines
-  LineWalk walk(bytes_);
+  core::LineWalk walk(bytes_);
   while (walk.next())
     starts_.push_back(static_cast<std::uint32_t>(walk.start()));
 }

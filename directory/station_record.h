@@ -18,9 +18,6 @@ inline constexpr std::size_t field_marker = 2; // Pridavatel
 inline constexpr std::size_t field_country = 4;
 inline constexpr std::size_t field_category = 5; // "kk"
 
-// The field of that number, cut at every delimiter.
-[[nodiscard]] std::string_view record_field(std::string_view record, std::size_t number);
-
 // A record peeled from the left, as the details need it. Positions count from 1: 1 identifier, 2 name, 5 country,
 // 7..11 addresses, 12..16 bit rates, 17 web address (cut at a further delimiter), 18 everything after that delimiter.
 class StationRecord {

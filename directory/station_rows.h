@@ -3,7 +3,7 @@
 // identifier, its text the name with what the marker appends, its second column the country.
 #pragma once
 
-#include "directory/code_page_fold.h"
+#include "core/code_page_fold.h"
 #include "directory/station_keys.h"
 #include "directory/station_lines.h"
 #include "platform/ansi_codec.h"
@@ -43,7 +43,7 @@ private:
   void fill(const std::shared_ptr<const StationLines>& List1, const Wanted& wanted);
 
   const platform::AnsiCodec& codec_;
-  CodePageFold fold_;
+  core::CodePageFold fold_;
   std::shared_ptr<const StationLines> lines_;
   std::vector<std::uint32_t> rows_; // line numbers
   StationKeys keys_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/station_table.h"
 
+#include "core/record_bytes.h"
 #include "core/station_lookup.h"
 #include "directory/file_names.h"
 
@@ -18,7 +19,7 @@ void StationTable::load() {
 
 std::optional<std::string_view> StationTable::last_line(const StationLines& lines, const std::wstring& ID) const {
   constexpr std::size_t id_length = 6;
-  const auto wanted = exact_bytes(uses_.codec, ID);
+  const auto wanted = core::exact_bytes(uses_.codec, ID);
   std::optional<std::string_view> found;
   for (std::size_t i = 0; wanted.has_value() && i < lines.count(); ++i) {
     const std::string_view line = lines.line(i);
@@ -40,7 +41,8 @@ std::wstring StationTable::RadioInfo(const std::wstring& IDradio, const std::wst
   const bool answered =
       index >= 0 && core::station_field_index(L"kk") != index && core::station_field_index(L"www") != index;
   const auto line = answered ? last_line(*List6, IDradio) : std::nullopt;
-  return line.has_value() ? uses_.codec.decode(record_field(*line, static_cast<std::size_t>(index))) : std::wstring();
+  return line.has_value() ? uses_.codec.decode(core::record_field(*line, static_cast<std::size_t>(index)))
+                          : std::wstring();
 }
 
 } // namespace lumotune::directory

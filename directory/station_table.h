@@ -2,7 +2,7 @@
 // The directory's stations in memory: every line of radios.tt, and how a station is found among them.
 #pragma once
 
-#include "directory/code_page_fold.h"
+#include "core/code_page_fold.h"
 #include "directory/station_lines.h"
 #include "directory/station_record.h"
 #include "platform/ansi_codec.h"
@@ -42,7 +42,7 @@ private:
   [[nodiscard]] std::optional<std::string_view> last_line(const StationLines& lines, const std::wstring& ID) const;
 
   Uses uses_;
-  CodePageFold fold_;
+  core::CodePageFold fold_;
   std::shared_ptr<StationLines> List1;        // the stations of the list
   const std::shared_ptr<StationLines>& List6; // all stations: the same lines whenever List1 is filled, so one copy
 };

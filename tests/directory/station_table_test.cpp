@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "directory/line_walk.h"
+#include "core/line_walk.h"
+#include "core/record_bytes.h"
 #include "directory/station_table.h"
 #include "platform/memory/files.h"
 #include "platform/memory/messages.h"
@@ -11,7 +12,7 @@
 namespace lumotune::test {
 namespace {
 
-using directory::record_field;
+using core::record_field;
 using directory::StationRecord;
 
 constexpr const wchar_t* file = L"C:\\Orb\\radios.tt";
@@ -44,7 +45,7 @@ struct TableWorld {
 
 std::vector<std::string> walked(std::string_view bytes) {
   std::vector<std::string> lines;
-  directory::LineWalk walk(bytes);
+  core::LineWalk walk(bytes);
   while (walk.next())
     lines.emplace_back(walk.line());
   return lines;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Any station file: lines, fields, rows and look-ups agree with the plain way of finding them.
 #include "core/options_lines.h"
+#include "core/record_bytes.h"
 #include "core/text.h"
 #include "directory/station_rows.h"
 #include "directory/station_table.h"
@@ -39,7 +40,7 @@ void check_record(const std::string& line) {
   const std::wstring text = codec.decode(line);
   const directory::StationRecord record(line, codec);
   for (std::size_t number = 0; number < 17; ++number) {
-    demand(codec.decode(directory::record_field(line, number)) == plain_field(text, number));
+    demand(codec.decode(core::record_field(line, number)) == plain_field(text, number));
     demand(record.at(number + 1) == plain_field(text, number));
   }
 }

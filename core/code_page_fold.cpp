@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "directory/code_page_fold.h"
+#include "core/code_page_fold.h"
 
 #include "core/text.h"
 
 #include <algorithm>
 
-namespace lumotune::directory {
+namespace lumotune::core {
 
 CodePageFold::CodePageFold(const platform::AnsiCodec& codec) {
   for (unsigned byte = 0; byte < folded_.size(); ++byte) {
@@ -41,4 +41,4 @@ bool starts_with_marker(std::string_view text, std::string_view marker) {
                                                     [&](char left, char right) { return small(left) == small(right); });
 }
 
-} // namespace lumotune::directory
+} // namespace lumotune::core
