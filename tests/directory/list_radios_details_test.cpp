@@ -102,10 +102,22 @@ TEST_F(ListRadiosDetails, ARightClickOpensTheStationsMenu) {
   EXPECT_EQ(find_item(items, L"KvalitaInfo")->caption, L"Informace");
   for (const wchar_t* name : {L"Label3", L"Label4", L"Label5", L"Label6", L"Label7", L"Label8", L"Label9", L"Label10"})
     EXPECT_FALSE(label(name).visible()) << name;
+  EXPECT_FALSE(part<platform::memory::MemoryTextBox>(L"Text1").visible());
   (void)list().user_pick(2, MouseButton::right);
   EXPECT_EQ(find_item(popups.opened[1].items, L"WebRadia")->caption, L"Web rádia");
   EXPECT_FALSE(find_item(popups.opened[1].items, L"WebRadia")->enabled);
   (void)list().user_pick(2, MouseButton::left);
+  for (const wchar_t* name : {L"Label3", L"Label4", L"Label5", L"Label6", L"Label7", L"Label8", L"Label9", L"Label10"})
+    EXPECT_TRUE(label(name).visible()) << name;
+  EXPECT_TRUE(part<platform::memory::MemoryTextBox>(L"Text1").visible());
+}
+
+TEST_F(ListRadiosDetails, ANewOpeningShowsAllOfTheTunedStation) {
+  (void)list().user_pick(4, MouseButton::right);
+  settings.IDlastRadio = L"RADIO3";
+  directory.Naladit();
+  EXPECT_EQ(label(L"Label2").text(), L"Třetí");
+  EXPECT_TRUE(part<platform::memory::MemoryTextBox>(L"Text1").visible());
   for (const wchar_t* name : {L"Label3", L"Label4", L"Label5", L"Label6", L"Label7", L"Label8", L"Label9", L"Label10"})
     EXPECT_TRUE(label(name).visible()) << name;
 }
