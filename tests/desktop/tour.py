@@ -73,6 +73,10 @@ class Tour:
         desk.click("Control_Menu")
         time.sleep(0.4)
         self.menu("menu-settings", keys=["Down"] * 11 + ["Right"])
+        desk.click("Control_Menu")
+        time.sleep(0.4)
+        self.menu("menu-skins", keys=["Down"] * 10 + ["Right"])
+        self.console()
         desk.click("Control_Volume")
         self.menu("menu-volume")
         desk.click("InfoName")
@@ -85,6 +89,16 @@ class Tour:
         self.show("favourites")
         desk.click_at(desk.favourite_place(1), 3)
         self.menu("menu-favourite")
+
+    def console(self):
+        self.desk.click("Control_Menu")
+        time.sleep(0.4)
+        self.desk.key(*["Down"] * 11, "Right", "Down", "Down", "Return")
+        time.sleep(0.6)
+        self.desk.type("help")
+        self.show("console")
+        self.desk.key("Return")
+        self.box("vol=(hodnota 0 - 100)", "box-console-help")
 
     def browsing(self):
         desk = self.desk
@@ -110,6 +124,12 @@ class Tour:
         desk.click_at(next(row for row in desk.rows() if row.text == station.name).place)
         desk.click("Label7", window="ListRadios")
         self.menu("menu-qualities")
+        desk.click("Label5", window="ListRadios")
+        self.menu("menu-add")
+        desk.click("Label5", window="ListRadios")
+        time.sleep(0.5)
+        desk.key("Up", "Return")
+        self.box("Zvolte kvalitu úměrnou k rychlosti", "box-quality-advice")
         desk.click("Label5", window="ListRadios")
         time.sleep(0.5)
         desk.key("Down", "Return")
