@@ -5,6 +5,7 @@
 #include "platform/framed_window.h"
 #include "platform/memory/window.h"
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -51,7 +52,7 @@ public:
   void rows_changed() override;
   [[nodiscard]] std::size_t selected() const override { return selected_ <= count() ? selected_ : 0; }
   void select(std::size_t index) override;
-  [[nodiscard]] std::size_t count() const { return told_; }
+  [[nodiscard]] std::size_t count() const { return rows_ == nullptr ? 0 : std::min(told_, rows_->count()); }
   [[nodiscard]] std::wstring cell(std::size_t row, std::size_t column) const;
   [[nodiscard]] const std::vector<Column>& columns() const { return columns_; }
 
@@ -64,7 +65,7 @@ public:
 
 private:
   const RowModel* rows_ = nullptr;
-  std::size_t told_ = 0; // rows, as rows_changed found them: a list asks its model for no others
+  std::size_t told_ = 0; // rows, as rows_changed found them: a list asks its model for no further ones
   std::vector<Column> columns_;
   std::size_t selected_ = 0;
 };
