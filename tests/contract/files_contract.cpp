@@ -41,6 +41,27 @@ TEST_F(FilesContract, ReplacingLeavesNothingBeside) {
   EXPECT_TRUE(b.files.remove(path));
 }
 
+TEST_F(FilesContract, TwoFilesAreReplacedAtOnce) {
+  const std::wstring other = b.folder + L"\\jiny";
+  EXPECT_TRUE(b.files.replace_both(path, "a", other, "b")) << "made";
+  EXPECT_EQ(b.files.read(path), "a");
+  EXPECT_EQ(b.files.read(other), "b");
+  EXPECT_TRUE(b.files.replace_both(path, "", other, "delší")) << "replaced";
+  EXPECT_EQ(b.files.read(path), "");
+  EXPECT_EQ(b.files.read(other), "delší");
+  EXPECT_EQ(b.files.list(b.folder, L"*").size(), 2U) << "nothing is left beside";
+  EXPECT_TRUE(b.files.remove(other));
+  EXPECT_TRUE(b.files.replace_both(path, "c", other, "d")) << "one of each";
+  EXPECT_EQ(b.files.read(path), "c");
+  EXPECT_EQ(b.files.read(other), "d");
+}
+
+TEST_F(FilesContract, AFileThatNobodyHoldsIsNotBeingWritten) {
+  EXPECT_FALSE(b.files.being_written(path)) << "nor is one that is missing";
+  EXPECT_TRUE(b.files.replace(path, "a"));
+  EXPECT_FALSE(b.files.being_written(path));
+}
+
 TEST_F(FilesContract, AppendingMakesAndLengthens) {
   EXPECT_TRUE(b.files.append(path, "a"));
   EXPECT_TRUE(b.files.append(path, "b"));
