@@ -94,7 +94,8 @@ TEST_F(ConsoleTest, SetsTheVolume) {
 
 TEST_F(ConsoleTest, AVolumeWithoutANumberDoesNothing) {
   w.settings.LTvolume = L"?";
-  for (const wchar_t* text : {L"vol=", L"vol=x", L"vol=-", L"vol= ", L"vol=..", L"vol", L"vol 5", L"vol=x5"})
+  for (const wchar_t* text : {L"vol=", L"vol=x", L"vol=-", L"vol= ", L"vol=..", L"vol", L"vol 5", L"vol=x5", L"vol=Q5",
+                              L"vol=--5", L"vol=+-5"})
     type({text});
   EXPECT_EQ(w.settings.LTvolume, L"?");
   EXPECT_TRUE(w.player.calls.empty());

@@ -47,12 +47,13 @@ TEST_F(SendCommand, OtherModesLookOnceAndStartNothing) {
 }
 
 TEST_F(SendCommand, ModeTwoGivesUpAfterNineLookUpsWithoutSending) {
+  w.loop.set_wait_step(1);
   const auto start = w.loop.tick_count_ms();
   send(L"2");
   EXPECT_EQ(w.messages.looked_up.size(), 9U);
   EXPECT_EQ(w.shell.started.size(), 9U);
   EXPECT_TRUE(w.messages.sent.empty());
-  EXPECT_GE(w.loop.tick_count_ms() - start, 9 * 1500U);
+  EXPECT_EQ(w.loop.tick_count_ms() - start, 9 * 1501U) << "each wait ends when more than 1500 ms are over";
 }
 
 TEST_F(SendCommand, ModeTwoFindsAWindowThatAppearsMeanwhile) {
