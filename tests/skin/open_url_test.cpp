@@ -83,7 +83,7 @@ TEST_F(OpenUrlTest, AStationsWebPageIsOpened) {
   }
   for (const wchar_t* address :
        {L"www.radio.example", L"radio.example", L"radio.example:8000/poslech?x=1#y", L"1.2.3.4", L"www.radio.com",
-        L"radio.com/hudba", L"www.rádio.cz/pořad.html", L"www.radio.ws"}) {
+        L"radio.com/hudba", L"www.rádio.cz/pořad.html", L"www.radio.ws", L"0a.Az-_9z.ZÀcz", L"radio.cz:09/"}) {
     shell.opened.clear();
     web.open_station_web(address);
     EXPECT_EQ(shell.opened, std::vector<std::wstring>{L"\"" + std::wstring(address) + L"\""});
