@@ -8,7 +8,7 @@ import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import PROBE, Sound, wine  # noqa: E402
+from desk import PROBE, Desk, Sound, wine  # noqa: E402
 from directory_server_control import DirectoryServer  # noqa: E402
 from program import BY_ID, CHECK_VALUE, IDENTITY, MINIMIZED, NORMAL, WITHOUT_FOCUS, Program  # noqa: E402
 
@@ -234,6 +234,44 @@ class TestLists(Directory):
         assert self.control("Label2").text == "Rádio Dunaj"
 
 
+class TestBadFiles(Directory):
+    def test_any_bytes_are_lists(self):
+        """Binary lines, a line of a megabyte, every kind of line end, records torn or of forty fields."""
+        self.desk = desk = Desk(self.folder, self.radio, (OFF,))
+        long = b"m" * 1000000
+        records = b"".join(b"POLE%02d" % count + b"".join(b"/@/%d" % at for at in range(1, count)) + b"\r\n" for count in range(1, 41))
+        stations = (b"\x00\x01\x1a\xff/@/bin\x00\r" + b"CR0001/@/Konec CR\rLF0001/@/Konec LF\n\r\n/@/bez id\r\n" + records + long +
+                    b"/@/" + long + b"\r\nTORN01/@/Utr")
+        categories = (b"add//100001a/@/sirotek\r\nnew//100001/@/Prvni\rnew//100001/@/podruhe\nnew//torn\r\n\x00\xff\r\n" +
+                      b"new//100002/@/" + long + b"\r\n" + long + b"\r\nadd//100002x/@/Dite")
+        favourites = b"lt:POLE16/1\rlt:\x00\x00\x00\x00\x00\x00/1\nlt:" + long + b"\r\nlt:LF0001/5\r\nlt:POLE40/5"
+        for name, content in (("radios.tt", stations), ("kategories.tt", categories), ("list.tt", favourites)):
+            with open(desk.path(name), "wb") as out:
+                out.write(content)
+        desk.start()
+        self.server = DirectoryServer(self.radio.port)
+        self.server.reset()
+        self.server.set(probe="refused")
+        self.until(lambda: len(desk.items()) == 3, 10, "the favourites that have stations")
+        desk.click_at(desk.favourite_place(1), times=2)
+        desk.click("Control_Sat")
+        self.until(lambda: (form := self.control("Form")) and form.visible, 10, "the directory opens")
+        self.until(lambda: self.status() == REFUSED, 20, self.status())
+        assert len(desk.rows()) == 46, len(desk.rows())
+        assert [node.text[:5] for node in desk.nodes()] == ["Prvni", "mmmmm", "Dite"]
+        desk.click_at(desk.rows()[0].place)
+        desk.key(*["Down"] * 8)
+        desk.key("End", "Up", "Up", "Up", "End", "Home")
+        desk.click_at(desk.nodes()[1].place)
+        self.until(lambda: self.status() == "Zobrazeno 0 rádií", 10, self.status())
+        desk.close_window("ListRadios")
+        self.until(lambda: self.control("Form") is None, 10, "the window goes")
+        assert desk.visible("Control_Play")
+        for name, content in (("radios.tt", stations), ("kategories.tt", categories), ("list.tt", favourites)):
+            with open(desk.path(name), "rb") as source:
+                assert source.read() == content, name
+
+
 class TestActions(Directory):
     def test_a_favourite_is_added_listed_played_and_removed(self):
         desk = self.open()
@@ -304,4 +342,4 @@ class TestActions(Directory):
 
 
 if __name__ == "__main__":
-    harness.run(TestUpdate, TestLists, TestActions)
+    harness.run(TestUpdate, TestLists, TestBadFiles, TestActions)
