@@ -58,8 +58,6 @@ bool ListRadios::Form_Load() {
 }
 
 void ListRadios::Form_Unload() {
-  if (closed_)
-    return;
   closed_ = true;
   updater_.close();
   panel_.stop();
@@ -108,7 +106,10 @@ void ListRadios::load_pictures() {
 
 void ListRadios::bind_window() {
   window_->on_resize = [this] { layout_.place(); };
+  // A wish to close that comes while the closed window is not yet destroyed is none.
   window_->on_close = [this] {
+    if (closed_)
+      return;
     Form_Unload();
     if (const auto copy = on_unload)
       copy();

@@ -187,6 +187,19 @@ TEST_F(ListRadiosForm, AWindowClosedUnderItsOwnBoxIsDestroyedAfterIt) {
   EXPECT_TRUE(life.expired());
 }
 
+TEST_F(ListRadiosForm, AWindowIsClosedOnce) {
+  auto& old = window_shown();
+  old.user_close();
+  old.user_close();
+  EXPECT_FALSE(directory.open());
+  directory.Naladit();
+  old.user_close();
+  EXPECT_TRUE(directory.open()) << "it is not the new window that was closed";
+  loop.advance(1000);
+  EXPECT_TRUE(directory.open());
+  EXPECT_TRUE(window_shown().visible());
+}
+
 TEST_F(ListRadiosForm, ASecondCopyShowsNothing) {
   window_shown().user_close();
   loop.advance(200);
