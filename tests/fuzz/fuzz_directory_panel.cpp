@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Any commands of the server's for the information line and the advertisement, and clicks on the line: what is started
+// is a program of the folder or the browser, what is opened is a page of the site.
+#include "core/text.h"
+#include "directory/advert.h"
+#include "directory/info_panel.h"
+#include "platform/memory/event_loop.h"
+#include "platform/memory/files.h"
+#include "platform/memory/framed_window.h"
+#include "platform/memory/messages.h"
+#include "skin/open_url.h"
+#include "tests/fuzz/fuzzing.h"
+
+#include <algorithm>
+
+namespace {
+
+using namespace lumotune;
+using fuzz::demand;
+
+struct Pages final : directory::WebPort {
+  explicit Pages(platform::Shell& shell) : web(shell) {}
+  void OpenUrl(const std::wstring& address) override { (void)web.OpenUrl(address); }
+  void open_station_web(const std::wstring& address) override { web.open_station_web(address); }
+  skin::WebPages web;
+};
+
+struct Scrambler final : skin::IdentitySource {
+  std::wstring Heslo(const std::wstring& /*text*/) override { return L"1-2-"; }
+};
+
+struct Panel {
+  platform::memory::MemoryEventLoop loop;
+  platform::memory::MemoryFiles files;
+  platform::memory::MemoryCodec codec;
+  platform::memory::MemoryMachine machine;
+  platform::memory::MemoryMessages messages;
+  platform::memory::MemoryShell shell;
+  platform::memory::MemoryDialogs dialogs;
+  platform::memory::MemoryFramedWindow window{L"ListRadios", files};
+  directory::ListRadiosForm form{window};
+  directory::Layout layout{form};
+  directory::AdvertState state;
+  core::Settings settings;
+  core::CommandSender sender{{loop, messages, shell, codec}};
+  Scrambler identity;
+  Pages pages{shell};
+  directory::WebSlot web;
+  directory::Advert advert{{form, layout, state}};
+  directory::InfoPanelLine line{{form, layout, settings, loop, dialogs, shell, files, machine, sender, identity, web}};
+
+  Panel() {
+    web.bind(pages);
+    window.on_resize = [this] { layout.place(); };
+    loop.set_wait_step(2000);
+    settings.server_address = L"http://s.example";
+    settings.idh = L"ja";
+    settings.h = L"heslo";
+    (void)files.replace(machine.folder + L"\\orb.exe", "x");
+    layout.set_up();
+  }
+};
+
+bool is_clean(const std::wstring& text) {
+  return std::none_of(text.begin(), text.end(),
+                      [](wchar_t each) { return each < L' ' || each == L'"' || each == 0x7F; });
+}
+
+void check(const Panel& panel) {
+  demand(panel.dialogs.shown.size() <= 1 && panel.shell.opened.empty() && panel.shell.started.size() <= 9);
+  for (const auto& started : panel.shell.started) {
+    const std::wstring& line = started.command_line;
+    demand(is_clean(line));
+    const bool known = core::equal_ignoring_case(line, L"orb.exe");
+    const bool page = line.starts_with(L"explorer http://s.example/login/ja/1-2-/") && line.ends_with(L"/1");
+    const bool browser = line.starts_with(L"C:\\Orb\\OrbBrowser.exe http://s.example/") &&
+                         started.application == L"C:\\Orb\\OrbBrowser.exe";
+    demand(known || page || browser);
+  }
+  demand(panel.window.rect().height >= 0 && panel.form.WebBrowser1.rect().height >= 0);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static constexpr const char* words[] = {
+      "/@/", "||",        "|=|",     "openurl",  "showusers", "\n", "orb.exe", "opengbrowser",
+      "..",  "*.Orbidh*", "*.Orbh*", "*.!Orbh*", "*.l*",      "1",  "5000",    "0/@//@//@//@//@/"};
+  if (size == 0)
+    return 0;
+  Panel panel;
+  const std::wstring text = panel.codec.decode(fuzz::expanded(data + 1, size - 1, words));
+  if (data[0] % 2 == 0) {
+    panel.line.ZobrazInfoPanel(text);
+    panel.loop.advance(20);
+    panel.line.InfoPanel_Click();
+  } else {
+    panel.advert.ZobrazReklamu(text);
+    panel.window.user_resize(9000, 6000);
+    panel.advert.ReklamaTest();
+  }
+  check(panel);
+  return 0;
+}
