@@ -12,7 +12,11 @@ namespace lumotune::core {
 class LineWalk {
 public:
   explicit LineWalk(std::string_view bytes)
-      : bytes_(bytes), at_(bytes.data()), end_(at_ + bytes.size()), feed_(find('\n', end_)), line_(at_, 0) {}
+      : bytes_(bytes),
+        at_(bytes.data()),
+        end_(at_ + bytes.size()),
+        feed_(find('\n', end_)),
+        line_(bytes.substr(0, 0)) {}
 
   // False after the last line. In the header, and with the system's search only, because a long station file is walked
   // for every look-up. The next line feed is looked for once and remembered, so that a line of carriage returns costs

@@ -91,7 +91,7 @@ TEST_F(ListRadiosContents, ABadAdvertisementEndsOnlyItself) {
 }
 
 TEST_F(ListRadiosContents, HostileListsAreShownAsFarAsTheyGo) {
-  std::string bytes = std::string("\0\x01\x1a\xff/@/bin\0\r", 13) + "CR0001/@/Samotn\xe9 CR\rLF0001/@/Samotn\xe9 LF\n" +
+  std::string bytes = std::string("\0\x01\x1a\xff/@/bin\0\r", 12) + "CR0001/@/Samotn\xe9 CR\rLF0001/@/Samotn\xe9 LF\n" +
                       std::string(1'000'000, 'm') + "\r\n/@/bez id\r\n";
   for (int count = 1; count <= 40; ++count)
     bytes += fields(count);
