@@ -25,13 +25,14 @@ public:
         waker_(loop.make_waker([this] { notify(); })),
         watchdog_(loop.make_timer(look_every_ms, [this] { look(); })) {
     board_->open(waker_.get());
-    make_engine();
   }
   Player(const Player&) = delete;
   Player& operator=(const Player&) = delete;
   // A worker that does not come back in time is left to itself; it touches nothing of ours any more.
   ~Player() override {
     board_->close();
+    if (engine_ == nullptr)
+      return;
     engine_->mixer.want(0);
     engine_->mailbox.close();
     (void)engine_->wait_ended(500ms);
@@ -63,7 +64,8 @@ public:
 
   void set_volume(int percent) override {
     volume_ = std::clamp(percent, 0, 100);
-    engine_->mixer.set_volume(volume_);
+    if (engine_ != nullptr)
+      engine_->mixer.set_volume(volume_);
   }
   [[nodiscard]] int volume() const override { return volume_; }
 
@@ -84,7 +86,9 @@ public:
 
   [[nodiscard]] std::wstring status() const override { return status_text(now()); }
   [[nodiscard]] std::wstring Status1() const override { return status_columns(now()); }
-  [[nodiscard]] std::uint64_t played_ms() const override { return wanted_ ? engine_->mixer.heard_ms(stream_) : 0; }
+  [[nodiscard]] std::uint64_t played_ms() const override {
+    return wanted_ && engine_ != nullptr ? engine_->mixer.heard_ms(stream_) : 0;
+  }
 
 private:
   void make_engine() {
@@ -106,8 +110,13 @@ private:
     send(playing);
   }
 
+  // Its threads are made for the first sound that is wanted: a program that only starts has no use for them.
   void send(bool playing) {
     sent_playing_ = playing;
+    if (engine_ == nullptr && !playing)
+      return;
+    if (engine_ == nullptr)
+      make_engine();
     engine_->mixer.want(playing ? stream_ : 0);
     if (playing)
       engine_->device.run();

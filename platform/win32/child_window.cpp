@@ -14,15 +14,18 @@
 namespace lumotune::platform::win32 {
 
 ChildWindow::ChildWindow(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style,
-                         DWORD extended_style)
-    : surface_(surface), property_(surface.window_name() + L"." + designer_name), settled_(in_sight()) {
+                         DWORD extended_style, bool has_text)
+    : surface_(surface),
+      property_(surface.window_name() + L"." + designer_name),
+      has_text_(has_text),
+      settled_(in_sight()) {
   const DWORD whole_style = style | WS_CHILD | WS_CLIPSIBLINGS | (settled_ ? static_cast<DWORD>(WS_VISIBLE) : 0U);
-  window_ = CreateWindowExW(extended_style, system_class, L"", whole_style, 0, 0, 0, 0, surface.handle(), nullptr,
-                            GetModuleHandleW(nullptr), nullptr);
+  window_ = CreateWindowExW(extended_style | WS_EX_NOPARENTNOTIFY, system_class, L"", whole_style, 0, 0, 0, 0,
+                            surface.handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
   SetWindowSubclass(window_, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
   // By this property programs for the blind and checks find the control, whatever it shows.
   SetPropW(window_, property_.c_str(), reinterpret_cast<HANDLE>(1));
-  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(surface.font(LabelFont::normal, false)), FALSE);
+  set_font();
 }
 
 ChildWindow::~ChildWindow() {
@@ -91,8 +94,11 @@ void ChildWindow::show(bool visible) {
   if (shown_ == visible)
     return;
   shown_ = visible;
-  if (!settled_)
+  if (!settled_) {
+    if (in_sight())
+      settle();
     return;
+  }
   if (!visible && GetFocus() == window_)
     surface_.keyboard_leaves(window_);
   ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
@@ -106,9 +112,12 @@ void ChildWindow::enable(bool enabled) {
   redraw();
 }
 
+// One that is not to be seen is left for the day that it is.
 void ChildWindow::settle() {
-  if (!std::exchange(settled_, true))
-    set_place(shown_ ? SWP_SHOWWINDOW : SWP_HIDEWINDOW);
+  if (!shown_ || std::exchange(settled_, true))
+    return;
+  set_place(SWP_SHOWWINDOW);
+  redraw();
 }
 
 void ChildWindow::apply_place() {
@@ -118,7 +127,7 @@ void ChildWindow::apply_place() {
   redraw();
 }
 
-void ChildWindow::set_place(UINT visibility) {
+void ChildWindow::set_place(UINT how) {
   // The far edges are converted, not the lengths: neighbours then stay neighbours at every scale. Numbers that came
   // from a server may be of any size; the system counts to 32767 pixels.
   const auto edge = [this](int start, int length) {
@@ -129,7 +138,7 @@ void ChildWindow::set_place(UINT visibility) {
   const int top = edge(place_.top, 0);
   const int right = edge(place_.left, place_.width);
   const int bottom = edge(place_.top, place_.height);
-  SetWindowPos(window_, nullptr, left, top, right - left, bottom - top, SWP_NOZORDER | SWP_NOACTIVATE | visibility);
+  SetWindowPos(window_, nullptr, left, top, right - left, bottom - top, SWP_NOZORDER | SWP_NOACTIVATE | how);
 }
 
 void ChildWindow::redraw() {
@@ -142,8 +151,21 @@ void ChildWindow::redraw() {
 }
 
 void ChildWindow::dpi_changed() {
-  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(surface_.font(LabelFont::normal, false)), FALSE);
+  set_font();
   apply_place();
+}
+
+// The class of buttons draws at once what it is given, out of sight as well; a picture's text is only to be read.
+void ChildWindow::write_text(const std::wstring& text) {
+  if (settled_ || has_text_)
+    SetWindowTextW(window_, text.c_str());
+  else
+    DefWindowProcW(window_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void ChildWindow::set_font() {
+  if (has_text_)
+    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(surface_.font(LabelFont::normal, false)), FALSE);
 }
 
 void ChildWindow::paint_item(const DRAWITEMSTRUCT& item) {

@@ -31,15 +31,15 @@ public:
   virtual void keyboard_leaves(HWND control) = 0;
 };
 
-// The part of every control that does not depend on its interface. Until the window is first shown, a control's place
-// and visibility are only noted: a start need not wait for dozens of windows that are moved unseen.
+// The part of every control that does not depend on its interface. Until a control is first to be seen, its place and
+// visibility are only noted: a start need not wait for dozens of windows that are moved unseen.
 class ChildWindow {
 public:
   // What a window sends to its children when it is about to be shown.
   static constexpr UINT message_settle = WM_APP + 100;
 
   ChildWindow(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style,
-              DWORD extended_style = 0);
+              DWORD extended_style = 0, bool has_text = true); // without text no font is set
   ChildWindow(const ChildWindow&) = delete;
   ChildWindow& operator=(const ChildWindow&) = delete;
   virtual ~ChildWindow();
@@ -72,6 +72,7 @@ protected:
   void redraw(); // and what lies over it
   void draw_focus(HDC target, const RECT& area) const;
   void draw_buffered(HDC target, const RECT& area);
+  void write_text(const std::wstring& text);
   [[nodiscard]] MouseEvent mouse_event(WPARAM keys, LPARAM point, MouseButton pressed) const;
 
   Surface& surface_;
@@ -81,10 +82,12 @@ protected:
 
 private:
   void settle();
-  void set_place(UINT visibility);
+  void set_font();
+  void set_place(UINT how); // flags of SetWindowPos
   [[nodiscard]] bool in_sight() const { return IsWindowVisible(surface_.handle()) != 0; }
 
   std::wstring property_;
+  bool has_text_;
   bool settled_; // the window has its place and visibility
 };
 
@@ -92,8 +95,8 @@ template <typename Interface>
 class Win32Control : public Interface, public ChildWindow {
 public:
   Win32Control(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style,
-               DWORD extended_style = 0)
-      : ChildWindow(surface, designer_name, system_class, style, extended_style), name_(designer_name) {}
+               DWORD extended_style = 0, bool has_text = true)
+      : ChildWindow(surface, designer_name, system_class, style, extended_style, has_text), name_(designer_name) {}
 
   [[nodiscard]] const std::wstring& name() const override { return name_; }
   void set_visible(bool visible) override { show(visible); }
@@ -121,7 +124,7 @@ public:
     if (text == text_)
       return; // nothing flickers that does not change
     text_ = text;
-    SetWindowTextW(window_, window_text(text).c_str());
+    write_text(window_text(text));
     redraw();
   }
   [[nodiscard]] std::wstring text() const override { return text_; }

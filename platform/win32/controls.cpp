@@ -19,7 +19,8 @@ constexpr std::size_t most_drawn = 4000;
 
 Win32Picture::Win32Picture(Surface& surface, const std::wstring& designer_name, PictureKind kind)
     : Win32Control(surface, designer_name, kind == PictureKind::button ? L"BUTTON" : L"STATIC",
-                   kind == PictureKind::button ? BS_OWNERDRAW | BS_NOTIFY | WS_TABSTOP : SS_OWNERDRAW | SS_NOTIFY),
+                   kind == PictureKind::button ? BS_OWNERDRAW | BS_NOTIFY | WS_TABSTOP : SS_OWNERDRAW | SS_NOTIFY, 0,
+                   false),
       kind_(kind) {}
 
 bool Win32Picture::load_picture(const std::wstring& path) {

@@ -6,6 +6,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace lumotune::platform::win32 {
 namespace {
@@ -150,6 +151,7 @@ void Win32Window::set_visible(bool visible) {
     return;
   }
   shown_at_ = GetTickCount();
+  place_first();
   if (IsIconic(window_) != 0) {
     const POINT place = place_;
     ShowWindow(window_, SW_RESTORE);
@@ -168,6 +170,7 @@ bool Win32Window::visible() const {
 
 void Win32Window::set_state(WindowState state) {
   const bool minimized = IsIconic(window_) != 0;
+  place_first();
   if (state == WindowState::minimized && !minimized)
     ShowWindow(window_, visible() ? SW_MINIMIZE : SW_SHOWMINNOACTIVE);
   else if (state == WindowState::normal && minimized)
@@ -197,6 +200,8 @@ void Win32Window::note_place() {
 
 void Win32Window::move(int left, int top) {
   place_ = {pixels(left, system_dpi_), pixels(top, system_dpi_)};
+  if (!placed_)
+    return;
   SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -206,7 +211,16 @@ void Win32Window::resize(int width, int height) {
   apply_size();
 }
 
+// Until it is first shown its place and size are only noted, for one move then.
+void Win32Window::place_first() {
+  if (!std::exchange(placed_, true))
+    SetWindowPos(window_, nullptr, place_.x, place_.y, pixels(width_, dpi_), pixels(height_, dpi_),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void Win32Window::apply_size() {
+  if (!placed_)
+    return;
   SetWindowPos(window_, nullptr, 0, 0, pixels(width_, dpi_), pixels(height_, dpi_),
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   redraw();
@@ -242,6 +256,11 @@ bool Win32Window::load_background(const std::wstring& path) {
 
 bool Win32Window::set_topmost(bool on) {
   const UINT quiet = visible() ? 0U : SWP_NOACTIVATE; // out of sight it has no use for the keyboard
+  const bool is_on = (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+  if (!placed_ && is_on == on) {
+    topmost_ = on;
+    return true;
+  }
   if (SetWindowPos(window_, on ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | quiet) == 0)
     return false;
   topmost_ = on;

@@ -53,6 +53,7 @@ private:
   [[nodiscard]] bool handle_system_message(UINT message, WPARAM w, LPARAM l, LRESULT& result);
   void note_place();
   void paint(HDC target, const RECT& area);
+  void place_first();
   void apply_size();
   void draw_ground(HDC target, const RECT& area) override;
   [[nodiscard]] COLORREF label_colour(LabelKind kind, bool enabled) const override;
@@ -62,6 +63,7 @@ private:
   POINT place_{100, 100}; // pixels of the desktop, when it was last shown normally
   int width_ = 6000;      // twips
   int height_ = 3000;
+  bool placed_ = false; // the system knows them
   std::wstring caption_;
   Picture background_;
   std::wstring background_path_;
