@@ -9,8 +9,8 @@ namespace lumotune::core {
 
 // What the settings files hold. Flags and numbers stay the texts that the files give.
 struct Settings {
-  std::wstring idh;            // account identity; written by LoadOptionsWorkIt, the play report and the directory
-  std::wstring h;              // account check value; written by the same; never logged or shown
+  std::wstring idh; // account identity; written by LoadOptionsWorkIt, the play report and the directory
+  std::wstring h;   // account check value; written by the same; never logged; shown only where the server asks for it
   std::wstring nickname;       // written by LoadOptionsWorkIt
   std::wstring LTTop;          // "1" on top; written by LoadOptionsWorkIt, OnTopYES, OnTopNO
   std::wstring IDlastRadio;    // tuned station; written by LoadOptionsWorkIt, client commands, AutoStart, favourites

@@ -14,7 +14,8 @@
 
 namespace lumotune::directory {
 
-// User-interface thread. The values are never logged or shown.
+// User-interface thread. The values are never logged; a box shows them only where the server
+// asks for it.
 class Identity final : public skin::IdentitySource {
 public:
   struct Uses {

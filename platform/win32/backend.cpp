@@ -7,6 +7,6 @@ Backend::Backend(int icon)
     : window(loop, L"Lumotune", icon),
       framed_windows(loop, icon),
       messages(window.handle(), codec),
-      dialogs(window.handle()) {}
+      dialogs(loop, window.handle()) {}
 
 } // namespace lumotune::platform::win32

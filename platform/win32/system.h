@@ -3,10 +3,12 @@
 #pragma once
 
 #include "platform/dialogs.h"
+#include "platform/event_loop.h"
 #include "platform/machine.h"
 #include "platform/shell.h"
 #include "platform/win32/win.h"
 
+#include <memory>
 #include <string>
 
 namespace lumotune::platform::win32 {
@@ -17,13 +19,17 @@ public:
   [[nodiscard]] int open(const std::wstring& quoted_target) override;
 };
 
+// The end of the program closes a box as "no" does, or as "OK", and no other one opens.
 class Win32Dialogs final : public Dialogs {
 public:
-  explicit Win32Dialogs(HWND owner) : owner_(owner) {}
+  Win32Dialogs(EventLoop& loop, HWND owner);
   BoxAnswer message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) override;
 
 private:
+  EventLoop& loop_;
   HWND owner_;
+  std::unique_ptr<Timer> end_watch_;
+  int open_ = 0; // boxes, one above the other
 };
 
 // Finds out at once, when made, whether another copy of the program runs in this session of the user.

@@ -270,6 +270,19 @@ TEST_F(Win32Menus, TheEndOfTheProgramClosesTheInputBox) {
   EXPECT_EQ(b.input_box.ask(L"Dotaz", L"Okno", L"x"), std::nullopt) << "none opens any more";
 }
 
+TEST_F(Win32Menus, TheEndOfTheProgramClosesABox) {
+  const auto ending = b.loop.make_timer(100, [&] { b.loop.quit(); });
+  ending->start();
+  b.hand.add([] { return false; }); // should it stay open, the hand closes it in the end
+  EXPECT_EQ(b.dialogs.message(L"Otázka", L"Okno", platform::BoxIcon::information, platform::BoxButtons::yes_no),
+            platform::BoxAnswer::no);
+  b.loop.run_pending();
+  EXPECT_TRUE(seen_windows(L"#32770").empty());
+  EXPECT_EQ(b.dialogs.message(L"Zpráva", L"Okno", platform::BoxIcon::none, platform::BoxButtons::ok),
+            platform::BoxAnswer::ok)
+      << "none opens any more";
+}
+
 TEST_F(Win32Menus, ABoxShowsItsTextAndTitle) {
   std::wstring title;
   std::vector<std::wstring> texts;
