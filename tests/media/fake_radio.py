@@ -14,6 +14,7 @@ Prints "port N". Then takes one command a line and answers each with one line, u
     title=HEX  bytes of one metadata text each     br=N       the header icy-br
     every=N    a title each N quarters of a second (1)
 /file/NAME     with its length, as a web server does
+/mms/NAME      an ASF file by Microsoft's media server protocol over HTTP, at the pace of sound
 /text?body=..&type=..   a text; {base} in it is this server
 /to?url=..     a redirection                       /loop      one to itself
 /hang          nothing, ever                       /garbage   noise without end
@@ -21,6 +22,7 @@ Prints "port N". Then takes one command a line and answers each with one line, u
 import os
 import random
 import socket
+import struct
 import sys
 import threading
 import time
@@ -86,6 +88,8 @@ class Radio:
             with self.lock:
                 self.hits[path] = self.hits.get(path, 0) + 1
                 turn = self.hits[path]
+            if path.startswith("/mms/"):
+                return self.mms(connection, path[5:], b"xPlayStrm=1" in head)
             self.answer(connection, path, asked, titles, turn, b"icy-metadata: 1" in head.lower())
         except OSError:
             pass
@@ -131,6 +135,29 @@ class Radio:
         self.head(connection, "HTTP/1.1 200 OK", {"Content-Type": "application/octet-stream",
                                                   "Content-Length": len(data)})
         connection.sendall(data)
+
+    # The client first asks for the header alone, then for header and packets. A chunk is a kind, its length, its number.
+    def mms(self, connection, name, packets_too):
+        with open(os.path.join(MEDIA, name), "rb") as source:
+            data = source.read()
+        data_object_head = 50
+        header_end = struct.unpack_from("<Q", data, 16)[0] + data_object_head
+        properties = data.index(bytes.fromhex("a1dcab8c47a9cf118ee400c00c205365"))
+        packet_size, = struct.unpack_from("<I", data, properties + 92)
+
+        def chunk(kind, number, content):
+            length = len(content) + 8
+            connection.sendall(kind + struct.pack("<HIHH", length, number, 0, length) + content)
+
+        self.head(connection, "HTTP/1.0 200 OK", {"Content-Type": "application/x-mms-framed"})
+        chunk(b"$H", 0, data[:header_end])
+        if not packets_too:
+            return connection.recv(1)
+        start = time.monotonic()
+        for number, at in enumerate(range(header_end, len(data) - packet_size + 1, packet_size)):
+            time.sleep(max(0, number * packet_size / 16000 - 2 - (time.monotonic() - start)))
+            chunk(b"$D", number, data[at:at + packet_size])
+        return connection.sendall(b"$E" + struct.pack("<HI", 4, 0))
 
     def live(self, connection, name, asked, titles, turn):
         with open(os.path.join(MEDIA, name), "rb") as source:

@@ -100,6 +100,20 @@ TEST_F(Format, HlsPlays) {
   EXPECT_TRUE(until_hears(650)) << told();
 }
 
+TEST_F(Format, EncryptedHlsPlays) {
+  play(radio.url("/file/450.m3u8"));
+  EXPECT_TRUE(until_hears(450)) << told();
+  EXPECT_EQ(radio.hits("/file/450.key"), 1);
+}
+
+TEST_F(Format, MediaServersPlay) {
+  std::string address = radio.url("/mms/420.wma");
+  address.replace(0, 4, "mms");
+  play(address);
+  EXPECT_TRUE(until_hears(420)) << told();
+  EXPECT_TRUE(until([this] { return player().Status1().substr(32, 3) == L"WMA"; })) << told();
+}
+
 TEST_F(Format, ListsLeadToTheirStations) {
   expect_list("audio/x-scpls", "[playlist]\nNumberOfEntries=1\nFile1={base}/live/440.mp3\n");
   expect_list("audio/x-mpegurl", "#EXTM3U\n#EXTINF:-1,Radio\n{base}/live/440.mp3\n");
