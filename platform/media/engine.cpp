@@ -178,6 +178,10 @@ Engine::Attempt Engine::stream(Source& source) {
   flowed_ = mixer.flows(); // what is left of the lost connection still plays
   underruns_ = 0;
   coming_titles_.clear();
+  // Who joins a station in the middle first decodes silence, because frames lean on those before them.
+  constexpr std::size_t most_leading_silence_ms = 200;
+  const bool joins = source.live() && !flowed_;
+  leading_silence_ = joins ? static_cast<std::size_t>(mixer.rate()) * most_leading_silence_ms / 1000 : 0;
   drift_ = {};
   drift_checked_ = std::chrono::steady_clock::now();
   status_ = {};
@@ -243,6 +247,10 @@ void Engine::rest(bool live) {
 
 // Waits for room where there is none: until the ring is half empty, so that the worker wakes seldom.
 void Engine::write(const float* frames, std::size_t count) {
+  for (; leading_silence_ > 0 && count > 0 && frames[0] == 0.0F && frames[1] == 0.0F; --leading_silence_, --count)
+    frames += 2;
+  if (count > 0)
+    leading_silence_ = 0;
   while (count > 0 && !superseded()) {
     const std::size_t taken = mixer.ring.write(frames, count);
     frames += taken * 2;

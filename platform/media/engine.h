@@ -85,7 +85,8 @@ private:
   bool streaming_ = false; // a source is open
   bool flowed_ = false;    // this stream was let flow at least once since it was opened
   std::uint32_t underruns_ = 0;
-  std::size_t unrested_ = 0; // frames written since the last rest
+  std::size_t unrested_ = 0;        // frames written since the last rest
+  std::size_t leading_silence_ = 0; // frames that may still be left out while they are nothing but zeros
   std::minstd_rand random_;
 
   // Titles are shown when they are heard: each with the place in the ring where it begins.

@@ -12,6 +12,7 @@ Prints "port N". Then takes one command a line and answers each with one line, u
     drop=S     the first cut after S seconds       mute=S     the first sends nothing more after S seconds
     type=T     content type                        icy=1      answers "ICY 200 OK"
     title=HEX  bytes of one metadata text each     br=N       the header icy-br
+    from=N     begins at that byte, as for who joins in the middle
     every=N    a title each N quarters of a second (1)
 /file/NAME     with its length, as a web server does
 /mms/NAME      an ASF file by Microsoft's media server protocol over HTTP, at the pace of sound
@@ -162,6 +163,8 @@ class Radio:
     def live(self, connection, name, asked, titles, turn):
         with open(os.path.join(MEDIA, name), "rb") as source:
             data = source.read()
+        begin = int(asked.get("from", 0))
+        data = data[begin:] + data[:begin]
         fields = {"Content-Type": asked.get("type", "audio/mpeg")}
         if "br" in asked:
             fields["icy-br"] = asked["br"]

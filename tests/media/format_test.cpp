@@ -93,6 +93,13 @@ TEST_F(Format, FilesOfAServerPlayToTheirEnd) {
   EXPECT_EQ(radio.hits("/file/350.flac"), 1);
 }
 
+// Frames of MP3 lean on those before them: the first ones of who joins in the middle are silence.
+TEST_F(Format, TheMiddleOfAStationIsHeardAtOnce) {
+  play(radio.url("/live/440.mp3?from=50001&burst=4"));
+  EXPECT_TRUE(until_hears(440)) << told();
+  EXPECT_LT(device->silent_frames, static_cast<std::uint64_t>(device->rate) / 100);
+}
+
 TEST_F(Format, HlsPlays) {
   play(radio.url("/file/550.m3u8"));
   EXPECT_TRUE(until_hears(550)) << told();

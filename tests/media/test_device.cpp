@@ -47,7 +47,10 @@ private:
         return;
       }
       std::vector<float> block(static_cast<std::size_t>(mixer_->rate() * TestDevice::block_ms / 1000) * 2);
+      const std::uint64_t before = mixer_->ring.consumed();
       mixer_->render(block.data(), block.size() / 2);
+      if (std::all_of(block.begin(), block.end(), [](float sample) { return sample == 0.0F; }))
+        device_->silent_frames += mixer_->ring.consumed() - before;
       for (float& sample : block)
         sample *= volume_;
       device_->take(block);

@@ -29,7 +29,8 @@ public:
   std::atomic<bool> present = true;
   std::atomic<bool> broken = false; // the one that is open now goes away
   std::atomic<int> rate = 48000;
-  std::atomic<int> opened = 0; // how often
+  std::atomic<int> opened = 0;                  // how often
+  std::atomic<std::uint64_t> silent_frames = 0; // played, and nothing in them
 
   [[nodiscard]] std::function<std::unique_ptr<AudioOutput>()> factory();
 

@@ -13,6 +13,7 @@
 #include <fstream>
 #include <functional>
 #include <iostream>
+#include <random>
 #include <string>
 #include <thread>
 #include <vector>
@@ -63,7 +64,11 @@ int first_sound(const std::string& url, int count) {
   const auto player = make_media_player(loop, options);
   player->set_auto_start(false);
   player->set_url(wide(url));
+  // A station sends in blocks: a try begins at any moment between two, not always at the same one.
+  std::mt19937 chance{std::random_device{}()};
+  std::uniform_int_distribution<int> pause_ms(500, 900);
   for (int i = 0; i < count; ++i) {
+    (void)run(loop, pause_ms(chance), 5, never);
     const auto loud = device->loud_blocks();
     const auto start = Clock::now();
     player->play();
@@ -71,7 +76,6 @@ int first_sound(const std::string& url, int count) {
       return 1;
     std::cout << std::chrono::duration<double, std::milli>(Clock::now() - start).count() << std::endl;
     player->stop();
-    (void)run(loop, 500, 5, never);
   }
   return 0;
 }
