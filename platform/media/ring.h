@@ -4,14 +4,15 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <vector>
 
 namespace lumotune::media {
 
-// Positions count frames since the ring was made and never wrap. A frame is two float samples.
+// Positions count frames since the ring was made and never wrap. A frame is two float samples, -1 to 1; outside it is
+// clipped. They are kept in 16 bits each, which the ear cannot tell from more and which take half the memory.
 class Ring {
 public:
   explicit Ring(std::size_t capacity_frames) : samples_(capacity_frames * 2), capacity_(capacity_frames) {}
@@ -37,7 +38,7 @@ public:
     for (std::size_t done = 0; done < count;) {
       const std::size_t offset = static_cast<std::size_t>((at + done) % capacity_);
       const std::size_t piece = std::min(count - done, capacity_ - offset);
-      std::memcpy(&samples_[offset * 2], frames + done * 2, piece * 2 * sizeof(float));
+      std::transform(frames + done * 2, frames + (done + piece) * 2, &samples_[offset * 2], narrow);
       done += piece;
     }
     write_.store(at + count, std::memory_order_release);
@@ -58,7 +59,7 @@ public:
     for (std::size_t done = 0; done < count;) {
       const std::size_t offset = static_cast<std::size_t>((at + done) % capacity_);
       const std::size_t piece = std::min(count - done, capacity_ - offset);
-      std::memcpy(frames + done * 2, &samples_[offset * 2], piece * 2 * sizeof(float));
+      std::transform(&samples_[offset * 2], &samples_[offset * 2] + piece * 2, frames + done * 2, widened);
       done += piece;
     }
     read_.store(at + count, std::memory_order_release);
@@ -76,7 +77,13 @@ public:
   }
 
 private:
-  std::vector<float> samples_;
+  static constexpr float full_scale = 32767.0F;
+  static std::int16_t narrow(float sample) {
+    return static_cast<std::int16_t>(std::lrint(std::clamp(sample, -1.0F, 1.0F) * full_scale));
+  }
+  static float widened(std::int16_t sample) { return static_cast<float>(sample) / full_scale; }
+
+  std::vector<std::int16_t> samples_;
   std::size_t capacity_;
   std::atomic<std::uint64_t> write_ = 0;
   std::atomic<std::uint64_t> read_ = 0;

@@ -14,10 +14,15 @@ namespace {
 
 using Samples = std::vector<float>;
 
+// A sample that the ring gives back as it was, another one for each of 60,000 numbers.
+float sample_number(std::size_t number) {
+  return static_cast<float>(static_cast<int>(number % 60000) - 30000) / 32767.0F;
+}
+
 Samples counting(std::size_t from, std::size_t frames) {
   Samples samples(frames * 2);
   for (std::size_t i = 0; i < frames * 2; ++i)
-    samples[i] = static_cast<float>(from * 2 + i);
+    samples[i] = sample_number(from * 2 + i);
   return samples;
 }
 
@@ -41,6 +46,16 @@ TEST(Ring, TakesAndGivesNoMoreThanThereIs) {
   EXPECT_EQ(ring.read(out.data(), 20), 10U);
   EXPECT_EQ(Samples(out.begin(), out.begin() + 20), counting(0, 10));
   EXPECT_EQ(ring.read(out.data(), 20), 0U);
+}
+
+TEST(Ring, KeepsSixteenBitsAndClips) {
+  Ring ring(10);
+  const Samples in = {0.0F, 1.0F, -1.0F, 1.5F, -2.0F, 0.5F};
+  ASSERT_EQ(ring.write(in.data(), 3), 3U);
+  Samples out(6);
+  ASSERT_EQ(ring.read(out.data(), 3), 3U);
+  EXPECT_EQ(Samples(out.begin(), out.begin() + 5), (Samples{0.0F, 1.0F, -1.0F, 1.0F, -1.0F}));
+  EXPECT_NEAR(out[5], 0.5F, 1.0F / 65534);
 }
 
 TEST(Ring, PassesOverWhatWasDiscarded) {
@@ -75,7 +90,7 @@ TEST(Ring, KeepsTheOrderBetweenTwoThreads) {
   while (read < frames) {
     const std::size_t got = ring.read(out.data(), 50);
     for (std::size_t i = 0; i < got * 2; ++i)
-      right = right && out[i] == static_cast<float>(read * 2 + i);
+      right = right && out[i] == sample_number(read * 2 + i);
     read += got;
     if (got == 0)
       std::this_thread::yield();
