@@ -56,8 +56,8 @@ public:
   }
 };
 
-// Reading a text file: its bytes, and how many lines end in it. The number is stored where the compiler cannot know that
-// nobody reads it: the search for it is what is measured.
+// Reading a text file: its bytes, and how many lines end in it. The number is stored where the compiler
+// cannot know that nobody reads it: the search for it is what is measured.
 inline volatile std::size_t lines_found = 0;
 inline std::size_t read_lines(const DiskFiles& files, const std::wstring& path, std::string& bytes) {
   if (!files.read_into(path, bytes))
