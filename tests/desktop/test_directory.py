@@ -170,7 +170,7 @@ class TestLists(Directory):
         assert self.control("Label5").visible
         desk.click_at(self.row("Tatranská ozvena").place, times=2)
         self.hear(BY_ID["LUMO05"].hertz)
-        assert desk.text("PlayTL") == "Stop"
+        self.until(lambda: desk.text("PlayTL") == "Stop", 10)
 
     def test_enter_offers_the_qualities_at_the_row(self):
         desk = self.open()

@@ -55,8 +55,9 @@ rig_start() {
     "$rig_wine_loader" wineboot -i >"$rig_folder/wineboot.log" 2>&1
     if [ "$dpi" != 96 ]; then
       "$rig_wine_loader" reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dpi" /f >/dev/null 2>&1
-      "${rig_wine_loader%/*}/wineserver64" -w 2>/dev/null || wineserver -w 2>/dev/null || true
     fi
+    # Its services end by and by. A program started meanwhile brings services of its own, which then fail for minutes.
+    timeout 60 "$(rig_wineserver)" -w >/dev/null 2>&1 || "$(rig_wineserver)" -k >/dev/null 2>&1 || true
     touch "$WINEPREFIX/ready"
   fi
   # One program keeps the server warm, so that each start takes milliseconds.
