@@ -23,7 +23,7 @@ std::wstring one_argument(std::wstring text) {
 }
 
 // Made harmless for a field of a record, too. Looked for at the end of what is kept, because taking one delimiter out
-// may leave another one behind.
+// may leave another one behind. An end of "/@" would make one with the delimiter that follows, and shift the fields.
 std::wstring one_field(const std::wstring& text) {
   std::wstring field;
   for (const wchar_t character : one_argument(text)) {
@@ -31,6 +31,9 @@ std::wstring one_field(const std::wstring& text) {
     if (field.ends_with(delimiter))
       field.resize(field.size() - delimiter.size());
   }
+  constexpr std::wstring_view begun = L"/@";
+  while (field.ends_with(begun))
+    field.resize(field.size() - begun.size());
   return field;
 }
 

@@ -118,6 +118,10 @@ TEST(CompanionsTest, NoQuotationMarkAndNoControlCharacterGetsThrough) {
 TEST(CompanionsTest, ANameOrIdentifierAddsNoField) {
   EXPECT_EQ(skin::problem_report(values, L"A/@/B", L"//@/@/x/@/").command_line,
             L"remind.exe RadioOFF/@/AB/@/x/@/IDH1/@/HH2/@/http://s.example");
+  EXPECT_EQ(skin::problem_report(values, L"AB/@", L"@/x/@/@").command_line,
+            L"remind.exe RadioOFF/@/AB/@/@/x@/@/IDH1/@/HH2/@/http://s.example");
+  EXPECT_EQ(skin::problem_report(values, L"AB/@/@", L"/@").command_line,
+            L"remind.exe RadioOFF/@/AB@/@//@/IDH1/@/HH2/@/http://s.example");
   const std::wstring line = skin::discussion(values, L"id/@/1", L"n/@/max/@/").command_line;
   EXPECT_NE(line.find(L"&tid=id1/@/9000/@/9000/@/Diskuze k rádiové stanici: nmax (Orb)/@/normal/@/"),
             std::wstring::npos);
