@@ -23,24 +23,8 @@ std::wstring ClientLink::reply_file() const {
   return uses_.machine.program_folder() + L"\\orblt.tt";
 }
 
-// Only what the client writes: the player's own values of this run are newer than those of the file. A file that is
-// missing or short changes nothing.
-void ClientLink::read_client_values() {
-  const auto bytes = uses_.files.read(uses_.machine.program_folder() + L"\\Orb_Data\\options.ini");
-  if (!bytes.has_value())
-    return;
-  const TextLines lines = without_empty_lines(split_text_lines(*bytes));
-  if (lines.size() < options_line_count)
-    return;
-  Settings written;
-  read_settings(lines, uses_.codec, written);
-  uses_.settings.client_link = written.client_link;
-  uses_.settings.idh = written.idh;
-  uses_.settings.h = written.h;
-}
-
 void ClientLink::report() {
-  read_client_values();
+  uses_.options.LoadClientValues();
   uses_.options.LoadOptionsServer();
   uses_.loop.run_pending();
   if (uses_.loop.quitting())

@@ -47,7 +47,6 @@ public:
 
 private:
   void report();
-  void read_client_values();
   void look_for_reply();
   void read_reply(std::string_view bytes);
   void ask_about(const std::wstring& new_messages, std::wstring_view text);

@@ -4,15 +4,34 @@
 #include "core/server_file.h"
 
 namespace lumotune::core {
+namespace {
 
-std::wstring SettingsFiles::data_file(const wchar_t* name) const {
-  return uses_.machine.program_folder() + L"\\Orb_Data\\" + name;
+std::wstring options_file(const platform::Machine& machine) {
+  return machine.program_folder() + L"\\Orb_Data\\options.ini";
+}
+
+} // namespace
+
+std::optional<TextLines> read_options_lines(const platform::Files& files, const platform::Machine& machine) {
+  const auto bytes = files.read(options_file(machine));
+  if (!bytes.has_value())
+    return std::nullopt;
+  return without_empty_lines(split_text_lines(*bytes));
 }
 
 void SettingsFiles::LoadOptions() {
-  List4.clear();
-  if (const auto bytes = uses_.files.read(data_file(L"options.ini")))
-    List4 = without_empty_lines(split_text_lines(*bytes));
+  List4 = read_options_lines(uses_.files, uses_.machine).value_or(TextLines());
+}
+
+void SettingsFiles::LoadClientValues() {
+  const auto lines = read_options_lines(uses_.files, uses_.machine);
+  if (!lines.has_value() || lines->size() < options_line_count)
+    return;
+  Settings written;
+  read_settings(*lines, uses_.codec, written);
+  uses_.settings.client_link = written.client_link;
+  uses_.settings.idh = written.idh;
+  uses_.settings.h = written.h;
 }
 
 void SettingsFiles::read_values() {
@@ -35,7 +54,7 @@ void SettingsFiles::SaveOptions() {
   if (!write_settings(List4, uses_.codec, settings))
     return;
   // When the disk is full or the file is locked the old one stays whole: the settings of the last run are kept.
-  (void)uses_.files.replace(data_file(L"options.ini"), join_lines(List4));
+  (void)uses_.files.replace(options_file(uses_.machine), join_lines(List4));
 }
 
 void SettingsFiles::LoadOptionsServer() {

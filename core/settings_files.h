@@ -10,9 +10,14 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 
+#include <optional>
 #include <string>
 
 namespace lumotune::core {
+
+// The lines of options.ini that are not empty; nothing when it cannot be read.
+[[nodiscard]] std::optional<TextLines> read_options_lines(const platform::Files& files,
+                                                          const platform::Machine& machine);
 
 // User-interface thread. Nothing throws or shows a message.
 class SettingsFiles {
@@ -35,6 +40,10 @@ public:
   void read_values();
   [[nodiscard]] bool logged_in() const; // whether the client has written its login line
 
+  // Reads only what the client writes: client_link, idh and h. The player's own values of this run are newer than those
+  // of the file. A file that is missing or has fewer than 24 lines changes nothing; List4 stays as it is.
+  void LoadClientValues();
+
   // Replaces the player's lines of List4 and writes it as the new options.ini. Callers run LoadOptions first. A file of
   // fewer than 24 non-empty lines, or one that could not be read, is never written: then nothing happens.
   void SaveOptions();
@@ -44,8 +53,6 @@ public:
   void LoadOptionsServer();
 
 private:
-  [[nodiscard]] std::wstring data_file(const wchar_t* name) const;
-
   Uses uses_;
   // The line buffer that both files use in turn: after LoadOptionsServer it holds the server file's lines.
   TextLines List4;

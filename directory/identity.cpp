@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/identity.h"
 
+#include "core/settings_files.h"
 #include "core/text.h"
 
 #include <optional>
@@ -36,9 +37,7 @@ std::optional<unsigned char> code_value(std::wstring_view piece) {
 } // namespace
 
 void Identity::read_lines() {
-  List5.clear();
-  if (const auto bytes = uses_.files.read(uses_.machine.program_folder() + L"\\Orb_Data\\options.ini"))
-    List5 = core::without_empty_lines(core::split_text_lines(*bytes));
+  List5 = core::read_options_lines(uses_.files, uses_.machine).value_or(core::TextLines());
 }
 
 bool Identity::LoadOptionsLodin() {

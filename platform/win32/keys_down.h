@@ -12,17 +12,17 @@ namespace lumotune::platform::win32 {
 // down, and Enter comes up after the menu or box that it closed.
 class KeysDown {
 public:
-  void down(WPARAM key) {
-    if (key < down_.size() && can_move(key))
+  // Every message of the control; true for one that tells of a key which counts and is let go.
+  [[nodiscard]] bool let_go(UINT message, WPARAM key) {
+    if (message == WM_KILLFOCUS)
+      down_.reset();
+    if (message == WM_KEYDOWN && key < down_.size() && can_move(key))
       down_.set(key);
+    if (message != WM_KEYUP || key >= down_.size() || !down_.test(key))
+      return false;
+    down_.reset(key);
+    return true;
   }
-  [[nodiscard]] bool up(WPARAM key) {
-    const bool was_down = key < down_.size() && down_.test(key);
-    if (was_down)
-      down_.reset(key);
-    return was_down;
-  }
-  void forget() { down_.reset(); }
 
 private:
   [[nodiscard]] static bool can_move(WPARAM key) {

@@ -218,31 +218,20 @@ bool Win32ListView::handle_mouse(UINT message, WPARAM w, LPARAM l, LRESULT& /*re
 }
 
 bool Win32ListView::handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
-  switch (message) {
-  case WM_KEYDOWN:
-    keys_.down(w);
-    return false;
-  case WM_KEYUP:
-    if (!keys_.up(w) || selected() == 0)
-      return false;
+  if (keys_.let_go(message, w) && selected() != 0) {
     result = DefSubclassProc(window_, message, w, l);
     fire(on_key_up);
     return true;
-  case WM_CHAR: {
-    const bool enter = w == VK_RETURN;
-    const bool held = (l & 0x40000000) != 0;
-    if (enter && held)
-      return true;
-    result = enter ? 0 : DefSubclassProc(window_, message, w, l);
-    fire(on_key_press, static_cast<wchar_t>(w));
+  }
+  if (message != WM_CHAR)
+    return false;
+  const bool enter = w == VK_RETURN;
+  const bool held = (l & 0x40000000) != 0;
+  if (enter && held)
     return true;
-  }
-  case WM_KILLFOCUS:
-    keys_.forget();
-    return false;
-  default:
-    return false;
-  }
+  result = enter ? 0 : DefSubclassProc(window_, message, w, l);
+  fire(on_key_press, static_cast<wchar_t>(w));
+  return true;
 }
 
 bool Win32ListView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {

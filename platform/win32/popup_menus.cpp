@@ -11,8 +11,6 @@
 namespace lumotune::platform::win32 {
 namespace {
 
-// How often an open menu looks whether the program ends.
-constexpr std::uint32_t end_watch_ms = 50;
 // A longer caption would be wider than any screen. Station names and addresses come from outside.
 constexpr std::size_t most_shown = 300;
 
@@ -136,10 +134,7 @@ UINT track(HMENU menu, HWND owner, HWND anchor) {
 Win32PopupMenus::Win32PopupMenus(EventLoop& loop, HWND owner)
     : owner_(owner),
       input_hook_(SetWindowsHookExW(WH_GETMESSAGE, note_input, nullptr, GetCurrentThreadId())),
-      end_watch_(loop.make_timer(end_watch_ms, [&loop] {
-        if (loop.quitting())
-          EndMenu();
-      })) {}
+      end_watch_(loop, [] { EndMenu(); }) {}
 
 Win32PopupMenus::~Win32PopupMenus() {
   if (input_hook_ != nullptr)
@@ -154,9 +149,8 @@ std::wstring Win32PopupMenus::pop_up(const std::vector<MenuItem>& items, const C
   const auto* child = dynamic_cast<const ChildWindow*>(anchor);
   const HWND window = child == nullptr ? nullptr : child->handle();
   open_ = true;
-  end_watch_->start();
-  const UINT chosen = track(menu.get(), window == nullptr ? owner_ : GetAncestor(window, GA_ROOT), window);
-  end_watch_->stop();
+  const UINT chosen = end_watch_.during(
+      [&] { return track(menu.get(), window == nullptr ? owner_ : GetAncestor(window, GA_ROOT), window); });
   open_ = false;
   return chosen >= 1 && chosen <= names.size() ? names[chosen - 1] : std::wstring();
 }

@@ -2,11 +2,10 @@
 // Pop-up menus of the system, opened where the user looks.
 #pragma once
 
-#include "platform/event_loop.h"
 #include "platform/popup_menus.h"
+#include "platform/win32/end_watch.h"
 #include "platform/win32/win.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -25,7 +24,7 @@ public:
 private:
   HWND owner_;
   HHOOK input_hook_;
-  std::unique_ptr<Timer> end_watch_;
+  EndWatch end_watch_;
   bool open_ = false;
 };
 

@@ -55,8 +55,6 @@ int Win32Shell::open(const std::wstring& quoted_target) {
 
 namespace {
 
-constexpr std::uint32_t end_watch_ms = 50;
-
 BOOL CALLBACK close_box(HWND window, LPARAM /*unused*/) {
   std::array<wchar_t, 8> name{};
   if (GetClassNameW(window, name.data(), static_cast<int>(name.size())) > 0 &&
@@ -68,10 +66,7 @@ BOOL CALLBACK close_box(HWND window, LPARAM /*unused*/) {
 } // namespace
 
 Win32Dialogs::Win32Dialogs(EventLoop& loop, HWND owner)
-    : loop_(loop), owner_(owner), end_watch_(loop.make_timer(end_watch_ms, [&loop] {
-        if (loop.quitting())
-          EnumThreadWindows(GetCurrentThreadId(), close_box, 0);
-      })) {}
+    : loop_(loop), owner_(owner), end_watch_(loop, [] { EnumThreadWindows(GetCurrentThreadId(), close_box, 0); }) {}
 
 BoxAnswer Win32Dialogs::message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) {
   const BoxAnswer unanswered = buttons == BoxButtons::yes_no ? BoxAnswer::no : BoxAnswer::ok;
@@ -82,11 +77,8 @@ BoxAnswer Win32Dialogs::message(const std::wstring& text, const std::wstring& ti
   style |= buttons == BoxButtons::yes_no ? MB_YESNO : MB_OK;
   // Before the window that the user has to do with; of other programs' windows none counts.
   const HWND active = GetActiveWindow();
-  ++open_;
-  end_watch_->start();
-  const int button = MessageBoxW(active != nullptr ? active : owner_, text.c_str(), title.c_str(), style);
-  if (--open_ == 0)
-    end_watch_->stop();
+  const int button = end_watch_.during(
+      [&] { return MessageBoxW(active != nullptr ? active : owner_, text.c_str(), title.c_str(), style); });
   return button == IDYES ? BoxAnswer::yes : unanswered;
 }
 

@@ -6,9 +6,9 @@
 #include "platform/event_loop.h"
 #include "platform/machine.h"
 #include "platform/shell.h"
+#include "platform/win32/end_watch.h"
 #include "platform/win32/win.h"
 
-#include <memory>
 #include <string>
 
 namespace lumotune::platform::win32 {
@@ -28,8 +28,7 @@ public:
 private:
   EventLoop& loop_;
   HWND owner_;
-  std::unique_ptr<Timer> end_watch_;
-  int open_ = 0; // boxes, one above the other
+  EndWatch end_watch_;
 };
 
 // Finds out at once, when made, whether another copy of the program runs in this session of the user.

@@ -165,6 +165,11 @@ LRESULT Win32TreeView::press(WPARAM keys, LPARAM point) {
 bool Win32TreeView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   if (Win32Control::handle_message(message, w, l, result))
     return true;
+  if (keys_.let_go(message, w) && selected() != 0) {
+    result = DefSubclassProc(window_, message, w, l);
+    fire(on_key_up);
+    return true;
+  }
   switch (message) {
   case message_changes_end:
     end_changes();
@@ -181,18 +186,6 @@ bool Win32TreeView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& re
   case WM_LBUTTONDOWN:
     result = press(w, l);
     return true;
-  case WM_KEYDOWN:
-    keys_.down(w);
-    return false;
-  case WM_KEYUP:
-    if (!keys_.up(w) || selected() == 0)
-      return false;
-    result = DefSubclassProc(window_, message, w, l);
-    fire(on_key_up);
-    return true;
-  case WM_KILLFOCUS:
-    keys_.forget();
-    return false;
   default:
     return false;
   }

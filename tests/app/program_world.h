@@ -6,22 +6,14 @@
 #include "platform/memory/framed_window.h"
 #include "platform/memory/menus.h"
 #include "tests/support/core_world.h"
+#include "tests/support/memory_platform.h"
 #include "tests/support/skin_world.h"
 
 #include <gtest/gtest.h>
 
 namespace lumotune::test {
 
-struct ProgramWorld : testing::Test {
-  platform::memory::MemoryEventLoop loop;
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryMachine machine;
-  platform::memory::MemoryMessages messages;
-  platform::memory::MemoryShell shell;
-  platform::memory::MemoryDialogs dialogs;
-  platform::memory::MemoryTray tray;
-  platform::memory::MemoryMediaPlayer player;
+struct ProgramWorld : testing::Test, MemoryPlatform {
   platform::memory::MemoryWindow window{files};
   core::LumotuneForm form{window};
   platform::memory::MemoryPopupMenus popups;

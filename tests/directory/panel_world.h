@@ -8,6 +8,7 @@
 #include "platform/memory/files.h"
 #include "platform/memory/framed_window.h"
 #include "platform/memory/messages.h"
+#include "tests/support/memory_platform.h"
 
 #include <gtest/gtest.h>
 
@@ -32,14 +33,7 @@ struct Scrambler final : skin::IdentitySource {
   std::function<void()> during;
 };
 
-struct ListRadiosPanel : testing::Test {
-  platform::memory::MemoryEventLoop loop;
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryMachine machine;
-  platform::memory::MemoryMessages messages;
-  platform::memory::MemoryShell shell;
-  platform::memory::MemoryDialogs dialogs;
+struct ListRadiosPanel : testing::Test, test::MemoryPlatform {
   platform::memory::MemoryFramedWindow window{L"ListRadios", files};
   ListRadiosForm form{window};
   Layout layout{form};

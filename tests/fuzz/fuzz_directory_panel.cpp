@@ -10,6 +10,7 @@
 #include "platform/memory/messages.h"
 #include "skin/open_url.h"
 #include "tests/fuzz/fuzzing.h"
+#include "tests/support/memory_platform.h"
 
 #include <algorithm>
 
@@ -29,14 +30,7 @@ struct Scrambler final : skin::IdentitySource {
   std::wstring Heslo(const std::wstring& /*text*/) override { return L"1-2-"; }
 };
 
-struct Panel {
-  platform::memory::MemoryEventLoop loop;
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryMachine machine;
-  platform::memory::MemoryMessages messages;
-  platform::memory::MemoryShell shell;
-  platform::memory::MemoryDialogs dialogs;
+struct Panel : test::MemoryPlatform {
   platform::memory::MemoryFramedWindow window{L"ListRadios", files};
   directory::ListRadiosForm form{window};
   directory::Layout layout{form};

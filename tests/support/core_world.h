@@ -10,6 +10,7 @@
 #include "platform/memory/media_player.h"
 #include "platform/memory/messages.h"
 #include "platform/memory/window.h"
+#include "tests/support/memory_platform.h"
 
 #include <string>
 #include <vector>
@@ -100,15 +101,7 @@ inline std::string joined(const std::vector<std::string>& lines) {
   return bytes + "\r\n";
 }
 
-struct CoreWorld {
-  platform::memory::MemoryEventLoop loop;
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryMachine machine;
-  platform::memory::MemoryMessages messages;
-  platform::memory::MemoryShell shell;
-  platform::memory::MemoryDialogs dialogs;
-  platform::memory::MemoryMediaPlayer player;
+struct CoreWorld : MemoryPlatform {
   platform::memory::MemoryWindow window{files};
   core::LumotuneForm form{window};
   core::Settings settings;

@@ -10,6 +10,7 @@
 #include "skin/skin.h"
 #include "skin/skin_menu.h"
 #include "skin/tray_icon.h"
+#include "tests/support/memory_platform.h"
 
 #include <string>
 #include <vector>
@@ -34,12 +35,7 @@ struct MenuMarks final : core::MenuPort {
   int volume = -1;
 };
 
-struct SkinWorld {
-  platform::memory::MemoryEventLoop loop;
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryMachine machine;
-  platform::memory::MemoryTray tray;
+struct SkinWorld : MemoryPlatform {
   platform::memory::MemoryWindow window{files};
   core::LumotuneForm form{window};
   core::Settings settings;
