@@ -47,7 +47,7 @@ void ClientCommands::run_waiting() {
 void ClientCommands::execute(const std::wstring& text) {
   const auto rest_after = [&](std::size_t prefix) { return std::wstring(mid(text, prefix + 1)); };
   if (starts_with_ignoring_case(text, L"p:")) {
-    uses_.playback.PlayAll(rest_after(2));
+    uses_.playback.PlayAll(rest_after(2), platform::AddressOrigin::message);
     uses_.form.window.activate();
   }
   if (equal_ignoring_case(text, L"list"))

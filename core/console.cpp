@@ -45,7 +45,7 @@ void Console::execute(const std::wstring& command) {
   if (starts_with_ignoring_case(command, L"vol=") && begins_with_number(value))
     uses_.playback.VolumeSet(volume_value(value));
   if (starts_with_ignoring_case(command, L"url=")) {
-    uses_.playback.PlayAll(value);
+    uses_.playback.PlayAll(value, platform::AddressOrigin::listener);
     uses_.session.station_name = L"Orb - Lumotune"; // afterwards: playing looks up the tuned station's name
   }
 }

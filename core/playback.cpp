@@ -14,11 +14,13 @@ void Playback::set_play_caption(const std::wstring& caption) {
   uses_.form.Control_Play.set_tooltip(caption);
 }
 
-void Playback::PripravHrani(std::wstring URL) {
-  if (URL.empty())
+void Playback::PripravHrani(std::wstring URL, platform::AddressOrigin origin) {
+  if (URL.empty()) {
     URL = uses_.session.OverrideURL;
+    origin = platform::AddressOrigin::station; // "remoteplay" gave it, whoever asks now
+  }
   uses_.session.OverrideURL.clear();
-  uses_.player.set_url(URL);
+  uses_.player.set_url(URL, origin);
   uses_.form.PlayTL.set_enabled(true);
   uses_.form.Control_Play.set_enabled(true);
   skin->load_play_picture();
@@ -43,8 +45,8 @@ void Playback::PlayStop() {
   favourites->ZobrazOblibene();
 }
 
-void Playback::PlayAll(const std::wstring& URL) {
-  PripravHrani(URL);
+void Playback::PlayAll(const std::wstring& URL, platform::AddressOrigin origin) {
+  PripravHrani(URL, origin);
   Play();
 }
 

@@ -31,11 +31,13 @@ public:
   PlayReportSlot report;
   MenuSlot menus;
 
-  // Prepares an address, or the pending one-shot address when it is empty; that one is used up in every case.
-  void PripravHrani(std::wstring URL);
+  // Prepares an address, or the pending one-shot address when it is empty; that one is used up in every case. Who does
+  // not say where the address comes from gets what a station may reach: the network.
+  void PripravHrani(std::wstring URL, platform::AddressOrigin origin = platform::AddressOrigin::station);
   void Play();
   void PlayStop();
-  void PlayAll(const std::wstring& URL); // prepares and plays
+  // Prepares and plays.
+  void PlayAll(const std::wstring& URL, platform::AddressOrigin origin = platform::AddressOrigin::station);
 
   // Plays a station of the database; an empty quality becomes "1". The station becomes the tuned one.
   void AutoStart(const std::wstring& IDlastRadio, const std::wstring& KvalitaLT);

@@ -92,8 +92,7 @@ void Startup::play_command_line() {
   const std::wstring address = uses_.machine.command_line();
   if (address.empty())
     return;
-  uses_.playback.PripravHrani(address);
-  uses_.playback.Play();
+  uses_.playback.PlayAll(address, platform::AddressOrigin::listener);
 }
 
 void Startup::start_client_if_missing() {

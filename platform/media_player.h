@@ -11,6 +11,13 @@ namespace lumotune::platform {
 // The numbers that the play-state notification carries.
 enum class PlayState : int { stopped = 1, playing = 3, buffering = 6, reconnecting = 11, connecting = 9 };
 
+// Where an address comes from, which decides what it may reach.
+enum class AddressOrigin {
+  station,  // a station file, or a client's word for a station: network schemes only
+  message,  // another program's message: also files on this machine's drives, never a share or a device
+  listener, // typed into the console or on the command line: whatever the listener may open
+};
+
 // One player of one stream. Every member is called on the user-interface thread and returns at once: no call waits for
 // the network, the disk or the sound device. Nothing throws; what goes wrong is told by `status`.
 //
@@ -25,7 +32,8 @@ public:
 
   // The address to play: http, https, mms, rtsp, file address or a path of this machine. While a stream plays, a new
   // address stops it; sound starts again with `play`, or at once where automatic start is on (which it is when made).
-  virtual void set_url(const std::wstring& url) = 0;
+  // What `origin` does not allow is never opened; the status then says that the address is of an unknown kind.
+  virtual void set_url(const std::wstring& url, AddressOrigin origin) = 0;
   [[nodiscard]] virtual std::wstring url() const = 0;
   virtual void set_auto_start(bool on) = 0;
 

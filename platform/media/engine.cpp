@@ -88,7 +88,7 @@ void Engine::play(const Wish& wish) {
     status_ = {};
     status_.phase = Phase::connecting;
     report();
-    const Attempt result = attempt(wish.address, false, 0);
+    const Attempt result = attempt(wish.address, wish.origin, 0);
     if (result.outcome == Outcome::cancelled || superseded())
       return;
     const bool hopeless = result.trouble == Trouble::no_address || result.trouble == Trouble::unsupported_address;
@@ -121,12 +121,12 @@ bool Engine::wait_and_count_down(const Attempt& failure) {
   return true;
 }
 
-Engine::Attempt Engine::attempt(const std::string& address, bool from_network, int depth) {
+Engine::Attempt Engine::attempt(const std::string& address, platform::AddressOrigin origin, int depth) {
   const AddressKind kind = address_kind(address);
   if (kind == AddressKind::none)
     return {Outcome::failed, Trouble::no_address};
   // A list of the network must not reach into the listener's files.
-  if (kind == AddressKind::unsupported || (from_network && kind == AddressKind::local))
+  if (kind == AddressKind::unsupported || (origin == platform::AddressOrigin::station && kind == AddressKind::local))
     return {Outcome::failed, Trouble::unsupported_address};
   Attempt last{Outcome::failed, Trouble::not_answering};
   for (const std::string& each : openable_addresses(address)) {
@@ -144,20 +144,22 @@ Engine::Attempt Engine::attempt(const std::string& address, bool from_network, i
     if (opened.source != nullptr)
       return stream(*opened.source);
     if (!opened.entries.empty())
-      return attempt_entries(opened.entries, from_network || kind == AddressKind::network, depth + 1);
+      return attempt_entries(opened.entries, kind == AddressKind::network ? platform::AddressOrigin::station : origin,
+                             depth + 1);
     last = {Outcome::failed, opened.trouble, opened.http_code};
   }
   return last;
 }
 
 // One after the other until one plays. What the first one lacks is told when none does.
-Engine::Attempt Engine::attempt_entries(const std::vector<std::string>& entries, bool from_network, int depth) {
+Engine::Attempt Engine::attempt_entries(const std::vector<std::string>& entries, platform::AddressOrigin origin,
+                                        int depth) {
   Attempt first{Outcome::failed, Trouble::unknown_format};
   if (depth > max_playlist_depth)
     return first;
   bool tried = false;
   for (const std::string& entry : entries) {
-    const Attempt result = attempt(entry, from_network, depth);
+    const Attempt result = attempt(entry, origin, depth);
     if (result.outcome != Outcome::failed)
       return result;
     if (!tried)

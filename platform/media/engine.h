@@ -58,8 +58,9 @@ private:
 
   void work();
   void play(const Wish& wish);
-  [[nodiscard]] Attempt attempt(const std::string& address, bool from_network, int depth);
-  [[nodiscard]] Attempt attempt_entries(const std::vector<std::string>& entries, bool from_network, int depth);
+  [[nodiscard]] Attempt attempt(const std::string& address, platform::AddressOrigin origin, int depth);
+  [[nodiscard]] Attempt attempt_entries(const std::vector<std::string>& entries, platform::AddressOrigin origin,
+                                        int depth);
   [[nodiscard]] Attempt stream(Source& source);
   [[nodiscard]] bool pump(Source& source, Decoder& decoder, Attempt& result);
   void write(const float* frames, std::size_t count);

@@ -2,6 +2,8 @@
 // One slot between the user-interface thread and a worker: the newest wish wins.
 #pragma once
 
+#include "platform/media_player.h"
+
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
@@ -15,6 +17,7 @@ struct Wish {
   std::uint64_t stream = 0; // grows with every wish
   std::string address;      // UTF-8
   bool playing = false;
+  platform::AddressOrigin origin = platform::AddressOrigin::station;
 };
 
 class Mailbox {

@@ -38,8 +38,9 @@ public:
     (void)engine_->wait_ended(500ms);
   }
 
-  void set_url(const std::wstring& url) override {
+  void set_url(const std::wstring& url, platform::AddressOrigin origin) override {
     url_ = url;
+    origin_ = origin;
     if (wanted_)
       stop();
     if (auto_start_)
@@ -122,7 +123,7 @@ private:
       engine_->device.run();
     else
       engine_->device.silence();
-    engine_->mailbox.post({stream_, to_utf8(url_), playing});
+    engine_->mailbox.post({stream_, to_utf8(url_), playing, origin_});
     looks_ = 0;
     watchdog_->start();
   }
@@ -179,6 +180,7 @@ private:
   std::unique_ptr<platform::Timer> watchdog_;
   std::shared_ptr<Engine> engine_;
   std::wstring url_;
+  platform::AddressOrigin origin_ = platform::AddressOrigin::station;
   bool auto_start_ = true;
   bool wanted_ = false;       // what the listener wants
   bool sent_playing_ = false; // what the worker was told: another thing while the machine sleeps

@@ -4,6 +4,7 @@
 
 #include "platform/media/feed.h"
 #include "platform/media/ffmpeg.h"
+#include "platform/media/open_budget.h"
 #include "platform/media/status_text.h"
 
 #include <functional>
@@ -19,8 +20,11 @@ struct SourceOptions {
   std::function<std::string(const std::string& address)> proxy; // "http://host:port", or empty; may be unset
   // Called often while FFmpeg waits; true makes it give up.
   std::function<bool()> interrupted;
-  int timeout_ms = 10000;    // without a byte
-  int open_limit_ms = 25000; // for all of opening, whatever trickles in
+  // Whether the address comes from the network or from a file of stations: then nothing of this machine is opened.
+  bool from_network = true;
+  OpenBudget* budget = nullptr; // of this try, taken from for every opening until sound is found; unset: no limit
+  int timeout_ms = 10000;       // without a byte
+  int open_limit_ms = 25000;    // for all of opening, whatever trickles in
 };
 
 class Source;
@@ -32,6 +36,7 @@ struct Opened {
   Trouble trouble = Trouble::none;
   int http_code = 0;
   bool cancelled = false;
+  bool unverified = false; // the server's certificate is bad; it plays all the same
 };
 
 enum class ReadResult { packet, other, ended, lost, cancelled };

@@ -12,13 +12,15 @@ namespace lumotune::platform::memory {
 
 class MemoryMediaPlayer final : public MediaPlayer {
 public:
-  void set_url(const std::wstring& url) override {
+  void set_url(const std::wstring& url, AddressOrigin origin) override {
     url_ = url;
+    origin_ = origin;
     calls.push_back(L"url " + url);
     if (auto_start_)
       play();
   }
   [[nodiscard]] std::wstring url() const override { return url_; }
+  [[nodiscard]] AddressOrigin origin() const { return origin_; }
   void set_auto_start(bool on) override {
     auto_start_ = on;
     calls.push_back(on ? L"auto start on" : L"auto start off");
@@ -43,6 +45,7 @@ public:
 
 private:
   std::wstring url_;
+  AddressOrigin origin_ = AddressOrigin::station;
   bool auto_start_ = true;
   int volume_ = 100;
 };

@@ -6,6 +6,8 @@
 namespace lumotune::contract {
 namespace {
 
+using platform::AddressOrigin;
+
 struct MediaPlayerContract : testing::Test {
   Backend b;
   std::unique_ptr<platform::MediaPlayer> player = make_player(b.loop);
@@ -15,11 +17,11 @@ struct MediaPlayerContract : testing::Test {
 TEST_F(MediaPlayerContract, KeepsTheAddressAsItIs) {
   EXPECT_EQ(player->url(), L"");
   player->set_auto_start(false);
-  player->set_url(nobody);
+  player->set_url(nobody, AddressOrigin::listener);
   EXPECT_EQ(player->url(), nobody);
   player->stop();
   EXPECT_EQ(player->url(), nobody);
-  player->set_url(L"");
+  player->set_url(L"", AddressOrigin::listener);
   EXPECT_EQ(player->url(), L"");
 }
 
@@ -32,7 +34,7 @@ TEST_F(MediaPlayerContract, ClampsTheVolume) {
 
 TEST_F(MediaPlayerContract, TheVolumeOutlivesStreams) {
   player->set_volume(37);
-  player->set_url(nobody);
+  player->set_url(nobody, AddressOrigin::listener);
   player->play();
   player->stop();
   EXPECT_EQ(player->volume(), 37);
@@ -40,7 +42,7 @@ TEST_F(MediaPlayerContract, TheVolumeOutlivesStreams) {
 
 TEST_F(MediaPlayerContract, WhereNothingWasHeardNothingIsCounted) {
   EXPECT_EQ(player->played_ms(), 0U);
-  player->set_url(nobody);
+  player->set_url(nobody, AddressOrigin::listener);
   player->play();
   b.pass(50);
   EXPECT_EQ(player->played_ms(), 0U);
@@ -53,7 +55,7 @@ TEST_F(MediaPlayerContract, TellsNothingFromInsideACall) {
   int told_inside = 0;
   player->on_play_state_change = [&](int) { told_inside += inside ? 1 : 0; };
   player->on_status_change = [&] { told_inside += inside ? 1 : 0; };
-  player->set_url(nobody);
+  player->set_url(nobody, AddressOrigin::listener);
   player->play();
   player->system_suspended();
   player->system_resumed();
@@ -65,7 +67,7 @@ TEST_F(MediaPlayerContract, TellsNothingFromInsideACall) {
 }
 
 TEST_F(MediaPlayerContract, MayGoInTheMiddleOfATry) {
-  player->set_url(nobody);
+  player->set_url(nobody, AddressOrigin::listener);
   player->play();
   b.pass(20);
   player.reset();

@@ -57,7 +57,7 @@ platform::MediaPlayer& PlayerTest::player() {
 }
 
 void PlayerTest::play(const std::string& address) {
-  player().set_url(from_utf8(address).value());
+  player().set_url(from_utf8(address).value(), platform::AddressOrigin::listener);
 }
 
 bool PlayerTest::until(const std::function<bool()>& condition, int milliseconds) {

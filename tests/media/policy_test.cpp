@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/media/drift.h"
+#include "platform/media/open_budget.h"
 #include "platform/media/retry.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -74,6 +77,27 @@ TEST(Drift, LeavesAStreamThatFitsAlone) {
   DriftControl drift;
   for (const std::uint32_t level : {1000U, 3000U, 6000U, 1800U, 5000U})
     EXPECT_EQ(drift.step(level), 0);
+}
+
+TEST(OpenBudget, OpensNoAddressTwice) {
+  OpenBudget budget;
+  EXPECT_TRUE(budget.take("http://a/1"));
+  EXPECT_FALSE(budget.take("http://a/1"));
+  EXPECT_TRUE(budget.take("http://a/2"));
+}
+
+TEST(OpenBudget, EndsAfterFortyOpenings) {
+  OpenBudget budget;
+  for (int i = 0; i < OpenBudget::max_openings; ++i)
+    EXPECT_TRUE(budget.take(std::to_string(i))) << i;
+  EXPECT_FALSE(budget.take("one more"));
+}
+
+TEST(OpenBudget, EndsWhenTheTimeIsOver) {
+  const OpenBudget::Clock::time_point start{};
+  OpenBudget budget(start);
+  EXPECT_TRUE(budget.take("in time", start + std::chrono::milliseconds(59999)));
+  EXPECT_FALSE(budget.take("too late", start + std::chrono::seconds(60)));
 }
 
 } // namespace

@@ -63,7 +63,7 @@ int first_sound(const std::string& url, int count) {
   platform::memory::MemoryEventLoop loop;
   const auto player = make_media_player(loop, options);
   player->set_auto_start(false);
-  player->set_url(wide(url));
+  player->set_url(wide(url), platform::AddressOrigin::listener);
   // A station sends in blocks: a try begins at any moment between two, not always at the same one.
   std::mt19937 chance{std::random_device{}()};
   std::uniform_int_distribution<int> pause_ms(500, 900);
@@ -90,7 +90,7 @@ int changes(int count, const std::vector<std::string>& urls) {
   for (int i = 0; i < count + count / 5; ++i) {
     if (i == count / 5)
       warm = kilobytes("VmRSS");
-    player->set_url(wide(urls[static_cast<std::size_t>(i) % urls.size()]));
+    player->set_url(wide(urls[static_cast<std::size_t>(i) % urls.size()]), platform::AddressOrigin::listener);
     if (!run(loop, 10000, 2, [&] { return player->played_ms() > 20; }))
       return 1;
   }
@@ -102,7 +102,7 @@ int play(const std::string& url, int seconds) {
   platform::memory::MemoryEventLoop loop;
   const auto player = make_media_player(loop, {});
   player->set_auto_start(false);
-  player->set_url(wide(url));
+  player->set_url(wide(url), platform::AddressOrigin::listener);
   std::string line;
   std::getline(std::cin, line);
   player->play();

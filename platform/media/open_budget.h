@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What one try to play a station may cost, over all the playlists it leads through.
+#pragma once
+
+#include <chrono>
+#include <set>
+#include <string>
+
+namespace lumotune::media {
+
+// One object a try. Worker thread.
+class OpenBudget {
+public:
+  using Clock = std::chrono::steady_clock;
+  static constexpr int max_openings = 40;
+  static constexpr std::chrono::seconds max_time{60};
+
+  explicit OpenBudget(Clock::time_point now = Clock::now()) : deadline_(now + max_time) {}
+
+  // Before each opening: false when there were too many, the time is over, or this very address was opened before,
+  // which is how lists that name each other run in circles.
+  [[nodiscard]] bool take(const std::string& address, Clock::time_point now = Clock::now()) {
+    if (openings_ >= max_openings || now >= deadline_ || !opened_.insert(address).second)
+      return false;
+    ++openings_;
+    return true;
+  }
+  [[nodiscard]] Clock::time_point deadline() const { return deadline_; }
+
+private:
+  Clock::time_point deadline_;
+  int openings_ = 0;
+  std::set<std::string> opened_;
+};
+
+} // namespace lumotune::media
