@@ -30,11 +30,15 @@ std::string scheme_of(std::string_view address) {
   return scheme;
 }
 
+char small(char c) {
+  return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+}
+
 int hex_digit(char c) {
   if (c >= '0' && c <= '9')
     return c - '0';
-  const char small = static_cast<char>(c | 0x20);
-  return small >= 'a' && small <= 'f' ? small - 'a' + 10 : -1;
+  const char letter = static_cast<char>(c | 0x20);
+  return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
 }
 
 std::string unescaped(std::string_view text) {
@@ -63,6 +67,80 @@ std::string path_of_file_address(std::string_view address) {
   return drive ? path.substr(1) : path;
 }
 
+bool is_separator(char c) {
+  return c == '/' || c == '\\';
+}
+
+bool has_control(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x20 || byte == 0x7f;
+  });
+}
+
+// The path of a local address, as it goes to the system.
+std::string local_path(std::string_view address) {
+  address = trimmed(address);
+  return scheme_of(address) == "file" ? path_of_file_address(address) : std::string(address);
+}
+
+// "con", "Con.mp3", "nul .txt", "COM1": Windows opens the device, in whatever folder the name stands.
+bool is_device_name(std::string_view name) {
+  name = name.substr(0, name.find_first_of(".:"));
+  name = name.substr(0, name.find_last_not_of(' ') + 1);
+  std::string folded;
+  for (const char c : name)
+    folded += small(c);
+  constexpr std::array<std::string_view, 7> devices = {"con", "prn", "aux", "nul", "conin$", "conout$", "clock$"};
+  if (std::find(devices.begin(), devices.end(), folded) != devices.end())
+    return true;
+  if (!folded.starts_with("com") && !folded.starts_with("lpt"))
+    return false;
+  // Also the raised digits count.
+  constexpr std::array<std::string_view, 13> numbers = {"0", "1", "2", "3",        "4",        "5",       "6",
+                                                        "7", "8", "9", "\xc2\xb9", "\xc2\xb2", "\xc2\xb3"};
+  return std::find(numbers.begin(), numbers.end(), folded.substr(3)) != numbers.end();
+}
+
+bool has_device_name(std::string_view path) {
+  while (!path.empty()) {
+    const std::size_t end = path.find_first_of("/\\");
+    if (is_device_name(path.substr(0, end)))
+      return true;
+    path.remove_prefix(end == std::string_view::npos ? path.size() : end + 1);
+  }
+  return false;
+}
+
+// A file on a drive of this machine: "C:\\x", or "\\x" on the current one. Two separators at the start are a share or a
+// device, a question mark may lead into the system's own names ("\\??\\"), a second colon to another stream of the
+// file.
+bool is_plain_path(std::string_view path) {
+  if (path.empty() || has_control(path) || path.find_first_of("\"*<>?|") != std::string_view::npos)
+    return false;
+  const bool drive = path.size() > 2 && std::isalpha(static_cast<unsigned char>(path[0])) != 0 &&
+                     static_cast<unsigned char>(path[0]) < 128 && path[1] == ':';
+  if (drive)
+    path.remove_prefix(2);
+  if (!is_separator(path[0]) || (!drive && path.size() > 1 && is_separator(path[1])))
+    return false;
+  return path.find(':') == std::string_view::npos && !has_device_name(path);
+}
+
+// "//host/share/" in small letters; empty for a path that is on no share.
+std::string share_of(std::string_view path) {
+  std::string folded;
+  for (const char c : path)
+    folded += is_separator(c) ? '/' : small(c);
+  if (!folded.starts_with("//") || folded.find_first_of("?*:\"<>|") != std::string::npos || has_control(folded))
+    return {};
+  const std::size_t host_end = folded.find('/', 2);
+  const std::size_t share_end = host_end == std::string::npos ? host_end : folded.find('/', host_end + 1);
+  if (share_end == std::string::npos || host_end == 2 || share_end == host_end + 1 || folded[2] == '.')
+    return {};
+  return folded.substr(0, share_end + 1);
+}
+
 bool is_network(const std::string& scheme) {
   constexpr std::array<std::string_view, 8> known = {"http", "https", "mms", "mmsh", "mmst", "rtsp", "rtp", "udp"};
   return std::find(known.begin(), known.end(), scheme) != known.end();
@@ -74,10 +152,36 @@ AddressKind address_kind(std::string_view address) {
   address = trimmed(address);
   if (address.empty())
     return AddressKind::none;
+  if (address.size() > max_address_bytes || has_control(address))
+    return AddressKind::unsupported;
   const std::string scheme = scheme_of(address);
   if (scheme.empty() || scheme == "file")
     return AddressKind::local;
   return is_network(scheme) ? AddressKind::network : AddressKind::unsupported;
+}
+
+bool may_open(std::string_view address, platform::AddressOrigin origin) {
+  const AddressKind kind = address_kind(address);
+  if (kind != AddressKind::local && kind != AddressKind::network)
+    return false;
+  if (origin == platform::AddressOrigin::listener)
+    return true;
+  if (kind == AddressKind::local)
+    return origin == platform::AddressOrigin::message && is_plain_path(local_path(address));
+  // These open ports of this machine.
+  const std::string scheme = scheme_of(trimmed(address));
+  return scheme != "rtsp" && scheme != "rtp" && scheme != "udp";
+}
+
+platform::AddressOrigin origin_of_entry(std::string_view list, platform::AddressOrigin list_origin,
+                                        std::string_view entry) {
+  if (address_kind(list) != AddressKind::local || list_origin == platform::AddressOrigin::station)
+    return platform::AddressOrigin::station;
+  if (list_origin == platform::AddressOrigin::message || address_kind(entry) != AddressKind::local)
+    return platform::AddressOrigin::message;
+  const std::string share = share_of(local_path(list));
+  return !share.empty() && share == share_of(local_path(entry)) ? platform::AddressOrigin::listener
+                                                                : platform::AddressOrigin::message;
 }
 
 std::vector<std::string> openable_addresses(std::string_view address) {
@@ -86,7 +190,7 @@ std::vector<std::string> openable_addresses(std::string_view address) {
   const std::string_view rest = address.substr(scheme.size());
   switch (address_kind(address)) {
   case AddressKind::local:
-    return {"file:" + (scheme == "file" ? path_of_file_address(address) : std::string(address))};
+    return {"file:" + local_path(address)};
   case AddressKind::network:
     if (scheme == "mms")
       return {"mmsh" + std::string(rest), "mmst" + std::string(rest)};

@@ -22,6 +22,133 @@ TEST(Address, HasAKind) {
     EXPECT_EQ(address_kind(each), AddressKind::unsupported) << each;
 }
 
+using Origin = platform::AddressOrigin;
+
+TEST(Address, OfWhatIsNoAddressIsUnsupported) {
+  EXPECT_EQ(address_kind("http://a/" + std::string(max_address_bytes, 'x')), AddressKind::unsupported);
+  EXPECT_EQ(address_kind(std::string(max_address_bytes, 'x')), AddressKind::local);
+  for (const char* each : {"http://a/x\r\nHost: b", "http://a/\x01", "C:\\a\tb", "\v\\\\host\\share"})
+    EXPECT_EQ(address_kind(each), AddressKind::unsupported) << each;
+}
+
+TEST(Reach, OfAStationIsTheNetwork) {
+  for (const char* each : {"http://a/", "HTTPS://a/", "mms://a/", "mmsh://a/", "mmst://a/", " \"http://a/\" "})
+    EXPECT_TRUE(may_open(each, Origin::station)) << each;
+  for (const char* each :
+       {"", "C:\\x.mp3", "x.mp3", "/x", "file:///C:/x", "FILE:x", "\\\\host\\share\\x", "//host/share/x", "rtsp://a/",
+        "rtp://a/", "udp://239.0.0.1:1", "data:audio/wav,x", "concat:http://a/|C:\\x", "crypto+http://a/", "pipe:0",
+        "subfile,,start,0,end,1,,:x", "http,x:C:/x"})
+    EXPECT_FALSE(may_open(each, Origin::station)) << each;
+}
+
+TEST(Reach, OfAMessageIsAlsoTheDrives) {
+  for (const char* each : {"http://a/", "mms://a/", "C:\\a b\\x.mp3", "c:/x", "file:///C:/a%20b/x.mp3", "file:C:\\x",
+                           "FILE://localhost/D:/x", "\"C:\\x.mp3\"", "/home/x", "file:///home/x", "C:\\Písně\\ř.mp3",
+                           "C:\\concert\\comet.mp3", "C:\\com10\\lpt.mp3", "C:\\a\\\\b", "C:\\100%25.mp3"})
+    EXPECT_TRUE(may_open(each, Origin::message)) << each;
+  for (const char* each : {"rtsp://a/", "udp://a/", "pipe:0", "", "x.mp3", "..\\x.mp3", "C:", "C:x.mp3", "file:x.mp3"})
+    EXPECT_FALSE(may_open(each, Origin::message)) << each;
+}
+
+TEST(Reach, OfAMessageIsNoShare) {
+  for (const char* each : {"\\\\host\\share\\x",
+                           "//host/share/x",
+                           "\\/host/share",
+                           "/\\host\\share",
+                           "  \\\\host\\share",
+                           "\"\\\\host\\share\"",
+                           "\" \t\"\\\\host\\share",
+                           "file:\\\\host\\share",
+                           "file://host/share/x",
+                           "FILE://HOST/share",
+                           "file:////host/share",
+                           "file://///host/share",
+                           "file:/\\host\\share",
+                           "file:///\\host\\share",
+                           "file:///%5C%5Chost%5Cshare",
+                           "file:%5C%5Chost%5Cshare",
+                           "file:%2F%2Fhost%2Fshare",
+                           "file:///%2Fhost/share",
+                           "file:%5c/host/share",
+                           "file://localhost//host/share",
+                           "file://localhost/\\host\\share",
+                           "file://localhost/%5chost",
+                           "file://C:/x",
+                           "\\\\?\\C:\\x",
+                           "\\\\?\\UNC\\host\\share",
+                           "\\\\.\\C:\\x",
+                           "\\\\.\\pipe\\x",
+                           "//./pipe/x",
+                           "//?/C:/x",
+                           "\\??\\UNC\\host\\share",
+                           "\\??\\C:\\x",
+                           "/?\?/C:/x",
+                           "file:///%3F%3F/C:/x",
+                           "file:/%3f%3f/UNC/host/x",
+                           "file:///%5C%5C.%5CC:%5Cx",
+                           "\xc2\xa0\\\\host\\share"}) {
+    EXPECT_FALSE(may_open(each, Origin::message)) << each;
+  }
+}
+
+TEST(Reach, OfAMessageIsNoDevice) {
+  for (const char* each : {"C:\\con",
+                           "C:\\x\\NUL",
+                           "C:\\x\\nul.mp3",
+                           "C:\\aux\\x.mp3",
+                           "C:\\com1",
+                           "C:\\COM9.txt",
+                           "C:\\lpt1 .x",
+                           "C:\\prn. ",
+                           "C:\\x\\CONIN$",
+                           "C:/conout$",
+                           "C:\\com\xc2\xb9",
+                           "C:\\con:",
+                           "C:\\x.mp3:hidden",
+                           "C:\\x.mp3::$DATA",
+                           "file:///C:/%63on",
+                           "file:///C:/com%31",
+                           "C:\\x?",
+                           "C:\\*",
+                           "C:\\x|y",
+                           "/con",
+                           "\\nul",
+                           "C:\\com0"})
+    EXPECT_FALSE(may_open(each, Origin::message)) << each;
+}
+
+TEST(Reach, OfTheListenerIsHisOwn) {
+  for (const char* each : {"\\\\nas\\music\\x.mp3", "x.mp3", "C:\\x", "file://nas/music/x", "rtsp://a/", "http://a/"})
+    EXPECT_TRUE(may_open(each, Origin::listener)) << each;
+  for (const char* each : {"concat:a|b", "data:x", "pipe:0", "ftp://a/", ""})
+    EXPECT_FALSE(may_open(each, Origin::listener)) << each;
+}
+
+// Whoever opens a list has chosen the list, not what is in it.
+TEST(Reach, OfAListsEntryIsNoLargerThanItsLists) {
+  EXPECT_EQ(origin_of_entry("http://a/l.m3u", Origin::listener, "http://a/x"), Origin::station);
+  EXPECT_EQ(origin_of_entry("http://a/l.m3u", Origin::listener, "C:\\x"), Origin::station);
+  EXPECT_EQ(origin_of_entry("http://a/l.m3u", Origin::message, "C:\\x"), Origin::station);
+  EXPECT_EQ(origin_of_entry("C:\\l.m3u", Origin::station, "C:\\x"), Origin::station);
+  EXPECT_EQ(origin_of_entry("C:\\l.m3u", Origin::message, "C:\\x"), Origin::message);
+  EXPECT_EQ(origin_of_entry("C:\\l.m3u", Origin::listener, "C:\\x"), Origin::message);
+  EXPECT_EQ(origin_of_entry("C:\\l.m3u", Origin::listener, "\\\\host\\share\\x"), Origin::message);
+  EXPECT_EQ(origin_of_entry("\\\\nas\\music\\l.m3u", Origin::message, "\\\\nas\\music\\x"), Origin::message);
+}
+
+TEST(Reach, OfAListOnAShareIsThatShare) {
+  const auto origin = [](const char* entry) {
+    return origin_of_entry("\\\\NAS\\music\\lists\\l.m3u", Origin::listener, entry);
+  };
+  for (const char* each : {"\\\\nas\\Music\\x.mp3", "//nas/music/x", "file://nas/music/x"})
+    EXPECT_EQ(origin(each), Origin::listener) << each;
+  for (const char* each : {"\\\\evil\\music\\x", "\\\\nas\\other\\x", "\\\\nas", "\\\\nas\\music",
+                           "\\\\nas.evil\\music\\x", "C:\\x", "http://nas/music/x", "\\\\?\\UNC\\nas\\music\\x"})
+    EXPECT_EQ(origin(each), Origin::message) << each;
+  EXPECT_EQ(origin_of_entry("\\\\.\\x\\l.m3u", Origin::listener, "\\\\.\\x\\y"), Origin::message);
+  EXPECT_EQ(origin_of_entry("\\\\?\\x\\l.m3u", Origin::listener, "\\\\?\\x\\y"), Origin::message);
+}
+
 TEST(Address, OfMmsIsTriedInTwoWays) {
   EXPECT_EQ(openable_addresses("mms://a:80/x?y"), (Addresses{"mmsh://a:80/x?y", "mmst://a:80/x?y"}));
   EXPECT_EQ(openable_addresses("MMS://a/"), (Addresses{"mmsh://a/", "mmst://a/"}));
