@@ -20,10 +20,17 @@ public:
   // Before each opening: false when there were too many, the time is over, or this very address was opened before,
   // which is how lists that name each other run in circles.
   [[nodiscard]] bool take(const std::string& address, Clock::time_point now = Clock::now()) {
-    if (openings_ >= max_openings || now >= deadline_ || !opened_.insert(address).second)
+    if (over(now) || !opened_.insert(address).second)
       return false;
     ++openings_;
     return true;
+  }
+  // Whether `take` would be true; takes nothing.
+  [[nodiscard]] bool allows(const std::string& address, Clock::time_point now = Clock::now()) const {
+    return !over(now) && !opened_.contains(address);
+  }
+  [[nodiscard]] bool over(Clock::time_point now = Clock::now()) const {
+    return openings_ >= max_openings || now >= deadline_;
   }
   [[nodiscard]] Clock::time_point deadline() const { return deadline_; }
 

@@ -123,9 +123,11 @@ TEST_F(Engine, ComesBackWhenTheStationSendsNothingAnyMore) {
 }
 
 TEST_F(Engine, CountsDownAndStopWinsWhileItWaits) {
-  options.retry_scale = 10; // five seconds
+  options.retry_scale = 20; // four seconds at least
   play(radio.url("/nothing"));
-  ASSERT_TRUE(until_said(L"další pokus za 3 s")) << told();
+  ASSERT_TRUE(until_said(L"další pokus za ")) << told();
+  const auto first = texts.back();
+  ASSERT_TRUE(until([&, this] { return texts.back() != first && says(L"další pokus za "); })) << told();
   player().stop();
   ASSERT_TRUE(until([this] { return player().status() == L"Zastaveno"; }, 200)) << told();
   const int hits = radio.hits("/nothing");

@@ -6,6 +6,9 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <cstddef>
+#include <numeric>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -22,24 +25,47 @@ std::vector<std::uint32_t> delays(RetryPolicy& retry, int count, double random) 
 }
 
 TEST(Retry, WaitsLongerEachTimeAndNeverGivesUp) {
-  RetryPolicy retry;
-  EXPECT_EQ(delays(retry, 8, 0.5), (std::vector<std::uint32_t>{500, 1000, 2000, 4000, 8000, 15000, 15000, 15000}));
+  RetryPolicy shortest;
+  EXPECT_EQ(delays(shortest, 6, 0.0), (std::vector<std::uint32_t>{200, 1000, 3000, 5000, 5000, 5000}));
+  RetryPolicy longest;
+  EXPECT_EQ(delays(longest, 6, 1.0), (std::vector<std::uint32_t>{2000, 5000, 10000, 15000, 15000, 15000}));
 }
 
-TEST(Retry, VariesByAFifth) {
-  RetryPolicy low;
-  RetryPolicy high;
-  EXPECT_EQ(delays(low, 2, 0.0), (std::vector<std::uint32_t>{400, 800}));
-  EXPECT_EQ(delays(high, 2, 1.0), (std::vector<std::uint32_t>{600, 1200}));
+// A station drops a hundred thousand listeners in one moment and stays away: the largest share of them that comes in
+// any one second, counted by tenths of a second.
+TEST(Retry, SpreadsACrowd) {
+  constexpr int crowd = 100000;
+  constexpr std::size_t minute = 600;
+  std::vector<int> arrivals(minute);
+  std::minstd_rand chance(1);
+  std::uniform_real_distribution<double> random(0.0, 1.0);
+  for (int i = 0; i < crowd; ++i) {
+    RetryPolicy retry;
+    for (std::size_t tenth = 0, ms = 0; tenth < minute; tenth = ms / 100) {
+      ++arrivals[tenth];
+      ms += retry.next_delay_ms(random(chance));
+    }
+  }
+  arrivals[0] -= crowd; // the drop itself
+  const auto largest_share = [&](std::size_t from_s, std::size_t to_s) {
+    int largest = 0;
+    for (std::size_t at = from_s * 10; at + 10 <= to_s * 10; ++at)
+      largest = std::max(largest, std::accumulate(&arrivals[at], &arrivals[at] + 10, 0));
+    return static_cast<double>(largest) / crowd;
+  };
+  EXPECT_LT(largest_share(0, 60), 0.65); // who is alone is back in two seconds
+  EXPECT_LT(largest_share(2, 60), 0.28);
+  EXPECT_LT(largest_share(10, 60), 0.15);
+  EXPECT_GT(largest_share(50, 60), 0.09); // nobody gives up
 }
 
 TEST(Retry, BeginsAnewAfterAStationThatPlayedWell) {
   RetryPolicy retry;
   (void)delays(retry, 6, 0.5);
   retry.heard(4999); // one that lets nobody stay is not asked every half second
-  EXPECT_EQ(retry.next_delay_ms(0.5), 15000U);
+  EXPECT_EQ(retry.next_delay_ms(1.0), 15000U);
   retry.heard(5000);
-  EXPECT_EQ(retry.next_delay_ms(0.5), 500U);
+  EXPECT_EQ(retry.next_delay_ms(1.0), 2000U);
 }
 
 struct Day {
@@ -82,7 +108,9 @@ TEST(Drift, LeavesAStreamThatFitsAlone) {
 TEST(OpenBudget, OpensNoAddressTwice) {
   OpenBudget budget;
   EXPECT_TRUE(budget.take("http://a/1"));
+  EXPECT_FALSE(budget.allows("http://a/1"));
   EXPECT_FALSE(budget.take("http://a/1"));
+  EXPECT_TRUE(budget.allows("http://a/2"));
   EXPECT_TRUE(budget.take("http://a/2"));
 }
 
@@ -90,6 +118,7 @@ TEST(OpenBudget, EndsAfterFortyOpenings) {
   OpenBudget budget;
   for (int i = 0; i < OpenBudget::max_openings; ++i)
     EXPECT_TRUE(budget.take(std::to_string(i))) << i;
+  EXPECT_TRUE(budget.over());
   EXPECT_FALSE(budget.take("one more"));
 }
 
