@@ -70,8 +70,9 @@ void StatusDisplay::show_name() {
 
 void StatusDisplay::copy_status() {
   const std::wstring status = uses_.player.status();
+  const std::wstring warning = uses_.player.warning();
   uses_.form.InfoStatus.set_text(status);
-  uses_.form.InfoStatus.set_tooltip(status);
+  uses_.form.InfoStatus.set_tooltip(warning.empty() || warning == status ? status : status + L" - " + warning);
 }
 
 // The name follows a change of station at once; everything else waits for the tick.

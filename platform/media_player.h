@@ -54,6 +54,10 @@ public:
   // ("MP3 128 kbps 44,1 kHz"), padded; from 55 the title, or the state where there is no title.
   [[nodiscard]] virtual std::wstring Status1() const = 0;
 
+  // What the listener is to know of the station for as long as it plays, Czech ("Neověřený server": its certificate is
+  // bad), or empty. It changes with the status only.
+  [[nodiscard]] virtual std::wstring warning() const = 0;
+
   // Milliseconds of the stream heard since `play`, outages left out; 0 while none was heard or when stopped.
   [[nodiscard]] virtual std::uint64_t played_ms() const = 0;
 

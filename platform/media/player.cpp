@@ -87,6 +87,7 @@ public:
 
   [[nodiscard]] std::wstring status() const override { return status_text(now()); }
   [[nodiscard]] std::wstring Status1() const override { return status_columns(now()); }
+  [[nodiscard]] std::wstring warning() const override { return warning_text(now()); }
   [[nodiscard]] std::uint64_t played_ms() const override {
     return wanted_ && engine_ != nullptr ? engine_->mixer.heard_ms(stream_) : 0;
   }

@@ -26,10 +26,21 @@ std::wstring trouble_text(const StreamStatus& status) {
     return L"Přehrávání skončilo";
   case Trouble::no_device:
     return L"Zvukové zařízení není k dispozici";
+  case Trouble::internal:
+    return L"Přehrávání selhalo";
   case Trouble::none:
     break;
   }
   return {};
+}
+
+bool plays(const StreamStatus& status) {
+  return status.phase == Phase::playing && status.trouble == Trouble::none;
+}
+
+// Whether the warning stands in the place of the state.
+bool announces(const StreamStatus& status) {
+  return status.unverified && (status.phase == Phase::buffering || (plays(status) && status.announces));
 }
 
 // Cut or padded with blanks to exactly that many characters.
@@ -52,7 +63,14 @@ std::wstring kilohertz(int hertz) {
 
 } // namespace
 
+std::wstring warning_text(const StreamStatus& status) {
+  return status.unverified && (status.phase == Phase::buffering || status.phase == Phase::playing) ? L"Neověřený server"
+                                                                                                   : L"";
+}
+
 std::wstring state_text(const StreamStatus& status) {
+  if (announces(status))
+    return warning_text(status);
   const std::wstring trouble = trouble_text(status);
   switch (status.phase) {
   case Phase::stopped:
@@ -83,7 +101,7 @@ std::wstring quality_text(const StreamStatus& status) {
 
 std::wstring status_text(const StreamStatus& status) {
   std::wstring text = state_text(status);
-  if (status.phase != Phase::playing || status.trouble != Trouble::none)
+  if (!plays(status) || announces(status))
     return text;
   if (!status.title.empty())
     text += L": " + status.title;
@@ -95,11 +113,11 @@ std::wstring status_text(const StreamStatus& status) {
 std::wstring status_columns(const StreamStatus& status) {
   constexpr std::size_t state_width = 32;
   constexpr std::size_t quality_width = 22;
-  const bool plays = status.phase == Phase::playing && status.trouble == Trouble::none;
   const std::wstring state = state_text(status);
   // While no sound flows, why it does not is worth more than the title of what was heard.
-  const std::wstring& last = plays && !status.title.empty() ? status.title : state;
-  return column(state, state_width) + column(plays ? quality_text(status) : std::wstring(), quality_width) + last;
+  const bool named = plays(status) && !announces(status) && !status.title.empty();
+  return column(state, state_width) + column(plays(status) ? quality_text(status) : std::wstring(), quality_width) +
+         (named ? status.title : state);
 }
 
 } // namespace lumotune::media

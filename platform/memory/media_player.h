@@ -36,11 +36,13 @@ public:
   void system_resumed() override { calls.emplace_back(L"resumed"); }
   [[nodiscard]] std::wstring status() const override { return status_text; }
   [[nodiscard]] std::wstring Status1() const override { return status_columns; }
+  [[nodiscard]] std::wstring warning() const override { return warning_text; }
   [[nodiscard]] std::uint64_t played_ms() const override { return played; }
 
   std::vector<std::wstring> calls;
   std::wstring status_text;
   std::wstring status_columns;
+  std::wstring warning_text;
   std::uint64_t played = 0;
 
 private:

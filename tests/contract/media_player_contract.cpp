@@ -50,6 +50,14 @@ TEST_F(MediaPlayerContract, WhereNothingWasHeardNothingIsCounted) {
   EXPECT_EQ(player->played_ms(), 0U);
 }
 
+TEST_F(MediaPlayerContract, WarnsOfNothingThatDoesNotPlay) {
+  EXPECT_EQ(player->warning(), L"");
+  player->set_url(nobody, AddressOrigin::station);
+  player->play();
+  b.pass(20);
+  EXPECT_EQ(player->warning(), L"");
+}
+
 TEST_F(MediaPlayerContract, TellsNothingFromInsideACall) {
   bool inside = true;
   int told_inside = 0;

@@ -94,6 +94,23 @@ TEST_F(StatusDisplayTest, NotificationsCopyTheFullStatus) {
   EXPECT_EQ(w.form.InfoStatus.text(), L"Zastaveno");
 }
 
+TEST_F(StatusDisplayTest, TheToolTipWarnsForAsLongAsItPlays) {
+  w.player.warning_text = L"Neověřený server";
+  w.player.status_text = L"Neověřený server";
+  w.status.PlayStateChange(6);
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Neověřený server");
+  w.player.status_text = L"Přehrávání: Umělec - Píseň";
+  w.status.StatusChange();
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Přehrávání: Umělec - Píseň");
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Přehrávání: Umělec - Píseň - Neověřený server");
+  w.status.tick(); // which shows the columns
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Přehrávání: Umělec - Píseň - Neověřený server");
+  w.player.warning_text.clear();
+  w.player.status_text = L"Zastaveno";
+  w.status.StatusChange();
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Zastaveno");
+}
+
 TEST(ElapsedText, CountsHoursOnlyWhenThereAreAny) {
   EXPECT_EQ(core::elapsed_text(0), L"");
   EXPECT_EQ(core::elapsed_text(1), L"0:00");

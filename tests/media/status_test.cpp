@@ -64,9 +64,33 @@ TEST(StatusText, SaysWhyNothingPlaysAndWhenItIsTriedAgain) {
   EXPECT_EQ(stopped(Trouble::no_address), L"Není zadána adresa stanice");
   EXPECT_EQ(stopped(Trouble::unsupported_address), L"Neznámý druh adresy");
   EXPECT_EQ(stopped(Trouble::ended), L"Přehrávání skončilo");
+  EXPECT_EQ(waiting(Trouble::internal, 3), L"Přehrávání selhalo, další pokus za 3 s");
   StreamStatus status = playing();
   status.trouble = Trouble::no_device;
   EXPECT_EQ(status_text(status), L"Zvukové zařízení není k dispozici");
+}
+
+TEST(StatusText, SaysFirstThatAServerIsNotWhoItClaimsToBe) {
+  StreamStatus status = playing();
+  EXPECT_EQ(warning_text(status), L"");
+  status.unverified = true;
+  EXPECT_EQ(warning_text(status), L"Neověřený server");
+  EXPECT_EQ(status_text(status), L"Přehrávání: Umělec - Píseň (128 kbps)");
+  status.announces = true;
+  EXPECT_EQ(status_text(status), L"Neověřený server");
+  EXPECT_EQ(status_columns(status), L"Neověřený server                MP3 128 kbps 44,1 kHz Neověřený server");
+  status.phase = Phase::buffering;
+  status.announces = false;
+  EXPECT_EQ(status_text(status), L"Neověřený server");
+  // What keeps it from playing is worth more.
+  status.phase = Phase::playing;
+  status.announces = true;
+  status.trouble = Trouble::no_device;
+  EXPECT_EQ(status_text(status), L"Zvukové zařízení není k dispozici");
+  for (const Phase phase : {Phase::stopped, Phase::connecting, Phase::waiting}) {
+    status.phase = phase;
+    EXPECT_EQ(warning_text(status), L"");
+  }
 }
 
 TEST(StatusText, HasADecimalComma) {
