@@ -11,6 +11,8 @@ namespace lumotune::media {
 namespace {
 
 constexpr std::size_t max_characters = 500;
+// Of what a server sends: room for the longest reference a character, and for blanks that count as one.
+constexpr std::size_t max_bytes = 16 * 1024;
 
 // After the closing "';" comes the end (padded with zero bytes) or another key with its "='".
 bool closes(std::string_view after) {
@@ -58,12 +60,12 @@ char32_t referenced(std::wstring_view name) {
 std::wstring resolve_references(const std::wstring& text) {
   std::wstring resolved;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const std::size_t end = text[i] == L'&' ? text.find(L';', i) : std::wstring::npos;
-    const char32_t character =
-        end == std::wstring::npos || end - i > 10 ? 0 : referenced(std::wstring_view(text).substr(i + 1, end - i - 1));
+    const std::wstring_view ahead = std::wstring_view(text).substr(i, 11); // the longest there is
+    const std::size_t end = text[i] == L'&' ? ahead.find(L';') : std::wstring_view::npos;
+    const char32_t character = end == std::wstring_view::npos ? 0 : referenced(ahead.substr(1, end - 1));
     if (character != 0) {
       append_character(resolved, character);
-      i = end;
+      i += end;
     } else {
       resolved += text[i];
     }
@@ -71,10 +73,29 @@ std::wstring resolve_references(const std::wstring& text) {
   return resolved;
 }
 
+// At most so many bytes, and no half of a UTF-8 character at the end.
+std::string_view cut(std::string_view bytes) {
+  if (bytes.size() <= max_bytes)
+    return bytes;
+  std::size_t end = max_bytes;
+  while (end > max_bytes - 3 && (static_cast<unsigned char>(bytes[end]) & 0xc0) == 0x80)
+    --end;
+  return bytes.substr(0, end);
+}
+
 bool is_control(wchar_t c) {
   const auto code = static_cast<char32_t>(c);
   return code < 0x20 || (code >= 0x7f && code < 0xa0) || code == 0x2028 || code == 0x2029 ||
          (code >= 0x202a && code <= 0x202e) || (code >= 0x2066 && code <= 0x2069);
+}
+
+// Never between the halves of a pair.
+void shorten(std::wstring& text) {
+  if (text.size() <= max_characters)
+    return;
+  const auto last = static_cast<char32_t>(text[max_characters - 1]) & 0xffff;
+  const bool split = sizeof(wchar_t) == 2 && last >= 0xd800 && last < 0xdc00;
+  text.resize(split ? max_characters - 1 : max_characters);
 }
 
 } // namespace
@@ -93,6 +114,7 @@ std::optional<std::string> icy_stream_title(std::string_view block) {
 }
 
 std::wstring readable_text(std::string_view bytes) {
+  bytes = cut(bytes);
   const auto unicode = from_utf8(bytes);
   const std::wstring text = resolve_references(unicode ? *unicode : platform::decode_1250(bytes));
   std::wstring readable;
@@ -102,9 +124,10 @@ std::wstring readable_text(std::string_view bytes) {
       readable += c;
     else if (!readable.empty() && readable.back() != L' ')
       readable += L' ';
-    if (readable.size() >= max_characters)
+    if (readable.size() > max_characters)
       break;
   }
+  shorten(readable);
   while (!readable.empty() && readable.back() == L' ')
     readable.pop_back();
   return readable;

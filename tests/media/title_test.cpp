@@ -74,6 +74,15 @@ TEST(ReadableText, TurnsControlCharactersAndRunsOfBlanksToOneBlank) {
 
 TEST(ReadableText, HasAnEnd) {
   EXPECT_EQ(readable_text(std::string(100000, 'x')).size(), 500U);
+  // Tens of megabytes of what looks like the start of a reference take no time.
+  EXPECT_EQ(readable_text(std::string(50000000, '&')).size(), 500U);
+  // Where the cut falls into a character, what is left is UTF-8 all the same.
+  for (const char* start : {"", "x", "xx"}) {
+    std::string long_text = start;
+    while (long_text.size() < 60000)
+      long_text += "\xe2\x99\xab          "; // a note, and blanks that count as one
+    EXPECT_EQ(readable_text(long_text).find(L'â'), std::wstring::npos);
+  }
 }
 
 TEST(Wide, GoesToUtf8AndBack) {
