@@ -21,15 +21,15 @@ public:
       cubeb_destroy(context_);
   }
 
-  [[nodiscard]] bool open(Mixer& mixer, int latency_ms, bool may_set_rate) override {
-    if (cubeb_init(&context_, "Lumotune", nullptr) != CUBEB_OK) {
-      context_ = nullptr;
-      return false;
-    }
+  [[nodiscard]] int preferred_rate() override {
     std::uint32_t preferred = 0;
-    if (may_set_rate && cubeb_get_preferred_sample_rate(context_, &preferred) == CUBEB_OK && preferred >= 8000 &&
-        preferred <= 192000)
-      mixer.set_rate(static_cast<int>(preferred));
+    const bool known = has_context() && cubeb_get_preferred_sample_rate(context_, &preferred) == CUBEB_OK;
+    return known && preferred >= 8000 && preferred <= 192000 ? static_cast<int>(preferred) : 0;
+  }
+
+  [[nodiscard]] bool open(Mixer& mixer, int latency_ms) override {
+    if (!has_context())
+      return false;
     cubeb_stream_params parameters{};
     parameters.format = CUBEB_SAMPLE_FLOAT32NE;
     parameters.rate = static_cast<std::uint32_t>(mixer.rate());
@@ -56,6 +56,11 @@ public:
   [[nodiscard]] bool failed() const override { return failed_.load(std::memory_order_acquire); }
 
 private:
+  [[nodiscard]] bool has_context() {
+    if (context_ == nullptr && cubeb_init(&context_, "Lumotune", nullptr) != CUBEB_OK)
+      context_ = nullptr;
+    return context_ != nullptr;
+  }
   static long render(cubeb_stream* /*stream*/, void* self, const void* /*input*/, void* out, long frames) {
     static_cast<CubebOutput*>(self)->mixer_->render(static_cast<float*>(out), static_cast<std::size_t>(frames));
     return frames;

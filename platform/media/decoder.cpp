@@ -1,11 +1,38 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/media/decoder.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace lumotune::media {
+namespace {
 
+bool is_rate(int rate) {
+  return rate >= Decoder::min_rate && rate <= Decoder::max_rate;
+}
+bool are_channels(int channels) {
+  return channels >= 1 && channels <= Decoder::max_channels;
+}
+
+// Where the samples from `offset` on lie; `planes` has room for every channel.
+void planes_at(const AVFrame& frame, int offset, std::array<const std::uint8_t*, Decoder::max_channels>& planes) {
+  const auto format = static_cast<AVSampleFormat>(frame.format);
+  const int channels = frame.ch_layout.nb_channels;
+  const bool planar = av_sample_fmt_is_planar(format) != 0;
+  const std::ptrdiff_t bytes =
+      static_cast<std::ptrdiff_t>(offset) * av_get_bytes_per_sample(format) * (planar ? 1 : channels);
+  for (int i = 0; i < (planar ? channels : 1); ++i)
+    planes[static_cast<std::size_t>(i)] = frame.extended_data[i] + bytes;
+}
+
+} // namespace
+
+// A rate or a number of channels that the headers leave open (0) is seen at the first frame.
 bool Decoder::open(const AVCodecParameters& parameters) {
+  if ((parameters.sample_rate != 0 && !is_rate(parameters.sample_rate)) ||
+      (parameters.ch_layout.nb_channels != 0 && !are_channels(parameters.ch_layout.nb_channels)))
+    return false;
   const AVCodec* codec = avcodec_find_decoder(parameters.codec_id);
   if (codec == nullptr)
     return false;
@@ -20,8 +47,6 @@ bool Decoder::match_resampler(const AVFrame& frame) {
   const int channels = frame.ch_layout.nb_channels;
   if (resampler_ != nullptr && frame.sample_rate == in_rate_ && frame.format == in_format_ && channels == in_channels_)
     return true;
-  if (frame.sample_rate <= 0 || channels <= 0)
-    return false;
   AVChannelLayout in{};
   if (frame.ch_layout.order == AV_CHANNEL_ORDER_UNSPEC)
     av_channel_layout_default(&in, channels);
@@ -44,35 +69,49 @@ bool Decoder::match_resampler(const AVFrame& frame) {
   return true;
 }
 
-void Decoder::receive(const Sink& sink) {
-  const Frame frame(av_frame_alloc());
-  while (frame != nullptr && avcodec_receive_frame(codec_.get(), frame.get()) >= 0) {
-    if (!match_resampler(*frame))
-      continue;
-    const int most = swr_get_out_samples(resampler_.get(), frame->nb_samples);
-    if (most <= 0)
-      continue;
+// In steps, so that no packet makes the buffer larger, and none keeps the worker from the next wish.
+bool Decoder::resample(const AVFrame& frame, const Sink& sink) {
+  std::array<const std::uint8_t*, max_channels> planes{};
+  for (int done = 0; done < frame.nb_samples;) {
+    const int taken = std::min(frame.nb_samples - done, step_samples);
+    const int most = swr_get_out_samples(resampler_.get(), taken);
+    if (most <= 0 || static_cast<std::size_t>(most) > max_step_frames)
+      return true; // nothing comes of it
     samples_.resize(static_cast<std::size_t>(most) * 2);
     auto* out = reinterpret_cast<std::uint8_t*>(samples_.data());
-    const int count = swr_convert(resampler_.get(), &out, most, const_cast<const std::uint8_t**>(frame->extended_data),
-                                  frame->nb_samples);
-    if (count > 0)
-      sink(samples_.data(), static_cast<std::size_t>(count));
-    torn_ = 0;
+    planes_at(frame, done, planes);
+    const int count = swr_convert(resampler_.get(), &out, most, planes.data(), taken);
+    if (count > 0 && !sink(samples_.data(), static_cast<std::size_t>(count)))
+      return false;
+    done += taken;
   }
+  return true;
+}
+
+bool Decoder::receive(const Sink& sink) {
+  const Frame frame(av_frame_alloc());
+  while (frame != nullptr && avcodec_receive_frame(codec_.get(), frame.get()) >= 0) {
+    if (!is_rate(frame->sample_rate) || !are_channels(frame->ch_layout.nb_channels))
+      return false;
+    if (!match_resampler(*frame))
+      continue;
+    torn_ = 0;
+    if (!resample(*frame, sink))
+      return true; // nobody wants the rest
+  }
+  return true;
 }
 
 bool Decoder::decode(const AVPacket& packet, const Sink& sink) {
   constexpr int too_many_torn = 500;
   ++torn_;
   (void)avcodec_send_packet(codec_.get(), &packet); // what it refuses gives no frame, which is counted
-  receive(sink);
-  return torn_ < too_many_torn;
+  return receive(sink) && torn_ < too_many_torn;
 }
 
 void Decoder::flush(const Sink& sink) {
   (void)avcodec_send_packet(codec_.get(), nullptr);
-  receive(sink);
+  (void)receive(sink); // the file ends either way
 }
 
 void Decoder::compensate(int thousandths) {

@@ -3,13 +3,17 @@
 
 #include "platform/media/com_apartment.h"
 
-#include <chrono>
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
 #include <utility>
 
 namespace lumotune::media {
 namespace {
 
 using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
 
 constexpr auto try_again_after = 2000ms;   // while there is no device
 constexpr auto look_after = 500ms;         // at a device that runs, whether it has failed
@@ -18,131 +22,240 @@ constexpr auto idle_close_after = 30000ms; // a device that nobody uses is given
 
 } // namespace
 
-Device::Device(Mixer& mixer, OutputFactory make_output, int latency_ms)
-    : mixer_(mixer), make_output_(std::move(make_output)), latency_ms_(latency_ms), thread_([this] { loop(); }) {}
+struct Device::State {
+  State(std::shared_ptr<Mixer> its_mixer, OutputFactory make, int latency)
+      : mixer(std::move(its_mixer)), make_output(std::move(make)), latency_ms(latency) {}
 
-Device::~Device() {
-  {
-    const std::lock_guard lock(mutex_);
-    ending_ = true;
+  std::shared_ptr<Mixer> mixer;
+  OutputFactory make_output;
+  int latency_ms;
+
+  std::mutex mutex;
+  std::condition_variable changed;
+  bool wanted = false;
+  bool flowing = false;
+  bool ending = false;
+  bool ended = false;
+  bool rate_settled = false;
+  bool consuming = false; // the mixer is being called, or may be at any moment
+  std::atomic<bool> missing = false;
+  std::atomic<Clock::rep> called_at = 0; // when the call of the sound system that runs now began; 0: none runs
+
+  // Of the device thread alone.
+  std::unique_ptr<AudioOutput> output;
+  bool started = false;
+
+  void loop();
+
+private:
+  // While a call of the sound system runs.
+  class Calling {
+  public:
+    explicit Calling(State& state) : state_(state) { state_.called_at = Clock::now().time_since_epoch().count(); }
+    Calling(const Calling&) = delete;
+    Calling& operator=(const Calling&) = delete;
+    ~Calling() { state_.called_at = 0; }
+
+  private:
+    State& state_;
+  };
+
+  void step(std::unique_lock<std::mutex>& lock);
+  void fade_out(std::unique_lock<std::mutex>& lock);
+  void open_if_needed();
+  void start_output(bool now_flowing);
+  void stop_output();
+  void drop_output();
+  void set_consuming(bool on) {
+    const std::lock_guard lock(mutex);
+    consuming = on;
   }
-  changed_.notify_all();
-  thread_.join();
+  void settle(int preferred_rate);
+};
+
+Device::Device(std::shared_ptr<Mixer> mixer, OutputFactory make_output, int latency_ms)
+    : state_(std::make_shared<State>(std::move(mixer), std::move(make_output), latency_ms)) {
+  std::thread([state = state_] {
+    {
+      const ComApartment apartment;
+      state->loop();
+    }
+    const std::lock_guard lock(state->mutex);
+    state->ended = true;
+    state->changed.notify_all();
+  }).detach();
 }
 
 void Device::run() {
-  {
-    const std::lock_guard lock(mutex_);
-    wanted_ = true;
-  }
-  changed_.notify_all();
+  const std::lock_guard lock(state_->mutex);
+  state_->wanted = true;
+  state_->changed.notify_all();
 }
 
 void Device::flow() {
-  {
-    const std::lock_guard lock(mutex_);
-    if (flowing_)
-      return;
-    flowing_ = true;
-  }
-  changed_.notify_all();
+  const std::lock_guard lock(state_->mutex);
+  if (std::exchange(state_->flowing, true))
+    return;
+  state_->changed.notify_all();
 }
 
 void Device::silence() {
-  {
-    const std::lock_guard lock(mutex_);
-    wanted_ = false;
-    flowing_ = false;
-  }
-  changed_.notify_all();
+  const std::lock_guard lock(state_->mutex);
+  state_->wanted = false;
+  state_->flowing = false;
+  state_->changed.notify_all();
 }
 
-void Device::wait_for_rate() {
-  std::unique_lock lock(mutex_);
-  changed_.wait_for(lock, 3s, [this] { return rate_settled_ || ending_; });
+void Device::end() {
+  const std::lock_guard lock(state_->mutex);
+  state_->ending = true;
+  state_->changed.notify_all();
 }
 
-void Device::open_if_needed() {
-  if (output_ != nullptr && output_->failed()) {
-    output_.reset();
-    started_ = false;
-    consuming_.store(false, std::memory_order_release);
-  }
-  if (output_ != nullptr)
+bool Device::wait_ended(std::chrono::milliseconds time) {
+  std::unique_lock lock(state_->mutex);
+  return state_->changed.wait_for(lock, time, [this] { return state_->ended; });
+}
+
+bool Device::while_unused(const std::function<void()>& work) {
+  const std::lock_guard lock(state_->mutex);
+  if (!state_->consuming)
+    work();
+  return !state_->consuming;
+}
+
+bool Device::hung() const {
+  const Clock::rep began = state_->called_at;
+  return began != 0 && Clock::now().time_since_epoch() - Clock::duration(began) > hung_after;
+}
+
+bool Device::missing() const {
+  return state_->missing.load(std::memory_order_acquire) || hung();
+}
+
+bool Device::wait_for_rate(std::chrono::milliseconds time) {
+  std::unique_lock lock(state_->mutex);
+  return state_->changed.wait_for(lock, time, [this] { return state_->rate_settled || state_->ending; });
+}
+
+void Device::settle_rate() {
+  const std::lock_guard lock(state_->mutex);
+  state_->rate_settled = true;
+}
+
+// From now on the ring holds samples of this rate; another device has to take them as they are.
+void Device::State::settle(int preferred_rate) {
+  const std::lock_guard lock(mutex);
+  if (!rate_settled && preferred_rate > 0)
+    mixer->set_rate(preferred_rate);
+  rate_settled = true;
+  changed.notify_all();
+}
+
+void Device::State::open_if_needed() {
+  if (output != nullptr && output->failed())
+    drop_output();
+  if (output != nullptr)
     return;
-  auto output = make_output_();
-  const bool opened = output != nullptr && output->open(mixer_, latency_ms_, !rate_fixed_);
+  const Calling calling(*this);
+  auto made = make_output();
+  settle(made == nullptr ? 0 : made->preferred_rate());
+  const bool opened = made != nullptr && made->open(*mixer, latency_ms);
   if (opened)
-    output_ = std::move(output);
-  missing_.store(!opened, std::memory_order_release);
-  // From now on the ring holds samples of this rate; another device has to take them as they are.
-  rate_fixed_ = true;
-  const std::lock_guard lock(mutex_);
-  rate_settled_ = true;
-  changed_.notify_all();
+    output = std::move(made);
+  missing.store(!opened, std::memory_order_release);
 }
 
-void Device::start_output(bool flowing) {
+void Device::State::start_output(bool now_flowing) {
   open_if_needed();
-  if (output_ == nullptr || !flowing)
+  if (output == nullptr || !now_flowing)
     return;
-  output_->set_volume(1.0F);
-  if (!started_) {
-    consuming_.store(true, std::memory_order_release);
-    started_ = output_->start();
-    if (!started_) {
-      output_.reset();
-      consuming_.store(false, std::memory_order_release);
-      missing_.store(true, std::memory_order_release);
-    }
+  const Calling calling(*this);
+  output->set_volume(1.0F);
+  if (started)
+    return;
+  set_consuming(true);
+  started = output->start();
+  if (started)
+    return;
+  drop_output();
+  missing.store(true, std::memory_order_release);
+}
+
+void Device::State::stop_output() {
+  const Calling calling(*this);
+  if (output != nullptr && started)
+    output->stop();
+  started = false;
+  set_consuming(false);
+}
+
+void Device::State::drop_output() {
+  const Calling calling(*this);
+  output.reset();
+  started = false;
+  set_consuming(false);
+}
+
+// Old sound must be gone before a new stream is let out.
+void Device::State::fade_out(std::unique_lock<std::mutex>& lock) {
+  lock.unlock();
+  {
+    const Calling calling(*this);
+    output->set_volume(0.0F);
+  }
+  lock.lock();
+  changed.wait_for(lock, keep_running_for, [this] { return ending; });
+  if (wanted || ending)
+    return;
+  lock.unlock();
+  stop_output();
+  lock.lock();
+}
+
+void Device::State::step(std::unique_lock<std::mutex>& lock) {
+  if (wanted) {
+    const bool now_flowing = flowing;
+    lock.unlock();
+    start_output(now_flowing);
+    lock.lock();
+    const auto pause = output == nullptr ? try_again_after : look_after;
+    changed.wait_for(lock, pause, [&] { return ending || !wanted || (flowing && !now_flowing && output != nullptr); });
+    return;
+  }
+  missing.store(false, std::memory_order_release);
+  if (output != nullptr && started)
+    return fade_out(lock);
+  const bool woken = changed.wait_for(lock, idle_close_after, [this] { return ending || wanted; });
+  if (!woken && output != nullptr) {
+    lock.unlock();
+    drop_output();
+    lock.lock();
   }
 }
 
-void Device::stop_output() {
-  if (output_ != nullptr && started_)
-    output_->stop();
-  started_ = false;
-  consuming_.store(false, std::memory_order_release);
-}
-
-void Device::loop() {
-  const ComApartment apartment;
-  std::unique_lock lock(mutex_);
-  while (!ending_) {
-    if (wanted_) {
-      const bool flowing = flowing_;
-      lock.unlock();
-      start_output(flowing);
-      lock.lock();
-      const auto pause = output_ == nullptr ? try_again_after : look_after;
-      changed_.wait_for(lock, pause,
-                        [&] { return ending_ || !wanted_ || (flowing_ && !flowing && output_ != nullptr); });
-      continue;
-    }
-    missing_.store(false, std::memory_order_release);
-    if (output_ != nullptr && started_) {
-      lock.unlock();
-      output_->set_volume(0.0F);
-      lock.lock();
-      // Old sound must be gone before a new stream is let out.
-      changed_.wait_for(lock, keep_running_for, [this] { return ending_; });
-      if (!wanted_ && !ending_) {
+// What is thrown here, for want of memory, is a device that is missing for now.
+void Device::State::loop() {
+  std::unique_lock lock(mutex);
+  while (!ending) {
+    try {
+      step(lock);
+    } catch (...) {
+      if (lock.owns_lock())
         lock.unlock();
-        stop_output();
-        lock.lock();
-      }
-      continue;
-    }
-    const bool woken = changed_.wait_for(lock, idle_close_after, [this] { return ending_ || wanted_; });
-    if (!woken && output_ != nullptr) {
-      lock.unlock();
-      output_.reset();
+      drop_output();
+      missing.store(true, std::memory_order_release);
+      settle(0);
       lock.lock();
+      changed.wait_for(lock, try_again_after, [this] { return ending; });
     }
   }
   lock.unlock();
-  stop_output();
-  output_.reset();
+  try {
+    stop_output();
+  } catch (...) { // it is closed next, whatever it says
+  }
+  drop_output();
 }
 
 } // namespace lumotune::media

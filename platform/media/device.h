@@ -4,61 +4,47 @@
 
 #include "platform/media/output.h"
 
-#include <atomic>
-#include <condition_variable>
+#include <chrono>
 #include <functional>
 #include <memory>
-#include <mutex>
-#include <thread>
 
 namespace lumotune::media {
 
 using OutputFactory = std::function<std::unique_ptr<AudioOutput>()>;
 
 // Opens the device when sound is wanted, starts and stops it, and makes it anew after it went away or where there was
-// none yet. Any thread calls the functions below; they return at once.
+// none yet. Any thread calls the functions below; but for the two that wait, they return at once, also while a call of
+// the sound system never does: the thread owns all it touches and is left behind then.
 class Device {
 public:
-  Device(Mixer& mixer, OutputFactory make_output, int latency_ms);
+  static constexpr std::chrono::milliseconds hung_after{3000};
+
+  // Throws std::system_error where no thread can be made.
+  Device(std::shared_ptr<Mixer> mixer, OutputFactory make_output, int latency_ms);
   Device(const Device&) = delete;
   Device& operator=(const Device&) = delete;
-  ~Device(); // waits for the device to be closed
+  ~Device() { end(); } // waits for nothing
 
   void run();     // sound is wanted: the device is opened
   void flow();    // there is sound now: it is started, with sound from its first moment
   void silence(); // and now it is not: what the device has taken already is muted, too
-  // Whether the mixer is being called, or may be at any moment.
-  [[nodiscard]] bool consuming() const { return consuming_.load(std::memory_order_acquire); }
-  // Sound is wanted, but no device is there.
-  [[nodiscard]] bool missing() const { return missing_.load(std::memory_order_acquire); }
-  // Whether the mixer's rate is settled: the device was opened, or found missing, once.
-  void wait_for_rate();
+  void end();     // the device is closed and the thread ends, as soon as the sound system lets it
+  [[nodiscard]] bool wait_ended(std::chrono::milliseconds time); // after `end`
+
+  // Runs `work` in the place of the sound callback, which does not run before it returns. False, and nothing is run,
+  // while the callback may be running.
+  bool while_unused(const std::function<void()>& work);
+  // A call of the sound system has not returned for `hung_after`.
+  [[nodiscard]] bool hung() const;
+  // Sound is wanted, but no device is there, or the one that is there does not answer.
+  [[nodiscard]] bool missing() const;
+  // Waits that long at most for the mixer's rate to be settled: the device was asked for it, or found missing, once.
+  [[nodiscard]] bool wait_for_rate(std::chrono::milliseconds time);
+  void settle_rate(); // it stays what it is from now on, whatever the device prefers
 
 private:
-  void loop();
-  void open_if_needed();
-  void start_output(bool flowing);
-  void stop_output();
-
-  Mixer& mixer_;
-  OutputFactory make_output_;
-  int latency_ms_;
-
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  bool wanted_ = false;
-  bool flowing_ = false;
-  bool ending_ = false;
-  bool rate_settled_ = false;
-  std::atomic<bool> missing_ = false;
-  std::atomic<bool> consuming_ = false;
-
-  // Of the device thread alone.
-  std::unique_ptr<AudioOutput> output_;
-  bool started_ = false;
-  bool rate_fixed_ = false;
-
-  std::thread thread_;
+  struct State;
+  std::shared_ptr<State> state_; // also the thread's
 };
 
 } // namespace lumotune::media

@@ -21,6 +21,8 @@ constexpr std::uint32_t start_level_ms = 200; // sound begins with that much
 constexpr std::uint32_t rebuffer_level_ms =
     1000; // and goes on with that much after it ran dry, twice as much next time
 constexpr std::uint32_t highest_level_ms = 4000;
+constexpr std::size_t max_titles = 32; // that wait for their moment, of the few seconds that the ring holds
+constexpr auto announce_for = 3000ms;  // what is to be known of a station stands before its title for that long
 
 std::uint32_t wanted_level_ms(std::uint32_t underruns) {
   if (underruns == 0)
@@ -32,8 +34,9 @@ std::uint32_t wanted_level_ms(std::uint32_t underruns) {
 
 // The ring is made for the highest usual rate, so that a device may choose its own.
 Engine::Engine(EngineOptions options, std::shared_ptr<Board> board)
-    : mixer(static_cast<std::size_t>(usual_rate) * ring_seconds, usual_rate),
-      device(mixer, options.make_output, options.latency_ms),
+    : sound(std::make_shared<Mixer>(static_cast<std::size_t>(usual_rate) * ring_seconds, usual_rate)),
+      mixer(*sound),
+      device(sound, options.make_output, options.latency_ms),
       options_(std::move(options)),
       board_(std::move(board)),
       random_(std::random_device{}()) {}
@@ -49,27 +52,56 @@ void Engine::start() {
   }).detach();
 }
 
+void Engine::leave() {
+  mixer.want(0);
+  device.end();
+  mailbox.close();
+}
+
 bool Engine::wait_ended(std::chrono::milliseconds time) {
+  const auto limit = std::chrono::steady_clock::now() + time;
   std::unique_lock lock(end_->mutex);
-  return end_->changed.wait_for(lock, time, [this] { return end_->reached; });
+  if (!end_->changed.wait_until(lock, limit, [this] { return end_->reached; }))
+    return false;
+  const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(limit - std::chrono::steady_clock::now());
+  return device.wait_ended(std::max(left, 0ms));
 }
 
 void Engine::work() {
   avformat_network_init();
-  while (true) {
-    wish_ = mailbox.take(wish_.stream);
-    if (mailbox.closed())
-      break;
-    mixer.let_flow(0);
-    mixer.ring.discard();
-    // Where nobody takes samples out, the old ones would fill the room for ever.
-    if (!device.consuming())
-      (void)mixer.ring.skip();
-    status_ = {};
-    if (wish_.playing)
-      play(wish_);
+  while (!mailbox.closed()) {
+    try {
+      serve_next_wish();
+    } catch (...) {
+      tell_failure();
+    }
   }
   mixer.let_flow(0);
+}
+
+// What nobody caught: the listener is told, and the next wish is served.
+void Engine::tell_failure() noexcept {
+  streaming_ = false;
+  mixer.let_flow(0);
+  try {
+    status_ = {};
+    status_.trouble = Trouble::internal;
+    report();
+  } catch (...) { // there is no memory for the telling either
+  }
+}
+
+void Engine::serve_next_wish() {
+  wish_ = mailbox.take(wish_.stream);
+  if (mailbox.closed())
+    return;
+  mixer.let_flow(0);
+  mixer.ring.discard();
+  // Where nobody takes samples out, the old ones would fill the room for ever.
+  (void)device.while_unused([this] { (void)mixer.ring.skip(); });
+  status_ = {};
+  if (wish_.playing)
+    play(wish_);
 }
 
 void Engine::report() {
@@ -80,15 +112,31 @@ std::uint32_t Engine::level_ms() const {
   return static_cast<std::uint32_t>(mixer.ring.level() * 1000 / static_cast<std::size_t>(std::max(mixer.rate(), 1)));
 }
 
+// A sound system that does not answer must keep nobody from the next wish, nor from hearing later what is decoded now.
+bool Engine::wait_for_rate() {
+  constexpr auto longest = 3000ms;
+  constexpr auto look_every = 20ms;
+  const auto limit = std::chrono::steady_clock::now() + longest;
+  while (!device.wait_for_rate(look_every)) {
+    if (superseded())
+      return false;
+    if (std::chrono::steady_clock::now() > limit)
+      break;
+  }
+  device.settle_rate();
+  return true;
+}
+
 // For as long as the listener wants it: there is no last try.
 void Engine::play(const Wish& wish) {
   retry_ = {};
-  device.wait_for_rate();
+  if (!wait_for_rate())
+    return;
   while (!superseded()) {
     status_ = {};
     status_.phase = Phase::connecting;
     report();
-    const Attempt result = attempt(wish.address, wish.origin, 0);
+    const Attempt result = try_once(wish);
     if (result.outcome == Outcome::cancelled || superseded())
       return;
     const bool hopeless = result.trouble == Trouble::no_address || result.trouble == Trouble::unsupported_address;
@@ -100,6 +148,18 @@ void Engine::play(const Wish& wish) {
     }
     if (!wait_and_count_down(result))
       return;
+  }
+}
+
+// No memory for a stream is a trouble of that stream.
+Engine::Attempt Engine::try_once(const Wish& wish) {
+  failed_inside_ = false;
+  try {
+    OpenBudget budget;
+    return attempt({wish.address, wish.origin, 0}, budget);
+  } catch (...) {
+    streaming_ = false;
+    return {Outcome::failed, Trouble::internal};
   }
 }
 
@@ -121,45 +181,72 @@ bool Engine::wait_and_count_down(const Attempt& failure) {
   return true;
 }
 
-Engine::Attempt Engine::attempt(const std::string& address, platform::AddressOrigin origin, int depth) {
-  const AddressKind kind = address_kind(address);
-  if (kind == AddressKind::none)
+Engine::Attempt Engine::attempt(const Lead& lead, OpenBudget& budget) {
+  if (address_kind(lead.address) == AddressKind::none)
     return {Outcome::failed, Trouble::no_address};
-  // A list of the network must not reach into the listener's files.
-  if (kind == AddressKind::unsupported || (origin == platform::AddressOrigin::station && kind == AddressKind::local))
+  if (!may_open(lead.address, lead.origin))
     return {Outcome::failed, Trouble::unsupported_address};
-  Attempt last{Outcome::failed, Trouble::not_answering};
-  for (const std::string& each : openable_addresses(address)) {
-    SourceOptions options;
-    options.user_agent = options_.user_agent;
-    options.proxy = options_.proxy;
-    options.timeout_ms = options_.timeout_ms;
-    options.interrupted = [this] {
-      tend();
-      return superseded();
-    };
-    Opened opened = Source::open(each, options);
-    if (opened.cancelled || superseded())
+  Attempt last{Outcome::failed, Trouble::unknown_format}; // of lists that lead nowhere
+  for (const std::string& each : openable_addresses(lead.address)) {
+    if (!budget.allows(each))
+      continue;
+    Opened opened = open(each, lead.origin, budget);
+    if (superseded())
       return {Outcome::cancelled};
+    if (opened.cancelled || failed_inside_) // by what was thrown
+      return {Outcome::failed, Trouble::internal};
     if (opened.source != nullptr)
-      return stream(*opened.source);
+      return stream(*opened.source, opened.unverified);
     if (!opened.entries.empty())
-      return attempt_entries(opened.entries, kind == AddressKind::network ? platform::AddressOrigin::station : origin,
-                             depth + 1);
+      return attempt_entries(lead, opened.entries, budget);
     last = {Outcome::failed, opened.trouble, opened.http_code};
   }
   return last;
 }
 
+// The source takes from the budget what it opens, this address included.
+Opened Engine::open(const std::string& address, platform::AddressOrigin origin, OpenBudget& budget) {
+  using std::chrono::duration_cast;
+  using std::chrono::milliseconds;
+  SourceOptions options;
+  options.user_agent = options_.user_agent;
+  options.proxy = [this](const std::string& asked) {
+    try {
+      return options_.proxy ? options_.proxy(asked) : std::string();
+    } catch (...) {
+      failed_inside_ = true;
+      return std::string();
+    }
+  };
+  options.timeout_ms = options_.timeout_ms;
+  const auto left = duration_cast<milliseconds>(budget.deadline() - OpenBudget::Clock::now());
+  options.open_limit_ms = static_cast<int>(std::clamp<std::int64_t>(left.count(), 1, options.open_limit_ms));
+  options.from_network = origin == platform::AddressOrigin::station;
+  options.budget = &budget;
+  options.interrupted = [this] { return interrupted(); };
+  return Source::open(address, options);
+}
+
+// Called by FFmpeg, which is C: nothing may be thrown through it.
+bool Engine::interrupted() noexcept {
+  try {
+    tend();
+  } catch (...) {
+    failed_inside_ = true;
+  }
+  return failed_inside_ || superseded();
+}
+
 // One after the other until one plays. What the first one lacks is told when none does.
-Engine::Attempt Engine::attempt_entries(const std::vector<std::string>& entries, platform::AddressOrigin origin,
-                                        int depth) {
+Engine::Attempt Engine::attempt_entries(const Lead& list, const std::vector<std::string>& entries, OpenBudget& budget) {
   Attempt first{Outcome::failed, Trouble::unknown_format};
-  if (depth > max_playlist_depth)
+  if (list.depth >= max_playlist_depth)
     return first;
   bool tried = false;
   for (const std::string& entry : entries) {
-    const Attempt result = attempt(entry, origin, depth);
+    if (budget.over())
+      break;
+    const Attempt result = attempt({entry, origin_of_entry(list.address, list.origin, entry), list.depth + 1}, budget);
     if (result.outcome != Outcome::failed)
       return result;
     if (!tried)
@@ -172,7 +259,7 @@ Engine::Attempt Engine::attempt_entries(const std::vector<std::string>& entries,
   return first;
 }
 
-Engine::Attempt Engine::stream(Source& source) {
+Engine::Attempt Engine::stream(Source& source, bool unverified) {
   Decoder decoder(mixer.rate());
   if (!decoder.open(source.parameters()))
     return {Outcome::failed, Trouble::unknown_format};
@@ -188,10 +275,12 @@ Engine::Attempt Engine::stream(Source& source) {
   drift_checked_ = std::chrono::steady_clock::now();
   status_ = {};
   status_.phase = flowed_ ? Phase::playing : Phase::buffering;
+  status_.unverified = unverified;
   status_.codec = source.codec_name();
   status_.kbps = source.kbps();
   status_.hertz = source.parameters().sample_rate;
   const auto opened = std::chrono::steady_clock::now();
+  sound_began_ = opened;
   Attempt result;
   while (pump(source, decoder, result)) {
   }
@@ -204,11 +293,18 @@ Engine::Attempt Engine::stream(Source& source) {
 
 // One packet; false when the stream is over, for the reason in `result`.
 bool Engine::pump(Source& source, Decoder& decoder, Attempt& result) {
-  const auto sink = [this](const float* frames, std::size_t count) { write(frames, count); };
+  const auto sink = [this](const float* frames, std::size_t count) {
+    write(frames, count);
+    return !superseded();
+  };
   const Packet packet(av_packet_alloc());
   const ReadResult read = packet == nullptr ? ReadResult::lost : source.read(*packet);
-  if (superseded() || read == ReadResult::cancelled) {
+  if (superseded()) {
     result = {Outcome::cancelled};
+    return false;
+  }
+  if (read == ReadResult::cancelled || failed_inside_) { // by what was thrown
+    result = {Outcome::failed, Trouble::internal};
     return false;
   }
   if (read == ReadResult::lost) {
@@ -228,7 +324,7 @@ bool Engine::pump(Source& source, Decoder& decoder, Attempt& result) {
   if (decoder.sample_rate() != 0)
     status_.hertz = decoder.sample_rate();
   if (auto title = source.new_title())
-    coming_titles_.emplace_back(mixer.ring.written(), std::move(*title));
+    queue_title(std::move(*title));
   correct_drift(decoder, source.live());
   tend();
   rest(source.live());
@@ -283,6 +379,14 @@ void Engine::let_flow() {
   device.flow();
 }
 
+// A stream may send a title with every packet: the newest ones are worth most.
+void Engine::queue_title(std::wstring title) {
+  const std::uint64_t place = mixer.ring.written();
+  if (!coming_titles_.empty() && (coming_titles_.back().first == place || coming_titles_.size() >= max_titles))
+    coming_titles_.pop_back();
+  coming_titles_.emplace_back(place, std::move(title));
+}
+
 // Until sound flows the newest title is the right one; then each has its moment.
 void Engine::show_due_title() {
   while (!coming_titles_.empty() && (!mixer.flows() || coming_titles_.front().first <= mixer.ring.consumed())) {
@@ -293,9 +397,7 @@ void Engine::show_due_title() {
 
 // Lets sound flow when there is enough of it, and says what is going on. Called often, also from inside FFmpeg's waits.
 void Engine::tend() {
-  const std::size_t level = mixer.ring.level();
-  if (device.missing())
-    tend_missing_device(level);
+  tend_device();
   if (!streaming_)
     return;
   if (!mixer.flows()) {
@@ -309,25 +411,40 @@ void Engine::tend() {
     // In steps of ten: nobody reads faster.
     status_.percent = static_cast<int>(std::min(there * 10 / wanted, 10U) * 10);
     if (there >= wanted) {
+      if (underruns_ == 0)
+        sound_began_ = std::chrono::steady_clock::now();
       let_flow();
       flowed_ = true;
     }
   }
   show_due_title();
-  if (mixer.flows()) {
-    status_.phase = Phase::playing;
-    status_.trouble = device.missing() ? Trouble::no_device : Trouble::none;
-  }
+  if (mixer.flows())
+    show_flow();
   report();
 }
 
-// Nothing takes samples out: we do, and keep the newest second, so that a device that appears starts live.
-void Engine::tend_missing_device(std::size_t level) {
-  const auto second = static_cast<std::size_t>(mixer.rate());
-  std::vector<float> unheard;
+void Engine::show_flow() {
+  status_.phase = Phase::playing;
+  status_.trouble = device.missing() ? Trouble::no_device : Trouble::none;
+  status_.announces = status_.unverified && std::chrono::steady_clock::now() - sound_began_ < announce_for;
+}
+
+void Engine::tend_device() {
+  if (device.missing())
+    (void)device.while_unused([this] { tend_missing_device(); });
+  // A sound system that answers again starts live, not with what has waited for it.
+  if (std::exchange(device_hung_, device.hung()) && !device_hung_)
+    mixer.ring.discard();
+}
+
+// Nothing takes samples out: we do, and keep the newest second, so that a device that appears starts live. The ring
+// holds less than two seconds of the highest rates.
+void Engine::tend_missing_device() {
+  const auto second = std::min(static_cast<std::size_t>(mixer.rate()), mixer.ring.capacity() / 4);
+  const std::size_t level = mixer.ring.level();
   if (level <= second * 2)
     return;
-  unheard.resize((level - second) * 2);
+  std::vector<float> unheard((level - second) * 2);
   (void)mixer.ring.read(unheard.data(), level - second);
 }
 

@@ -21,7 +21,7 @@ std::uint64_t Mixer::heard_ms(std::uint64_t stream) const {
 }
 
 // From silence to full, or back, takes 5 ms: short enough for a stop, long enough not to click.
-void Mixer::ramp(float* out, std::size_t frames, float target) {
+void Mixer::ramp(float* out, std::size_t frames, float target) noexcept {
   const float step = 200.0F / static_cast<float>(std::max(rate_.load(std::memory_order_relaxed), 1));
   if (gain_ == target && target == 1.0F)
     return;
@@ -32,7 +32,7 @@ void Mixer::ramp(float* out, std::size_t frames, float target) {
   }
 }
 
-void Mixer::render(float* out, std::size_t frames) {
+void Mixer::render(float* out, std::size_t frames) noexcept {
   const std::uint64_t stream = flowing_.load(std::memory_order_acquire);
   const bool plays = stream != 0 && stream == wanted_.load(std::memory_order_acquire);
   std::size_t filled = 0;

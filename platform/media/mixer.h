@@ -31,10 +31,10 @@ public:
 
   // The sound callback: fills `frames` stereo frames. No lock, no allocation, no log. When the ring runs dry the flow
   // stops, until the worker lets it flow again.
-  void render(float* out, std::size_t frames);
+  void render(float* out, std::size_t frames) noexcept;
 
 private:
-  void ramp(float* out, std::size_t frames, float target);
+  void ramp(float* out, std::size_t frames, float target) noexcept;
 
   std::atomic<std::uint64_t> wanted_ = 0;
   std::atomic<std::uint64_t> flowing_ = 0;

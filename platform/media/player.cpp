@@ -6,7 +6,9 @@
 #include "platform/media/wide.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
+#include <vector>
 
 namespace lumotune::media {
 namespace {
@@ -16,6 +18,10 @@ using namespace std::chrono_literals;
 // How often it is looked whether the worker took the newest wish, and after how many looks it counts as stuck.
 constexpr std::uint32_t look_every_ms = 100;
 constexpr int looks_until_stuck = 6;
+// Threads that hang in the system cannot be ended: so many pairs of them are left behind at most, and then no more are
+// made until one comes back.
+constexpr std::size_t max_left_behind = 4;
+constexpr auto patience_at_end = 800ms;
 
 class Player final : public platform::MediaPlayer {
 public:
@@ -28,14 +34,13 @@ public:
   }
   Player(const Player&) = delete;
   Player& operator=(const Player&) = delete;
-  // A worker that does not come back in time is left to itself; it touches nothing of ours any more.
+  // A thread that does not come back in time is left to itself; it touches nothing of ours any more.
   ~Player() override {
     board_->close();
     if (engine_ == nullptr)
       return;
-    engine_->mixer.want(0);
-    engine_->mailbox.close();
-    (void)engine_->wait_ended(500ms);
+    engine_->leave();
+    (void)engine_->wait_ended(patience_at_end);
   }
 
   void set_url(const std::wstring& url, platform::AddressOrigin origin) override {
@@ -101,9 +106,23 @@ private:
     options.timeout_ms = options_.timeout_ms;
     options.retry_scale = options_.retry_scale;
     options.make_output = options_.make_output ? options_.make_output : OutputFactory(make_cubeb_output);
-    engine_ = std::make_shared<Engine>(std::move(options), board_);
-    engine_->mixer.set_volume(volume_);
-    engine_->start();
+    auto made = std::make_shared<Engine>(std::move(options), board_);
+    made->mixer.set_volume(volume_);
+    made->start();
+    engine_ = std::move(made);
+    looks_ = 0;
+    seen_taken_ = 0;
+  }
+
+  [[nodiscard]] bool may_leave_behind() {
+    std::erase_if(left_behind_, [](const std::weak_ptr<Mixer>& each) { return each.expired(); });
+    return left_behind_.size() < max_left_behind;
+  }
+  // Its sound lives for as long as one of its threads does.
+  void leave_behind() {
+    engine_->leave();
+    left_behind_.emplace_back(engine_->sound);
+    engine_.reset();
   }
 
   void wish(bool playing, const StreamStatus& first) {
@@ -115,32 +134,48 @@ private:
   // Its threads are made for the first sound that is wanted: a program that only starts has no use for them.
   void send(bool playing) {
     sent_playing_ = playing;
-    if (engine_ == nullptr && !playing)
-      return;
-    if (engine_ == nullptr)
-      make_engine();
+    try {
+      if (playing && engine_ != nullptr && engine_->device.hung() && may_leave_behind())
+        leave_behind();
+      if (playing && engine_ == nullptr)
+        make_engine();
+      if (engine_ != nullptr)
+        post(playing);
+    } catch (...) { // no memory, no thread
+      StreamStatus failed;
+      failed.trouble = Trouble::internal;
+      board_->expect(stream_, failed);
+    }
+  }
+
+  void post(bool playing) {
     engine_->mixer.want(playing ? stream_ : 0);
     if (playing)
       engine_->device.run();
     else
       engine_->device.silence();
     engine_->mailbox.post({stream_, to_utf8(url_), playing, origin_});
-    looks_ = 0;
     watchdog_->start();
   }
 
-  // A worker that has not taken the wish hangs where nothing reaches it: another one takes over.
+  // A worker that takes no wish for a while hangs where nothing reaches it: another one takes over.
+  // Looks that a busy machine made up for in one go count as one.
   void look() {
-    if (engine_->mailbox.taken() == stream_) {
+    const auto now = std::chrono::steady_clock::now();
+    if (now - looked_ < std::chrono::milliseconds(look_every_ms / 2))
+      return;
+    looked_ = now;
+    const std::uint64_t taken = engine_ == nullptr ? stream_ : engine_->mailbox.taken();
+    if (taken == stream_)
       watchdog_->stop();
+    if (taken == stream_ || taken != seen_taken_) {
+      seen_taken_ = taken;
+      looks_ = 0;
       return;
     }
-    if (++looks_ < looks_until_stuck)
+    if (++looks_ < looks_until_stuck || !may_leave_behind())
       return;
-    engine_->mixer.want(0);
-    engine_->device.silence();
-    engine_->mailbox.close();
-    make_engine();
+    leave_behind();
     send(sent_playing_);
   }
 
@@ -180,13 +215,16 @@ private:
   std::unique_ptr<platform::Waker> waker_;
   std::unique_ptr<platform::Timer> watchdog_;
   std::shared_ptr<Engine> engine_;
+  std::vector<std::weak_ptr<Mixer>> left_behind_; // of engines that hung when they were given up
   std::wstring url_;
   platform::AddressOrigin origin_ = platform::AddressOrigin::station;
   bool auto_start_ = true;
   bool wanted_ = false;       // what the listener wants
   bool sent_playing_ = false; // what the worker was told: another thing while the machine sleeps
   int volume_ = 100;
-  int looks_ = 0;
+  int looks_ = 0;                // since the worker last took a wish
+  std::uint64_t seen_taken_ = 0; // which one that was
+  std::chrono::steady_clock::time_point looked_;
   std::uint64_t stream_ = 0;
   Phase told_phase_ = Phase::stopped;
   std::wstring told_text_;

@@ -18,7 +18,8 @@ namespace lumotune::contract {
 
 class NoDevice final : public media::AudioOutput {
 public:
-  [[nodiscard]] bool open(media::Mixer& /*mixer*/, int /*latency_ms*/, bool /*may_set_rate*/) override { return false; }
+  [[nodiscard]] int preferred_rate() override { return 0; }
+  [[nodiscard]] bool open(media::Mixer& /*mixer*/, int /*latency_ms*/) override { return false; }
   [[nodiscard]] bool start() override { return false; }
   void stop() override {}
   void set_volume(float /*volume*/) override {}

@@ -2,9 +2,11 @@
 #include "platform/media/decoder.h"
 #include "tests/media/tone.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -39,6 +41,16 @@ Packet tone_packet(double hertz, int rate, int channels, int frames, int from) {
   return packet;
 }
 
+// A packet that says that its sound has another rate from here on.
+Packet changing_packet(int rate) {
+  Packet packet = tone_packet(440, 44100, 2, 1024, 0);
+  std::uint8_t* change = av_packet_new_side_data(packet.get(), AV_PKT_DATA_PARAM_CHANGE, 8);
+  EXPECT_NE(change, nullptr);
+  const std::int32_t values[] = {AV_SIDE_DATA_PARAM_CHANGE_SAMPLE_RATE, rate};
+  std::memcpy(change, values, sizeof values);
+  return packet;
+}
+
 class DecoderTest : public testing::Test {
 protected:
   void feed(Decoder& decoder, int rate, int channels, int packets) {
@@ -49,6 +61,7 @@ protected:
           left.push_back(frames[k * 2]);
           same = same && frames[k * 2] == frames[k * 2 + 1];
         }
+        return true;
       }));
     }
   }
@@ -98,6 +111,53 @@ TEST_F(DecoderTest, RefusesACodecThatNobodyKnows) {
   EXPECT_FALSE(decoder.open(*parameters));
 }
 
+TEST_F(DecoderTest, RefusesRatesAndChannelsThatNoSoundHas) {
+  for (const int rate : {1, 3999, 384001, 1000000000})
+    EXPECT_FALSE(Decoder(48000).open(*pcm(rate, 2))) << rate;
+  for (const int channels : {9, 64, 255})
+    EXPECT_FALSE(Decoder(48000).open(*pcm(44100, channels))) << channels;
+}
+
+TEST_F(DecoderTest, PlaysEveryRateAndChannelOfSound) {
+  for (const auto& [rate, channels] : {std::pair(4000, 1), std::pair(384000, 2), std::pair(44100, 8)}) {
+    left.clear();
+    Decoder decoder(48000);
+    ASSERT_TRUE(decoder.open(*pcm(rate, channels)));
+    feed(decoder, rate, channels, 100);
+    EXPECT_NEAR(static_cast<double>(left.size()), 100 * 1024 * 48000.0 / rate, 400) << rate;
+    EXPECT_GT(rig::tone_share(left, 440, 48000), 0.99) << rate << "/" << channels;
+  }
+}
+
+// A chained stream changes in the middle; what is over the limit there is no sound either.
+TEST_F(DecoderTest, RefusesARateThatComesInTheMiddle) {
+  for (const int rate : {1, 3999, 384001, 1000000000}) {
+    Decoder decoder(48000);
+    ASSERT_TRUE(decoder.open(*pcm(44100, 2)));
+    feed(decoder, 44100, 2, 2);
+    const Packet packet = changing_packet(rate);
+    EXPECT_FALSE(decoder.decode(*packet, [](const float*, std::size_t) {
+      ADD_FAILURE() << "sound of no rate";
+      return true;
+    })) << rate;
+  }
+}
+
+// One packet may hold minutes of sound: it is made into steps, and the listener's next wish ends them.
+TEST_F(DecoderTest, MakesSmallStepsThatCanBeEnded) {
+  Decoder decoder(192000);
+  ASSERT_TRUE(decoder.open(*pcm(4000, 1)));
+  const Packet packet = tone_packet(440, 4000, 1, 4000 * 600, 0);
+  std::size_t largest = 0;
+  int steps = 0;
+  ASSERT_TRUE(decoder.decode(*packet, [&](const float*, std::size_t count) {
+    largest = std::max(largest, count);
+    return ++steps < 20;
+  }));
+  EXPECT_EQ(steps, 20);
+  EXPECT_LE(largest, Decoder::max_step_frames);
+}
+
 TEST_F(DecoderTest, BearsTornPacketsButNotForEver) {
   const Parameters parameters = pcm(44100, 2);
   parameters->codec_id = AV_CODEC_ID_MP3;
@@ -105,7 +165,10 @@ TEST_F(DecoderTest, BearsTornPacketsButNotForEver) {
   ASSERT_TRUE(decoder.open(*parameters));
   av_log_set_level(AV_LOG_QUIET);
   const Packet torn = tone_packet(440, 44100, 2, 200, 0);
-  const auto no_sound = [](const float*, std::size_t) { ADD_FAILURE() << "sound out of nothing"; };
+  const auto no_sound = [](const float*, std::size_t) {
+    ADD_FAILURE() << "sound out of nothing";
+    return true;
+  };
   int borne = 0;
   while (borne < 10000 && decoder.decode(*torn, no_sound))
     ++borne;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <new>
 #include <thread>
 
 namespace lumotune::media::rig {
@@ -14,31 +15,45 @@ namespace {
 class TestOutput final : public AudioOutput {
 public:
   explicit TestOutput(std::shared_ptr<TestDevice> device) : device_(std::move(device)) {}
-  ~TestOutput() override { stop(); }
+  ~TestOutput() override {
+    device_->enter(Call::close);
+    halt();
+  }
 
-  [[nodiscard]] bool open(Mixer& mixer, int /*latency_ms*/, bool may_set_rate) override {
+  [[nodiscard]] int preferred_rate() override {
+    device_->enter(Call::rate);
+    return device_->present ? device_->rate.load() : 0;
+  }
+  [[nodiscard]] bool open(Mixer& mixer, int /*latency_ms*/) override {
+    device_->enter(Call::open);
     if (!device_->present)
       return false;
     ++device_->opened;
-    if (may_set_rate)
-      mixer.set_rate(device_->rate);
     mixer_ = &mixer;
     return true;
   }
   [[nodiscard]] bool start() override {
+    device_->enter(Call::start);
     running_ = true;
     thread_ = std::thread([this] { loop(); });
     return true;
   }
   void stop() override {
+    device_->enter(Call::stop);
+    halt();
+  }
+  void set_volume(float volume) override {
+    device_->enter(Call::volume);
+    volume_ = volume;
+  }
+  [[nodiscard]] bool failed() const override { return failed_; }
+
+private:
+  void halt() {
     running_ = false;
     if (thread_.joinable())
       thread_.join();
   }
-  void set_volume(float volume) override { volume_ = volume; }
-  [[nodiscard]] bool failed() const override { return failed_; }
-
-private:
   void loop() {
     auto due = std::chrono::steady_clock::now();
     while (running_ && !failed_) {
@@ -70,7 +85,27 @@ private:
 } // namespace
 
 std::function<std::unique_ptr<AudioOutput>()> TestDevice::factory() {
-  return [device = shared_from_this()] { return std::make_unique<TestOutput>(device); };
+  return [device = shared_from_this()] {
+    device->enter(Call::make);
+    if (device->throws)
+      throw std::bad_alloc();
+    return std::make_unique<TestOutput>(device);
+  };
+}
+
+void TestDevice::hang_in(Call call) {
+  const std::lock_guard lock(hang_mutex_);
+  hangs_in_ = call;
+  hang_changed_.notify_all();
+}
+
+void TestDevice::enter(Call call) {
+  std::unique_lock lock(hang_mutex_);
+  if (hangs_in_ != call)
+    return;
+  ++hanging_;
+  hang_changed_.wait(lock, [&] { return hangs_in_ != call; });
+  --hanging_;
 }
 
 void TestDevice::take(const std::vector<float>& stereo) {

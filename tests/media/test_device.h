@@ -5,6 +5,7 @@
 #include "platform/media/output.h"
 
 #include <atomic>
+#include <condition_variable>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -13,6 +14,9 @@
 #include <vector>
 
 namespace lumotune::media::rig {
+
+// The calls of a sound system.
+enum class Call { none, make, rate, open, start, volume, stop, close };
 
 // Shared by the test and the outputs that the engine makes. Any thread.
 class TestDevice : public std::enable_shared_from_this<TestDevice> {
@@ -28,9 +32,13 @@ public:
   // Knobs.
   std::atomic<bool> present = true;
   std::atomic<bool> broken = false; // the one that is open now goes away
+  std::atomic<bool> throws = false; // no memory for another one
   std::atomic<int> rate = 48000;
   std::atomic<int> opened = 0;                  // how often
   std::atomic<std::uint64_t> silent_frames = 0; // played, and nothing in them
+
+  void hang_in(Call call); // it does not return until this is set to another one
+  [[nodiscard]] int hanging() const { return hanging_; }
 
   [[nodiscard]] std::function<std::unique_ptr<AudioOutput>()> factory();
 
@@ -42,10 +50,17 @@ public:
   [[nodiscard]] std::uint64_t loud_blocks() const { return loud_blocks_; }
   [[nodiscard]] std::uint64_t blocks() const { return blocks_; }
 
-  void take(const std::vector<float>& stereo); // from an output
+  // From an output.
+  void take(const std::vector<float>& stereo);
+  void enter(Call call);
 
 private:
   [[nodiscard]] std::vector<float> newest(int milliseconds) const;
+
+  std::mutex hang_mutex_;
+  std::condition_variable hang_changed_;
+  Call hangs_in_ = Call::none;
+  std::atomic<int> hanging_ = 0;
 
   mutable std::mutex mutex_;
   std::vector<float> heard_; // left
