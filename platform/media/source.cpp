@@ -95,6 +95,10 @@ Source::~Source() = default;
 
 Opened Source::open(const std::string& address, const SourceOptions& options) {
   Opened opened;
+  if (options.budget != nullptr && !options.budget->take(address)) {
+    opened.trouble = Trouble::unknown_format;
+    return opened;
+  }
   std::unique_ptr<Source> source(new Source(options));
   int error = 0;
   if (is_http(address) || is_file(address)) {

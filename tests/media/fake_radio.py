@@ -4,6 +4,7 @@
 
 Prints "port N". Then takes one command a line and answers each with one line, until its input ends:
   hits PATH   how many requests that path had      close   stop listening and cut every connection
+  total       how many requests there were
   open        listen again on the same port        cut     cut every connection
 
 /live/NAME     the file again and again, at the pace of sound. Query:
@@ -18,6 +19,7 @@ Prints "port N". Then takes one command a line and answers each with one line, u
 /mms/NAME      an ASF file by Microsoft's media server protocol over HTTP, at the pace of sound
 /text?body=..&type=..   a text; {base} in it is this server
 /to?url=..     a redirection                       /loop      one to itself
+/lists/NAME    a list of 32 others of its kind, without end
 /hang          nothing, ever                       /garbage   noise without end
 """
 import os
@@ -113,6 +115,10 @@ class Radio:
             self.head(connection, "HTTP/1.1 200 OK",
                       {"Content-Type": asked.get("type", "text/plain"), "Content-Length": len(body)})
             return connection.sendall(body)
+        if kind == "lists":
+            body = "".join(f"http://127.0.0.1:{self.port}/lists/{name}.{i}\n" for i in range(32)).encode("latin-1")
+            self.head(connection, "HTTP/1.1 200 OK", {"Content-Type": "audio/x-mpegurl", "Content-Length": len(body)})
+            return connection.sendall(body)
         if kind in ("to", "loop"):
             return self.head(connection, "HTTP/1.1 302 Found",
                              {"Location": asked.get("url", "/loop"), "Content-Length": "0"})
@@ -200,6 +206,9 @@ def main():
         if command == "hits":
             with radio.lock:
                 print(radio.hits.get(rest, 0), flush=True)
+        elif command == "total":
+            with radio.lock:
+                print(sum(radio.hits.values()), flush=True)
         elif command in ("close", "open", "cut"):
             getattr(radio, command)()
             print("done", flush=True)

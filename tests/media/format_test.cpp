@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Every kind of sound, of list and of title, from a radio of our own and from files.
+#include "platform/media/open_budget.h"
 #include "platform/media/wide.h"
 #include "tests/media/player_rig.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 namespace lumotune::media::rig {
 namespace {
@@ -26,6 +29,25 @@ std::string escaped(const std::string& text) {
   return all;
 }
 
+// A file of silence that says of itself what it likes.
+std::string wav(std::uint32_t rate, std::uint16_t channels, std::uint32_t bytes) {
+  std::string file;
+  const auto add = [&](auto number) { file.append(reinterpret_cast<const char*>(&number), sizeof number); };
+  file += "RIFF";
+  add(bytes + 36);
+  file += "WAVEfmt ";
+  add(std::uint32_t{16});
+  add(std::uint16_t{1});
+  add(channels);
+  add(rate);
+  add(static_cast<std::uint32_t>(rate * channels * 2U));
+  add(static_cast<std::uint16_t>(channels * 2U));
+  add(std::uint16_t{16});
+  file += "data";
+  add(bytes);
+  return file + std::string(bytes, '\0');
+}
+
 class Format : public PlayerTest {
 protected:
   void expect_list(const std::string& type, const std::string& body) {
@@ -45,6 +67,21 @@ TEST_F(Format, IsFoundByTheBytesWhateverTheTypeSays) {
     play(radio.url("/live/500.aac?type=" + escaped(type)));
     EXPECT_TRUE(until_hears(500)) << type << told();
   }
+}
+
+// What would make the resampler ask for gigabytes. The worker lives on and plays the next station.
+TEST_F(Format, SoundOfNoRateIsUnknown) {
+  int number = 0;
+  for (const auto& [rate, channels] : {std::pair(1U, 2), std::pair(3999U, 2), std::pair(1000000000U, 2),
+                                       std::pair(384001U, 2), std::pair(44100U, 255), std::pair(44100U, 9)}) {
+    const std::string name = "odd" + std::to_string(number++) + ".wav";
+    std::ofstream(media(name), std::ios::binary) << wav(rate, static_cast<std::uint16_t>(channels), 400000);
+    texts.clear();
+    play(radio.url("/file/" + name));
+    EXPECT_TRUE(until_said(L"Neznámý formát zvuku")) << rate << " " << channels << told();
+  }
+  play(radio.url("/live/440.mp3"));
+  EXPECT_TRUE(until_hears(440)) << told();
 }
 
 // The one type that FFmpeg's own look at the bytes would believe.
@@ -148,6 +185,48 @@ TEST_F(Format, ListsThatNameThemselvesEnd) {
   EXPECT_TRUE(until_said(L"další pokus za ")) << told();
   play(radio.url("/live/440.mp3"));
   EXPECT_TRUE(until_hears(440)) << told();
+}
+
+TEST_F(Format, ListsThatNameThemselvesAreOpenedOnceATry) {
+  options.retry_scale = 20; // the next try is seconds away
+  std::ofstream(media("itself.m3u")) << "#EXTM3U\nitself.m3u\n/file/itself.m3u\n";
+  play(radio.url("/file/itself.m3u"));
+  ASSERT_TRUE(until_said(L"Neznámý formát zvuku, další pokus za ")) << told();
+  EXPECT_EQ(radio.hits("/file/itself.m3u"), 1);
+}
+
+TEST_F(Format, ListsOfListsEndATry) {
+  options.retry_scale = 20;
+  play(radio.url("/lists/x"));
+  ASSERT_TRUE(until_said(L"Neznámý formát zvuku, další pokus za ")) << told();
+  EXPECT_EQ(radio.total_hits(), OpenBudget::max_openings);
+}
+
+// What "//host/share/x" is to Windows; here it is the file itself, which would play.
+TEST_F(Format, ListsOnDiskReachNoShares) {
+  for (const std::string& entry : {"/" + media("300.wav"), "file:///" + media("300.wav"), "file:" + media("300.wav")}) {
+    std::ofstream(media("share.m3u")) << entry << "\n";
+    texts.clear();
+    device->forget();
+    play(media("share.m3u"));
+    if (entry.starts_with("file:" + media(""))) {
+      EXPECT_TRUE(until_hears(300)) << told();
+      continue;
+    }
+    ASSERT_TRUE(until_said(L"další pokus za ")) << entry << told();
+    EXPECT_FALSE(device->has_heard(300)) << entry;
+  }
+}
+
+TEST_F(Format, StationsOfAListAreNoFiles) {
+  player().set_url(from_utf8(media("300.wav")).value(), platform::AddressOrigin::station);
+  ASSERT_TRUE(until([this] { return says(L"Neznámý druh adresy"); })) << told();
+  player().set_url(from_utf8("/" + media("300.wav")).value(), platform::AddressOrigin::message);
+  player().stop();
+  player().play();
+  ASSERT_TRUE(until([this] { return says(L"Neznámý druh adresy"); })) << told();
+  player().set_url(from_utf8(media("300.wav")).value(), platform::AddressOrigin::message);
+  EXPECT_TRUE(until_hears(300)) << told();
 }
 
 TEST_F(Format, ListsOfTheNetworkDoNotReachTheListenersFiles) {

@@ -26,6 +26,11 @@ int FakeRadio::hits(const std::string& path) {
   return std::atoi(process_.read_line().c_str());
 }
 
+int FakeRadio::total_hits() {
+  process_.write_line("total");
+  return std::atoi(process_.read_line().c_str());
+}
+
 void FakeRadio::command(const std::string& line) {
   process_.write_line(line);
   EXPECT_EQ(process_.read_line(), "done");

@@ -24,6 +24,7 @@ public:
   FakeRadio();
   [[nodiscard]] std::string url(const std::string& path) const;
   [[nodiscard]] int hits(const std::string& path);
+  [[nodiscard]] int total_hits();
   void command(const std::string& line); // "close", "open", "cut"
 
 private:
