@@ -196,7 +196,7 @@ Engine::Attempt Engine::attempt(const Lead& lead, OpenBudget& budget) {
     if (opened.cancelled || failed_inside_) // by what was thrown
       return {Outcome::failed, Trouble::internal};
     if (opened.source != nullptr)
-      return stream(*opened.source, opened.unverified);
+      return stream(*opened.source);
     if (!opened.entries.empty())
       return attempt_entries(lead, opened.entries, budget);
     last = {Outcome::failed, opened.trouble, opened.http_code};
@@ -219,6 +219,7 @@ Opened Engine::open(const std::string& address, platform::AddressOrigin origin, 
     }
   };
   options.timeout_ms = options_.timeout_ms;
+  options.ca_file = options_.ca_file;
   const auto left = duration_cast<milliseconds>(budget.deadline() - OpenBudget::Clock::now());
   options.open_limit_ms = static_cast<int>(std::clamp<std::int64_t>(left.count(), 1, options.open_limit_ms));
   options.from_network = origin == platform::AddressOrigin::station;
@@ -259,7 +260,7 @@ Engine::Attempt Engine::attempt_entries(const Lead& list, const std::vector<std:
   return first;
 }
 
-Engine::Attempt Engine::stream(Source& source, bool unverified) {
+Engine::Attempt Engine::stream(Source& source) {
   Decoder decoder(mixer.rate());
   if (!decoder.open(source.parameters()))
     return {Outcome::failed, Trouble::unknown_format};
@@ -275,7 +276,7 @@ Engine::Attempt Engine::stream(Source& source, bool unverified) {
   drift_checked_ = std::chrono::steady_clock::now();
   status_ = {};
   status_.phase = flowed_ ? Phase::playing : Phase::buffering;
-  status_.unverified = unverified;
+  status_.unverified = source.unverified();
   status_.codec = source.codec_name();
   status_.kbps = source.kbps();
   status_.hertz = source.parameters().sample_rate;
@@ -321,6 +322,7 @@ bool Engine::pump(Source& source, Decoder& decoder, Attempt& result) {
     result = {Outcome::failed, Trouble::unknown_format};
     return false;
   }
+  status_.unverified = source.unverified();
   if (decoder.sample_rate() != 0)
     status_.hertz = decoder.sample_rate();
   if (auto title = source.new_title())

@@ -32,6 +32,7 @@ struct EngineOptions {
   std::string user_agent;
   std::function<std::string(const std::string& address)> proxy;
   int timeout_ms = 10000;
+  std::string ca_file;
   double retry_scale = 1.0; // tests make the waits shorter
 };
 
@@ -76,7 +77,7 @@ private:
   [[nodiscard]] Attempt attempt_entries(const Lead& list, const std::vector<std::string>& entries, OpenBudget& budget);
   [[nodiscard]] Opened open(const std::string& address, platform::AddressOrigin origin, OpenBudget& budget);
   [[nodiscard]] bool interrupted() noexcept;
-  [[nodiscard]] Attempt stream(Source& source, bool unverified);
+  [[nodiscard]] Attempt stream(Source& source);
   [[nodiscard]] bool pump(Source& source, Decoder& decoder, Attempt& result);
   void queue_title(std::wstring title);
   void write(const float* frames, std::size_t count);

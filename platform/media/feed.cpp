@@ -2,21 +2,133 @@
 #include "platform/media/feed.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace lumotune::media {
+namespace {
 
-Feed::Feed(AVIOContext& connection, std::string seen) : connection_(connection), seen_(std::move(seen)) {
+constexpr std::size_t tag_head = 10;
+
+// The length of an ID3v2 tag with its head; 0 when none begins here.
+std::size_t tag_length(const std::string& bytes, std::size_t at) {
+  if (bytes.size() < at + tag_head || bytes.compare(at, 3, "ID3") != 0)
+    return 0;
+  const auto byte = [&](std::size_t i) { return static_cast<std::size_t>(static_cast<unsigned char>(bytes[at + i])); };
+  std::size_t length = 0;
+  for (std::size_t i = 6; i < tag_head; ++i) {
+    if (byte(i) > 0x7f)
+      return 0;
+    length = length << 7 | byte(i);
+  }
+  const std::size_t foot = (byte(5) & 0x10) != 0 ? tag_head : 0;
+  return tag_head + length + foot;
+}
+
+} // namespace
+
+std::string io_option(AVIOContext* connection, const char* name) {
+  std::uint8_t* value = nullptr;
+  if (connection == nullptr || av_opt_get(connection, name, AV_OPT_SEARCH_CHILDREN, &value) < 0 || value == nullptr)
+    return {};
+  std::string text(reinterpret_cast<const char*>(value));
+  av_free(value);
+  return text;
+}
+
+Feed::Feed(Io connection, std::string seen) : connection_(std::move(connection)), seen_(std::move(seen)) {}
+
+bool Feed::look(std::size_t bytes) {
+  while (seen_.size() < bytes) {
+    if (!look_further(bytes))
+      return false;
+  }
+  return true;
+}
+
+bool Feed::look_further(std::size_t most) {
+  std::array<unsigned char, 4096> buffer;
+  if (connection_ == nullptr || complete_ || seen_.size() >= most)
+    return false;
+  const std::size_t room = std::min(buffer.size(), most - seen_.size());
+  const int got = avio_read_partial(connection_.get(), buffer.data(), static_cast<int>(room));
+  if (got > 0)
+    seen_.append(reinterpret_cast<const char*>(buffer.data()), static_cast<std::size_t>(got));
+  return got > 0;
+}
+
+void Feed::replace(std::string text) {
+  seen_ = std::move(text);
+  complete_ = true;
+}
+
+// That many bytes behind what was seen.
+bool Feed::drop(std::size_t bytes) {
+  if ((connection_->seekable & AVIO_SEEKABLE_NORMAL) != 0)
+    return avio_seek(connection_.get(), static_cast<std::int64_t>(bytes), SEEK_CUR) >= 0;
+  std::array<unsigned char, 4096> buffer;
+  while (bytes > 0) {
+    const int got =
+        avio_read_partial(connection_.get(), buffer.data(), static_cast<int>(std::min(bytes, buffer.size())));
+    if (got <= 0)
+      return false;
+    bytes -= static_cast<std::size_t>(got);
+  }
+  return true;
+}
+
+// FFmpeg reads any number of tags, and keeps each value of each.
+void Feed::skip_tags() {
+  std::size_t kept = 0;
+  while (connection_ != nullptr && !complete_) {
+    (void)look(kept + tag_head);
+    const std::size_t length = tag_length(seen_, kept);
+    if (length == 0)
+      return;
+    if (kept == 0 && length <= max_tag_bytes) {
+      if (!look(length))
+        return;
+      kept = length;
+      continue;
+    }
+    shortened_ = true;
+    const std::size_t seen_of_it = std::min(length, seen_.size() - kept);
+    seen_.erase(kept, seen_of_it);
+    if (!drop(length - seen_of_it))
+      return;
+  }
+}
+
+AVIOContext* Feed::context(bool with_options) {
+  static const AVClass options_of_connection = [] {
+    AVClass made{};
+    made.class_name = "feed";
+    made.item_name = av_default_item_name;
+    made.version = LIBAVUTIL_VERSION_INT;
+    made.child_next = child;
+    return made;
+  }();
+  if (context_ != nullptr)
+    return context_.get();
   constexpr int buffer_size = 4096; // small: a live stream should not wait for a large one to fill
   auto* buffer = static_cast<unsigned char*>(av_malloc(buffer_size));
   if (buffer == nullptr)
-    return;
-  const bool seekable = (connection_.seekable & AVIO_SEEKABLE_NORMAL) != 0;
+    return nullptr;
+  const bool seekable =
+      connection_ != nullptr && !complete_ && !shortened_ && (connection_->seekable & AVIO_SEEKABLE_NORMAL) != 0;
   context_.reset(avio_alloc_context(buffer, buffer_size, 0, this, read, nullptr, seekable ? seek : nullptr));
-  if (context_ == nullptr)
+  if (context_ == nullptr) {
     av_free(buffer);
-  else
-    context_->seekable = connection_.seekable;
+    return nullptr;
+  }
+  context_->seekable = seekable ? connection_->seekable : 0;
+  if (with_options && connection_ != nullptr)
+    context_->av_class = &options_of_connection;
+  return context_.get();
+}
+
+void* Feed::child(void* context, void* previous) {
+  return previous == nullptr ? of(*static_cast<AVIOContext*>(context))->connection() : nullptr;
 }
 
 int Feed::read(void* self, std::uint8_t* buffer, int size) {
@@ -27,20 +139,20 @@ int Feed::read(void* self, std::uint8_t* buffer, int size) {
     feed.given_ += count;
     return static_cast<int>(count);
   }
-  const int got = avio_read_partial(&feed.connection_, buffer, size);
-  if (got > 0)
+  if (feed.connection_ == nullptr || feed.complete_)
+    return AVERROR_EOF;
+  const int got = avio_read_partial(feed.connection_.get(), buffer, size);
+  if (got != 0)
     return got;
-  if (got < 0)
-    return got;
-  return feed.connection_.error < 0 ? feed.connection_.error : AVERROR_EOF;
+  return feed.connection_->error < 0 ? feed.connection_->error : AVERROR_EOF;
 }
 
 std::int64_t Feed::seek(void* self, std::int64_t offset, int whence) {
   auto& feed = *static_cast<Feed*>(self);
   if ((whence & AVSEEK_SIZE) != 0)
-    return avio_size(&feed.connection_);
+    return avio_size(feed.connection_.get());
   feed.given_ = feed.seen_.size(); // from now on the connection itself knows the place
-  return avio_seek(&feed.connection_, offset, whence & ~AVSEEK_FORCE);
+  return avio_seek(feed.connection_.get(), offset, whence & ~AVSEEK_FORCE);
 }
 
 } // namespace lumotune::media

@@ -104,6 +104,7 @@ private:
     options.user_agent = options_.user_agent;
     options.proxy = options_.proxy;
     options.timeout_ms = options_.timeout_ms;
+    options.ca_file = options_.ca_file;
     options.retry_scale = options_.retry_scale;
     options.make_output = options_.make_output ? options_.make_output : OutputFactory(make_cubeb_output);
     auto made = std::make_shared<Engine>(std::move(options), board_);
@@ -234,6 +235,7 @@ private:
 
 std::unique_ptr<platform::MediaPlayer> make_media_player(platform::EventLoop& loop, PlayerOptions options) {
   av_log_set_level(AV_LOG_QUIET);
+  av_max_alloc(std::size_t{64} << 20U); // what a stream claims to hold is no reason to take more at once
   return std::make_unique<Player>(loop, std::move(options));
 }
 

@@ -20,6 +20,7 @@ struct PlayerOptions {
   // How a sound device is made; the machine's own where unset. Device thread.
   std::function<std::unique_ptr<AudioOutput>()> make_output;
   int timeout_ms = 10000;   // a station that sends nothing for that long is lost
+  std::string ca_file;      // roots to check certificates with instead of the system's, for tests
   double retry_scale = 1.0; // shortens the waits between tries, for tests
 };
 

@@ -2,10 +2,11 @@
 #include "platform/media/source.h"
 
 #include "platform/media/address.h"
-#include "platform/media/playlist.h"
+#include "platform/media/dictionary.h"
+#include "platform/media/reach.h"
 #include "platform/media/title.h"
 
-#include <array>
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <utility>
@@ -13,24 +14,8 @@
 namespace lumotune::media {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Clock = Watch::Clock;
 
-class Dictionary {
-public:
-  Dictionary() = default;
-  Dictionary(const Dictionary&) = delete;
-  Dictionary& operator=(const Dictionary&) = delete;
-  ~Dictionary() { av_dict_free(&entries_); }
-  void set(const char* key, const std::string& value) { av_dict_set(&entries_, key, value.c_str(), 0); }
-  [[nodiscard]] AVDictionary** out() { return &entries_; }
-
-private:
-  AVDictionary* entries_ = nullptr;
-};
-
-bool is_http(const std::string& address) {
-  return address.starts_with("http");
-}
 bool is_file(const std::string& address) {
   return address.starts_with("file:");
 }
@@ -63,6 +48,9 @@ Trouble trouble_of(int error, int& http_code) {
   case AVERROR_DECODER_NOT_FOUND:
   case AVERROR_DEMUXER_NOT_FOUND:
   case AVERROR_EOF:
+  case AVERROR(EINVAL): // a format that is none of ours
+  case AVERROR(EPERM):  // it names what it may not
+  case AVERROR(ENOMEM):
     return Trouble::unknown_format;
   case AVERROR_PROTOCOL_NOT_FOUND:
     return Trouble::unsupported_address;
@@ -73,129 +61,122 @@ Trouble trouble_of(int error, int& http_code) {
 
 } // namespace
 
-struct Source::Watch {
-  std::function<bool()> interrupted;
-  Clock::time_point deadline = Clock::time_point::max();
-  bool cancelled = false;
-
-  static int check(void* self) {
-    auto& watch = *static_cast<Watch*>(self);
-    watch.cancelled = watch.cancelled || (watch.interrupted && watch.interrupted());
-    return watch.cancelled || Clock::now() > watch.deadline ? 1 : 0;
-  }
-  [[nodiscard]] AVIOInterruptCB callback() { return {check, this}; }
-};
-
-Source::Source(const SourceOptions& options) : watch_(std::make_unique<Watch>()) {
-  watch_->interrupted = options.interrupted;
-  watch_->deadline = Clock::now() + std::chrono::milliseconds(options.open_limit_ms);
+Source::Source(const SourceOptions& options) : options_(options), io_(options, watch_) {
+  watch_.interrupted = options.interrupted;
+  watch_.deadline = Clock::now() + std::chrono::milliseconds(options.open_limit_ms);
+  if (options.budget != nullptr)
+    watch_.deadline = std::min(watch_.deadline, options.budget->deadline());
 }
 
-Source::~Source() = default;
+// Taking leave of a server is worth no waiting.
+Source::~Source() {
+  watch_.deadline = Clock::now() + std::chrono::milliseconds(200);
+}
 
 Opened Source::open(const std::string& address, const SourceOptions& options) {
   Opened opened;
-  if (options.budget != nullptr && !options.budget->take(address)) {
-    opened.trouble = Trouble::unknown_format;
-    return opened;
-  }
   std::unique_ptr<Source> source(new Source(options));
-  int error = 0;
-  if (is_http(address) || is_file(address)) {
-    Dictionary settings;
-    settings.set("user_agent", options.user_agent);
-    settings.set("icy", "1");
-    const std::string time = std::to_string(static_cast<long long>(options.timeout_ms) * 1000);
-    settings.set("timeout", time);
-    settings.set("rw_timeout", time); // what an HLS list hands on to its segments
-    settings.set("reconnect", "0");
-    settings.set("protocol_whitelist",
-                 is_file(address) ? "file,crypto" : "http,https,httpproxy,tcp,tls,crypto,data,hls");
-    const std::string proxy = is_http(address) && options.proxy ? options.proxy(address) : std::string();
-    if (!proxy.empty())
-      settings.set("http_proxy", proxy);
-    AVIOContext* io = nullptr;
-    const AVIOInterruptCB callback = source->watch_->callback();
-    error = avio_open2(&io, address.c_str(), AVIO_FLAG_READ, &callback, settings.out());
-    source->io_.reset(io);
-    if (error >= 0 && source->read_playlist(address, opened)) {
-      opened.cancelled = source->watch_->cancelled;
-      return opened;
-    }
+  Io connection;
+  int error = source->io_.open(address, connection);
+  Kind kind = Kind::sound;
+  if (error >= 0) {
+    source->feed_ = std::make_unique<Feed>(std::move(connection));
+    kind = source->look(address, opened);
   }
-  if (error >= 0)
-    error = source->open_format(address, options);
-  opened.cancelled = source->watch_->cancelled;
-  if (error < 0) {
+  if (error >= 0 && (kind == Kind::sound || kind == Kind::hls))
+    error = source->open_format(address, kind == Kind::hls);
+  opened.cancelled = source->watch_.cancelled;
+  opened.over_budget = source->io_.refused();
+  opened.unverified = source->io_.unverified();
+  if (error < 0)
     opened.trouble = trouble_of(error, opened.http_code);
-    return opened;
-  }
-  source->watch_->deadline = Clock::time_point::max();
-  opened.source = std::move(source);
+  if (error == AVERROR_EOF && source->feed_ == nullptr)
+    opened.trouble = Trouble::not_answering; // the server closed before it said a word
+  if (opened.over_budget || kind == Kind::refused)
+    opened.trouble = Trouble::unknown_format;
+  if (error >= 0 && (kind == Kind::sound || kind == Kind::hls))
+    opened.source = std::move(source);
   return opened;
 }
 
-// True when the address is dealt with: it is a playlist. Else the bytes looked at are kept for the demuxer.
-bool Source::read_playlist(const std::string& address, Opened& opened) {
+PlaylistKind Source::look_at_start(const std::string& address) {
   constexpr std::size_t look = 2048;
-  std::string start;
-  std::array<unsigned char, look> buffer{};
+  const std::string type = feed_->option("mime_type");
   PlaylistKind kind = PlaylistKind::none;
-  while (start.size() < look) {
-    const int got = avio_read_partial(io_.get(), buffer.data(), static_cast<int>(look - start.size()));
-    if (got <= 0)
-      break;
-    start.append(reinterpret_cast<const char*>(buffer.data()), static_cast<std::size_t>(got));
-    kind = playlist_kind(start, io_option("mime_type"), address);
-    const bool binary = start.find_first_of(std::string_view("\0\1\2\3\4\5\6\7\xff", 9)) != std::string::npos;
-    if (kind != PlaylistKind::none || binary)
+  while (kind == PlaylistKind::none && feed_->look_further(look)) {
+    kind = playlist_kind(feed_->seen(), type, address);
+    if (feed_->seen().find_first_of(std::string_view("\0\1\2\3\4\5\6\7\xff", 9)) != std::string::npos)
       break;
   }
-  if (kind == PlaylistKind::none) {
-    seen_ = std::move(start);
-    return false;
-  }
-  while (start.size() < max_playlist_bytes) {
-    const int got = avio_read(io_.get(), buffer.data(), static_cast<int>(look));
-    if (got <= 0)
-      break;
-    start.append(reinterpret_cast<const char*>(buffer.data()), static_cast<std::size_t>(got));
-  }
-  const std::string location = io_option("location");
-  const std::string base = location.empty() ? address : location;
-  for (const std::string& entry : playlist_entries(kind, start))
-    opened.entries.push_back(resolve_address(base, entry));
-  if (opened.entries.empty())
-    opened.trouble = Trouble::unknown_format;
-  return true;
+  return kind;
 }
 
-int Source::open_format(const std::string& address, const SourceOptions& options) {
+// What is no playlist goes to the demuxer from its first byte on.
+Source::Kind Source::look(const std::string& address, Opened& opened) {
+  const PlaylistKind kind = look_at_start(address);
+  // A server may send a list line by line: only all of it tells HLS from other lists.
+  const bool m3u = kind == PlaylistKind::m3u || begins_m3u(feed_->seen());
+  if (kind == PlaylistKind::none && !m3u) {
+    feed_->skip_tags();
+    return Kind::sound;
+  }
+  const bool all = !feed_->look(m3u ? max_hls_list_bytes + 1 : max_playlist_bytes);
+  const std::string location = feed_->option("location");
+  const std::string base = location.empty() ? address : location;
+  if (m3u && is_hls_list(feed_->seen()))
+    return all ? take_hls(base) : Kind::refused;
+  for (const std::string& entry : playlist_entries(kind, std::string_view(feed_->seen()).substr(0, max_playlist_bytes)))
+    opened.entries.push_back(resolve_address(base, entry));
+  return opened.entries.empty() ? Kind::refused : Kind::playlist;
+}
+
+Source::Kind Source::take_hls(const std::string& address) {
+  auto list = read_hls_list(feed_->seen(), address.size());
+  if (!list)
+    return Kind::refused;
+  (void)io_.note(address, *list);
+  feed_->replace(std::move(list->text));
+  return Kind::hls;
+}
+
+int Source::open_format(const std::string& address, bool hls) {
   AVFormatContext* context = avformat_alloc_context();
   if (context == nullptr)
     return AVERROR(ENOMEM);
-  context->interrupt_callback = watch_->callback();
-  context->pb = io_.get();
-  // An HLS list is read from the connection itself, which hands its settings on to the segments.
-  const bool hls = seen_.find("#EXT-X-") != std::string::npos;
-  if (io_ != nullptr && !(hls && avio_seek(io_.get(), 0, SEEK_SET) == 0)) {
-    feed_ = std::make_unique<Feed>(*io_, std::move(seen_));
-    context->pb = feed_->context();
-  }
+  // A redirected list names what lies beside it where it was found.
+  const std::string location = hls ? feed_->option("location") : std::string();
+  const std::string base = location.empty() ? address : location;
+  io_.attach(*context, base);
+  context->pb = feed_->context(false);
   Dictionary settings;
+  settings.set("protocol_whitelist", protocols_of(address));
+  settings.set("format_whitelist", hls ? "hls" : sound_formats);
+  settings.set("probesize", "2097152");
+  settings.set("max_streams", "32");
   settings.set("formatprobesize", "16384"); // else an MP3 stream is probed for twice a server's burst
   settings.set("analyzeduration", "2000000");
   // An MP3 stream has no time stamps to wait for; by default fifty packets are read, more than a server's first burst.
   settings.set("max_ts_probe", "4");
-  if (io_ == nullptr) {
-    settings.set("user_agent", options.user_agent);
-    settings.set("timeout", std::to_string(static_cast<long long>(options.timeout_ms) * 1000));
+  if (hls) {
+    // A connection that is kept would be asked again without us.
+    settings.set("http_persistent", "0");
+    settings.set("http_multiple", "0");
+    settings.set("seg_format_options", "max_streams=32");
   }
-  int error = avformat_open_input(&context, address.c_str(), nullptr, settings.out());
+  int error = context->pb == nullptr ? AVERROR(ENOMEM) : 0;
+  if (error < 0)
+    avformat_free_context(context);
+  else
+    error = avformat_open_input(&context, base.c_str(), hls ? av_find_input_format("hls") : nullptr, settings.out());
   if (error < 0)
     return error; // the context is gone; the connection is still ours
   input_.reset(context);
-  error = avformat_find_stream_info(context, nullptr);
+  return find_sound(hls);
+}
+
+int Source::find_sound(bool hls) {
+  AVFormatContext* context = input_.get();
+  const int error = avformat_find_stream_info(context, nullptr);
   if (error < 0)
     return error;
   stream_ = av_find_best_stream(context, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
@@ -205,39 +186,50 @@ int Source::open_format(const std::string& address, const SourceOptions& options
     if (static_cast<int>(i) != stream_)
       context->streams[i]->discard = AVDISCARD_ALL;
   }
-  live_ = !is_file(address) && (context->duration == AV_NOPTS_VALUE || io_ == nullptr || avio_size(io_.get()) <= 0);
+  const bool endless = context->duration == AV_NOPTS_VALUE || (!hls && avio_size(feed_->connection()) <= 0);
+  live_ = endless && !is_file(io_.top());
   // What the headers gave counts as news.
   context->streams[stream_]->event_flags |= AVSTREAM_EVENT_FLAG_METADATA_UPDATED;
+  patience_ = Patience(std::chrono::milliseconds(options_.timeout_ms) + std::chrono::seconds(io_.longest_target_s()));
+  io_.found_sound();
   return 0;
 }
 
+// How much a packet plays. One that does not tell counts as enough: what it lacks shows in the next.
+Patience::Time Source::sound_of(const AVPacket& packet) const {
+  constexpr Patience::Time most = std::chrono::seconds(2); // longer ones are claims
+  if (packet.stream_index != stream_)
+    return Patience::Time(0);
+  const AVRational microseconds{1, 1000000};
+  if (packet.duration > 0)
+    return std::min(Patience::Time(av_rescale_q(packet.duration, input_->streams[stream_]->time_base, microseconds)),
+                    most);
+  const std::int64_t rate = parameters().bit_rate;
+  return rate > 0 ? std::min(Patience::Time(packet.size * std::int64_t{8000000} / rate), most) : most;
+}
+
 ReadResult Source::read(AVPacket& packet) {
+  const auto begin = Clock::now();
+  watch_.deadline = begin + patience_.left();
   const int error = av_read_frame(input_.get(), &packet);
-  if (error >= 0)
-    return packet.stream_index == stream_ ? ReadResult::packet : ReadResult::other;
-  if (watch_->cancelled)
+  const auto waited = std::chrono::duration_cast<Patience::Time>(Clock::now() - begin);
+  if (watch_.cancelled)
     return ReadResult::cancelled;
-  if (error == AVERROR(EAGAIN))
+  const bool goes_on = patience_.note(waited, error >= 0 ? sound_of(packet) : Patience::Time(0));
+  if (error >= 0 && goes_on)
+    return packet.stream_index == stream_ ? ReadResult::packet : ReadResult::other;
+  if (error == AVERROR(EAGAIN) && goes_on && !watch_.over)
     return ReadResult::other;
-  return error == AVERROR_EOF && !live_ ? ReadResult::ended : ReadResult::lost;
+  return error == AVERROR_EOF && !live_ && goes_on && !watch_.over ? ReadResult::ended : ReadResult::lost;
 }
 
 const AVCodecParameters& Source::parameters() const {
   return *input_->streams[stream_]->codecpar;
 }
 
-std::string Source::io_option(const char* name) const {
-  std::uint8_t* value = nullptr;
-  if (io_ == nullptr || av_opt_get(io_.get(), name, AV_OPT_SEARCH_CHILDREN, &value) < 0 || value == nullptr)
-    return {};
-  std::string text(reinterpret_cast<const char*>(value));
-  av_free(value);
-  return text;
-}
-
 // The block itself: FFmpeg's own cut ends a title at its first quotation mark and semicolon.
 std::optional<std::wstring> Source::new_icy_title() {
-  std::string block = io_option("icy_metadata_packet");
+  std::string block = feed_->option("icy_metadata_packet");
   if (block.empty() || block == icy_block_)
     return std::nullopt;
   icy_block_ = std::move(block);
@@ -303,7 +295,7 @@ std::wstring Source::codec_name() const {
 
 // The station's own word first, as the listener chose by it.
 int Source::icy_bit_rate() const {
-  const std::string headers = io_option("icy_metadata_headers");
+  const std::string headers = feed_->option("icy_metadata_headers");
   const std::size_t at = headers.find("icy-br:");
   return at == std::string::npos ? 0 : std::atoi(headers.c_str() + at + 7);
 }

@@ -4,28 +4,19 @@
 
 #include "platform/media/feed.h"
 #include "platform/media/ffmpeg.h"
-#include "platform/media/open_budget.h"
+#include "platform/media/io_open.h"
+#include "platform/media/patience.h"
+#include "platform/media/playlist.h"
+#include "platform/media/source_options.h"
 #include "platform/media/status_text.h"
+#include "platform/media/watch.h"
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace lumotune::media {
-
-struct SourceOptions {
-  std::string user_agent;
-  std::function<std::string(const std::string& address)> proxy; // "http://host:port", or empty; may be unset
-  // Called often while FFmpeg waits; true makes it give up.
-  std::function<bool()> interrupted;
-  // Whether the address comes from the network or from a file of stations: then nothing of this machine is opened.
-  bool from_network = true;
-  OpenBudget* budget = nullptr; // of this try, taken from for every opening until sound is found; unset: no limit
-  int timeout_ms = 10000;       // without a byte
-  int open_limit_ms = 25000;    // for all of opening, whatever trickles in
-};
 
 class Source;
 
@@ -36,7 +27,8 @@ struct Opened {
   Trouble trouble = Trouble::none;
   int http_code = 0;
   bool cancelled = false;
-  bool unverified = false; // the server's certificate is bad; it plays all the same
+  bool unverified = false;  // the server's certificate is bad; it plays all the same
+  bool over_budget = false; // the whole try is to end
 };
 
 enum class ReadResult { packet, other, ended, lost, cancelled };
@@ -57,24 +49,28 @@ public:
   [[nodiscard]] std::optional<std::wstring> new_title();
   [[nodiscard]] std::wstring codec_name() const;
   [[nodiscard]] int kbps() const;
-  [[nodiscard]] bool live() const { return live_; } // no end is in sight
+  [[nodiscard]] bool live() const { return live_; }                  // no end is in sight
+  [[nodiscard]] bool unverified() const { return io_.unverified(); } // may become so while it plays
 
 private:
-  struct Watch;
+  enum class Kind { sound, playlist, hls, refused };
 
   explicit Source(const SourceOptions& options);
-  [[nodiscard]] int open_io(const std::string& address);
-  [[nodiscard]] bool read_playlist(const std::string& address, Opened& opened);
-  [[nodiscard]] int open_format(const std::string& address, const SourceOptions& options);
+  [[nodiscard]] Kind look(const std::string& address, Opened& opened);
+  [[nodiscard]] PlaylistKind look_at_start(const std::string& address);
+  [[nodiscard]] Kind take_hls(const std::string& address);
+  [[nodiscard]] int open_format(const std::string& address, bool hls);
+  [[nodiscard]] int find_sound(bool hls);
+  [[nodiscard]] Patience::Time sound_of(const AVPacket& packet) const;
   [[nodiscard]] std::optional<std::wstring> new_icy_title();
   [[nodiscard]] int icy_bit_rate() const;
-  [[nodiscard]] std::string io_option(const char* name) const;
 
-  std::unique_ptr<Watch> watch_; // outlives the objects below, which call into it
-  Io io_;
-  std::unique_ptr<Feed> feed_; // what the demuxer reads where the first bytes were looked at
-  std::string seen_;           // those bytes
+  SourceOptions options_;
+  Watch watch_; // outlives the objects below, which call into it
+  IoOpen io_;
+  std::unique_ptr<Feed> feed_; // what the demuxer reads
   Input input_;
+  Patience patience_;
   int stream_ = -1;
   bool live_ = true;
   std::string icy_block_; // the last one, to tell a new one by

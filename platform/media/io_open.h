@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The one door through which FFmpeg opens anything for a stream: the stream itself, and what it names in turn. Each
+// opening has its limits in reach, number, rate, time and size. Worker thread.
+#pragma once
+
+#include "platform/media/feed.h"
+#include "platform/media/hls_list.h"
+#include "platform/media/open_pace.h"
+#include "platform/media/source_options.h"
+#include "platform/media/watch.h"
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+
+namespace lumotune::media {
+
+class IoOpen {
+public:
+  // `watch` and the budget must outlive it, and it the contexts it is attached to.
+  IoOpen(const SourceOptions& options, Watch& watch) : options_(options), watch_(watch) {}
+  IoOpen(const IoOpen&) = delete;
+  IoOpen& operator=(const IoOpen&) = delete;
+  ~IoOpen() = default;
+
+  // The stream itself. FFmpeg's error, or 0. AVERROR_PROTOCOL_NOT_FOUND for what is out of its reach.
+  [[nodiscard]] int open(const std::string& address, Io& connection);
+  // From now on all that the context opens goes through here, and `address` decides what may be named.
+  void attach(AVFormatContext& context, const std::string& address);
+  [[nodiscard]] const std::string& top() const { return top_; }
+  // Of the list that leads the stream, when it is one: also lists that were read elsewhere count. False for one that
+  // stands still.
+  [[nodiscard]] bool note(const std::string& address, const HlsList& list) { return progress_.note(address, list); }
+  // The openings of the try are over; those of playing have a rate, but no number.
+  void found_sound() { options_.budget = nullptr; }
+
+  // A server was used whose certificate is bad.
+  [[nodiscard]] bool unverified() const { return unverified_; }
+  // The try has to end: it opened too much.
+  [[nodiscard]] bool refused() const { return refused_; }
+  [[nodiscard]] int longest_target_s() const { return progress_.longest_target_s(); }
+
+private:
+  struct Request {
+    std::string address;
+    const AVDictionary* given = nullptr; // by the demuxer
+    bool nested = false;
+  };
+
+  static int open_nested(AVFormatContext* context, AVIOContext** made, const char* address, int flags,
+                         AVDictionary** given);
+  static int close_nested(AVFormatContext* context, AVIOContext* made);
+  [[nodiscard]] int open_nested(AVIOContext** made, const Request& request);
+  [[nodiscard]] bool may_open(const Request& request);
+  [[nodiscard]] bool wait_for_turn(const std::string& address);
+  [[nodiscard]] int connect(const Request& request, Io& connection);
+  [[nodiscard]] int connect(const Request& request, bool verified, Io& connection);
+  [[nodiscard]] std::string proxy_of(const std::string& address);
+  [[nodiscard]] bool read_list(const std::string& address, Feed& feed);
+  void keep_cookies(const std::string& address, AVIOContext& connection);
+
+  SourceOptions options_;
+  Watch& watch_;
+  std::string top_;
+  OpenPace pace_;
+  HlsProgress progress_;
+  int reloads_ = 0;
+  bool unverified_ = false;
+  bool refused_ = false;
+  std::set<std::string> unverified_hosts_;
+  std::map<std::string, std::string> proxies_; // by host: asking the system takes its time
+  std::string cookies_;                        // of that host alone
+  std::string cookie_host_;
+};
+
+// The demuxers that exist for us, whatever else this FFmpeg has; HLS is among them for the list itself alone.
+inline constexpr const char* sound_formats = "mp3,aac,ogg,flac,asf,mpegts,mov,wav,w64,aiff,matroska,ac3,eac3";
+
+} // namespace lumotune::media

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What makes FFmpeg give up: the listener, or the time. Worker thread.
+#pragma once
+
+#include "platform/media/ffmpeg.h"
+
+#include <chrono>
+#include <exception>
+#include <functional>
+
+namespace lumotune::media {
+
+// FFmpeg keeps its address: it must outlive everything that was opened with it.
+struct Watch {
+  using Clock = std::chrono::steady_clock;
+
+  std::function<bool()> interrupted;
+  Clock::time_point deadline = Clock::time_point::max();
+  bool cancelled = false; // by the listener
+  bool over = false;      // nothing more is opened: a limit was reached
+
+  [[nodiscard]] bool expired() const { return over || Clock::now() > deadline; }
+  [[nodiscard]] bool stops() {
+    cancelled = cancelled || (interrupted && interrupted());
+    return cancelled || expired();
+  }
+  // Called by FFmpeg, through which nothing may be thrown.
+  static int check(void* self) noexcept {
+    try {
+      return static_cast<Watch*>(self)->stops() ? 1 : 0;
+    } catch (const std::exception&) {
+      return 1;
+    }
+  }
+  [[nodiscard]] AVIOInterruptCB callback() { return {check, this}; }
+};
+
+} // namespace lumotune::media
