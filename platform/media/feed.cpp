@@ -38,6 +38,12 @@ std::string io_option(AVIOContext* connection, const char* name) {
 
 Feed::Feed(Io connection, std::string seen) : connection_(std::move(connection)), seen_(std::move(seen)) {}
 
+std::int64_t Feed::size() const {
+  if (connection_ == nullptr)
+    return static_cast<std::int64_t>(seen_.size());
+  return std::max<std::int64_t>(avio_size(connection_.get()), 0);
+}
+
 bool Feed::look(std::size_t bytes) {
   while (seen_.size() < bytes) {
     if (!look_further(bytes))
@@ -64,7 +70,9 @@ void Feed::replace(std::string text) {
 
 // That many bytes behind what was seen.
 bool Feed::drop(std::size_t bytes) {
-  if ((connection_->seekable & AVIO_SEEKABLE_NORMAL) != 0)
+  if (bytes > 0 && connection_ == nullptr)
+    return false;
+  if (connection_ != nullptr && (connection_->seekable & AVIO_SEEKABLE_NORMAL) != 0)
     return avio_seek(connection_.get(), static_cast<std::int64_t>(bytes), SEEK_CUR) >= 0;
   std::array<unsigned char, 4096> buffer;
   while (bytes > 0) {
@@ -80,7 +88,7 @@ bool Feed::drop(std::size_t bytes) {
 // FFmpeg reads any number of tags, and keeps each value of each.
 void Feed::skip_tags() {
   std::size_t kept = 0;
-  while (connection_ != nullptr && !complete_) {
+  while (!complete_) {
     (void)look(kept + tag_head);
     const std::size_t length = tag_length(seen_, kept);
     if (length == 0)

@@ -35,6 +35,8 @@ public:
   [[nodiscard]] AVIOContext* connection() const { return connection_.get(); }
   [[nodiscard]] std::string option(const char* name) const { return io_option(connection(), name); }
 
+  [[nodiscard]] std::int64_t size() const; // 0 where it is not known
+
   // The next four until a context is made.
   // Reads until that much was seen; false when no more comes before.
   bool look(std::size_t bytes);

@@ -28,16 +28,29 @@ std::string text_of(const AVDictionary* dictionary, const char* key) {
 
 } // namespace
 
-int IoOpen::open(const std::string& address, Io& connection) {
+int IoOpen::open(const std::string& address, std::unique_ptr<Feed>& feed) {
   const Request request{address};
   if (reach_of(address, options_.from_network) == Reach::nothing)
     return AVERROR_PROTOCOL_NOT_FOUND;
   if (!may_open(request))
     return AVERROR(EIO);
+  return make_feed(request, feed);
+}
+
+int IoOpen::make_feed(const Request& request, std::unique_ptr<Feed>& feed) {
+  if (options_.memory) {
+    auto bytes = options_.memory(request.address);
+    if (bytes)
+      feed = std::make_unique<Feed>(nullptr, std::move(*bytes));
+    return bytes ? 0 : AVERROR(EIO);
+  }
+  Io connection;
   const int error = connect(request, connection);
-  if (error >= 0)
-    keep_cookies(address, *connection);
-  return error;
+  if (error < 0)
+    return error;
+  keep_cookies(request.address, *connection);
+  feed = std::make_unique<Feed>(std::move(connection));
+  return 0;
 }
 
 void IoOpen::attach(AVFormatContext& context, const std::string& address) {
@@ -161,12 +174,10 @@ int IoOpen::open_nested(AVFormatContext* context, AVIOContext** made, const char
 int IoOpen::open_nested(AVIOContext** made, const Request& request) {
   if (watch_.stops() || !may_open(request) || !wait_for_turn(request.address))
     return AVERROR_EXIT;
-  Io connection;
-  const int error = connect(request, connection);
+  std::unique_ptr<Feed> feed;
+  const int error = make_feed(request, feed);
   if (error < 0)
     return error;
-  keep_cookies(request.address, *connection);
-  auto feed = std::make_unique<Feed>(std::move(connection));
   if (!read_list(request.address, *feed))
     return AVERROR_INVALIDDATA;
   feed->skip_tags();

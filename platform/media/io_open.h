@@ -25,7 +25,7 @@ public:
   ~IoOpen() = default;
 
   // The stream itself. FFmpeg's error, or 0. AVERROR_PROTOCOL_NOT_FOUND for what is out of its reach.
-  [[nodiscard]] int open(const std::string& address, Io& connection);
+  [[nodiscard]] int open(const std::string& address, std::unique_ptr<Feed>& feed);
   // From now on all that the context opens goes through here, and `address` decides what may be named.
   void attach(AVFormatContext& context, const std::string& address);
   [[nodiscard]] const std::string& top() const { return top_; }
@@ -54,6 +54,7 @@ private:
   [[nodiscard]] int open_nested(AVIOContext** made, const Request& request);
   [[nodiscard]] bool may_open(const Request& request);
   [[nodiscard]] bool wait_for_turn(const std::string& address);
+  [[nodiscard]] int make_feed(const Request& request, std::unique_ptr<Feed>& feed);
   [[nodiscard]] int connect(const Request& request, Io& connection);
   [[nodiscard]] int connect(const Request& request, bool verified, Io& connection);
   [[nodiscard]] std::string proxy_of(const std::string& address);

@@ -76,13 +76,8 @@ Source::~Source() {
 Opened Source::open(const std::string& address, const SourceOptions& options) {
   Opened opened;
   std::unique_ptr<Source> source(new Source(options));
-  Io connection;
-  int error = source->io_.open(address, connection);
-  Kind kind = Kind::sound;
-  if (error >= 0) {
-    source->feed_ = std::make_unique<Feed>(std::move(connection));
-    kind = source->look(address, opened);
-  }
+  int error = source->io_.open(address, source->feed_);
+  const Kind kind = error >= 0 ? source->look(address, opened) : Kind::sound;
   if (error >= 0 && (kind == Kind::sound || kind == Kind::hls))
     error = source->open_format(address, kind == Kind::hls);
   opened.cancelled = source->watch_.cancelled;
@@ -102,7 +97,7 @@ Opened Source::open(const std::string& address, const SourceOptions& options) {
 PlaylistKind Source::look_at_start(const std::string& address) {
   constexpr std::size_t look = 2048;
   const std::string type = feed_->option("mime_type");
-  PlaylistKind kind = PlaylistKind::none;
+  PlaylistKind kind = playlist_kind(feed_->seen(), type, address);
   while (kind == PlaylistKind::none && feed_->look_further(look)) {
     kind = playlist_kind(feed_->seen(), type, address);
     if (feed_->seen().find_first_of(std::string_view("\0\1\2\3\4\5\6\7\xff", 9)) != std::string::npos)
@@ -186,7 +181,7 @@ int Source::find_sound(bool hls) {
     if (static_cast<int>(i) != stream_)
       context->streams[i]->discard = AVDISCARD_ALL;
   }
-  const bool endless = context->duration == AV_NOPTS_VALUE || (!hls && avio_size(feed_->connection()) <= 0);
+  const bool endless = context->duration == AV_NOPTS_VALUE || (!hls && feed_->size() <= 0);
   live_ = endless && !is_file(io_.top());
   // What the headers gave counts as news.
   context->streams[stream_]->event_flags |= AVSTREAM_EVENT_FLAG_METADATA_UPDATED;

@@ -5,6 +5,7 @@
 #include "platform/media/open_budget.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace lumotune::media {
@@ -19,7 +20,9 @@ struct SourceOptions {
   OpenBudget* budget = nullptr; // of this try, taken from for every opening until sound is found; unset: no limit
   int timeout_ms = 10000;       // without a byte, and the longest wait that brings too little sound
   int open_limit_ms = 25000;    // for all of opening, whatever trickles in
-  std::string ca_file;          // roots that certificates are checked with, instead of the system's; for tests
+  // What stands at an address, instead of the network; for tests. May be unset.
+  std::function<std::optional<std::string>(const std::string& address)> memory;
+  std::string ca_file; // roots that certificates are checked with, instead of the system's; for tests
 };
 
 } // namespace lumotune::media

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Bytes as a stream: opened and decoded as the engine does it, without a network.
+#pragma once
+
+#include "platform/media/decoder.h"
+#include "platform/media/source.h"
+#include "tests/fuzz/fuzzing.h"
+
+#include <chrono>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace lumotune::fuzz {
+
+inline void start_media() {
+  av_log_set_level(AV_LOG_QUIET);
+  av_max_alloc(std::size_t{64} << 20U); // as the player does
+}
+
+inline void decode_some(media::Source& source) {
+  constexpr int out_rate = 48000;
+  constexpr int most_packets = 50;
+  media::Decoder decoder(out_rate);
+  (void)source.codec_name();
+  demand(source.kbps() >= 0);
+  if (!decoder.open(source.parameters()))
+    return;
+  const auto sink = [](const float* frames, std::size_t count) {
+    demand(frames != nullptr && count > 0);
+    return true;
+  };
+  const media::Packet packet(av_packet_alloc());
+  for (int i = 0; i < most_packets; ++i) {
+    const media::ReadResult read = source.read(*packet);
+    if (read != media::ReadResult::packet && read != media::ReadResult::other)
+      break;
+    if (read == media::ReadResult::packet)
+      (void)decoder.decode(*packet, sink);
+    av_packet_unref(packet.get());
+    (void)source.new_title();
+  }
+}
+
+// `answers` are what the openings get, one after the other; further ones fail.
+inline void play(const std::string& address, std::vector<std::string> answers) {
+  using Clock = std::chrono::steady_clock;
+  const auto end = Clock::now() + std::chrono::milliseconds(200);
+  std::size_t openings = 0;
+  media::OpenBudget budget;
+  media::SourceOptions options;
+  options.budget = &budget;
+  options.open_limit_ms = 200;
+  options.interrupted = [end] { return Clock::now() > end; };
+  options.memory = [&](const std::string& named) -> std::optional<std::string> {
+    demand(named.find("://") != std::string::npos && named.find("file:") != 0);
+    return openings < answers.size() ? std::optional(std::move(answers[openings++])) : std::nullopt;
+  };
+  const media::Opened opened = media::Source::open(address, options);
+  demand(opened.source == nullptr || opened.trouble == media::Trouble::none);
+  demand(opened.entries.size() <= media::max_playlist_entries);
+  if (opened.source != nullptr)
+    decode_some(*opened.source);
+}
+
+} // namespace lumotune::fuzz
