@@ -106,10 +106,11 @@ protected:
   HostileRadio radio;
 };
 
-TEST_F(TlsPlayerTest, ABadCertificateIsHeard) {
+TEST_F(TlsPlayerTest, ABadCertificateIsHeardAndTold) {
   const auto ports = radio.tls(options.ca_file);
   play("https://127.0.0.1:" + ports.at("self") + "/live/440.mp3");
   EXPECT_TRUE(until_hears(440)) << told();
+  EXPECT_TRUE(until_said(L"Neověřený server")) << told();
 }
 
 TEST_F(TlsPlayerTest, AListThatStandsStillIsTriedAgain) {
