@@ -164,6 +164,8 @@ bool may_open(std::string_view address, platform::AddressOrigin origin) {
   const AddressKind kind = address_kind(address);
   if (kind != AddressKind::local && kind != AddressKind::network)
     return false;
+  if (kind == AddressKind::local && has_control(local_path(address))) // "%0A"
+    return false;
   if (origin == platform::AddressOrigin::listener)
     return true;
   if (kind == AddressKind::local)

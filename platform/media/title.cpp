@@ -89,13 +89,15 @@ bool is_control(wchar_t c) {
          (code >= 0x202a && code <= 0x202e) || (code >= 0x2066 && code <= 0x2069);
 }
 
+bool is_first_half(wchar_t c) {
+  const auto code = static_cast<char32_t>(c) & 0xffff;
+  return sizeof(wchar_t) == 2 && code >= 0xd800 && code < 0xdc00;
+}
+
 // Never between the halves of a pair.
 void shorten(std::wstring& text) {
-  if (text.size() <= max_characters)
-    return;
-  const auto last = static_cast<char32_t>(text[max_characters - 1]) & 0xffff;
-  const bool split = sizeof(wchar_t) == 2 && last >= 0xd800 && last < 0xdc00;
-  text.resize(split ? max_characters - 1 : max_characters);
+  if (text.size() > max_characters)
+    text.resize(is_first_half(text[max_characters - 1]) ? max_characters - 1 : max_characters);
 }
 
 } // namespace

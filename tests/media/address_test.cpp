@@ -120,7 +120,8 @@ TEST(Reach, OfAMessageIsNoDevice) {
 TEST(Reach, OfTheListenerIsHisOwn) {
   for (const char* each : {"\\\\nas\\music\\x.mp3", "x.mp3", "C:\\x", "file://nas/music/x", "rtsp://a/", "http://a/"})
     EXPECT_TRUE(may_open(each, Origin::listener)) << each;
-  for (const char* each : {"concat:a|b", "data:x", "pipe:0", "ftp://a/", ""})
+  for (const char* each :
+       {"concat:a|b", "data:x", "pipe:0", "ftp://a/", "", "file:///C:/a%0Ab", "file:%0a[", "C:\\a\nb"})
     EXPECT_FALSE(may_open(each, Origin::listener)) << each;
 }
 
