@@ -6,6 +6,7 @@
 #include "platform/win32/connection.h"
 #include "platform/win32/input_box.h"
 #include "platform/win32/popup_menus.h"
+#include "platform/win32/proxy.h"
 #include "platform/win32/user_input.h"
 #include "resource.h"
 #include "version.h"

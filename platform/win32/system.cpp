@@ -4,7 +4,6 @@
 #include <objbase.h>
 
 #include <shellapi.h>
-#include <winhttp.h>
 
 #include <array>
 
@@ -110,57 +109,6 @@ std::wstring Win32Machine::date_and_time() const {
                   static_cast<int>(date.size()), nullptr);
   GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, nullptr, nullptr, time.data(), static_cast<int>(time.size()));
   return std::wstring(date.data()) + L" " + time.data();
-}
-
-namespace {
-
-std::string narrow(LPCWSTR text) {
-  std::string bytes;
-  for (; text != nullptr && *text != 0; ++text)
-    bytes += *text < 128 ? static_cast<char>(*text) : '?';
-  return bytes;
-}
-
-// "host:port", or "http=host:port;https=host:port": the one for this kind of address.
-std::string choose_proxy(const std::string& list, bool secure) {
-  const std::string key = secure ? "https=" : "http=";
-  const std::size_t named = list.find(key);
-  if (named == std::string::npos && list.find('=') != std::string::npos)
-    return {};
-  const std::size_t start = named == std::string::npos ? 0 : named + key.size();
-  std::string host = list.substr(start, list.find_first_of("; ", start) - start);
-  if (host.empty())
-    return {};
-  return host.find("://") == std::string::npos ? "http://" + host : host;
-}
-
-bool is_own_machine(const std::string& address) {
-  return address.find("://127.") != std::string::npos || address.find("://localhost") != std::string::npos ||
-         address.find("://[::1]") != std::string::npos;
-}
-
-} // namespace
-
-// Only what the settings name outright; a script that computes proxies is not run.
-std::string system_proxy(const std::string& address) {
-  if (is_own_machine(address))
-    return {};
-  // Loaded when it is asked for: the program's start need not wait for a library that most addresses never need.
-  const HMODULE library = LoadLibraryExW(L"winhttp.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-  if (library == nullptr)
-    return {};
-  // A plain function pointer behind the system's untyped one.
-  const auto ask = reinterpret_cast<decltype(&WinHttpGetIEProxyConfigForCurrentUser)>(
-      reinterpret_cast<void*>(GetProcAddress(library, "WinHttpGetIEProxyConfigForCurrentUser")));
-  WINHTTP_CURRENT_USER_IE_PROXY_CONFIG config{};
-  if (ask == nullptr || ask(&config) == 0)
-    return {};
-  const std::string list = narrow(config.lpszProxy);
-  for (LPWSTR text : {config.lpszAutoConfigUrl, config.lpszProxy, config.lpszProxyBypass}) {
-    if (text != nullptr)
-      GlobalFree(text);
-  }
-  return choose_proxy(list, address.starts_with("https:"));
 }
 
 } // namespace lumotune::platform::win32

@@ -46,7 +46,4 @@ private:
   bool previous_ = false;
 };
 
-// The proxy that the user's settings name for an address: "http://host:port", or empty. Any thread.
-[[nodiscard]] std::string system_proxy(const std::string& address);
-
 } // namespace lumotune::platform::win32
