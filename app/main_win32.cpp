@@ -4,6 +4,7 @@
 #include "platform/media/player.h"
 #include "platform/win32/backend.h"
 #include "platform/win32/connection.h"
+#include "platform/win32/hardening.h"
 #include "platform/win32/input_box.h"
 #include "platform/win32/popup_menus.h"
 #include "platform/win32/proxy.h"
@@ -44,6 +45,7 @@ int run() {
 } // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+  platform::win32::harden_process();
   int result = 1;
   platform::win32::guarded([&] { result = run(); });
   // A worker that hangs in a name look-up must not keep the process alive.
