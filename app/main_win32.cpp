@@ -4,6 +4,7 @@
 #include "platform/media/player.h"
 #include "platform/win32/backend.h"
 #include "platform/win32/connection.h"
+#include "platform/win32/end_limit.h"
 #include "platform/win32/hardening.h"
 #include "platform/win32/input_box.h"
 #include "platform/win32/popup_menus.h"
@@ -16,10 +17,15 @@ namespace {
 
 using namespace lumotune;
 
+// From the user's wish to end until the process is gone, a little less than the six seconds that users are promised.
+// The settings are saved first thing.
+constexpr std::uint32_t longest_end_ms = 5500;
+
 int run() {
   // A file look-up dialog of the system would hide what we report ourselves.
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
   platform::win32::Backend backend(LUMOTUNE_ICON);
+  backend.machine.on_begin_end = [] { platform::win32::limit_end(longest_end_ms); };
   platform::win32::Win32MediaKeys media_keys(backend.window.handle());
   platform::win32::Win32PopupMenus popups(backend.loop, backend.window.handle());
   platform::win32::Win32InputBox input_box(backend.loop, backend.window.handle());
@@ -39,6 +45,7 @@ int run() {
                        form);
   if (program.start())
     backend.loop.run();
+  backend.machine.begin_end(); // a start that came to nothing ends too
   return 0;
 }
 
@@ -48,6 +55,6 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   platform::win32::harden_process();
   int result = 1;
   platform::win32::guarded([&] { result = run(); });
-  // A worker that hangs in a name look-up must not keep the process alive.
-  ExitProcess(static_cast<UINT>(result));
+  // Not by returning: a worker that hangs in a name look-up must not keep the process alive.
+  platform::win32::end_now(static_cast<unsigned>(result));
 }

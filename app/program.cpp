@@ -15,7 +15,7 @@ Program::Program(const Platform& p, core::LumotuneForm& form)
       commands({settings, session, form, p.loop, p.messages, p.codec, playback}),
       startup({settings, session, form, p.loop, p.files, p.machine, p.messages, p.shell, p.dialogs, p.player, options,
                playback, commands, sender}),
-      shutdown({session, p.loop, p.messages, p.player, options, commands, sender}),
+      shutdown({session, p.loop, p.machine, p.messages, p.player, options, commands, sender}),
       skin({settings, session, form, p.files, p.codec, p.machine, p.loop, error_log}),
       skin_menu({p.files, p.machine}),
       chrome({settings, session, form, p.machine}),

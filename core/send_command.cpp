@@ -35,4 +35,9 @@ void CommandSender::SendCommand(const std::wstring& ProgramFile, const std::wstr
   uses_.messages.send_copy_data(target, uses_.codec.encode(Text));
 }
 
+void CommandSender::send_to(WindowRef target, const std::wstring& Text) {
+  uses_.loop.run_pending();
+  uses_.messages.send_copy_data(target, uses_.codec.encode(Text));
+}
+
 } // namespace lumotune::core

@@ -27,6 +27,9 @@ public:
   void SendCommand(const std::wstring& ProgramFile, const std::wstring& WindowCaption, const std::wstring& Text,
                    std::wstring Mode);
 
+  // Delivers one command to that window, events first. No window: nothing is sent.
+  void send_to(platform::WindowRef target, const std::wstring& Text);
+
 private:
   Uses uses_;
 };

@@ -9,6 +9,7 @@ void Shutdown::Konec() {
   if (begun_)
     return;
   begun_ = true;
+  uses_.machine.begin_end();
   uses_.player.stop(); // what is left to do may take a moment, in which nothing should be heard any more
   uses_.commands.Hook(false);
   uses_.loop.run_pending();

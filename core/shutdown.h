@@ -6,6 +6,7 @@
 #include "core/ports.h"
 #include "core/send_command.h"
 #include "core/settings_files.h"
+#include "platform/machine.h"
 
 namespace lumotune::core {
 
@@ -15,6 +16,7 @@ public:
   struct Uses {
     const Session& session;
     platform::EventLoop& loop;
+    platform::Machine& machine;
     platform::WindowMessages& messages;
     platform::MediaPlayer& player;
     SettingsFiles& options;

@@ -29,11 +29,13 @@ bool Startup::Form_Load() {
   return true;
 }
 
-// Our own caption changes first, so that the look-up cannot find this window.
+// Our own caption changes first, so that the look-up cannot find this window. It is for the window of the other copy,
+// and only without one for any that is captioned like it: another program's must not get the command in its place.
 void Startup::forward_to_previous() {
   uses_.form.window.set_caption(L"Lumotune...");
-  uses_.messages.let_take_foreground(uses_.messages.find_by_caption(main_caption));
-  uses_.sender.SendCommand(L"lumotune.exe", main_caption, L"fmax", L"0");
+  const WindowRef first = uses_.messages.find_copy(main_caption);
+  uses_.messages.let_take_foreground(first);
+  uses_.sender.send_to(first, L"fmax");
 }
 
 bool Startup::LoadOptionsWorkIt() {

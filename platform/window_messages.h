@@ -35,6 +35,10 @@ public:
   // it.
   [[nodiscard]] virtual WindowRef find_by_caption(const std::wstring& caption) const = 0;
 
+  // The main window of another copy of this program: the first one of its kind with that caption, else what
+  // `find_by_caption` finds. Any program can give its window a caption.
+  [[nodiscard]] virtual WindowRef find_copy(const std::wstring& caption) const = 0;
+
   // Sends the bytes (no terminating zero) with kind 1 and the main window as sender, and waits for the receiver to have
   // dealt with them, at most `send_limit_ms` when it hangs. No window: nothing is sent.
   virtual void send_copy_data(WindowRef target, std::string_view bytes) = 0;

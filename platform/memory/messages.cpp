@@ -11,6 +11,11 @@ WindowRef MemoryMessages::find_by_caption(const std::wstring& caption) const {
   return found == windows_.end() ? WindowRef::none : found->second;
 }
 
+WindowRef MemoryMessages::find_copy(const std::wstring& caption) const {
+  const auto found = copies_.find(caption);
+  return found != copies_.end() ? found->second : find_by_caption(caption);
+}
+
 void MemoryMessages::send_copy_data(WindowRef target, std::string_view bytes) {
   if (target != WindowRef::none)
     sent.push_back({target, std::string(bytes)});

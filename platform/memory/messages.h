@@ -25,12 +25,15 @@ public:
   };
 
   [[nodiscard]] WindowRef find_by_caption(const std::wstring& caption) const override;
+  [[nodiscard]] WindowRef find_copy(const std::wstring& caption) const override;
   void send_copy_data(WindowRef target, std::string_view bytes) override;
   void let_take_foreground(WindowRef target) override { foreground_given.push_back(target); }
   void hook(std::function<void(const CopyData&)> receive) override { receive_ = std::move(receive); }
 
   // A window of another program appears or goes.
   void add_window(const std::wstring& caption, WindowRef window) { windows_[caption] = window; }
+  // The main window of another copy of the program appears; others may bear its caption too.
+  void add_copy(const std::wstring& caption, WindowRef window) { copies_[caption] = window; }
   void remove_window(const std::wstring& caption) { windows_.erase(caption); }
   // Another program sends copy-data: -1 when hooked, 0 when nobody listens.
   int deliver(const std::string& bytes, std::uint32_t kind = 1);
@@ -43,6 +46,7 @@ public:
 
 private:
   std::map<std::wstring, WindowRef> windows_;
+  std::map<std::wstring, WindowRef> copies_;
   std::function<void(const CopyData&)> receive_;
 };
 
@@ -94,11 +98,13 @@ public:
   [[nodiscard]] std::wstring program_folder() const override { return folder; }
   [[nodiscard]] std::wstring command_line() const override { return arguments; }
   [[nodiscard]] bool previous_instance() const override { return previous; }
+  void begin_end() override { ending = true; }
   [[nodiscard]] std::wstring date_and_time() const override { return now; }
 
   std::wstring folder = L"C:\\Orb";
   std::wstring arguments;
   bool previous = false;
+  bool ending = false;
   std::wstring now = L"1. 2. 2024 3:04:05";
 };
 

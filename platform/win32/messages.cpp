@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/win32/messages.h"
 
+#include <array>
+
 namespace lumotune::platform::win32 {
 namespace {
 
@@ -15,6 +17,19 @@ HWND handle_of(WindowRef window) {
 
 WindowRef Win32Messages::find_by_caption(const std::wstring& caption) const {
   return static_cast<WindowRef>(reinterpret_cast<std::uintptr_t>(FindWindowA(nullptr, codec_.encode(caption).c_str())));
+}
+
+// A copy's main window is of the same class as ours.
+WindowRef Win32Messages::find_copy(const std::wstring& caption) const {
+  std::array<wchar_t, 257> name{};
+  if (GetClassNameW(window_, name.data(), static_cast<int>(name.size())) > 0) {
+    HWND found = FindWindowW(name.data(), caption.c_str());
+    if (found == window_ && found != nullptr)
+      found = FindWindowExW(nullptr, found, name.data(), caption.c_str());
+    if (found != nullptr)
+      return static_cast<WindowRef>(reinterpret_cast<std::uintptr_t>(found));
+  }
+  return find_by_caption(caption);
 }
 
 // The receiver copies the bytes before it answers. Its answer tells nothing that anybody asks for.

@@ -15,6 +15,7 @@ public:
   ~Win32Messages() override { Hook(false); }
 
   [[nodiscard]] WindowRef find_by_caption(const std::wstring& caption) const override;
+  [[nodiscard]] WindowRef find_copy(const std::wstring& caption) const override;
   void send_copy_data(WindowRef target, std::string_view bytes) override;
   void let_take_foreground(WindowRef target) override;
   void hook(std::function<void(const CopyData&)> receive) override;

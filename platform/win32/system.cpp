@@ -6,6 +6,7 @@
 #include <shellapi.h>
 
 #include <array>
+#include <utility>
 
 namespace lumotune::platform::win32 {
 
@@ -85,8 +86,12 @@ Win32Machine::Win32Machine() {
   std::wstring path(32768, L'\0');
   path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
   folder_ = path.substr(0, path.find_last_of(L'\\'));
-  running_mark_.reset(CreateMutexW(nullptr, FALSE, L"Local\\Lumotune.Running"));
-  previous_ = GetLastError() == ERROR_ALREADY_EXISTS;
+}
+
+void Win32Machine::begin_end() {
+  running_.begin_end();
+  if (const auto copy = std::exchange(on_begin_end, {}))
+    copy();
 }
 
 // The program's name comes first, in quotation marks where it holds a blank.

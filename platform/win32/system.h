@@ -7,8 +7,10 @@
 #include "platform/machine.h"
 #include "platform/shell.h"
 #include "platform/win32/end_watch.h"
+#include "platform/win32/running_mark.h"
 #include "platform/win32/win.h"
 
+#include <functional>
 #include <string>
 
 namespace lumotune::platform::win32 {
@@ -31,19 +33,22 @@ private:
   EndWatch end_watch_;
 };
 
-// Finds out at once, when made, whether another copy of the program runs in this session of the user.
+// Finds out at once, when made, whether another copy of the program runs in this session of the user. Where that copy
+// is about to end, the constructor waits for it, 8 seconds at most.
 class Win32Machine final : public Machine {
 public:
   Win32Machine();
   [[nodiscard]] std::wstring program_folder() const override { return folder_; }
   [[nodiscard]] std::wstring command_line() const override;
-  [[nodiscard]] bool previous_instance() const override { return previous_; }
+  [[nodiscard]] bool previous_instance() const override { return running_.previous(); }
+  void begin_end() override;
   [[nodiscard]] std::wstring date_and_time() const override;
+
+  std::function<void()> on_begin_end; // what else is to be done when the end begins; may be unset
 
 private:
   std::wstring folder_;
-  KernelHandle running_mark_;
-  bool previous_ = false;
+  RunningMark running_;
 };
 
 } // namespace lumotune::platform::win32

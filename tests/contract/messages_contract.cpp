@@ -51,6 +51,7 @@ TEST_F(MessagesContract, UnhookedNothingArrives) {
 }
 
 TEST_F(MessagesContract, NoWindowIsNoWindow) {
+  EXPECT_EQ(b.messages.find_copy(L"Takové okno nikde není"), platform::WindowRef::none);
   EXPECT_EQ(b.messages.find_by_caption(L"Takové okno nikde není"), platform::WindowRef::none);
   b.messages.send_copy_data(platform::WindowRef::none, "x");
   b.messages.let_take_foreground(platform::WindowRef::none);

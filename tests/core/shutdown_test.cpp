@@ -23,6 +23,17 @@ TEST_F(ShutdownTest, UnhooksSavesAndEnds) {
   EXPECT_TRUE(w.called(L"stop"));
 }
 
+TEST_F(ShutdownTest, TheMachineIsToldFirst) {
+  start();
+  EXPECT_FALSE(w.machine.ending);
+  w.messages.on_look_up = [&](const std::wstring&) { EXPECT_TRUE(w.machine.ending); };
+  bool told = false;
+  const auto work = w.loop.make_waker([&] { told = w.machine.ending; }); // runs in the first of its waits
+  work->wake();
+  w.shutdown.Konec();
+  EXPECT_TRUE(told) << "a copy that starts now must wait";
+}
+
 TEST_F(ShutdownTest, KeepsWhatTheClientWroteMeanwhile) {
   start();
   auto lines = option_lines();

@@ -155,13 +155,27 @@ TEST_F(StartupTest, TheSecondCopyRenamesItselfAndGivesTheForegroundFirst) {
   w.machine.previous = true;
   w.messages.add_window(L"Lumotune", WindowRef{3});
   std::vector<std::size_t> given;
+  const auto before_the_command = w.loop.make_waker([&] {
+    EXPECT_TRUE(w.messages.sent.empty());
+    given.push_back(w.messages.foreground_given.size());
+  });
   w.messages.on_look_up = [&](const std::wstring&) {
     EXPECT_EQ(w.window.caption(), L"Lumotune...") << "no look-up may find this copy";
-    given.push_back(w.messages.foreground_given.size());
+    before_the_command->wake();
   };
   EXPECT_FALSE(w.startup.Form_Load());
-  ASSERT_FALSE(given.empty());
-  EXPECT_EQ(given.back(), 1U);
+  EXPECT_EQ(given, std::vector<std::size_t>{1});
+  EXPECT_EQ(w.messages.sent.size(), 1U);
+}
+
+TEST_F(StartupTest, AWindowThatMerelyBearsTheCaptionIsNotTakenForTheFirstCopy) {
+  w.machine.previous = true;
+  w.messages.add_window(L"Lumotune", WindowRef{3}); // a folder of that name, say
+  w.messages.add_copy(L"Lumotune", WindowRef{4});
+  EXPECT_FALSE(w.startup.Form_Load());
+  ASSERT_EQ(w.messages.sent.size(), 1U);
+  EXPECT_EQ(w.messages.sent[0].target, WindowRef{4});
+  EXPECT_EQ(w.messages.foreground_given, std::vector<WindowRef>{WindowRef{4}});
 }
 
 TEST_F(StartupTest, ASecondCopyWhoseFirstIsJustGoneStartsNothing) {

@@ -116,7 +116,7 @@ struct CoreWorld : MemoryPlatform {
   core::ClientCommands commands{{settings, session, form, loop, messages, codec, playback}};
   core::Startup startup{{settings, session, form, loop, files, machine, messages, shell, dialogs, player, options,
                          playback, commands, sender}};
-  core::Shutdown shutdown{{session, loop, messages, player, options, commands, sender}};
+  core::Shutdown shutdown{{session, loop, machine, messages, player, options, commands, sender}};
 
   Journal journal;
   RecordingSkin skin{journal};
