@@ -133,23 +133,18 @@ TEST(Win32EndLimit, EndsAProcessThatHangs) {
 
 // What a library would run at the end of the process; here it tells that it was run.
 constexpr unsigned last_code_ran = 9;
-bool& watched() {
-  static bool on = false;
-  return on;
+void WINAPI last_code(void* /*unused*/) {
+  TerminateProcess(GetCurrentProcess(), last_code_ran);
 }
-void NTAPI last_code(PVOID /*image*/, DWORD reason, PVOID /*unused*/) {
-  if (reason == DLL_PROCESS_DETACH && watched())
-    TerminateProcess(GetCurrentProcess(), last_code_ran);
+bool arm_last_code() {
+  static bool armed = false;
+  armed = true;
+  return FlsSetValue(FlsAlloc(last_code), &armed) != 0;
 }
-__attribute__((section(".CRT$XLF"), used)) const PIMAGE_TLS_CALLBACK last_code_entry = last_code;
 
 TEST(Win32EndLimit, TheEndAsksNoLibrary) {
-  const auto watch = [] {
-    watched() = true;
-    return true;
-  };
-  EXPECT_EXIT(watch() ? ExitProcess(7) : void(), testing::ExitedWithCode(last_code_ran), "") << "the usual way";
-  EXPECT_EXIT(watch() ? platform::win32::end_now(7) : void(), testing::ExitedWithCode(7), "");
+  EXPECT_EXIT(arm_last_code() ? ExitProcess(7) : void(), testing::ExitedWithCode(last_code_ran), "") << "the usual way";
+  EXPECT_EXIT(arm_last_code() ? platform::win32::end_now(7) : void(), testing::ExitedWithCode(7), "");
 }
 
 // The window that a copy of the program would have, and another that bears its caption.
