@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/win32/browser.h"
 
+#include "platform/win32/browser_gate.h"
 #include "platform/win32/browser_site.h"
 #include "platform/win32/late.h"
 
@@ -68,7 +69,8 @@ public:
   explicit Page(HWND area) : area_(area), site_(new BrowserSite(area)) {
     lock_process();
     void* made = nullptr;
-    if (FAILED(CoCreateInstance(__uuidof(WebBrowser), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IWebBrowser2), &made)))
+    if (!gate_.closed() ||
+        FAILED(CoCreateInstance(__uuidof(WebBrowser), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IWebBrowser2), &made)))
       return;
     browser_.reset(static_cast<IWebBrowser2*>(made));
     const auto object = ask<IOleObject>(browser_.get());
@@ -136,6 +138,7 @@ private:
   }
 
   OleSession ole_;
+  BrowserGate gate_;
   HWND area_;
   Object<BrowserSite> site_;
   Object<IWebBrowser2> browser_;

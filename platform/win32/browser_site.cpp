@@ -31,6 +31,21 @@ bool starts_with(std::wstring_view text, std::wstring_view small_letters) {
          });
 }
 
+// Whether an address, without its scheme, leads out of the user's own network by its name. The system takes a backslash
+// for a slash; what it might decode or cut differently from us is refused: percent signs, blanks, brackets without a
+// number.
+bool is_outside(std::wstring_view rest) {
+  const std::wstring_view place = rest.substr(0, rest.find_first_of(L"/\\?#"));
+  if (place.find_first_of(L"@% ") != std::wstring_view::npos)
+    return false;
+  if (place.starts_with(L'['))
+    return place.find(L']') != std::wstring_view::npos && place.find(L':') != std::wstring_view::npos;
+  std::wstring_view host = place.substr(0, place.find(L':'));
+  while (host.ends_with(L'.'))
+    host.remove_suffix(1); // a name's own end is no dot within it
+  return host.find(L'.') != std::wstring_view::npos && !host.starts_with(L'.');
+}
+
 // The arguments of an event stand in reverse order; this counts as its description does.
 const VARIANT* argument(const DISPPARAMS& arguments, UINT index) {
   return index < arguments.cArgs ? &arguments.rgvarg[arguments.cArgs - 1 - index] : nullptr;
@@ -78,8 +93,12 @@ void rule(DISPID event, const DISPPARAMS& arguments) {
 
 bool is_web_address(std::wstring_view address) {
   constexpr std::size_t longest = 2083;
-  return address.size() <= longest && (starts_with(address, L"http://") || starts_with(address, L"https://")) &&
-         std::none_of(address.begin(), address.end(), [](wchar_t letter) { return letter < L' ' || letter == 0x7f; });
+  if (address.size() > longest ||
+      std::any_of(address.begin(), address.end(), [](wchar_t letter) { return letter < L' ' || letter == 0x7f; }))
+    return false;
+  if (starts_with(address, L"http://"))
+    return is_outside(address.substr(7));
+  return starts_with(address, L"https://") && is_outside(address.substr(8));
 }
 
 HRESULT BrowserSite::QueryInterface(REFIID id, void** object) {
@@ -96,6 +115,10 @@ HRESULT BrowserSite::QueryInterface(REFIID id, void** object) {
     *object = static_cast<IDocHostUIHandler*>(this);
   else if (id == __uuidof(IDocHostShowUI))
     *object = static_cast<IDocHostShowUI*>(this);
+  else if (id == __uuidof(IServiceProvider))
+    *object = static_cast<IServiceProvider*>(this);
+  else if (id == __uuidof(IInternetSecurityManager))
+    *object = static_cast<IInternetSecurityManager*>(this);
   else if (id == __uuidof(IDispatch) || id == __uuidof(DWebBrowserEvents2))
     *object = static_cast<IDispatch*>(this);
   else

@@ -3,6 +3,7 @@
 // programs, no downloads, no windows of its own.
 #pragma once
 
+#include "platform/win32/browser_zone.h"
 #include "platform/win32/win.h"
 
 #include <mshtmhst.h>
@@ -13,7 +14,8 @@
 namespace lumotune::platform::win32 {
 
 // Whether that may be asked for: an http or https address without control characters, of a length that the system
-// takes.
+// takes, whose host has a dot in its name (or is a number) and no user's name before it. A name without a dot is a
+// machine of the user's own network, to which the system may give the user's credentials.
 [[nodiscard]] bool is_web_address(std::wstring_view address);
 
 #pragma GCC diagnostic push
@@ -26,7 +28,8 @@ class BrowserSite final : public IOleClientSite,
                           public IOleInPlaceFrame,
                           public IDocHostUIHandler,
                           public IDocHostShowUI,
-                          public IDispatch {
+                          public IDispatch,
+                          public RestrictedZone {
 public:
   explicit BrowserSite(HWND area) : area_(area) {}
   BrowserSite(const BrowserSite&) = delete;
