@@ -142,6 +142,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     return 0; // the client runs already
   shown_window() = make_window(L"OrbDemo", shown, L"Orb (ukázka)", WS_OVERLAPPEDWINDOW);
   make_window(L"OrbDemoCommunication", communication, communication_caption, WS_OVERLAPPED);
+  companion::note(L"ready");
   if (!companion::quiet())
     ShowWindow(shown_window(), line == L"m" ? SW_SHOWMINNOACTIVE : SW_SHOWNORMAL);
   MSG message{};

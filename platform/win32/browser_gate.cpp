@@ -25,7 +25,7 @@ constexpr CLSID https_class = {0x79eac9e5, 0xbaf9, 0x11ce, {0x8c, 0x82, 0x00, 0x
 // Looks at one address, and hands an allowed one to the system's handler, which is made part of this object: what else
 // the system asks of it goes there. On whatever thread the system opens the address; counted, and aggregated where it
 // is wanted. (To answer that the system may go on with its own handler is the documented way, too, but Wine knows it
-// not.)
+// not.) Where a server redirects to is asked for by that handler, without another look.
 class GateProtocol final : public IInternetProtocol {
 public:
   explicit GateProtocol(IUnknown* outer) : outer_(outer == nullptr ? &own_ : outer) {}
@@ -97,8 +97,10 @@ private:
     ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
     ULONG STDMETHODCALLTYPE Release() override {
       const ULONG left = --references_;
-      if (left == 0)
+      if (left == 0) {
+        references_ = 1; // the part may count once more while it goes
         delete &gate_;
+      }
       return left;
     }
 

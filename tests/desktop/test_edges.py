@@ -74,8 +74,8 @@ class TestEdges(Program):
         self.hear(440)
 
     def client(self):
-        """The client that the program started."""
-        self.until(lambda: "start show=4" in self.desk.log("orb"), 10, self.desk.log("orb"))
+        """The client that the program started, once its window is there to be spoken to."""
+        self.until(lambda: "ready" in self.desk.log("orb").splitlines(), 10, self.desk.log("orb"))
         return list(processes("orb.exe", "WINEPREFIX"))
 
     def ends_in_time(self):
