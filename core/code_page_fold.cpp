@@ -4,18 +4,23 @@
 #include "core/text.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace lumotune::core {
 
+// Three conversions for the whole page: one for each character takes hundreds of calls at every start.
 CodePageFold::CodePageFold(const platform::AnsiCodec& codec) {
-  for (unsigned byte = 0; byte < folded_.size(); ++byte) {
-    folded_[byte] = static_cast<std::uint8_t>(byte);
-    const std::wstring text = codec.decode(std::string(1, static_cast<char>(byte)));
-    if (text.size() != 1 || core::fold(text[0]) == text[0])
-      continue;
-    const auto small = exact_bytes(codec, std::wstring(1, core::fold(text[0])));
-    if (small.has_value() && small->size() == 1)
-      folded_[byte] = static_cast<std::uint8_t>((*small)[0]);
+  std::string bytes(folded_.size(), '\0');
+  std::iota(bytes.begin(), bytes.end(), '\0');
+  const std::wstring letters = codec.decode(bytes);
+  std::wstring small = letters;
+  std::transform(small.begin(), small.end(), small.begin(), [](wchar_t letter) { return core::fold(letter); });
+  const std::string folded = codec.encode(small);
+  const std::wstring back = codec.decode(folded);
+  for (std::size_t byte = 0; byte < folded_.size(); ++byte) {
+    // A small letter that the page lacks leaves the byte as it is.
+    const bool kept = small[byte] == letters[byte] || back[byte] != small[byte];
+    folded_[byte] = static_cast<std::uint8_t>(kept ? bytes[byte] : folded[byte]);
   }
 }
 
