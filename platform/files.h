@@ -31,16 +31,27 @@ public:
   [[nodiscard]] virtual bool read_into(const std::wstring& path, std::string& bytes) const = 0;
 
   // The new content is complete and flushed on disk beside the file first ("name.new"), then takes its place: a crash
-  // leaves either the old file or the new one. False when it could not be done; the old file is then still there.
+  // leaves either the old file or the new one. The old one's attributes and access rights are kept. A file that another
+  // program holds is tried five times in 200 ms, in which nothing else runs. False when it could not be done, as for a
+  // file that is marked read-only; the old file is then still there.
   [[nodiscard]] virtual bool replace(const std::wstring& path, std::string_view bytes) = 0;
 
   [[nodiscard]] virtual bool append(const std::wstring& path,
                                     std::string_view bytes) = 0;   // makes the file when missing
   [[nodiscard]] virtual bool remove(const std::wstring& path) = 0; // true when it is gone
+  // Gives the file another name in the same folder; a file of that name goes. False when nothing was done.
+  [[nodiscard]] virtual bool move(const std::wstring& from, const std::wstring& to) = 0;
   // Two files at once: both new contents are complete on disk before the first one takes its place, and when the second
-  // cannot take its own, the first old file comes back. False when not both could be done.
+  // cannot take its own, the first old file comes back ("name.old" keeps it). False when not both could be done. A
+  // crash between the two is put right by `settle`. Waits up to 400 ms for other programs.
   [[nodiscard]] virtual bool replace_both(const std::wstring& first, std::string_view first_bytes,
                                           const std::wstring& second, std::string_view second_bytes) = 0;
+  // Removes or completes what a crash during `replace`, or during `replace_both` of two files, has left beside them.
+  // For the first copy of the program, before anything is written.
+  virtual void settle(const std::wstring& path) = 0;
+  virtual void settle(const std::wstring& first, const std::wstring& second) = 0;
+  // Whether a file can be replaced or made, as far as can be known beforehand: neither it nor its folder is read-only.
+  [[nodiscard]] virtual bool can_replace(const std::wstring& path) = 0;
   // Whether some program has the file open for writing; false for a missing file.
   [[nodiscard]] virtual bool being_written(const std::wstring& path) const = 0;
   // Copies over an existing file, as safely as `replace`.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cwctype>
+#include <utility>
 
 namespace lumotune::platform::memory {
 namespace {
@@ -31,6 +32,112 @@ void MemoryFiles::mend(const std::wstring& path) {
   unreadable_.erase(key(path));
   readonly_.erase(key(path));
 }
+
+bool MemoryFiles::power_on() {
+  steps_to_crash_ = -1;
+  return std::exchange(off_, false);
+}
+
+// Whether the next change of the disk is done; false from the crash on.
+bool MemoryFiles::powered() {
+  if (!off_ && steps_to_crash_ >= 0 && steps_to_crash_-- == 0)
+    off_ = true;
+  return !off_;
+}
+
+bool MemoryFiles::is_readonly(const std::wstring& wanted) const {
+  return readonly_.count(wanted) != 0 ||
+         std::any_of(readonly_folders_.begin(), readonly_folders_.end(),
+                     [&](const std::wstring& folder) { return wanted.starts_with(folder); });
+}
+
+FileStep MemoryFiles::changeable(const std::wstring& path) const {
+  if (is_readonly(key(path)))
+    return FileStep::refused;
+  return held_.count(key(path)) != 0 ? FileStep::held : FileStep::done;
+}
+
+void MemoryFiles::store(const std::wstring& path, std::string_view bytes) {
+  Entry& entry = files_[key(path)];
+  if (entry.path.empty())
+    entry.path = path;
+  entry.bytes = bytes;
+  entry.written = ++writings_;
+}
+
+bool MemoryFiles::noted(bool done, const std::wstring& what) {
+  if (done)
+    changes_.push_back(what);
+  return done;
+}
+
+class MemoryFiles::Steps final : public FileSteps {
+public:
+  explicit Steps(MemoryFiles& files) : files_(files) {}
+
+  [[nodiscard]] bool there(const std::wstring& path) const override { return files_.exists(path); }
+  [[nodiscard]] bool newer(const std::wstring& path, const std::wstring& other) const override {
+    return written(path) > written(other);
+  }
+  [[nodiscard]] FileStep write_beside(const std::wstring& to, std::string_view bytes,
+                                      const std::wstring& like) override {
+    if (files_.is_readonly(key(like)))
+      return FileStep::refused;
+    return write(to, bytes);
+  }
+  [[nodiscard]] FileStep keep_copy(const std::wstring& from, const std::wstring& to) override {
+    const auto bytes = files_.read(from);
+    return bytes.has_value() ? write(to, *bytes) : FileStep::refused;
+  }
+  [[nodiscard]] FileStep take_place(const std::wstring& from, const std::wstring& to) override {
+    const FileStep allowed = files_.changeable(to);
+    const auto source = files_.files_.find(key(from));
+    if (allowed != FileStep::done || source == files_.files_.end())
+      return allowed == FileStep::done ? FileStep::refused : allowed;
+    if (!files_.powered())
+      return FileStep::refused;
+    Entry moved = std::move(source->second);
+    files_.files_.erase(source);
+    const auto old = files_.files_.find(key(to));
+    moved.path = old == files_.files_.end() ? to : old->second.path;
+    files_.files_[key(to)] = std::move(moved);
+    return FileStep::done;
+  }
+  [[nodiscard]] FileStep erase(const std::wstring& path) override {
+    const FileStep allowed = files_.changeable(path);
+    if (!files_.exists(path))
+      return files_.off_ ? FileStep::refused : FileStep::done;
+    if (allowed != FileStep::done)
+      return allowed;
+    if (!files_.powered())
+      return FileStep::refused;
+    files_.files_.erase(key(path));
+    return FileStep::done;
+  }
+  void wait(int milliseconds) override {
+    files_.waited_ms += milliseconds;
+    if (const auto copy = files_.while_waiting)
+      copy();
+  }
+
+private:
+  FileStep write(const std::wstring& to, std::string_view bytes) {
+    const FileStep allowed = files_.changeable(to);
+    if (allowed != FileStep::done)
+      return allowed;
+    if (files_.off_)
+      return FileStep::refused;
+    const bool whole = files_.powered();
+    files_.store(to, whole ? bytes : bytes.substr(0, bytes.size() / 2));
+    return whole ? FileStep::done : FileStep::refused;
+  }
+  [[nodiscard]] unsigned written(const std::wstring& path) const {
+    const auto found = files_.files_.find(key(path));
+    return found == files_.files_.end() ? 0 : found->second.written;
+  }
+
+  MemoryFiles& files_;
+};
 
 const MemoryFiles::Entry* MemoryFiles::readable(const std::wstring& path) const {
   const std::wstring wanted = key(path);
@@ -68,27 +175,36 @@ bool MemoryFiles::read_into(const std::wstring& path, std::string& bytes) const 
   return entry != nullptr;
 }
 
-bool MemoryFiles::put(const std::wstring& path, std::string_view bytes, const wchar_t* verb) {
-  const std::wstring wanted = key(path);
-  if (readonly_.count(wanted) != 0)
-    return false;
-  Entry& entry = files_[wanted];
-  if (entry.path.empty())
-    entry.path = path;
-  entry.bytes = bytes;
-  changes_.push_back(verb + path);
-  return true;
-}
-
 bool MemoryFiles::replace(const std::wstring& path, std::string_view bytes) {
-  return put(path, bytes, L"replace ");
+  Steps steps(*this);
+  return noted(replace_one(steps, path, bytes), L"replace " + path);
 }
 
 bool MemoryFiles::replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
                                std::string_view second_bytes) {
-  if (readonly_.count(key(first)) != 0 || readonly_.count(key(second)) != 0)
-    return false;
-  return put(first, first_bytes, L"replace ") && put(second, second_bytes, L"replace ");
+  Steps steps(*this);
+  return noted(replace_two(steps, first, first_bytes, second, second_bytes), L"replace " + first) &&
+         noted(true, L"replace " + second);
+}
+
+void MemoryFiles::settle(const std::wstring& path) {
+  Steps steps(*this);
+  settle_one(steps, path);
+}
+
+void MemoryFiles::settle(const std::wstring& first, const std::wstring& second) {
+  Steps steps(*this);
+  settle_two(steps, first, second);
+}
+
+bool MemoryFiles::can_replace(const std::wstring& path) {
+  return !is_readonly(key(path));
+}
+
+bool MemoryFiles::move(const std::wstring& from, const std::wstring& to) {
+  Steps steps(*this);
+  return changeable(from) == FileStep::done &&
+         noted(steps.take_place(from, to) == FileStep::done, L"move " + from + L" to " + to);
 }
 
 bool MemoryFiles::being_written(const std::wstring& path) const {
@@ -104,23 +220,25 @@ void MemoryFiles::set_being_written(const std::wstring& path, bool on) {
 }
 
 bool MemoryFiles::append(const std::wstring& path, std::string_view bytes) {
+  if (is_readonly(key(path)) || !powered())
+    return false;
   const auto found = files_.find(key(path));
-  const std::string old = found == files_.end() ? std::string() : found->second.bytes;
-  return put(path, old + std::string(bytes), L"append ");
+  store(path, (found == files_.end() ? std::string() : found->second.bytes) + std::string(bytes));
+  return noted(true, L"append " + path);
 }
 
 bool MemoryFiles::remove(const std::wstring& path) {
-  const std::wstring wanted = key(path);
-  if (readonly_.count(wanted) != 0)
+  if (changeable(path) != FileStep::done || !powered())
     return false;
-  if (files_.erase(wanted) != 0)
+  if (files_.erase(key(path)) != 0)
     changes_.push_back(L"remove " + path);
   return true;
 }
 
 bool MemoryFiles::copy(const std::wstring& from, const std::wstring& to) {
   const auto bytes = read(from);
-  return bytes.has_value() && put(to, *bytes, L"copy to ");
+  Steps steps(*this);
+  return bytes.has_value() && noted(replace_one(steps, to, *bytes), L"copy to " + to);
 }
 
 std::vector<std::wstring> MemoryFiles::list(const std::wstring& folder, const std::wstring& pattern) const {

@@ -4,8 +4,10 @@
 
 #include "platform/ansi_codec.h"
 #include "platform/common/code_page_1250.h"
+#include "platform/common/file_replacing.h"
 #include "platform/files.h"
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -22,6 +24,10 @@ public:
   [[nodiscard]] bool replace(const std::wstring& path, std::string_view bytes) override;
   [[nodiscard]] bool replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
                                   std::string_view second_bytes) override;
+  void settle(const std::wstring& path) override;
+  void settle(const std::wstring& first, const std::wstring& second) override;
+  [[nodiscard]] bool can_replace(const std::wstring& path) override;
+  [[nodiscard]] bool move(const std::wstring& from, const std::wstring& to) override;
   [[nodiscard]] bool being_written(const std::wstring& path) const override;
   [[nodiscard]] bool append(const std::wstring& path, std::string_view bytes) override;
   [[nodiscard]] bool remove(const std::wstring& path) override;
@@ -31,28 +37,52 @@ public:
   // Knobs: a file of that path can no longer be read, or no longer be written, removed or replaced.
   void make_unreadable(const std::wstring& path) { unreadable_.insert(key(path)); }
   void make_readonly(const std::wstring& path) { readonly_.insert(key(path)); }
+  // The same for whatever lies in a folder, at any depth, also what is not there yet.
+  void make_folder_readonly(const std::wstring& folder) { readonly_folders_.insert(key(folder) + L"\\"); }
+  // Another program holds the file against being replaced, removed or moved, until `release` or the test's end.
+  void hold(const std::wstring& path) { held_.insert(key(path)); }
+  void release(const std::wstring& path) { held_.erase(key(path)); }
+  // What happens while a call waits for a holder, and how long all calls have waited.
+  std::function<void()> while_waiting;
+  int waited_ms = 0;
+  // The machine dies during the n-th step from now (0: the next one) that changes the disk: the step is torn and
+  // nothing is done any more, until the power is back. Whether it died.
+  void crash_at(int step) { steps_to_crash_ = step; }
+  bool power_on();
   // Another program has the file open for writing, or no longer.
   void set_being_written(const std::wstring& path, bool on);
   void mend(const std::wstring& path);
   // Records: every read, and every change as "replace C:\...", "append ...", "remove ...", "copy to ...".
   [[nodiscard]] const std::vector<std::wstring>& changes() const { return changes_; }
+  void forget_changes() { changes_.clear(); } // for whoever works with the same files for hours
   [[nodiscard]] std::size_t reads(const std::wstring& path) const;
   // How often somebody asked whether a file is being written.
   [[nodiscard]] std::size_t writers_asked_for() const { return writers_asked_for_; }
 
 private:
+  class Steps;
   struct Entry {
     std::wstring path; // as it was first written
     std::string bytes;
+    unsigned written = 0; // grows with every writing
   };
   [[nodiscard]] static std::wstring key(const std::wstring& path);
   [[nodiscard]] const Entry* readable(const std::wstring& path) const;
-  bool put(const std::wstring& path, std::string_view bytes, const wchar_t* verb);
+  [[nodiscard]] bool is_readonly(const std::wstring& wanted) const;
+  [[nodiscard]] bool powered();
+  [[nodiscard]] FileStep changeable(const std::wstring& path) const;
+  void store(const std::wstring& path, std::string_view bytes);
+  bool noted(bool done, const std::wstring& what);
 
   std::map<std::wstring, Entry> files_;
   std::set<std::wstring> unreadable_;
   std::set<std::wstring> readonly_;
+  std::set<std::wstring> readonly_folders_;
+  std::set<std::wstring> held_;
   std::set<std::wstring> written_;
+  int steps_to_crash_ = -1;
+  bool off_ = false;
+  unsigned writings_ = 0;
   std::vector<std::wstring> changes_;
   mutable std::map<std::wstring, std::size_t> reads_;
   mutable std::size_t writers_asked_for_ = 0;

@@ -2,8 +2,10 @@
 #include "platform/win32/files.h"
 
 #include "platform/common/code_page_1250.h"
+#include "platform/common/file_replacing.h"
 #include "platform/win32/win.h"
 
+#include <aclapi.h>
 #include <algorithm>
 
 namespace lumotune::platform::win32 {
@@ -35,10 +37,104 @@ bool write_flushed(const std::wstring& path, std::string_view bytes) {
   return is_open(file) && write_all(file.get(), bytes) && FlushFileBuffers(file.get()) != 0;
 }
 
-// MoveFileEx replaces in one step of the file system; a reader holds either the old file or the new one.
-bool take_place(const std::wstring& beside, const std::wstring& path) {
-  return MoveFileExW(beside.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+constexpr DWORD kept_attributes =
+    FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+
+// Why the last call failed. A virus scanner or an indexer lets go soon, and some of them refuse access instead of
+// sharing; a file marked read-only and a folder stay what they are.
+FileStep failure(const std::wstring& path) {
+  const DWORD error = GetLastError();
+  if (error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_USER_MAPPED_FILE)
+    return FileStep::held;
+  if (error != ERROR_ACCESS_DENIED)
+    return FileStep::refused;
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  const bool stays =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0;
+  return stays ? FileStep::refused : FileStep::held;
 }
+
+struct FreeLocal {
+  using pointer = HLOCAL;
+  void operator()(HLOCAL memory) const { LocalFree(memory); }
+};
+
+// The access rights that were given to the file itself go on; those of its folder come from the folder again. A file
+// system without rights has none to copy, and a user who may not set them gets those of the folder.
+void copy_access_rights(const std::wstring& from, const std::wstring& to) {
+  PACL list = nullptr;
+  PSECURITY_DESCRIPTOR descriptor = nullptr;
+  SECURITY_DESCRIPTOR_CONTROL control = 0;
+  DWORD revision = 0;
+  if (GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &list, nullptr,
+                            &descriptor) != ERROR_SUCCESS)
+    return;
+  const std::unique_ptr<void, FreeLocal> owner(descriptor);
+  if (list == nullptr || GetSecurityDescriptorControl(descriptor, &control, &revision) == 0)
+    return;
+  const DWORD inherits =
+      (control & SE_DACL_PROTECTED) != 0 ? PROTECTED_DACL_SECURITY_INFORMATION : UNPROTECTED_DACL_SECURITY_INFORMATION;
+  std::wstring name = to;
+  (void)SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inherits, nullptr, nullptr, list,
+                              nullptr);
+}
+
+FILETIME written_at(const std::wstring& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  (void)GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data); // a missing file is the oldest
+  return data.ftLastWriteTime;
+}
+
+class Steps final : public FileSteps {
+public:
+  [[nodiscard]] bool there(const std::wstring& path) const override {
+    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+  }
+  [[nodiscard]] bool newer(const std::wstring& path, const std::wstring& other) const override {
+    const FILETIME mine = written_at(path);
+    const FILETIME others = written_at(other);
+    return CompareFileTime(&mine, &others) > 0;
+  }
+  [[nodiscard]] FileStep write_beside(const std::wstring& to, std::string_view bytes,
+                                      const std::wstring& like) override {
+    const DWORD old = GetFileAttributesW(like.c_str());
+    const bool had = old != INVALID_FILE_ATTRIBUTES;
+    if (had && (old & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0)
+      return FileStep::refused;
+    // A leftover may be hidden, which would keep it from being written anew.
+    SetFileAttributesW(to.c_str(), FILE_ATTRIBUTE_NORMAL);
+    if (!write_flushed(to, bytes))
+      return failure(to);
+    if (had) {
+      copy_access_rights(like, to);
+      SetFileAttributesW(to.c_str(), (old & kept_attributes) != 0 ? old & kept_attributes : FILE_ATTRIBUTE_NORMAL);
+    }
+    return FileStep::done;
+  }
+  [[nodiscard]] FileStep keep_copy(const std::wstring& from, const std::wstring& to) override {
+    SetFileAttributesW(to.c_str(), FILE_ATTRIBUTE_NORMAL);
+    if (CopyFileW(from.c_str(), to.c_str(), FALSE) == 0)
+      return failure(from);
+    const KernelHandle copy = open_file(to, GENERIC_WRITE, share_all, OPEN_EXISTING);
+    if (!is_open(copy) || FlushFileBuffers(copy.get()) == 0)
+      return failure(to);
+    copy_access_rights(from, to);
+    return FileStep::done;
+  }
+  // Not ReplaceFile: it needs a third name for a moment in which a crash leaves no file at all.
+  [[nodiscard]] FileStep take_place(const std::wstring& from, const std::wstring& to) override {
+    if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0)
+      return FileStep::done;
+    return failure(to);
+  }
+  [[nodiscard]] FileStep erase(const std::wstring& path) override {
+    if (DeleteFileW(path.c_str()) != 0 || GetLastError() == ERROR_FILE_NOT_FOUND ||
+        GetLastError() == ERROR_PATH_NOT_FOUND)
+      return FileStep::done;
+    return failure(path);
+  }
+  void wait(int milliseconds) override { Sleep(static_cast<DWORD>(milliseconds)); }
+};
 
 } // namespace
 
@@ -88,32 +184,38 @@ bool Win32Files::read_into(const std::wstring& path, std::string& bytes) const {
 }
 
 bool Win32Files::replace(const std::wstring& path, std::string_view bytes) {
-  const std::wstring beside = path + L".new";
-  if (write_flushed(beside, bytes) && take_place(beside, path))
-    return true;
-  DeleteFileW(beside.c_str()); // torn or unwanted, it is of no use to anybody
-  return false;
+  Steps steps;
+  return replace_one(steps, path, bytes);
 }
 
-// A copy of the first old file waits beside it until the second one is in place.
 bool Win32Files::replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
                               std::string_view second_bytes) {
-  const std::wstring first_new = first + L".new";
-  const std::wstring second_new = second + L".new";
-  const std::wstring first_old = first + L".old";
-  const bool had_first = exists(first);
-  bool done = write_flushed(first_new, first_bytes) && write_flushed(second_new, second_bytes) &&
-              (!had_first || CopyFileW(first.c_str(), first_old.c_str(), FALSE) != 0) && take_place(first_new, first);
-  if (done && !take_place(second_new, second)) {
-    done = false;
-    if (had_first)
-      take_place(first_old, first);
-    else
-      DeleteFileW(first.c_str());
-  }
-  for (const auto& left : {first_new, second_new, first_old})
-    DeleteFileW(left.c_str());
-  return done;
+  Steps steps;
+  return replace_two(steps, first, first_bytes, second, second_bytes);
+}
+
+void Win32Files::settle(const std::wstring& path) {
+  Steps steps;
+  settle_one(steps, path);
+}
+
+void Win32Files::settle(const std::wstring& first, const std::wstring& second) {
+  Steps steps;
+  settle_two(steps, first, second);
+}
+
+bool Win32Files::move(const std::wstring& from, const std::wstring& to) {
+  return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+}
+
+// Only making a file tells whether a folder takes one: rights, a medium that is shut, a share. It goes by being closed.
+bool Win32Files::can_replace(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0)
+    return false;
+  const KernelHandle trial(CreateFileW((path + L".new").c_str(), GENERIC_WRITE | DELETE, share_all, nullptr,
+                                       CREATE_ALWAYS, FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+  return is_open(trial);
 }
 
 // A writer that is still there would not let us share the file for reading alone.

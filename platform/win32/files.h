@@ -15,6 +15,10 @@ public:
   [[nodiscard]] bool replace(const std::wstring& path, std::string_view bytes) override;
   [[nodiscard]] bool replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
                                   std::string_view second_bytes) override;
+  void settle(const std::wstring& path) override;
+  void settle(const std::wstring& first, const std::wstring& second) override;
+  [[nodiscard]] bool can_replace(const std::wstring& path) override;
+  [[nodiscard]] bool move(const std::wstring& from, const std::wstring& to) override;
   [[nodiscard]] bool being_written(const std::wstring& path) const override;
   [[nodiscard]] bool append(const std::wstring& path, std::string_view bytes) override;
   [[nodiscard]] bool remove(const std::wstring& path) override;

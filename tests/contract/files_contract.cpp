@@ -107,5 +107,68 @@ TEST_F(FilesContract, ALargeFileComesBackWhole) {
   EXPECT_TRUE(b.files.remove(path));
 }
 
+TEST_F(FilesContract, MovesOverAnExistingFile) {
+  const std::wstring other = b.folder + L"\\jiny";
+  EXPECT_FALSE(b.files.move(path, other)) << "there is none";
+  EXPECT_TRUE(b.files.replace(path, "nový"));
+  EXPECT_TRUE(b.files.replace(other, "starý"));
+  EXPECT_TRUE(b.files.move(path, other));
+  EXPECT_EQ(b.files.read(other), "nový");
+  EXPECT_EQ(b.files.list(b.folder, L"*").size(), 1U);
+}
+
+TEST_F(FilesContract, AFileOfAFolderThatTakesFilesCanBeReplacedAndTryingLeavesNothing) {
+  EXPECT_TRUE(b.files.can_replace(path)) << "there is none yet";
+  EXPECT_TRUE(b.files.list(b.folder, L"*").empty());
+  EXPECT_TRUE(b.files.replace(path, "a"));
+  EXPECT_TRUE(b.files.can_replace(path));
+  EXPECT_EQ(b.files.list(b.folder, L"*").size(), 1U);
+  EXPECT_EQ(b.files.read(path), "a");
+}
+
+TEST_F(FilesContract, AHalfWrittenFileGoes) {
+  EXPECT_TRUE(b.files.replace(path, "celý"));
+  EXPECT_TRUE(b.files.append(path + L".new", "ce"));
+  b.files.settle(path);
+  EXPECT_EQ(b.files.read(path), "celý");
+  EXPECT_EQ(b.files.list(b.folder, L"*").size(), 1U);
+  b.files.settle(path);
+  EXPECT_EQ(b.files.read(path), "celý");
+}
+
+// What a crash leaves at each step of replacing two files, as the disk shows it.
+TEST_F(FilesContract, ACrashBetweenTwoFilesIsPutRight) {
+  struct Left {
+    const char* first;
+    const char* first_new;
+    const char* first_old;
+    const char* second;
+    const char* second_new;
+    const char* expected_first;
+    const char* expected_second;
+  };
+  const std::wstring other = b.folder + L"\\jiny";
+  for (const Left& left : {Left{"1", "2", "", "1", "", "1", "1"}, Left{"1", "2", "", "1", "2", "1", "1"},
+                           Left{"1", "2", "1", "1", "2", "1", "1"}, Left{"2", "", "1", "1", "2", "2", "2"},
+                           Left{"2", "", "1", "2", "", "2", "2"}, Left{"1", "", "", "1", "2", "1", "1"},
+                           Left{"", "", "1", "1", "2", "1", "1"}, Left{"", "", "1", "", "", "1", ""}}) {
+    const std::pair<std::wstring, const char*> all[] = {{path, left.first},
+                                                        {path + L".new", left.first_new},
+                                                        {path + L".old", left.first_old},
+                                                        {other, left.second},
+                                                        {other + L".new", left.second_new}};
+    for (const auto& [name, bytes] : all) {
+      EXPECT_TRUE(b.files.remove(name));
+      if (*bytes != 0) {
+        EXPECT_TRUE(b.files.append(name, bytes));
+      }
+    }
+    b.files.settle(path, other);
+    EXPECT_EQ(b.files.read(path).value_or(""), left.expected_first);
+    EXPECT_EQ(b.files.read(other).value_or(""), left.expected_second);
+    EXPECT_EQ(b.files.list(b.folder, L"*").size(), *left.expected_second == 0 ? 1U : 2U) << "nothing beside";
+  }
+}
+
 } // namespace
 } // namespace lumotune::contract

@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <aclapi.h>
 #include <memory>
+#include <sddl.h>
+#include <thread>
 
 namespace lumotune::contract {
 namespace {
@@ -113,6 +116,97 @@ TEST_F(Win32FilesTest, AFileThatIsShutToReadersIsUnreadableButThere) {
   EXPECT_TRUE(b.files.exists(first));
   EXPECT_EQ(b.files.size(first), 3U);
   EXPECT_FALSE(b.files.read(first));
+}
+
+TEST_F(Win32FilesTest, AHolderThatLetsGoIsWaitedFor) {
+  put_old();
+  auto holder = held(first, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
+  // Lets go once the new content lies beside the file: then the first try has failed or is about to.
+  std::thread other([&] {
+    while (GetFileAttributesW((first + L".new").c_str()) == INVALID_FILE_ATTRIBUTES)
+      std::this_thread::yield();
+    holder.reset();
+  });
+  EXPECT_TRUE(b.files.replace(first, "new 1"));
+  other.join();
+  EXPECT_EQ(content(first), "new 1");
+  EXPECT_EQ(b.files.list(b.folder, L"*").size(), 2U);
+}
+
+TEST_F(Win32FilesTest, AHolderThatStaysIsTriedFiveTimes) {
+  put_old();
+  const auto holder = held(first, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
+  const DWORD start = GetTickCount();
+  EXPECT_FALSE(b.files.replace(first, "new 1"));
+  EXPECT_GE(GetTickCount() - start, 150U) << "four waits of 50 ms, counted by a clock of 16";
+  expect_old_and_nothing_beside();
+}
+
+TEST_F(Win32FilesTest, AFileMarkedReadOnlyIsLeftAloneAtOnce) {
+  put_old();
+  EXPECT_TRUE(SetFileAttributesW(first.c_str(), FILE_ATTRIBUTE_READONLY));
+  EXPECT_FALSE(b.files.can_replace(first));
+  EXPECT_FALSE(b.files.replace(first, "new 1"));
+  EXPECT_FALSE(replace_both());
+  EXPECT_TRUE(SetFileAttributesW(first.c_str(), FILE_ATTRIBUTE_NORMAL));
+  expect_old_and_nothing_beside();
+}
+
+TEST_F(Win32FilesTest, TheOldFilesAttributesAreKept) {
+  put_old();
+  constexpr DWORD marks = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+  EXPECT_TRUE(SetFileAttributesW(first.c_str(), marks));
+  if ((GetFileAttributesW(first.c_str()) & marks) != marks) {
+    SetFileAttributesW(first.c_str(), FILE_ATTRIBUTE_NORMAL);
+    GTEST_SKIP() << "this file system keeps no such attributes";
+  }
+  EXPECT_TRUE(b.files.replace(first, "new 1"));
+  EXPECT_EQ(GetFileAttributesW(first.c_str()) & marks, marks);
+  EXPECT_TRUE(replace_both());
+  EXPECT_EQ(GetFileAttributesW(first.c_str()) & marks, marks);
+  EXPECT_EQ(GetFileAttributesW(second.c_str()) & marks, 0U);
+  EXPECT_EQ(content(first), "new 1");
+}
+
+// The list that says who may do what, as text.
+std::wstring access_rights(const std::wstring& path) {
+  PSECURITY_DESCRIPTOR descriptor = nullptr;
+  wchar_t* text = nullptr;
+  if (GetNamedSecurityInfoW(path.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, nullptr, nullptr,
+                            &descriptor) != ERROR_SUCCESS)
+    return L"(none)";
+  ConvertSecurityDescriptorToStringSecurityDescriptorW(descriptor, SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text,
+                                                       nullptr);
+  const std::wstring told = text == nullptr ? L"(none)" : text;
+  LocalFree(text);
+  LocalFree(descriptor);
+  return told;
+}
+
+TEST_F(Win32FilesTest, TheOldFilesAccessRightsAreKept) {
+  put_old();
+  const std::wstring plain = access_rights(first);
+  PSECURITY_DESCRIPTOR descriptor = nullptr;
+  PACL list = nullptr;
+  BOOL present = FALSE;
+  BOOL defaulted = FALSE;
+  ASSERT_TRUE(
+      ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;WD)", SDDL_REVISION_1, &descriptor, nullptr));
+  ASSERT_TRUE(GetSecurityDescriptorDacl(descriptor, &present, &list, &defaulted));
+  std::wstring name = first;
+  EXPECT_EQ(SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT,
+                                  DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION, nullptr, nullptr,
+                                  list, nullptr),
+            DWORD{ERROR_SUCCESS});
+  LocalFree(descriptor);
+  const std::wstring own = access_rights(first);
+  if (own == plain)
+    GTEST_SKIP() << "this file system keeps no access rights";
+  EXPECT_TRUE(b.files.replace(first, "new 1"));
+  EXPECT_EQ(access_rights(first), own);
+  EXPECT_TRUE(replace_both());
+  EXPECT_EQ(access_rights(first), own);
+  EXPECT_EQ(access_rights(second), plain);
 }
 
 } // namespace
