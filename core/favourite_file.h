@@ -15,6 +15,10 @@ namespace lumotune::core {
 enum class FavouriteAdded { added, already_there, failed };
 enum class FavouriteRemoved { removed, not_there, failed };
 
+// What the user is told when a change failed.
+inline constexpr const wchar_t* favourites_not_saved =
+    L"Oblíbené se nepodařilo uložit.\r\nSoubor list.tt je jen pro čtení, nebo ho používá jiný program.";
+
 // User-interface thread. Lines are compared without regard to letter case; those that are no favourites are kept.
 class FavouriteFile {
 public:

@@ -158,7 +158,11 @@ void Favourites::show_hint() {
 }
 
 void Favourites::DeleteFromOblibene(const std::wstring& RadioDelete) {
-  if (file_.remove(RadioDelete) != FavouriteRemoved::removed)
+  const FavouriteRemoved result = file_.remove(RadioDelete);
+  if (result == FavouriteRemoved::failed)
+    (void)uses_.dialogs.message(favourites_not_saved, platform::Dialogs::default_title, platform::BoxIcon::information,
+                                platform::BoxButtons::ok);
+  if (result != FavouriteRemoved::removed)
     return;
   ZobrazOblibene();
   (void)uses_.dialogs.message(L"Rádio bylo ostraněno z oblíbených.", platform::Dialogs::default_title,

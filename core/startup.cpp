@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "core/startup.h"
 
+#include "core/crash_leftovers.h"
 #include "core/text.h"
 
 namespace lumotune::core {
@@ -13,6 +14,7 @@ bool Startup::Form_Load() {
     uses_.loop.quit();
     return false;
   }
+  settle_leftovers(uses_.files, uses_.machine.program_folder());
   uses_.commands.Hook(true);
   uses_.player.set_auto_start(false);
   uses_.options.LoadOptions();
@@ -26,7 +28,19 @@ bool Startup::Form_Load() {
   chrome->Tray();
   play_command_line();
   start_client_if_missing();
+  read_only_check_ = uses_.loop.make_timer(1, [this] { tell_what_cannot_be_saved(); });
+  read_only_check_->start();
   return true;
+}
+
+// Once, when all is up: a box in the middle of the start would keep the rest of it waiting.
+void Startup::tell_what_cannot_be_saved() {
+  read_only_check_->stop();
+  const std::wstring names = files_that_cannot_be_saved(uses_.files, uses_.machine.program_folder());
+  if (!names.empty())
+    (void)uses_.dialogs.message(L"Tyto soubory nelze zapsat, změny v nich se neuloží:" + names,
+                                platform::Dialogs::default_title, platform::BoxIcon::information,
+                                platform::BoxButtons::ok);
 }
 
 // Our own caption changes first, so that the look-up cannot find this window. It is for the window of the other copy,

@@ -10,6 +10,7 @@
 #include "core/status_display.h"
 #include "platform/dialogs.h"
 
+#include <memory>
 #include <string>
 
 namespace lumotune::core {
@@ -29,7 +30,7 @@ public:
     Session& session;
     LumotuneForm& form;
     platform::EventLoop& loop;
-    const platform::Files& files;
+    platform::Files& files;
     const platform::Machine& machine;
     platform::WindowMessages& messages;
     platform::Shell& shell;
@@ -59,8 +60,10 @@ private:
   void place_window();
   void play_command_line();
   void start_client_if_missing();
+  void tell_what_cannot_be_saved();
 
   Uses uses_;
+  std::unique_ptr<platform::Timer> read_only_check_;
 };
 
 } // namespace lumotune::core

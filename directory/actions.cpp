@@ -35,7 +35,7 @@ void Actions::PridejRadioDoFAST(const std::wstring& Kvalita) {
     line = L"lt:" + record->at(1) + L"/" + Kvalita;
   const core::FavouriteAdded result = uses_.favourites.add(line);
   if (result == core::FavouriteAdded::failed)
-    return;
+    return say(core::favourites_not_saved);
   uses_.favourites.ZobrazOblibene();
   if (result == core::FavouriteAdded::already_there)
     say(L"Rádio se v oblíbených již nachází.");

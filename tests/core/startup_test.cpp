@@ -242,5 +242,54 @@ TEST_F(StartupTest, TheIconStandsBeforeTheCommandLinePlays) {
   EXPECT_LT(icon - w.journal.begin(), played - w.journal.begin());
 }
 
+TEST_F(StartupTest, AReadOnlyFolderIsToldOnceWhenAllIsUpAndTheStationPlays) {
+  w.set_option(13, "#013:LTautoStart:1");
+  w.files.make_folder_readonly(w.machine.folder);
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_TRUE(w.dialogs.shown.empty()) << "the start does not wait for a box";
+  EXPECT_TRUE(w.window.visible());
+  EXPECT_TRUE(w.called(L"play"));
+  w.loop.advance(60000);
+  ASSERT_EQ(w.dialogs.shown.size(), 1U);
+  EXPECT_EQ(w.dialogs.shown[0].text, L"Tyto soubory nelze zapsat, změny v nich se neuloží:\r\n"
+                                     L"C:\\Orb\\Orb_Data\\options.ini\r\nC:\\Orb\\list.tt");
+  w.shutdown.Konec();
+  EXPECT_EQ(w.dialogs.shown.size(), 1U);
+  EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined([] {
+              auto lines = option_lines();
+              lines[13] = "#013:LTautoStart:1";
+              return lines;
+            }()));
+}
+
+TEST_F(StartupTest, AReadOnlySettingsFileIsNamedAlone) {
+  w.files.make_readonly(w.path(L"Orb_Data\\options.ini"));
+  EXPECT_TRUE(w.startup.Form_Load());
+  w.loop.advance(10);
+  ASSERT_EQ(w.dialogs.shown.size(), 1U);
+  EXPECT_TRUE(w.dialogs.shown[0].text.ends_with(L":\r\nC:\\Orb\\Orb_Data\\options.ini"));
+}
+
+TEST_F(StartupTest, WhatCanBeSavedIsNoNews) {
+  EXPECT_TRUE(w.startup.Form_Load());
+  w.loop.advance(10);
+  EXPECT_TRUE(w.dialogs.shown.empty());
+}
+
+TEST_F(StartupTest, WhatACrashLeftIsPutInOrderBeforeTheSettingsAreRead) {
+  const std::string whole = w.get(L"Orb_Data\\options.ini");
+  w.put(L"Orb_Data\\options.ini.new", whole.substr(0, whole.size() / 2));
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_FALSE(w.files.exists(w.path(L"Orb_Data\\options.ini.new")));
+  EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), whole);
+}
+
+TEST_F(StartupTest, ASecondCopyLeavesTheFilesOfTheFirstAlone) {
+  w.put(L"Orb_Data\\options.ini.new", "the first copy is writing this");
+  w.machine.previous = true;
+  EXPECT_FALSE(w.startup.Form_Load());
+  EXPECT_TRUE(w.files.exists(w.path(L"Orb_Data\\options.ini.new")));
+}
+
 } // namespace
 } // namespace lumotune::test

@@ -40,12 +40,13 @@ TEST_F(ListRadiosActions, AddsToTheFavourites) {
   EXPECT_EQ(form.Control_List.count(), 2U) << "the main window shows them";
 }
 
-TEST_F(ListRadiosActions, AFavouriteThatCannotBeWrittenIsNotAnnounced) {
+TEST_F(ListRadiosActions, AFavouriteThatCannotBeWrittenIsTold) {
   files.make_readonly(machine.folder + L"\\list.tt");
   (void)list().user_pick(1, MouseButton::left);
   choose(L"Kvalita1");
   (void)label(L"Label5").user_click();
-  EXPECT_TRUE(dialogs.shown.empty());
+  EXPECT_EQ(dialogs.shown.size(), 1U);
+  expect_box(L"Oblíbené se nepodařilo uložit.\r\nSoubor list.tt je jen pro čtení, nebo ho používá jiný program.");
 }
 
 TEST_F(ListRadiosActions, GivesAdviceOnQuality) {
