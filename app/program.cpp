@@ -7,7 +7,7 @@ namespace lumotune::app {
 
 Program::Program(const Platform& p, core::LumotuneForm& form)
     : error_log({p.files, p.codec, p.machine}),
-      options({p.files, p.codec, p.machine, p.window, error_log, settings, session}),
+      options({p.files, p.codec, p.machine, p.loop, p.window, error_log, settings, session}),
       stations({p.files, p.codec, p.machine}),
       playback({settings, session, form, p.player, stations}),
       status({session, form, p.player, p.loop}),

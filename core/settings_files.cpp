@@ -19,8 +19,25 @@ std::optional<TextLines> read_options_lines(const platform::Files& files, const 
   return without_empty_lines(split_text_lines(*bytes));
 }
 
+// The client deletes its file and writes it anew line by line: for a moment there is none, or a short one, which looks
+// finished between two lines. Fewer lines than last time are believed only when they stay.
+bool SettingsFiles::read_whole() {
+  const std::uint32_t start = uses_.loop.tick_count_ms();
+  for (;;) {
+    const auto lines = read_options_lines(uses_.files, uses_.machine);
+    const std::size_t count = lines.has_value() ? lines->size() : 0;
+    const bool full = count >= options_line_count && !uses_.files.being_written(options_file(uses_.machine));
+    if ((full && count >= known_lines_) || uses_.loop.tick_count_ms() - start >= max_wait_ms ||
+        !uses_.loop.wait_a_little()) {
+      List4 = lines.value_or(TextLines());
+      known_lines_ = full ? count : known_lines_;
+      return full;
+    }
+  }
+}
+
 void SettingsFiles::LoadOptions() {
-  List4 = read_options_lines(uses_.files, uses_.machine).value_or(TextLines());
+  (void)read_whole(); // what is there serves: a short file has no login, and is never written
 }
 
 void SettingsFiles::LoadClientValues() {
@@ -35,6 +52,7 @@ void SettingsFiles::LoadClientValues() {
 }
 
 void SettingsFiles::read_values() {
+  values_read_ = true;
   read_settings(List4, uses_.codec, uses_.settings);
 }
 
@@ -44,6 +62,8 @@ bool SettingsFiles::logged_in() const {
 
 void SettingsFiles::SaveOptions() {
   auto& settings = uses_.settings;
+  if (!values_read_)
+    return; // the program ends before it has any values: they would all be empty
   // A minimised or hidden window keeps the place read at start.
   const bool shown_normally = uses_.session.window_shown == L"1" || uses_.session.window_shown.empty();
   if (shown_normally) {
@@ -51,10 +71,13 @@ void SettingsFiles::SaveOptions() {
     settings.LTpleft = std::to_wstring(place.left);
     settings.LTptop = std::to_wstring(place.top);
   }
-  if (!write_settings(List4, uses_.codec, settings))
+  if (List4.size() < options_line_count)
     return;
-  // When the disk is full or the file is locked the old one stays whole: the settings of the last run are kept.
-  (void)uses_.files.replace(options_file(uses_.machine), join_lines(List4));
+  // The client may have written since. When the disk is full or the file is held the old one stays whole: the settings
+  // of the last run are kept.
+  if (!read_whole() || !write_settings(List4, uses_.codec, settings) ||
+      !uses_.files.replace(options_file(uses_.machine), join_lines(List4)))
+    uses_.error_log.add(L"SaveOptions", L"options.ini");
 }
 
 void SettingsFiles::LoadOptionsServer() {

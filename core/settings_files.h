@@ -7,9 +7,12 @@
 #include "core/options_lines.h"
 #include "core/session.h"
 #include "platform/ansi_codec.h"
+#include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/machine.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -26,6 +29,7 @@ public:
     platform::Files& files;
     const platform::AnsiCodec& codec;
     const platform::Machine& machine;
+    platform::EventLoop& loop;
     platform::Window& window;
     ErrorLog& error_log;
     Settings& settings;
@@ -33,7 +37,10 @@ public:
   };
   explicit SettingsFiles(const Uses& uses) : uses_(uses) {}
 
-  // Fills List4 with the non-empty lines of options.ini; a file that cannot be read leaves it empty.
+  // A file that is missing, short, or being written by another program is waited for this long, in which events run.
+  static constexpr std::uint32_t max_wait_ms = 1000;
+
+  // Fills List4 with the non-empty lines of options.ini; a file that cannot be read leaves it empty. Waits.
   void LoadOptions();
 
   // Reads every value out of List4, as LoadOptions left it.
@@ -44,8 +51,10 @@ public:
   // of the file. A file that is missing or has fewer than 24 lines changes nothing; List4 stays as it is.
   void LoadClientValues();
 
-  // Replaces the player's lines of List4 and writes it as the new options.ini. Callers run LoadOptions first. A file of
-  // fewer than 24 non-empty lines, or one that could not be read, is never written: then nothing happens.
+  // Reads options.ini once more, so that no line is lost that the client wrote meanwhile, replaces the player's lines
+  // and writes it. Callers run LoadOptions first. Before `read_values` nothing is saved. A file of fewer than 24
+  // non-empty lines, or one that could not be read, is never written: then nothing happens. Waits; what could not be
+  // saved gets a line in the error log.
   void SaveOptions();
 
   // Reads the server address. On any error the client's backup takes the file's place, the error log gets a line and
@@ -53,7 +62,11 @@ public:
   void LoadOptionsServer();
 
 private:
+  [[nodiscard]] bool read_whole();
+
   Uses uses_;
+  bool values_read_ = false;
+  std::size_t known_lines_ = 0; // of the last whole file
   // The line buffer that both files use in turn: after LoadOptionsServer it holds the server file's lines.
   TextLines List4;
 };

@@ -186,5 +186,43 @@ TEST_F(ProgramTest, TheClientsListCommandShowsTheFavourites) {
   EXPECT_TRUE(form.InfoNaladit.visible());
 }
 
+// The box lets events run: each way out of the program reaches it there.
+TEST_F(ProgramTest, WhileTheClientIsAskedForNothingIsSavedWhateverEndsTheProgram) {
+  auto lines = option_lines();
+  lines[5] = "#005:AAAAA:";
+  put(L"Orb_Data\\options.ini", joined(lines));
+  int ways = 0;
+  dialogs.while_open = [&] {
+    const std::function<void()> ends[] = {window.on_session_end, window.on_close, [this] { program.shutdown.Konec(); }};
+    for (const auto& end : ends) {
+      end();
+      ++ways;
+    }
+  };
+  const auto changes = files.changes().size();
+  EXPECT_FALSE(program.start());
+  EXPECT_EQ(ways, 3);
+  EXPECT_EQ(dialogs.shown.size(), 1U);
+  EXPECT_TRUE(loop.quitting());
+  EXPECT_EQ(files.changes().size(), changes);
+  EXPECT_EQ(get(L"Orb_Data\\options.ini"), joined(lines));
+}
+
+TEST_F(ProgramTest, WithoutFoldersOfSkinsAndWithoutAWritableFolderItStartsAndPlaysAndEnds) {
+  for (const std::wstring& name : files.list(machine.folder + L"\\Orb_Data\\skins\\Lumo", L"*"))
+    (void)files.remove(machine.folder + L"\\Orb_Data\\skins\\Lumo\\" + name);
+  (void)files.remove(machine.folder + L"\\Orb_Data\\skins\\Lumo.skin");
+  files.make_folder_readonly(machine.folder);
+  ASSERT_TRUE(program.start());
+  EXPECT_TRUE(window.visible());
+  EXPECT_EQ(messages.deliver("play"), -1);
+  loop.run_pending();
+  EXPECT_EQ(player.calls.back(), L"play");
+  program.skin_menu.NactiSeznamSkinu(L"Lumo");
+  window.on_close();
+  EXPECT_TRUE(loop.quitting());
+  EXPECT_EQ(get(L"Orb_Data\\options.ini"), joined(option_lines()));
+}
+
 } // namespace
 } // namespace lumotune::test

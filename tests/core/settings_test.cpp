@@ -91,6 +91,8 @@ TEST(Settings, AShortOrUnreadableFileIsNeverWritten) {
   CoreWorld w;
   auto lines = option_lines();
   lines.pop_back();
+  w.options.LoadOptions();
+  w.options.read_values();
   w.put(L"Orb_Data\\options.ini", joined(lines));
   w.options.LoadOptions();
   w.options.SaveOptions();
@@ -179,6 +181,122 @@ TEST(Settings, AVisibleWindowSavesWhereItIs) {
   w.window.move(150, 300);
   w.options.SaveOptions();
   EXPECT_NE(w.get(L"Orb_Data\\options.ini").find("#022:LTpleft:150\r\n#023:LTptop:300\r\n"), std::string::npos);
+}
+
+// The client's way of writing: the file goes and comes back line by line.
+struct SettingsWaitTest : testing::Test {
+  CoreWorld w;
+  std::wstring file = w.path(L"Orb_Data\\options.ini");
+  void write(std::size_t count) {
+    auto lines = option_lines();
+    lines[8] = "#008:klient:nova hodnota";
+    for (std::size_t i = lines.size(); i < count; ++i)
+      lines.push_back("#0" + std::to_string(i) + ":klient");
+    lines.resize(count);
+    w.put(L"Orb_Data\\options.ini", joined(lines));
+  }
+  void read() {
+    w.options.LoadOptions();
+    w.options.read_values();
+  }
+};
+
+TEST_F(SettingsWaitTest, AFileThatIsBeingWrittenIsWaitedForAndReadAgain) {
+  read();
+  w.files.set_being_written(file, true);
+  w.loop.at(300, [&] {
+    write(26);
+    w.files.set_being_written(file, false);
+  });
+  w.settings.LTvolume = L"85";
+  w.options.LoadOptions();
+  w.options.SaveOptions();
+  const std::string saved = w.get(L"Orb_Data\\options.ini");
+  EXPECT_NE(saved.find("#008:klient:nova hodnota\r\n"), std::string::npos);
+  EXPECT_NE(saved.find("#025:klient\r\n"), std::string::npos);
+  EXPECT_NE(saved.find("#020:LTvolume:85\r\n"), std::string::npos);
+}
+
+TEST_F(SettingsWaitTest, WhatTheClientWritesBetweenReadingAndSavingIsKept) {
+  read();
+  write(25);
+  w.options.SaveOptions();
+  EXPECT_NE(w.get(L"Orb_Data\\options.ini").find("#024:klient\r\n"), std::string::npos);
+}
+
+TEST_F(SettingsWaitTest, AFileThatIsMissingForAMomentIsWaitedFor) {
+  read();
+  (void)w.files.remove(file);
+  w.loop.at(900, [&] { write(24); });
+  w.options.LoadOptions();
+  w.options.SaveOptions();
+  EXPECT_NE(w.get(L"Orb_Data\\options.ini").find("nova hodnota"), std::string::npos);
+  EXPECT_NE(w.get(L"Orb_Data\\options.ini").find("#020:LTvolume:40\r\n"), std::string::npos);
+}
+
+TEST_F(SettingsWaitTest, AFileThatIsComplete24LinesButWasLongerIsWaitedFor) {
+  write(30);
+  read();
+  write(27);
+  w.loop.at(200, [&] { write(31); });
+  w.options.LoadOptions();
+  w.options.SaveOptions();
+  EXPECT_EQ(core::without_empty_lines(core::split_text_lines(w.get(L"Orb_Data\\options.ini"))).size(), 31U);
+}
+
+TEST_F(SettingsWaitTest, FewerLinesThatStayAreTheClientsWill) {
+  write(30);
+  read();
+  write(27);
+  w.options.LoadOptions();
+  w.settings.LTvolume = L"85";
+  w.options.SaveOptions();
+  const std::string saved = w.get(L"Orb_Data\\options.ini");
+  EXPECT_EQ(core::without_empty_lines(core::split_text_lines(saved)).size(), 27U);
+  EXPECT_NE(saved.find("#020:LTvolume:85\r\n"), std::string::npos);
+}
+
+TEST_F(SettingsWaitTest, AWriterThatNeverEndsKeepsItsFileAndIsLogged) {
+  read();
+  w.files.set_being_written(file, true);
+  const std::uint32_t start = w.loop.tick_count_ms();
+  w.options.LoadOptions();
+  w.options.SaveOptions();
+  EXPECT_LE(w.loop.tick_count_ms() - start, 2100U);
+  EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined(option_lines()));
+  EXPECT_EQ(w.get(L"Orb_Data\\error.log"), "1. 2. 2024 3:04:05 Lumotune (SaveOptions) options.ini\r\n");
+}
+
+TEST_F(SettingsWaitTest, AWholeFileIsNotWaitedFor) {
+  read();
+  w.options.LoadOptions();
+  w.options.SaveOptions();
+  EXPECT_EQ(w.loop.wait_passes(), 0U);
+}
+
+TEST_F(SettingsWaitTest, AStartInTheMiddleOfTheClientsWritingFindsTheLogin) {
+  write(3);
+  w.loop.at(400, [&] { write(24); });
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_TRUE(w.dialogs.shown.empty());
+  EXPECT_EQ(w.settings.idh, L"idhhodnota");
+}
+
+TEST_F(SettingsWaitTest, BeforeAnyValueIsReadNothingIsSaved) {
+  w.options.LoadOptions();
+  w.options.SaveOptions();
+  EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined(option_lines()));
+}
+
+TEST_F(SettingsWaitTest, ASaveThatFailsIsLogged) {
+  read();
+  w.settings.LTvolume = L"85";
+  w.files.hold(file);
+  w.options.LoadOptions();
+  w.options.SaveOptions();
+  EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined(option_lines()));
+  EXPECT_EQ(w.get(L"Orb_Data\\error.log"), "1. 2. 2024 3:04:05 Lumotune (SaveOptions) options.ini\r\n");
+  EXPECT_TRUE(w.dialogs.shown.empty()) << "nobody wants a box at the end";
 }
 
 } // namespace

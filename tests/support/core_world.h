@@ -108,7 +108,7 @@ struct CoreWorld : MemoryPlatform {
   core::Session session;
 
   core::ErrorLog error_log{{files, codec, machine}};
-  core::SettingsFiles options{{files, codec, machine, window, error_log, settings, session}};
+  core::SettingsFiles options{{files, codec, machine, loop, window, error_log, settings, session}};
   core::StationLookup stations{{files, codec, machine}};
   core::Playback playback{{settings, session, form, player, stations}};
   core::StatusDisplay status{{session, form, player, loop}};
