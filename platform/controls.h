@@ -65,7 +65,10 @@ public:
 // Shows a GIF and takes its size. A picture button is a tab stop with a visible focus; a plain picture is not.
 class PictureBox : public Control {
 public:
-  // False when the file is missing or no picture; the old picture then stays.
+  // A larger picture counts as none: 34 MB in memory.
+  static constexpr std::int64_t max_pixels = 8'500'000;
+
+  // False when the file is missing, too large or no picture; the old picture then stays.
   [[nodiscard]] virtual bool load_picture(const std::wstring& path) = 0;
   [[nodiscard]] virtual std::wstring picture() const = 0; // path of the picture shown, empty for none
 };

@@ -4,6 +4,7 @@
 
 #include "platform/controls.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -50,7 +51,13 @@ public:
   // Twips of one pixel of the screen, in the horizontal direction (15 at 96 dots an inch).
   [[nodiscard]] virtual double twips_per_pixel_x() const = 0;
 
-  // The picture behind all controls. False when the file is missing or no picture; the old one then stays.
+  // Where windows may lie on the monitor that shows most of this one: the screen without the system's bars.
+  [[nodiscard]] virtual TwipsRect work_area() const = 0;
+  // Width times height as a picture's file tells them, without reading the rest; 0 when it is missing or no picture.
+  [[nodiscard]] virtual std::int64_t picture_pixels(const std::wstring& path) const = 0;
+
+  // The picture behind all controls, as large as PictureBox takes it. False when the file is missing, too large or no
+  // picture; the old one then stays.
   [[nodiscard]] virtual bool load_background(const std::wstring& path) = 0;
   [[nodiscard]] virtual std::wstring background() const = 0;
 

@@ -2,8 +2,10 @@
 #include "skin/skin.h"
 
 #include "skin/play_look.h"
+#include "skin/skin_limits.h"
 #include "skin/volume_look.h"
 
+#include <algorithm>
 #include <array>
 
 namespace lumotune::skin {
@@ -51,17 +53,30 @@ void Skin::LoadSkin(const std::wstring& name) {
   hide_all();
   reset_kept();
   const std::wstring path = uses_.machine.program_folder() + skins_folder + name + L".skin";
+  const std::wstring excess = over_limits(uses_.files, uses_.form.window, path, picture_path(L""));
+  if (!excess.empty())
+    return uses_.error_log.add(L"LoadSkin", excess);
   const auto bytes = uses_.files.read(path);
-  if (!bytes) {
-    uses_.error_log.add(L"LoadSkin", path + L": cannot be read");
-    return;
-  }
-  apply_lines(path, uses_.codec.decode(*bytes), turn);
+  if (!bytes)
+    return uses_.error_log.add(L"LoadSkin", path + L": cannot be read");
+  const auto lines = split_lines(uses_.codec.decode(*bytes));
+  if (!fits(lines))
+    return uses_.error_log.add(L"LoadSkin", path + L": window larger than ten work areas");
+  apply_lines(path, lines, turn);
 }
 
-void Skin::apply_lines(const std::wstring& path, const std::wstring& text, unsigned turn) {
+// Asked before the first line is applied, so that such a skin is not half used.
+bool Skin::fits(const std::vector<std::wstring>& lines) const {
+  return std::none_of(lines.begin(), lines.end(), [this](const std::wstring& each) {
+    const auto line = SkinLine::parse(each);
+    return line && line->names(L"LTform") &&
+           too_large(uses_.form.window, line->size(1).value_or(0), line->size(2).value_or(0));
+  });
+}
+
+void Skin::apply_lines(const std::wstring& path, const std::vector<std::wstring>& lines, unsigned turn) {
   std::size_t number = 0;
-  for (const std::wstring& each : split_lines(text)) {
+  for (const std::wstring& each : lines) {
     ++number;
     if (const auto line = SkinLine::parse(each)) {
       const std::wstring wrong = apply(*line);

@@ -14,6 +14,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace lumotune::skin {
 
@@ -35,7 +36,8 @@ public:
   core::MenuSlot menus;
 
   // Applies the skin of that name, line by line, letting pending events run after each. Ends at the first missing file,
-  // picture or number; controls not yet reached then stay hidden. A load that begins inside another one ends that one.
+  // picture or number; controls not yet reached then stay hidden. Of a skin that asks for more than `over_limits`
+  // allows nothing is used. A load that begins inside another one ends that one.
   void LoadSkin(const std::wstring& name) override;
   void ZobrazCoMas(const std::wstring& play_button_text) override;
   void SkinVolume(int percent) override;
@@ -48,7 +50,8 @@ private:
   [[nodiscard]] std::wstring picture_path(const std::wstring& picture) const;
   void hide_all();
   void reset_kept();
-  void apply_lines(const std::wstring& path, const std::wstring& text, unsigned turn);
+  [[nodiscard]] bool fits(const std::vector<std::wstring>& lines) const;
+  void apply_lines(const std::wstring& path, const std::vector<std::wstring>& lines, unsigned turn);
   // Each answers what was wrong, empty when nothing was.
   [[nodiscard]] std::wstring apply(const SkinLine& line);
   [[nodiscard]] std::wstring apply_form(const SkinLine& line);

@@ -132,6 +132,16 @@ bool unpack(std::string_view packed, unsigned smallest, std::vector<std::uint8_t
   return true;
 }
 
+struct Limits {
+  int max_side;
+  std::int64_t max_pixels;
+
+  [[nodiscard]] bool allow(int width, int height) const {
+    return width > 0 && height > 0 && width <= max_side && height <= max_side &&
+           std::int64_t{width} * height <= max_pixels;
+  }
+};
+
 struct Frame {
   int left = 0;
   int top = 0;
@@ -175,7 +185,7 @@ void paint(const Frame& frame, const Palette& palette, int clear_index, Pixels& 
 }
 
 // What stands behind the mark of a picture; false when it is torn or makes no sense.
-bool read_frame(Reader& reader, int max_side, Palette& palette, Frame& frame) {
+bool read_frame(Reader& reader, const Limits& limits, Palette& palette, Frame& frame) {
   frame.left = reader.word();
   frame.top = reader.word();
   frame.width = reader.word();
@@ -184,8 +194,7 @@ bool read_frame(Reader& reader, int max_side, Palette& palette, Frame& frame) {
   frame.interlaced = (flags & 0x40U) != 0;
   reader.palette(flags, palette);
   const unsigned smallest = reader.byte();
-  if (reader.torn() || frame.width == 0 || frame.height == 0 || frame.width > max_side || frame.height > max_side ||
-      smallest < 1 || smallest > 8)
+  if (reader.torn() || !limits.allow(frame.width, frame.height) || smallest < 1 || smallest > 8)
     return false;
   // A file cut behind its last pixel is whole enough.
   const std::string packed = reader.pieces();
@@ -201,11 +210,24 @@ void read_extension(Reader& reader, int& clear_index) {
     clear_index = (static_cast<unsigned char>(told[0]) & 1U) != 0 ? static_cast<unsigned char>(told[3]) : no_index;
 }
 
+bool is_gif(std::string_view kind) {
+  return kind == "GIF87a" || kind == "GIF89a";
+}
+
 } // namespace
 
-std::optional<Pixels> decode_gif(std::string_view bytes, int max_side) {
+std::int64_t gif_pixels(std::string_view bytes) {
   Reader reader(bytes);
-  const std::string_view kind = reader.take(6);
+  const bool known = is_gif(reader.take(6));
+  const std::int64_t width = reader.word();
+  const std::int64_t height = reader.word();
+  return known && !reader.torn() ? width * height : 0;
+}
+
+std::optional<Pixels> decode_gif(std::string_view bytes, int max_side, std::int64_t max_pixels) {
+  const Limits limits{max_side, max_pixels};
+  Reader reader(bytes);
+  const bool known = is_gif(reader.take(6));
   Pixels picture;
   picture.width = reader.word();
   picture.height = reader.word();
@@ -213,8 +235,7 @@ std::optional<Pixels> decode_gif(std::string_view bytes, int max_side) {
   (void)reader.take(2); // the ground's colour, which nobody paints, and the shape of a pixel
   Palette palette{};
   reader.palette(flags, palette);
-  if (reader.torn() || (kind != "GIF87a" && kind != "GIF89a") || picture.width == 0 || picture.height == 0 ||
-      picture.width > max_side || picture.height > max_side)
+  if (reader.torn() || !known || !limits.allow(picture.width, picture.height))
     return std::nullopt;
   int clear_index = no_index;
   while (!reader.torn()) {
@@ -224,7 +245,7 @@ std::optional<Pixels> decode_gif(std::string_view bytes, int max_side) {
       continue;
     }
     Frame frame;
-    if (mark != 0x2c || !read_frame(reader, max_side, palette, frame))
+    if (mark != 0x2c || !read_frame(reader, limits, palette, frame))
       return std::nullopt;
     picture.values.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));
     paint(frame, palette, clear_index, picture);

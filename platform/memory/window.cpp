@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/memory/window.h"
 
+#include "platform/common/gif.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <utility>
@@ -14,6 +16,8 @@ constexpr int twips_a_pixel = 15;
 std::optional<std::pair<int, int>> gif_size(const Files& files, const std::wstring& path) {
   const auto bytes = files.read(path);
   if (!bytes || bytes->size() < 10 || bytes->compare(0, 4, "GIF8") != 0)
+    return std::nullopt;
+  if (gif_pixels(*bytes) > PictureBox::max_pixels)
     return std::nullopt;
   const auto at = [&](std::size_t index) { return static_cast<int>(static_cast<unsigned char>((*bytes)[index])); };
   return std::pair(at(6) + at(7) * 256, at(8) + at(9) * 256);
@@ -121,6 +125,10 @@ bool MemoryWindow::on_some_monitor(int left, int top) const {
     return overlap(left, rect_.width, monitor.left, monitor.width) >= piece &&
            overlap(top, rect_.height, monitor.top, monitor.height) >= piece;
   });
+}
+
+std::int64_t MemoryWindow::picture_pixels(const std::wstring& path) const {
+  return gif_pixels(files_.read(path).value_or(std::string()));
 }
 
 bool MemoryWindow::load_background(const std::wstring& path) {

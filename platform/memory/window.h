@@ -149,6 +149,8 @@ public:
   [[nodiscard]] TwipsRect rect() const override { return rect_; }
   [[nodiscard]] bool on_some_monitor(int left, int top) const override;
   [[nodiscard]] double twips_per_pixel_x() const override { return twips_per_pixel; }
+  [[nodiscard]] TwipsRect work_area() const override { return monitors.empty() ? TwipsRect{} : monitors.front(); }
+  [[nodiscard]] std::int64_t picture_pixels(const std::wstring& path) const override;
   [[nodiscard]] bool load_background(const std::wstring& path) override;
   [[nodiscard]] std::wstring background() const override { return background_; }
   [[nodiscard]] bool set_topmost(bool on) override;

@@ -3,7 +3,10 @@
 
 #include "platform/common/gif.h"
 #include "platform/common/scale.h"
+#include "platform/controls.h"
+
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace lumotune::platform::win32 {
@@ -26,11 +29,14 @@ GdiObject bitmap_of(const Pixels& pixels) {
   return bitmap;
 }
 
+KernelHandle opened(const std::wstring& path) {
+  return KernelHandle(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                  nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
 // One opening for both the length and the bytes: there are twenty pictures to be read before the window can be shown.
 std::string read_small(const std::wstring& path) {
-  const KernelHandle file(CreateFileW(path.c_str(), GENERIC_READ,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+  const KernelHandle file = opened(path);
   LARGE_INTEGER length{};
   if (file.get() == INVALID_HANDLE_VALUE || GetFileSizeEx(file.get(), &length) == 0 || length.QuadPart > max_bytes)
     return {};
@@ -44,9 +50,19 @@ std::string read_small(const std::wstring& path) {
 
 } // namespace
 
+std::int64_t picture_pixels(const std::wstring& path) {
+  const KernelHandle file = opened(path);
+  std::array<char, gif_header_length> start{};
+  DWORD got = 0;
+  if (file.get() == INVALID_HANDLE_VALUE ||
+      ReadFile(file.get(), start.data(), static_cast<DWORD>(start.size()), &got, nullptr) == 0)
+    return 0;
+  return gif_pixels({start.data(), got});
+}
+
 bool Picture::load(const std::wstring& path) {
   std::string bytes = read_small(path);
-  auto pixels = decode_gif(bytes, max_side);
+  auto pixels = decode_gif(bytes, max_side, PictureBox::max_pixels);
   if (!pixels)
     return false;
   width_ = pixels->width;
@@ -63,7 +79,7 @@ HDC Picture::prepared(int width, int height) const {
     return static_cast<HDC>(ready_->dc.get());
   Pixels pixels = std::exchange(pixels_, {});
   if (pixels.values.empty())
-    pixels = decode_gif(file_, max_side).value_or(Pixels{});
+    pixels = decode_gif(file_, max_side, PictureBox::max_pixels).value_or(Pixels{});
   if (pixels.values.empty())
     return nullptr;
   if (pixels.width != width || pixels.height != height)

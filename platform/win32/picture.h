@@ -5,14 +5,18 @@
 #include "platform/common/pixels.h"
 #include "platform/win32/win.h"
 
+#include <cstdint>
 #include <string>
 
 namespace lumotune::platform::win32 {
 
+// Width times height as the file tells them; 0 when it is missing or no picture.
+[[nodiscard]] std::int64_t picture_pixels(const std::wstring& path);
+
 // A GIF; of a moving one the first picture.
 class Picture {
 public:
-  // A larger picture, in pixels a side, counts as no picture.
+  // A larger picture, in pixels a side, counts as no picture, and one of more than PictureBox::max_pixels.
   static constexpr int max_side = 4096;
 
   // False when the file is missing, too large or no picture; the old one then stays.

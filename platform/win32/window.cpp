@@ -244,6 +244,20 @@ bool Win32Window::on_some_monitor(int left, int top) const {
   return seen.right - seen.left >= piece && seen.bottom - seen.top >= piece;
 }
 
+TwipsRect Win32Window::work_area() const {
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  if (GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &info) == 0)
+    return {};
+  const RECT& work = info.rcWork;
+  return {twips(work.left, dpi_), twips(work.top, dpi_), twips(work.right - work.left, dpi_),
+          twips(work.bottom - work.top, dpi_)};
+}
+
+std::int64_t Win32Window::picture_pixels(const std::wstring& path) const {
+  return win32::picture_pixels(path);
+}
+
 bool Win32Window::load_background(const std::wstring& path) {
   if (path == background_path_ && !background_.empty())
     return true;

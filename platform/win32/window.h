@@ -36,6 +36,8 @@ public:
   [[nodiscard]] TwipsRect rect() const override;
   [[nodiscard]] bool on_some_monitor(int left, int top) const override;
   [[nodiscard]] double twips_per_pixel_x() const override { return 1440.0 / dpi_; }
+  [[nodiscard]] TwipsRect work_area() const override;
+  [[nodiscard]] std::int64_t picture_pixels(const std::wstring& path) const override;
   [[nodiscard]] bool load_background(const std::wstring& path) override;
   [[nodiscard]] std::wstring background() const override { return background_path_; }
   [[nodiscard]] bool set_topmost(bool on) override;

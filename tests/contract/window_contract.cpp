@@ -43,6 +43,30 @@ TEST_F(WindowContract, KnowsWhetherAPlaceCanBeSeen) {
   EXPECT_FALSE(b.window.on_some_monitor(-2000000, 2000000));
 }
 
+TEST_F(WindowContract, TheWorkAreaIsAPlaceForWindows) {
+  const TwipsRect work = b.window.work_area();
+  EXPECT_GT(work.width, 6000);
+  EXPECT_GT(work.height, 3000);
+  b.window.resize(6000, 3000);
+  EXPECT_TRUE(b.window.on_some_monitor(work.left, work.top));
+}
+
+TEST_F(WindowContract, TellsAPicturesPixelsWithoutDecodingIt) {
+  const std::wstring picture = b.folder + L"\\obrázek.gif";
+  EXPECT_EQ(b.window.picture_pixels(picture), 0) << "there is none";
+  EXPECT_TRUE(b.files.replace(picture, std::string("GIF89a\x20\x03\x58\x02", 10)));
+  EXPECT_EQ(b.window.picture_pixels(picture), 800 * 600);
+  EXPECT_TRUE(b.files.replace(picture, "GIF89a\x20"));
+  EXPECT_EQ(b.window.picture_pixels(picture), 0);
+}
+
+TEST_F(WindowContract, APictureThatIsTooLargeIsNone) {
+  const std::wstring picture = b.folder + L"\\obrázek.gif";
+  EXPECT_TRUE(b.files.replace(picture, std::string("GIF89a\xff\xff\xff\xff", 10)));
+  EXPECT_FALSE(b.window.load_background(picture));
+  EXPECT_EQ(b.window.background(), L"");
+}
+
 TEST_F(WindowContract, HidesAndComesBackInPlace) {
   b.window.resize(6000, 3000);
   b.window.move(3000, 3000);

@@ -212,5 +212,24 @@ TEST(Gif, WhatIsNoGifIsRefused) {
   EXPECT_FALSE(decode_gif(Writer(1, 1).done(), max_side)); // no picture in it
 }
 
+TEST(Gif, IsBoundedByItsPixelsToo) {
+  const std::string bytes = bytes_of(plain_hex); // 17 by 19
+  EXPECT_TRUE(decode_gif(bytes, max_side, 17 * 19));
+  EXPECT_FALSE(decode_gif(bytes, max_side, 17 * 19 - 1));
+  EXPECT_EQ(platform::gif_pixels(bytes), 17 * 19);
+  EXPECT_EQ(platform::gif_pixels(bytes.substr(0, platform::gif_header_length)), 17 * 19);
+  EXPECT_EQ(platform::gif_pixels(bytes.substr(0, platform::gif_header_length - 1)), 0);
+  EXPECT_EQ(platform::gif_pixels("GIF88a\1\1\1\1"), 0);
+  EXPECT_EQ(platform::gif_pixels("GIF89a\xff\xff\xff\xff"), std::int64_t{65535} * 65535);
+}
+
+TEST(Gif, APictureLargerThanItsScreenIsBoundedAsWell) {
+  Writer writer(2, 2);
+  const std::string small = writer.frame(0, 0, 2, 2, {start, 1, 1, 1, 1, end}).done();
+  EXPECT_TRUE(decode_gif(small, max_side, 4));
+  Writer larger(2, 2);
+  EXPECT_FALSE(decode_gif(larger.frame(0, 0, 4000, 4000, {start, 1, end}).done(), max_side, 8'500'000));
+}
+
 } // namespace
 } // namespace lumotune::test
