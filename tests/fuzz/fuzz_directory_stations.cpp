@@ -80,6 +80,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static platform::memory::MemoryFiles files;
   static directory::StationTable table({files, codec, machine});
   demand(files.replace(machine.program_folder() + L"\\radios.tt", bytes));
+  files.forget_changes();
   table.load();
   const core::TextLines lines = core::split_text_lines(bytes);
   demand(table.lines()->count() == lines.size());

@@ -2,27 +2,39 @@
 // Any reply to the report of what plays: a bounded number of bounded questions, and the file goes.
 #include "core/client_link.h"
 #include "tests/fuzz/fuzzing.h"
-#include "tests/support/core_world.h"
+#include "tests/support/memory_platform.h"
 
 namespace {
 
 using namespace lumotune;
 using fuzz::demand;
 
+// No more of the program than the reply needs: the rest would take most of each run.
+struct ReplyWorld : test::MemoryPlatform {
+  platform::memory::MemoryWindow window{files};
+  core::Settings settings;
+  core::Session session;
+  core::ErrorLog error_log{{files, codec, machine}};
+  core::SettingsFiles options{{files, codec, machine, loop, window, error_log, settings, session}};
+  core::CommandSender sender{{loop, messages, shell, codec}};
+  core::ClientLink link{{files, codec, machine, loop, dialogs, settings, options, sender}};
+};
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static constexpr const char* words[] = {"new:", "inf:", "\r\n", "\n", "\r", "NEW:", "Inf:"};
-  test::CoreWorld w;
-  core::ClientLink link{{w.files, w.codec, w.machine, w.loop, w.dialogs, w.settings, w.options, w.sender}};
-  w.set_option(18, "#018:DDD:off");
-  link.enable_Timer1();
+  ReplyWorld w;
+  const std::wstring reply = w.machine.folder + L"\\orblt.tt";
+  w.settings.client_link = L"off";
+  w.messages.add_window(L"Orb - Lumotune", platform::WindowRef{77});
+  w.link.enable_Timer1();
   w.loop.advance(3000);
   for (std::size_t i = 0; i < size && i < 30; ++i)
     w.dialogs.answers.push_back(data[i] % 2 == 0 ? platform::BoxAnswer::yes : platform::BoxAnswer::no);
-  w.put(L"orblt.tt", fuzz::expanded(data, size, words));
+  demand(w.files.replace(reply, fuzz::expanded(data, size, words)));
   w.loop.advance(500);
-  demand(!w.files.exists(w.path(L"orblt.tt")));
+  demand(!w.files.exists(reply));
   demand(w.dialogs.shown.size() <= static_cast<std::size_t>(core::ClientLink::max_questions));
   for (const auto& box : w.dialogs.shown)
     demand(box.text.size() <= 2 * core::ClientLink::max_shown + 40 &&
