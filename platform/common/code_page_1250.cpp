@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <utility>
 
 namespace lumotune::platform {
 namespace {
@@ -20,13 +22,21 @@ constexpr std::array<wchar_t, 128> upper_half = {
     0x010d, 0x00e9, 0x0119, 0x00eb, 0x011b, 0x00ed, 0x00ee, 0x010f, 0x0111, 0x0144, 0x0148, 0x00f3, 0x00f4,
     0x0151, 0x00f6, 0x00f7, 0x0159, 0x016f, 0x00fa, 0x0171, 0x00fc, 0x00fd, 0x0163, 0x02d9};
 
+// The other way round: in the order of the characters.
+constexpr auto by_character = [] {
+  std::array<std::pair<wchar_t, unsigned char>, upper_half.size()> pairs{};
+  for (std::size_t i = 0; i < pairs.size(); ++i)
+    pairs[i] = {upper_half[i], static_cast<unsigned char>(0x80 + i)};
+  std::sort(pairs.begin(), pairs.end());
+  return pairs;
+}();
+
 char encode_one(wchar_t character) {
   if (static_cast<std::uint32_t>(character) < 0x80U)
     return static_cast<char>(character);
-  const auto* found = std::find(upper_half.begin(), upper_half.end(), character);
-  if (found == upper_half.end())
-    return '?';
-  return static_cast<char>(0x80 + (found - upper_half.begin()));
+  const auto* found = std::lower_bound(by_character.begin(), by_character.end(), character,
+                                       [](const auto& pair, wchar_t wanted) { return pair.first < wanted; });
+  return found != by_character.end() && found->first == character ? static_cast<char>(found->second) : '?';
 }
 
 bool is_high_surrogate(wchar_t character) {
