@@ -18,8 +18,10 @@ public:
   virtual ~Shell() = default;
 
   // Starts a program by its exact command line, no shell in between. `application` is the full path of the program
-  // where a folder is given, so that a blank in the folder cannot start another program; empty lets the system look for
-  // the first word: program folder, current folder, system. False when nothing was started.
+  // where a folder is given, so that a blank in the folder cannot start another program; where it is empty the first
+  // word is looked for in the program folder, the current folder and the system's folders, and nothing but that word.
+  // False when nothing was started: also for what platform/common/program_file.h refuses, any ending but ".exe" above
+  // all.
   [[nodiscard]] virtual bool start(const std::wstring& command_line, const std::wstring& application,
                                    ShowWindow show) = 0;
 

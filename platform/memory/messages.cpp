@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/memory/messages.h"
 
+#include "platform/common/program_file.h"
+
 namespace lumotune::platform::memory {
 
 WindowRef MemoryMessages::find_by_caption(const std::wstring& caption) const {
@@ -42,6 +44,8 @@ BoxAnswer MemoryDialogs::message(const std::wstring& text, const std::wstring& t
 }
 
 bool MemoryShell::start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) {
+  if (program_file(command_line, application).name.empty())
+    return false;
   started.push_back({command_line, application, show});
   if (start_works && on_start)
     on_start(Started{started.back()});

@@ -121,6 +121,41 @@ TEST_F(Win32Shell, WhatIsNotThereIsNotStarted) {
   EXPECT_LE(shell.open(L"\"" + scratch.path() + L"\\není.txt\""), 32);
 }
 
+// A program that bears the name of a file that the downloader writes, and one without any ending.
+TEST_F(Win32Shell, AProgramUnderAnotherNameIsNotStarted) {
+  const std::wstring list = scratch.path() + L"\\seznam.tt";
+  const std::wstring bare = scratch.path() + L"\\orb";
+  const std::wstring both = scratch.path() + L"\\není.exe x.tt";
+  for (const std::wstring& copy : {list, bare, both})
+    ASSERT_NE(CopyFileW(program_path().c_str(), copy.c_str(), FALSE), 0);
+  wchar_t folder[MAX_PATH];
+  GetCurrentDirectoryW(MAX_PATH, folder);
+  ASSERT_NE(SetCurrentDirectoryW(scratch.path().c_str()), 0);
+  const auto start = [&](const std::wstring& line, const std::wstring& application = L"") {
+    return shell.start(line + child_arguments, application, ShowWindow::normal_no_focus);
+  };
+  EXPECT_FALSE(start(L"seznam.tt"));
+  EXPECT_FALSE(start(L"seznam.tt .exe"));
+  EXPECT_FALSE(start(L"\"seznam.tt\""));
+  EXPECT_FALSE(start(L"\"seznam.tt.\""));
+  EXPECT_FALSE(start(L"seznam.tt:"));
+  EXPECT_FALSE(start(L"seznam.tt::$DATA"));
+  EXPECT_FALSE(start(L"\"" + list + L"\""));
+  EXPECT_FALSE(start(L"orb.exe", list));
+  EXPECT_FALSE(start(L"orb.exe", list + L"."));
+  EXPECT_FALSE(start(L"orb.exe", list + L" "));
+  EXPECT_FALSE(start(L"orb.exe", bare)) << "without an ending it is orb.exe that is meant";
+  EXPECT_FALSE(start(L"orb"));
+  EXPECT_FALSE(shell.start(L"není.exe x.tt", L"", ShowWindow::normal_no_focus)) << "only the first word is looked for";
+  EXPECT_FALSE(shell.start(L"není.exe RadioOFF/@/1/@/..\\..\\..\\..\\seznam.tt", L"", ShowWindow::normal_no_focus));
+  SetCurrentDirectoryW(folder);
+  EXPECT_FALSE(files.exists(report)) << "none of them ran";
+}
+
+TEST_F(Win32Shell, TheSystemsOwnProgramsAreFound) {
+  EXPECT_TRUE(shell.start(L"cmd /c exit", L"", ShowWindow::minimized_focus));
+}
+
 TEST(Win32Machine, ASecondCopyKnowsOfTheFirst) {
   const platform::win32::Win32Machine first;
   const platform::win32::Win32Machine second;
