@@ -7,9 +7,22 @@
 #include <utility>
 
 namespace lumotune::core {
+namespace {
+
+// So long, in milliseconds, commands follow each other; then the user has the next moment.
+constexpr std::uint32_t at_a_stretch_ms = 20;
+constexpr std::uint32_t moment_ms = 10;
+
+bool short_enough(const std::wstring& id) {
+  return id.size() <= ClientCommands::max_id;
+}
+
+} // namespace
 
 ClientCommands::ClientCommands(const Uses& uses)
-    : uses_(uses), waker_(uses.loop.make_waker([this] { run_waiting(); })) {}
+    : uses_(uses),
+      waker_(uses.loop.make_waker([this] { run_waiting(); })),
+      more_(uses.loop.make_timer(moment_ms, [this] { run_more(); })) {}
 
 void ClientCommands::Hook(bool enable) {
   if (enable)
@@ -25,23 +38,38 @@ void ClientCommands::receive(const platform::CopyData& data) {
   // Some senders count the terminating zero among the bytes of the text.
   std::string_view bytes = data.bytes;
   bytes = bytes.substr(0, bytes.find('\0'));
+  if (bytes.size() > max_command)
+    return;
   waiting_.push_back(uses_.codec.decode(bytes));
-  waker_->wake();
+  if (!more_->running()) // which takes this one as well
+    waker_->wake();
 }
 
-// A procedure of a command may let events run, and with them this function: the outer run then takes what waits.
+// A procedure of a command may let events run, and with them this function: the outer run then takes what waits. A
+// flood must not keep the user out: what is left after a while waits for a timer, which the system lets tick only when
+// there is neither input nor anything to be drawn.
 void ClientCommands::run_waiting() {
   if (busy_)
     return;
   const Busy guard(busy_);
+  const std::uint32_t start = uses_.loop.tick_count_ms();
   while (!waiting_.empty() && !uses_.loop.quitting()) {
+    if (uses_.loop.tick_count_ms() - start >= at_a_stretch_ms)
+      return more_->start();
     const std::wstring text = std::move(waiting_.front());
     waiting_.pop_front();
     // Whatever becomes of this one, those behind it have their turn.
     if (!waiting_.empty())
-      waker_->wake();
+      more_->start();
     execute(text);
   }
+}
+
+void ClientCommands::run_more() {
+  if (busy_)
+    return;
+  more_->stop();
+  run_waiting();
 }
 
 void ClientCommands::execute(const std::wstring& text) {
@@ -52,9 +80,9 @@ void ClientCommands::execute(const std::wstring& text) {
   }
   if (equal_ignoring_case(text, L"list"))
     favourites->ZobrazOblibene();
-  if (starts_with_ignoring_case(text, L"id:"))
+  if (starts_with_ignoring_case(text, L"id:") && short_enough(rest_after(3)))
     uses_.settings.IDlastRadio = rest_after(3);
-  if (starts_with_ignoring_case(text, L"idk:"))
+  if (starts_with_ignoring_case(text, L"idk:") && short_enough(rest_after(4)))
     uses_.settings.KvalitaLT = rest_after(4);
   if (starts_with_ignoring_case(text, L"remoteplay"))
     remote_play(text);
@@ -67,6 +95,8 @@ void ClientCommands::execute(const std::wstring& text) {
 void ClientCommands::remote_play(const std::wstring& text) {
   auto fields = split_record(text);
   fields.resize(5);
+  if (!short_enough(fields[1]) || !short_enough(fields[2]))
+    return;
   uses_.settings.IDlastRadio = fields[1];
   uses_.settings.KvalitaLT = fields[2];
   uses_.session.OverrideURL = fields[3];

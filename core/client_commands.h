@@ -21,6 +21,9 @@ class ClientCommands {
 public:
   // A sender that floods us loses its newest commands.
   static constexpr std::size_t max_waiting = 256;
+  // A longer command is none; so is one with a longer station identifier or quality.
+  static constexpr std::size_t max_command = 16 * 1024; // bytes
+  static constexpr std::size_t max_id = 100;            // characters
 
   struct Uses {
     Settings& settings;
@@ -43,6 +46,7 @@ public:
 
 private:
   void run_waiting();
+  void run_more();
   void execute(const std::wstring& text);
   void remote_play(const std::wstring& text);
 
@@ -50,6 +54,7 @@ private:
   std::deque<std::wstring> waiting_;
   bool busy_ = false;
   std::unique_ptr<platform::Waker> waker_;
+  std::unique_ptr<platform::Timer> more_; // those that the time did not suffice for
 };
 
 } // namespace lumotune::core

@@ -27,6 +27,23 @@ TEST_F(ClientCommandsTest, PlaysAnAddressAndComesToTheFront) {
   EXPECT_EQ(w.settings.IDlastRadio, L"RADIO1");
 }
 
+TEST_F(ClientCommandsTest, EachAddressSaysWhereItComesFrom) {
+  using platform::AddressOrigin;
+  const auto origin_after = [this](const std::string& text) {
+    w.player.set_url(L"", AddressOrigin::listener);
+    w.command(text);
+    return w.player.origin();
+  };
+  EXPECT_EQ(origin_after("p:C:\\a.mp3"), AddressOrigin::message);
+  EXPECT_EQ(origin_after("remoteplay/@/NIKDE1/@/1/@/\\\\host\\share\\x/@/x"), AddressOrigin::station);
+  EXPECT_EQ(w.player.url(), L"\\\\host\\share\\x");
+  EXPECT_EQ(origin_after("id:RADIO1"), AddressOrigin::listener) << "nothing was prepared";
+  EXPECT_EQ(origin_after("play"), AddressOrigin::station);
+  w.session.OverrideURL = L"file:///C:/x";
+  EXPECT_EQ(origin_after("p:"), AddressOrigin::station) << "the pending address is not the message's";
+  EXPECT_EQ(w.player.url(), L"file:///C:/x");
+}
+
 TEST_F(ClientCommandsTest, IsAnsweredBeforeItIsCarriedOut) {
   EXPECT_EQ(w.messages.deliver("play"), -1);
   EXPECT_FALSE(w.called(L"play"));
@@ -125,6 +142,52 @@ TEST_F(ClientCommandsTest, AFloodIsBounded) {
     EXPECT_EQ(w.messages.deliver("fmax"), -1);
   w.loop.run_pending();
   EXPECT_EQ(w.journal.size(), core::ClientCommands::max_waiting);
+}
+
+TEST_F(ClientCommandsTest, ALongCommandIsNone) {
+  const std::string longest = "p:" + std::string(core::ClientCommands::max_command - 2, 'x');
+  w.command(longest);
+  EXPECT_EQ(w.player.url().size(), longest.size() - 2);
+  w.player.calls.clear();
+  EXPECT_EQ(w.command(longest + "x"), -1);
+  EXPECT_TRUE(w.player.calls.empty());
+  w.command("fmax" + std::string(1, '\0') + std::string(100'000, 'x'));
+  EXPECT_TRUE(w.did(L"FormMax")) << "what follows a zero is not part of it";
+}
+
+TEST_F(ClientCommandsTest, ALongIdentifierOrQualityIsNone) {
+  const std::string hundred(100, 'R');
+  w.command("id:" + hundred);
+  w.command("idk:" + hundred);
+  EXPECT_EQ(w.settings.IDlastRadio.size(), 100U);
+  EXPECT_EQ(w.settings.KvalitaLT.size(), 100U);
+  w.command("id:RADIO1");
+  w.command("idk:2");
+  w.command("id:" + hundred + "R");
+  w.command("idk:" + hundred + "R");
+  w.player.calls.clear();
+  w.command("remoteplay/@/" + hundred + "R/@/1/@/http://a/@/jmeno");
+  w.command("remoteplay/@/RADIO2/@/" + hundred + "R/@/http://a/@/jmeno");
+  EXPECT_EQ(w.settings.IDlastRadio, L"RADIO1");
+  EXPECT_EQ(w.settings.KvalitaLT, L"2");
+  EXPECT_EQ(w.session.OverrideURL, L"");
+  EXPECT_TRUE(w.player.calls.empty());
+}
+
+// Each of these takes its time, as a list does when the station file is long.
+TEST_F(ClientCommandsTest, BetweenManyCommandsTheUserHasHisTurn) {
+  std::size_t done_before_click = 0;
+  w.favourites.during = [this] { w.loop.advance(8); };
+  for (int i = 0; i < 200; ++i)
+    w.messages.deliver("list");
+  w.loop.run_pending();
+  EXPECT_GT(w.journal.size(), 1U) << "some at a stretch";
+  EXPECT_LT(w.journal.size(), 10U) << "but not all";
+  w.loop.at(1, [&] { done_before_click = w.journal.size(); });
+  w.loop.advance(1);
+  EXPECT_LT(done_before_click, 10U);
+  w.loop.advance(60'000);
+  EXPECT_EQ(w.journal.size(), 200U) << "none is lost";
 }
 
 TEST_F(ClientCommandsTest, WithoutTheHookNothingArrives) {

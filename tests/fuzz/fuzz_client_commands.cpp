@@ -11,7 +11,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   world.commands.Hook(true);
   world.player.set_auto_start(false);
   const std::string bytes(reinterpret_cast<const char*>(data), size);
-  if (world.command(bytes) != -1 || world.settings.IDlastRadio.size() > size)
+  if (world.command(bytes) != -1 || world.settings.IDlastRadio.size() > 100 || world.settings.KvalitaLT.size() > 100 ||
+      (!world.player.calls.empty() && world.player.origin() == lumotune::platform::AddressOrigin::listener))
     std::abort();
   world.journal.clear();
   if (world.command("fmax") != -1 || !world.did(L"FormMax"))
