@@ -111,6 +111,17 @@ TEST_F(ConsoleTest, PlaysAnAddressUnderTheProgramsOwnName) {
   EXPECT_EQ(w.form.InfoName.text(), L"Orb - Lumotune");
 }
 
+// What the listener types may lie anywhere; what "remoteplay" left behind is a station's address, whoever asks.
+TEST_F(ConsoleTest, AnAddressIsTheListenersOwnButForThePendingOne) {
+  type({L"url=C:\\hudba\\a.mp3"});
+  EXPECT_EQ(w.player.url(), L"C:\\hudba\\a.mp3");
+  EXPECT_EQ(w.player.origin(), platform::AddressOrigin::listener);
+  w.session.OverrideURL = L"\\\\host\\share\\x";
+  type({L"url="});
+  EXPECT_EQ(w.player.url(), L"\\\\host\\share\\x");
+  EXPECT_EQ(w.player.origin(), platform::AddressOrigin::station);
+}
+
 TEST_F(ConsoleTest, AnEmptyAddressTakesThePendingOne) {
   w.session.OverrideURL = L"http://jednou";
   type({L"url="});

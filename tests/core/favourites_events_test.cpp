@@ -10,10 +10,13 @@ struct FavouritesEventsTest : FavouritesWorld {};
 
 TEST_F(FavouritesEventsTest, AClickTunesTheEntryAndPlaysNothing) {
   show("lt:RADIO1/1\r\nlt:radio2/2\r\n");
+  w.player.set_url(L"", platform::AddressOrigin::listener);
+  w.player.calls.clear();
   ASSERT_TRUE(list.user_pick(1));
   EXPECT_EQ(w.settings.IDlastRadio, L"radio2");
   EXPECT_EQ(w.settings.KvalitaLT, L"2");
   EXPECT_EQ(w.player.url(), L"u2b");
+  EXPECT_EQ(w.player.origin(), platform::AddressOrigin::station);
   EXPECT_EQ(w.session.favourite_line, L"lt:radio2/2");
   EXPECT_TRUE(w.form.PlayTL.enabled());
   EXPECT_FALSE(w.called(L"play"));
@@ -26,8 +29,10 @@ TEST_F(FavouritesEventsTest, TheCurrentLineBeginsEmpty) {
 TEST_F(FavouritesEventsTest, ADoubleClickPlaysTheEntry) {
   show("lt:RADIO1/2\r\n");
   ASSERT_TRUE(list.user_pick(0));
+  w.player.set_url(L"", platform::AddressOrigin::listener);
   ASSERT_TRUE(list.user_double_click());
   EXPECT_EQ(w.player.url(), L"u2a");
+  EXPECT_EQ(w.player.origin(), platform::AddressOrigin::station);
   EXPECT_EQ(w.player.calls.back(), L"play");
   EXPECT_EQ(w.session.station_name, L"První");
 }

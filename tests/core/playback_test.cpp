@@ -32,6 +32,27 @@ TEST_F(PlaybackTest, AnEmptyAddressTakesTheOneShotAddressWhichIsThenUsedUp) {
   EXPECT_EQ(w.session.OverrideURL, L"") << "used up in every case";
 }
 
+TEST_F(PlaybackTest, WhoSaysNothingElseGivesAStationsAddress) {
+  using platform::AddressOrigin;
+  const auto reset = [this] { w.player.set_url(L"", AddressOrigin::listener); };
+  reset();
+  w.playback.PripravHrani(L"\\\\host\\share\\x");
+  EXPECT_EQ(w.player.origin(), AddressOrigin::station);
+  reset();
+  w.playback.PlayAll(L"C:\\x");
+  EXPECT_EQ(w.player.origin(), AddressOrigin::station);
+  reset();
+  w.playback.AutoStart(L"RADIO1", L"1");
+  EXPECT_EQ(w.player.origin(), AddressOrigin::station);
+  for (const auto origin : {AddressOrigin::message, AddressOrigin::listener}) {
+    w.playback.PripravHrani(L"C:\\x", origin);
+    EXPECT_EQ(w.player.origin(), origin);
+    w.session.OverrideURL = L"C:\\y";
+    w.playback.PripravHrani(L"", origin);
+    EXPECT_EQ(w.player.origin(), AddressOrigin::station) << "the pending address is a station's";
+  }
+}
+
 TEST_F(PlaybackTest, PlayDoesItsStepsInOrder) {
   w.settings.IDlastRadio = L"RADIO1";
   for (auto* label : {&w.form.InfoName, &w.form.InfoTime, &w.form.InfoStatus})

@@ -79,11 +79,23 @@ TEST_F(StartupTest, AMissingSettingsFileCountsAsNoLogin) {
   EXPECT_FALSE(w.files.exists(w.path(L"Orb_Data\\options.ini")));
 }
 
+TEST_F(StartupTest, WhatTheSettingsTuneIsAStationsAddress) {
+  for (const char* auto_start : {"#013:LTautoStart:1", "#013:LTautoStart:0"}) {
+    CoreWorld fresh;
+    fresh.set_option(13, auto_start);
+    fresh.player.set_url(L"", platform::AddressOrigin::listener);
+    EXPECT_TRUE(fresh.startup.Form_Load());
+    EXPECT_EQ(fresh.player.url(), L"u2a");
+    EXPECT_EQ(fresh.player.origin(), platform::AddressOrigin::station);
+  }
+}
+
 TEST_F(StartupTest, TheCommandLineReplacesTheAutoStart) {
   w.set_option(13, "#013:LTautoStart:1");
   w.machine.arguments = L"http://z prikazu";
   EXPECT_TRUE(w.startup.Form_Load());
   EXPECT_EQ(w.player.url(), L"http://z prikazu");
+  EXPECT_EQ(w.player.origin(), platform::AddressOrigin::listener);
   EXPECT_EQ(std::count(w.player.calls.begin(), w.player.calls.end(), L"play"), 2);
   EXPECT_EQ(w.settings.IDlastRadio, L"RADIO1");
 }
