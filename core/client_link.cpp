@@ -49,12 +49,13 @@ void ClientLink::look_for_reply() {
     return;
   Timer2->stop();
   uses_.loop.run_pending();
-  const auto bytes = uses_.files.read(reply_file());
-  if (!bytes.has_value()) {
+  const bool too_long = uses_.files.size(reply_file()).value_or(0) > max_reply_bytes;
+  std::string bytes;
+  if (!too_long && !uses_.files.read_at_most(reply_file(), bytes, max_reply_bytes)) {
     Timer2->start(); // the writer was back: not there yet
     return;
   }
-  read_reply(*bytes);
+  read_reply(bytes);
   uses_.loop.run_pending();
   // A report that was made meanwhile has its own reply coming, which is not to be lost.
   if (!Timer2->running())

@@ -11,6 +11,7 @@
 #include "platform/event_loop.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -23,6 +24,8 @@ public:
   // A reply asks the user so many times at most, each time with so many characters of its own.
   static constexpr int max_questions = 20;
   static constexpr std::size_t max_shown = 1000;
+  // A longer reply is removed unread.
+  static constexpr std::uint64_t max_reply_bytes = 64 * 1024;
 
   struct Uses {
     platform::Files& files;

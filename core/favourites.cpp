@@ -4,6 +4,7 @@
 #include "core/busy.h"
 #include "core/line_walk.h"
 #include "core/record_bytes.h"
+#include "core/station_limits.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -94,7 +95,7 @@ std::vector<std::wstring> favourite_items(std::string_view favourites, std::stri
     records.emplace(favourite.key, std::string_view());
     filter.add(favourite.key);
   }
-  for (LineWalk walk(stations); walk.next();) {
+  for (LineWalk walk(stations, max_station_lines); walk.next();) {
     const std::string_view line = walk.line();
     if (line.size() < station_id_length)
       continue;
@@ -117,7 +118,7 @@ Favourites::Favourites(const Uses& uses)
 
 void Favourites::ZobrazOblibene() {
   // A file that cannot be read is an empty one: no favourite is shown, and their own file keeps them.
-  (void)uses_.files.read_into(uses_.machine.program_folder() + L"\\radios.tt", List3);
+  (void)uses_.files.read_at_most(uses_.machine.program_folder() + L"\\radios.tt", List3, max_station_bytes);
   auto& list = uses_.form.Control_List;
   list.clear();
   for (const std::wstring& item : favourite_items(file_.read(), List3, folding_, uses_.codec))

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
@@ -11,19 +12,21 @@ namespace lumotune::core {
 // CR LF, LF or CR ends a line; what follows the last end is a line when it is not empty. The bytes outlive the walk.
 class LineWalk {
 public:
-  explicit LineWalk(std::string_view bytes)
+  explicit LineWalk(std::string_view bytes, std::size_t max_lines = SIZE_MAX)
       : bytes_(bytes),
+        lines_left_(max_lines),
         at_(bytes.data()),
         end_(at_ + bytes.size()),
         feed_(find('\n', end_)),
         line_(bytes.substr(0, 0)) {}
 
-  // False after the last line. In the header, and with the system's search only, because a long station file is walked
-  // for every look-up. The next line feed is looked for once and remembered, so that a line of carriage returns costs
-  // no more than another.
+  // False after the last line, or after the most that were asked for: then `after` is short of the end. In the header,
+  // and with the system's search only, because a long station file is walked for every look-up. The next line feed is
+  // looked for once and remembered, so that a line of carriage returns costs no more than another.
   [[nodiscard]] bool next() {
-    if (at_ == end_)
+    if (at_ == end_ || lines_left_ == 0)
       return false;
+    --lines_left_;
     if (feed_ < at_)
       feed_ = find('\n', end_);
     const char* const line_end = find('\r', feed_);
@@ -50,6 +53,7 @@ private:
   }
 
   std::string_view bytes_;
+  std::size_t lines_left_;
   const char* at_;   // the next line
   const char* end_;  // of the bytes
   const char* feed_; // the first line feed at or after the line, or the end of the bytes

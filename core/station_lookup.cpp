@@ -3,6 +3,7 @@
 
 #include "core/line_walk.h"
 #include "core/record_bytes.h"
+#include "core/station_limits.h"
 #include "core/text.h"
 
 namespace lumotune::core {
@@ -34,7 +35,7 @@ StationLookup::StationLookup(const Uses& uses) : uses_(uses), folding_(uses.code
 std::string_view StationLookup::last_record(std::string_view wanted) const {
   std::string_view found;
   const std::uint64_t key = folding_.id_key(wanted);
-  for (LineWalk walk(List3); walk.next();) {
+  for (LineWalk walk(List3, max_station_lines); walk.next();) {
     const std::string_view line = walk.line();
     if (line.size() >= station_id_length && folding_.id_key(line) == key)
       found = line;
@@ -46,7 +47,7 @@ std::wstring StationLookup::RadioInfo(const std::wstring& ID, const std::wstring
   const int index = station_field_index(FieldName);
   if (index < 0 || ID.size() != station_id_length)
     return {};
-  if (!uses_.files.read_into(uses_.machine.program_folder() + L"\\radios.tt", List3))
+  if (!uses_.files.read_at_most(uses_.machine.program_folder() + L"\\radios.tt", List3, max_station_bytes))
     return {};
   const auto wanted = exact_bytes(uses_.codec, ID);
   if (!wanted.has_value() || wanted->size() != station_id_length)

@@ -3,15 +3,51 @@
 
 #include "core/text.h"
 
+#include <utility>
+
 namespace lumotune::directory {
 namespace {
 
 constexpr int shown_top = 5280;
 constexpr int collapsed_top = 10280; // out of sight, though it counts as visible
 
+bool is_letter(wchar_t character) {
+  return (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z');
+}
+
+// Letters, digits and signs up to a colon. A drive is none; nor is a host, which a port and perhaps a path follow.
+bool has_scheme(std::wstring_view address) {
+  const std::size_t colon = address.find(L':');
+  if (colon == std::wstring_view::npos || colon < 2 || !is_letter(address.front()))
+    return false;
+  for (const wchar_t character : address.substr(0, colon)) {
+    const bool digit = character >= L'0' && character <= L'9';
+    if (!is_letter(character) && !digit && std::wstring_view(L"+-.").find(character) == std::wstring_view::npos)
+      return false;
+  }
+  const std::wstring_view rest = address.substr(colon + 1);
+  const std::wstring_view port = rest.substr(0, rest.find_first_not_of(L"0123456789"));
+  const bool path =
+      rest.size() == port.size() || std::wstring_view(L"/?#").find(rest[port.size()]) != std::wstring_view::npos;
+  return port.empty() || !path;
+}
+
 } // namespace
 
+std::wstring page_address(std::wstring_view address) {
+  const std::size_t first = address.find_first_not_of(L" \t");
+  if (first == std::wstring_view::npos)
+    return {};
+  address = address.substr(first, address.find_last_not_of(L" \t") - first + 1);
+  return (has_scheme(address) ? L"" : L"http://") + std::wstring(address);
+}
+
 void Advert::ZobrazReklamu(const std::wstring& CommandsG) {
+  take_order(CommandsG);
+  request_page();
+}
+
+void Advert::take_order(const std::wstring& CommandsG) {
   const auto fields = core::split_record(CommandsG);
   if (fields.size() < 3)
     return;
@@ -37,9 +73,14 @@ void Advert::ZobrazReklamu(const std::wstring& CommandsG) {
   }
   if (fields.size() < 4)
     return;
-  uses_.state.address = fields[3];
+  uses_.state.address = page_address(fields[3]);
   uses_.state.present = true;
-  ReklamaTest();
+  request_due_ = true;
+}
+
+void Advert::request_page() {
+  if (std::exchange(request_due_, false))
+    ReklamaTest();
 }
 
 void Advert::ReklamaTest() {

@@ -4,6 +4,7 @@
 #include "core/code_page_fold.h"
 #include "core/line_walk.h"
 #include "core/text.h"
+#include "directory/conversion.h"
 
 namespace lumotune::directory {
 namespace {
@@ -18,18 +19,18 @@ std::vector<CategoryNode> read_categories(std::string_view bytes, const platform
   constexpr std::string_view delimiter = "/@/";
   std::vector<CategoryNode> nodes;
   core::LineWalk walk(bytes);
-  while (walk.next()) {
+  while (nodes.size() < max_categories && walk.next()) {
     std::string_view line = walk.line();
     const bool child = core::starts_with_marker(line, "add//");
     if (!child && !core::starts_with_marker(line, "new//"))
       continue;
     line.remove_prefix(prefix_length);
     const std::size_t cut = line.find(delimiter);
-    if (cut == std::string_view::npos)
+    if (cut == std::string_view::npos || cut > max_category_id)
       continue;
     const std::wstring id = codec.decode(line.substr(0, cut));
     nodes.push_back({L"a" + id, child ? L"a" + id.substr(0, top_level_length) : std::wstring(),
-                     codec.decode(line.substr(cut + delimiter.size()))});
+                     codec.decode(line.substr(cut + delimiter.size(), max_category_name))});
   }
   return nodes;
 }

@@ -4,6 +4,7 @@
 
 #include "platform/ansi_codec.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,7 +18,11 @@ struct CategoryNode {
   std::wstring name;
 };
 
-// The nodes in file order. Lines that are no category, or are torn before their name, are left out.
+inline constexpr std::size_t max_category_id = 100; // characters, as of the next one
+inline constexpr std::size_t max_category_name = 1000;
+
+// The nodes in file order, the first `max_categories` of them. Lines that are no category, are torn before their name
+// or have an identifier longer than `max_category_id` are left out; a longer name than `max_category_name` is cut.
 [[nodiscard]] std::vector<CategoryNode> read_categories(std::string_view bytes, const platform::AnsiCodec& codec);
 
 // What choosing a node shows, as ZobrazKategoriiRadii takes it.

@@ -73,8 +73,9 @@ public:
   std::function<void()> on_unload; // the user closed it; called after Form_Unload
 
   // What the downloaded list says beside its stations.
-  void ZobrazReklamu(const std::wstring& text) override { advert_.ZobrazReklamu(text); }
+  void ZobrazReklamu(const std::wstring& text) override { advert_.take_order(text); }
   void ZobrazInfoPanel(const std::wstring& text) override { panel_.ZobrazInfoPanel(text); }
+  void orders_end() override { advert_.request_page(); }
 
 private:
   void LoadOptions(); // the server address

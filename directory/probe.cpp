@@ -4,8 +4,8 @@
 #include "core/code_page_fold.h"
 #include "core/line_walk.h"
 #include "core/site.h"
+#include "core/station_limits.h"
 #include "core/text.h"
-#include "platform/files.h"
 
 #include <optional>
 
@@ -24,7 +24,7 @@ std::optional<std::uint64_t> length_value(std::string_view text) {
     if (digit < '0' || digit > '9')
       return std::nullopt;
     number = number * 10 + static_cast<std::uint64_t>(digit - '0');
-    if (number > platform::Files::max_bytes)
+    if (number > core::max_station_bytes)
       return std::nullopt;
   }
   return number == 0 ? std::nullopt : std::optional(number);

@@ -4,6 +4,7 @@
 
 #include "platform/ansi_codec.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -11,14 +12,17 @@
 
 namespace lumotune::directory {
 
+// A longer answer is none.
+inline constexpr std::size_t max_probe_bytes = 64 * 1024;
+
 struct Probe {
   enum class Kind { size, refused, unusable };
   Kind kind = Kind::unusable;
   std::uint64_t size = 0; // bytes of the complete list, at least 1; for Kind::size only
 };
 
-// Any bytes. The last "size:" line counts; one that is no whole number from 1 to the longest file that is read makes
-// the answer unusable, as none does. The error marker ends the reading. `after_line` is called after every other line;
+// Any bytes. The last "size:" line counts; one that is no whole number from 1 to the longest station file makes the
+// answer unusable, as none does. The error marker ends the reading. `after_line` is called after every other line;
 // once it says false the reading ends and the answer is unusable.
 [[nodiscard]] Probe parse_probe(
     std::string_view bytes, const std::wstring& server_address, const platform::AnsiCodec& codec,

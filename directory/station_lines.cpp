@@ -2,15 +2,18 @@
 #include "directory/station_lines.h"
 
 #include "core/line_walk.h"
+#include "core/station_limits.h"
 
 namespace lumotune::directory {
 
 void StationLines::read(const platform::Files& files, const std::wstring& path) {
   starts_.clear();
-  (void)files.read_into(path, bytes_); // a file that cannot be read leaves no bytes and so no lines
-  core::LineWalk walk(bytes_);
+  (void)files.read_at_most(path, bytes_,
+                           core::max_station_bytes); // a file that cannot be read leaves no bytes and so no lines
+  core::LineWalk walk(bytes_, core::max_station_lines);
   while (walk.next())
     starts_.push_back(static_cast<std::uint32_t>(walk.start()));
+  bytes_.resize(walk.after()); // the last line ends there, however much follows
 }
 
 // What ends a line is a line feed with the carriage return before it, or one of the two alone.

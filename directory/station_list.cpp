@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/station_list.h"
 
+#include "core/station_limits.h"
 #include "core/text.h"
 #include "directory/categories.h"
 #include "directory/file_names.h"
@@ -29,11 +30,12 @@ void StationList::make_columns() {
 void StationList::NactiKategorie() {
   auto& tree = uses_.form.TreeView1;
   tree.clear();
-  const auto bytes = uses_.files.read(uses_.machine.program_folder() + L"\\" + categories_file);
-  if (bytes) {
-    for (const CategoryNode& node : read_categories(*bytes, uses_.codec))
-      (void)tree.add(node.key, node.parent_key, node.name); // a refused node is left out
-  }
+  std::string bytes;
+  // A file that cannot be read is an empty one.
+  (void)uses_.files.read_at_most(uses_.machine.program_folder() + L"\\" + categories_file, bytes,
+                                 core::max_station_bytes);
+  for (const CategoryNode& node : read_categories(bytes, uses_.codec))
+    (void)tree.add(node.key, node.parent_key, node.name); // a refused node is left out
   tree.select(remembered_node_);
 }
 

@@ -98,7 +98,7 @@ UpdateSteps Update::Timer1_Timer(const FileFacts& list) {
   return steps(std::move(list_of_steps));
 }
 
-// A list that cannot be read yet is tried again at the next tick.
+// A list that cannot be read yet, or is no longer as long as announced, is tried again at the next tick.
 UpdateSteps Update::converted(unsigned run, Conversion result) {
   if (run != run_ || state_ != State::converting)
     return steps({});
@@ -107,7 +107,7 @@ UpdateSteps Update::converted(unsigned run, Conversion result) {
     return steps({{Step::Timer1_on}});
   }
   state_ = State::idle;
-  if (result == Conversion::not_written)
+  if (result != Conversion::done)
     return steps({status(refused_text), {Step::hide_progress}, {Step::Command1_on}});
   return steps(
       {{Step::reload}, {Step::repaint}, status(L"Hotovo, připraven..."), {Step::hide_progress}, {Step::Command1_on}});

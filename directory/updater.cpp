@@ -59,8 +59,8 @@ void Updater::carry_out(const UpdateStep& step, unsigned run) {
     carry_out(update_.probe_read(run, read_probe(run)));
     return;
   case Step::convert:
-    carry_out(
-        update_.converted(run, convert_files(uses_.files, uses_.machine.program_folder(), uses_.codec, uses_.shows)));
+    carry_out(update_.converted(run, convert_files(uses_.files, uses_.machine.program_folder(),
+                                                   update_.announced_size(), uses_.codec, uses_.shows)));
     return;
   case Step::TestOnLine:
     carry_out(update_.online(run, TestOnLine() == L"true"));
@@ -120,10 +120,12 @@ void Updater::carry_out_own(const UpdateStep& step) {
 
 // The window repaints after each line, however many a server sends; nobody waits for the rest once the update is over.
 std::optional<Probe> Updater::read_probe(unsigned run) {
-  const auto bytes = uses_.files.read(path(probe_file));
-  if (!bytes)
+  if (uses_.files.size(path(probe_file)).value_or(0) > max_probe_bytes)
+    return Probe{};
+  std::string bytes;
+  if (!uses_.files.read_at_most(path(probe_file), bytes, max_probe_bytes))
     return std::nullopt;
-  return parse_probe(*bytes, uses_.settings.server_address, uses_.codec, [this, run] {
+  return parse_probe(bytes, uses_.settings.server_address, uses_.codec, [this, run] {
     uses_.loop.run_pending();
     return run == update_.run() && !uses_.loop.quitting();
   });

@@ -29,6 +29,9 @@ public:
   [[nodiscard]] virtual std::optional<std::string> read(const std::wstring& path) const = 0;
   // The same into `bytes`, whose capacity is used again; false leaves `bytes` empty.
   [[nodiscard]] virtual bool read_into(const std::wstring& path, std::string& bytes) const = 0;
+  // The same of a file of at most `limit` bytes; a longer one counts as unreadable. What the file grows by while it is
+  // read is not taken in.
+  [[nodiscard]] virtual bool read_at_most(const std::wstring& path, std::string& bytes, std::uint64_t limit) const = 0;
 
   // The new content is complete and flushed on disk beside the file first ("name.new"), then takes its place: a crash
   // leaves either the old file or the new one. The old one's attributes and access rights are kept. A file that another

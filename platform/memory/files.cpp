@@ -170,7 +170,15 @@ std::optional<std::string> MemoryFiles::read(const std::wstring& path) const {
 }
 
 bool MemoryFiles::read_into(const std::wstring& path, std::string& bytes) const {
+  return read_at_most(path, bytes, max_bytes);
+}
+
+bool MemoryFiles::read_at_most(const std::wstring& path, std::string& bytes, std::uint64_t limit) const {
+  if (before_read)
+    before_read(path);
   const Entry* entry = readable(path);
+  if (entry != nullptr && entry->bytes.size() > limit)
+    entry = nullptr;
   bytes.assign(entry == nullptr ? std::string_view() : std::string_view(entry->bytes));
   return entry != nullptr;
 }

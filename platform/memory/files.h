@@ -21,6 +21,7 @@ public:
   [[nodiscard]] std::optional<std::uint64_t> size(const std::wstring& path) const override;
   [[nodiscard]] std::optional<std::string> read(const std::wstring& path) const override;
   [[nodiscard]] bool read_into(const std::wstring& path, std::string& bytes) const override;
+  [[nodiscard]] bool read_at_most(const std::wstring& path, std::string& bytes, std::uint64_t limit) const override;
   [[nodiscard]] bool replace(const std::wstring& path, std::string_view bytes) override;
   [[nodiscard]] bool replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
                                   std::string_view second_bytes) override;
@@ -52,6 +53,8 @@ public:
   // Another program has the file open for writing, or no longer.
   void set_being_written(const std::wstring& path, bool on);
   void mend(const std::wstring& path);
+  // Called before the bytes are taken, of a file that changes just then.
+  std::function<void(const std::wstring& path)> before_read;
   // Records: every read, and every change as "replace C:\...", "append ...", "remove ...", "copy to ...".
   [[nodiscard]] const std::vector<std::wstring>& changes() const { return changes_; }
   void forget_changes() { changes_.clear(); } // for whoever works with the same files for hours

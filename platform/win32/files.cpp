@@ -160,11 +160,14 @@ std::optional<std::string> Win32Files::read(const std::wstring& path) const {
 }
 
 bool Win32Files::read_into(const std::wstring& path, std::string& bytes) const {
+  return read_at_most(path, bytes, max_bytes);
+}
+
+bool Win32Files::read_at_most(const std::wstring& path, std::string& bytes, std::uint64_t limit) const {
   bytes.clear();
   const KernelHandle file = open_file(path, GENERIC_READ, share_all, OPEN_EXISTING);
   LARGE_INTEGER length{};
-  if (!is_open(file) || GetFileSizeEx(file.get(), &length) == 0 ||
-      static_cast<std::uint64_t>(length.QuadPart) > max_bytes)
+  if (!is_open(file) || GetFileSizeEx(file.get(), &length) == 0 || static_cast<std::uint64_t>(length.QuadPart) > limit)
     return false;
   bytes.resize(static_cast<std::size_t>(length.QuadPart));
   std::size_t filled = 0;

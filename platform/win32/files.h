@@ -12,6 +12,7 @@ public:
   [[nodiscard]] std::optional<std::uint64_t> size(const std::wstring& path) const override;
   [[nodiscard]] std::optional<std::string> read(const std::wstring& path) const override;
   [[nodiscard]] bool read_into(const std::wstring& path, std::string& bytes) const override;
+  [[nodiscard]] bool read_at_most(const std::wstring& path, std::string& bytes, std::uint64_t limit) const override;
   [[nodiscard]] bool replace(const std::wstring& path, std::string_view bytes) override;
   [[nodiscard]] bool replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
                                   std::string_view second_bytes) override;

@@ -55,6 +55,7 @@ constexpr double frame_ms = 1000.0 / 60.0;
 struct Silent final : directory::ConversionPort {
   void ZobrazReklamu(const std::wstring& /*text*/) override {}
   void ZobrazInfoPanel(const std::wstring& /*text*/) override {}
+  void orders_end() override {}
 };
 
 // About 200 bytes a station, ten top-level categories of ten subcategories each.
@@ -100,9 +101,11 @@ int run(DiskFiles& files) {
   const platform::memory::MemoryMachine machine;
   Silent silent;
   const std::wstring folder = machine.program_folder();
-  if (!files.replace(directory::download_file, downloaded_list()))
+  const std::string list = downloaded_list();
+  const std::uint64_t size = list.size();
+  if (!files.replace(directory::download_file, list))
     return fail("the list was not written");
-  const auto convert = [&] { return directory::convert_files(files, folder, codec, silent); };
+  const auto convert = [&] { return directory::convert_files(files, folder, size, codec, silent); };
   if (convert() != directory::Conversion::done)
     return fail("the list was not converted");
   const Times conversion = bench::best_ms(

@@ -29,6 +29,10 @@ public:
     std::rewind(file.get());
     return std::fread(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
   }
+  [[nodiscard]] bool read_at_most(const std::wstring& path, std::string& bytes,
+                                  std::uint64_t /*limit*/) const override {
+    return read_into(path, bytes);
+  }
   [[nodiscard]] std::optional<std::string> read(const std::wstring& path) const override {
     std::string bytes;
     return read_into(path, bytes) ? std::optional(std::move(bytes)) : std::nullopt;

@@ -33,6 +33,20 @@ TEST_F(FilesContract, BytesComeBackExactly) {
   EXPECT_EQ(b.files.read(path), "");
 }
 
+TEST_F(FilesContract, ALongerFileThanAskedForCountsAsUnreadable) {
+  EXPECT_TRUE(b.files.replace(path, "abcd"));
+  std::string bytes;
+  for (const std::uint64_t limit : {4U, 5U}) {
+    EXPECT_TRUE(b.files.read_at_most(path, bytes, limit));
+    EXPECT_EQ(bytes, "abcd");
+  }
+  for (const std::uint64_t limit : {3U, 0U}) {
+    bytes = "old";
+    EXPECT_FALSE(b.files.read_at_most(path, bytes, limit));
+    EXPECT_EQ(bytes, "");
+  }
+}
+
 TEST_F(FilesContract, ReplacingLeavesNothingBeside) {
   EXPECT_TRUE(b.files.replace(path, "první"));
   EXPECT_TRUE(b.files.replace(path, "druhý"));

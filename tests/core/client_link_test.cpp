@@ -176,6 +176,19 @@ TEST_F(ClientLinkTest, AReplyAsksAndIsRemoved) {
   EXPECT_TRUE(w.messages.sent.empty()) << "no was answered";
 }
 
+TEST_F(ClientLinkTest, AReplyThatIsTooLongIsRemovedUnread) {
+  const std::string question = "inf:Od: Petr\r\n";
+  const std::size_t longest = core::ClientLink::max_reply_bytes;
+  report_off();
+  reply(question + std::string(longest - question.size(), '\n'));
+  EXPECT_EQ(w.dialogs.shown.size(), 1U);
+  EXPECT_FALSE(reply_there());
+  report_off();
+  reply(question + std::string(longest - question.size() + 1, '\n'));
+  EXPECT_EQ(w.dialogs.shown.size(), 1U);
+  EXPECT_FALSE(reply_there());
+}
+
 TEST_F(ClientLinkTest, TheQuestionHasTheNewMessagesFirst) {
   report_off();
   reply("inf:prvn\xed\r\nnew:3\r\nINF:druh\xe1\r\nNew:4\r\ninf:\r\n");
@@ -284,9 +297,9 @@ TEST_F(ClientLinkTest, TheReplyToAReportMadeMeanwhileIsNotLost) {
 TEST_F(ClientLinkTest, ALyingReplyIsBounded) {
   report_off();
   std::string many;
-  for (int i = 0; i < 5000; ++i)
+  for (int i = 0; i < 500; ++i)
     many += "inf:" + std::to_string(i) + "\r\n";
-  reply("new:" + std::string(1024 * 1024, 'n') + "\r\ninf:" + std::string(1024 * 1024, 'i') + "\r\n" + many);
+  reply("new:" + std::string(20 * 1024, 'n') + "\r\ninf:" + std::string(20 * 1024, 'i') + "\r\n" + many);
   EXPECT_EQ(w.dialogs.shown.size(), static_cast<std::size_t>(core::ClientLink::max_questions));
   EXPECT_LT(w.dialogs.shown[0].text.size(), 2100U);
   EXPECT_FALSE(reply_there());

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "core/favourites.h"
+#include "core/station_limits.h"
 #include "tests/support/core_world.h"
 
 #include <gtest/gtest.h>
@@ -34,6 +36,16 @@ TEST(StationLookup, TheLastOfSeveralLinesWins) {
   w.put(L"radios.tt", CoreWorld::record("RADIO1", "Stare", "a", "b") + CoreWorld::record("radio1", "Nove", "c", "d"));
   EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"name"), L"Nove");
   EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"u2"), L"d");
+}
+
+TEST(StationLookup, LinesBehindTheMostAreNoStations) {
+  CoreWorld w;
+  const std::string before(core::max_station_lines - 1, '\n');
+  w.put(L"radios.tt", before + CoreWorld::record("RADIO1", "A", "a", "b") + CoreWorld::record("RADIO2", "B", "a", "b"));
+  EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"name"), L"A");
+  EXPECT_EQ(w.stations.RadioInfo(L"RADIO2", L"name"), L"");
+  const core::CodePageFold fold(w.codec);
+  EXPECT_EQ(core::favourite_items("lt:RADIO1/1\r\nlt:RADIO2/1\r\n", w.get(L"radios.tt"), fold, w.codec).size(), 1U);
 }
 
 TEST(StationLookup, MissingFieldsAreEmpty) {

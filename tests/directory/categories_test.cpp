@@ -27,6 +27,22 @@ TEST(Categories, RootsAndTheirChildren) {
             L"a100000||Všechna rádia\na100001||Podle zemí\na100001cz|a100001|Česko\n");
 }
 
+TEST(Categories, FiveThousandAreTheMost) {
+  std::string bytes;
+  for (int i = 0; i < 5001; ++i)
+    bytes += "new//" + std::to_string(100000 + i) + "/@/x\r\n";
+  EXPECT_EQ(directory::read_categories(bytes, codec).size(), 5000U);
+}
+
+TEST(Categories, ALongIdentifierIsNoneAndALongNameIsCut) {
+  const std::string id(directory::max_category_id, '1');
+  const std::string name(directory::max_category_name, 'x');
+  EXPECT_EQ(directory::read_categories("new//" + id + "1/@/x\r\n", codec).size(), 0U);
+  const auto nodes = directory::read_categories("new//" + id + "/@/" + name + "y\r\n", codec);
+  ASSERT_EQ(nodes.size(), 1U);
+  EXPECT_EQ(nodes[0].name.size(), name.size());
+}
+
 TEST(Categories, PrefixesIgnoreLetterCase) {
   EXPECT_EQ(nodes("NEW//100001/@/A\nAdd//100001x/@/B\n"), L"a100001||A\na100001x|a100001|B\n");
 }
@@ -49,7 +65,7 @@ TEST(Categories, IdentifiersOfAnyLengthAreTaken) {
 
 TEST(Categories, HostileFilesEnd) {
   const std::string huge(1'000'000, 'z');
-  EXPECT_EQ(nodes("new//100001/@/" + huge + "\r\n" + huge + "\r\n" + std::string(1000, '\0')).size(), 9U + 1'000'001U);
+  EXPECT_EQ(nodes("new//100001/@/" + huge + "\r\n" + huge + "\r\n" + std::string(1000, '\0')).size(), 9U + directory::max_category_name + 1U);
 }
 
 TEST(Categories, ANodeShowsItsCategory) {

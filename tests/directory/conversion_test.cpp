@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "core/station_limits.h"
 #include "directory/conversion.h"
 #include "platform/memory/files.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
@@ -14,6 +16,8 @@ namespace {
 struct RecordingPort final : directory::ConversionPort {
   void ZobrazReklamu(const std::wstring& text) override { show(L"r:" + text); }
   void ZobrazInfoPanel(const std::wstring& text) override { show(L"i:" + text); }
+  void orders_end() override { ++ends; }
+  int ends = 0;
   void show(const std::wstring& text) {
     shown.push_back(text);
     if (during)
@@ -28,8 +32,11 @@ struct ConversionWorld {
   platform::memory::MemoryCodec codec;
   RecordingPort port;
 
-  directory::Converted convert(const std::string& list) { return directory::convert(list, codec, port); }
-  directory::Conversion convert_files() { return directory::convert_files(files, L"C:\\Orb", codec, port); }
+  directory::Converted convert(const std::string& list) { return directory::convert(list, codec, port).value(); }
+  directory::Conversion convert_files() {
+    const std::uint64_t announced = files.size(L"C:\\Orb\\seznam.tt").value_or(1);
+    return directory::convert_files(files, L"C:\\Orb", announced, codec, port);
+  }
   void put(const std::wstring& name, const std::string& bytes) { (void)files.replace(L"C:\\Orb\\" + name, bytes); }
   [[nodiscard]] std::string get(const std::wstring& name) const {
     return files.read(L"C:\\Orb\\" + name).value_or("(none)");
@@ -98,6 +105,67 @@ TEST(Conversion, HostileListsAreKept) {
   EXPECT_EQ(w.convert(huge + "\n" + huge).stations, huge + "\r\n" + huge + "\r\n\r\n");
   const std::string binary("\0\x1a\xff\0", 4);
   EXPECT_EQ(w.convert(binary).stations, binary + "\r\n\r\n");
+}
+
+TEST(Conversion, TenOrdersOfAKindAreCarriedOutInTheirOrder) {
+  ConversionWorld w;
+  std::string list;
+  Shown expected;
+  for (int i = 0; i < 15; ++i) {
+    list += "orb:r:" + std::to_string(i) + "\r\norb:i:" + std::to_string(i) + "\r\n";
+    if (i < 10) {
+      expected.push_back(L"r:" + std::to_wstring(i));
+      expected.push_back(L"i:" + std::to_wstring(i));
+    }
+  }
+  EXPECT_EQ(w.convert(list).stations, "\r\n");
+  EXPECT_EQ(w.port.shown, expected);
+  EXPECT_EQ(w.port.ends, 1);
+  w.convert("RADIO1\r\n");
+  EXPECT_EQ(w.port.ends, 1) << "no orders, no end of them";
+}
+
+TEST(Conversion, AnOrderThatIsTooLongIsNone) {
+  ConversionWorld w;
+  const std::string longest(directory::max_order_bytes, 'x');
+  w.convert("orb:i:" + longest + "x\r\norb:r:" + longest + "x\r\norb:i:" + longest + "\r\n");
+  ASSERT_EQ(w.port.shown.size(), 1U);
+  EXPECT_EQ(w.port.shown[0].size(), longest.size() + 2);
+}
+
+TEST(Conversion, FiveThousandCategoriesAreKept) {
+  ConversionWorld w;
+  std::string list;
+  for (int i = 0; i < 5010; ++i)
+    list += "orb:k:new//" + std::to_string(100000 + i) + "/@/x\r\n";
+  const std::string categories = w.convert(list).categories;
+  EXPECT_TRUE(categories.ends_with("new//104999/@/x\r\n\r\n"));
+  EXPECT_EQ(std::count(categories.begin(), categories.end(), '\n'), 5001);
+}
+
+TEST(Conversion, AListOfTooManyLinesIsRefusedAsAWhole) {
+  ConversionWorld w;
+  std::string list = "orb:i:text\r\norb:r:text\r\n";
+  for (std::size_t i = 2; i < core::max_station_lines; ++i)
+    list += "x\n";
+  EXPECT_TRUE(directory::convert(list, w.codec, w.port).has_value());
+  w.port.shown.clear();
+  EXPECT_FALSE(directory::convert(list + "y", w.codec, w.port).has_value());
+  EXPECT_TRUE(w.port.shown.empty());
+  w.put(L"seznam.tt", list + "y");
+  EXPECT_EQ(w.convert_files(), directory::Conversion::too_long);
+  EXPECT_EQ(w.get(L"radios.tt"), "(none)");
+}
+
+TEST(Conversion, AListThatIsNotAsLongAsAnnouncedIsNotConverted) {
+  ConversionWorld w;
+  w.put(L"seznam.tt", "orb:r:text\r\nRADIO1\r\n");
+  const std::uint64_t length = w.files.size(L"C:\\Orb\\seznam.tt").value();
+  for (const std::uint64_t announced : {std::uint64_t{0}, length - 1, length + 1})
+    EXPECT_EQ(directory::convert_files(w.files, L"C:\\Orb", announced, w.codec, w.port),
+              directory::Conversion::unreadable);
+  EXPECT_TRUE(w.port.shown.empty());
+  EXPECT_EQ(w.get(L"radios.tt"), "(none)");
 }
 
 TEST(Conversion, ReplacesBothFiles) {

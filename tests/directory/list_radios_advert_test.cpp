@@ -17,6 +17,21 @@ TEST_F(ListRadiosPanel, ShowsAnAdvertisement) {
   EXPECT_EQ(browser.visited.size(), 2U);
 }
 
+TEST_F(ListRadiosPanel, AnAddressWithoutASchemeGetsOne) {
+  EXPECT_EQ(page_address(L"www.server.cz/a?b#c"), L"http://www.server.cz/a?b#c");
+  EXPECT_EQ(page_address(L"  server/x "), L"http://server/x");
+  EXPECT_EQ(page_address(L"server:8000"), L"http://server:8000");
+  EXPECT_EQ(page_address(L"server:8000/x:y"), L"http://server:8000/x:y");
+  EXPECT_EQ(page_address(L"server/a:b"), L"http://server/a:b");
+  EXPECT_EQ(page_address(L"C:\\x.html"), L"http://C:\\x.html");
+  EXPECT_EQ(page_address(L"\\\\host\\share"), L"http://\\\\host\\share");
+  EXPECT_EQ(page_address(L""), L"");
+  for (const wchar_t* address : {L"http://a", L"HTTPS://a/b:c", L"about:blank", L"javascript:1x", L"file:///C:/x"})
+    EXPECT_EQ(page_address(address), address);
+  advert.ZobrazReklamu(L"1050/@/7125/@/1/@/server/reklama");
+  EXPECT_EQ(browser.visited, std::vector<std::wstring>{L"http://server/reklama"});
+}
+
 TEST_F(ListRadiosPanel, ACollapsedAdvertisementIsStillAskedFor) {
   advert.ZobrazReklamu(L"1050/@/7125/@/1/@/http://server/1");
   advert.ZobrazReklamu(L"1050/@/7125/@/0/@/http://server/2");

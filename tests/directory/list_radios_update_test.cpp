@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The update seen from the window: what a server, a downloader and the files between them may do.
+#include "core/station_limits.h"
 #include "tests/directory/update_world.h"
 
 namespace lumotune::test {
@@ -36,6 +37,68 @@ TEST_F(ListRadiosUpdate, TheWindowRepaintsAfterEachLineOfTheProbe) {
   const auto runs = loop.pending_runs();
   loop.advance(100);
   EXPECT_EQ(loop.pending_runs() - runs, 5U + 1U) << "and once before the download";
+}
+
+TEST_F(ListRadiosUpdate, AProbeThatIsTooLongRefuses) {
+  const std::string size = "size:5\r\n";
+  write(L"orb_test_size.tt", size + std::string(directory::max_probe_bytes - size.size() + 1, ' '));
+  loop.advance(100);
+  EXPECT_EQ(status(), refused);
+  EXPECT_EQ(shell.started.size(), 1U) << "no list is asked for";
+  directory.Naladit();
+  Command1().press();
+  write(L"orb_test_size.tt", size + std::string(directory::max_probe_bytes - size.size(), ' '));
+  loop.advance(100);
+  EXPECT_EQ(shell.started.size(), 3U);
+}
+
+// The downloader goes on writing between the look at the length and the reading.
+TEST_F(ListRadiosUpdate, AListThatGrewBeforeItWasReadIsNotConverted) {
+  const std::string list = "RADIO9/@/Nove\r\norb:i:0/@//@/1/@/zprava\r\n";
+  announce(list.size());
+  write(L"seznam.tt", list);
+  for (const std::string& changed : {list + "x", list.substr(1), std::string()}) {
+    files.before_read = [&](const std::wstring& file) {
+      files.before_read = {};
+      EXPECT_TRUE(file.ends_with(L"seznam.tt"));
+      write(L"seznam.tt", changed);
+    };
+    loop.advance(100);
+    EXPECT_EQ(content(L"radios.tt"), before);
+    EXPECT_NE(status(), finished);
+    EXPECT_FALSE(label(L"InfoPanel").visible()) << "no order was obeyed";
+    write(L"seznam.tt", list);
+  }
+  loop.advance(100);
+  EXPECT_EQ(status(), finished);
+  EXPECT_EQ(content(L"radios.tt"), "RADIO9/@/Nove\r\n\r\n");
+}
+
+TEST_F(ListRadiosUpdate, AListOfTooManyLinesChangesNothing) {
+  std::string list = "orb:i:0/@//@/1/@/zprava\r\n";
+  list.append(core::max_station_lines, '\n');
+  bring(list);
+  EXPECT_EQ(status(), refused);
+  EXPECT_EQ(content(L"radios.tt"), before);
+  EXPECT_FALSE(label(L"InfoPanel").visible());
+  EXPECT_TRUE(Command1().enabled());
+}
+
+TEST_F(ListRadiosUpdate, SeveralAdvertisementsAskForOnePage) {
+  auto& browser = part<platform::memory::MemoryBrowser>(L"WebBrowser1");
+  std::string list;
+  for (int i = 1; i <= 3; ++i)
+    list += "orb:r:1050/@/7125/@/1/@/http://server/" + std::to_string(i) + "\r\n";
+  bring(list + "orb:r:vadna\r\n");
+  EXPECT_EQ(status(), finished);
+  EXPECT_EQ(browser.visited, std::vector<std::wstring>{L"http://server/3"});
+  Command1().press();
+  list.clear();
+  for (int i = 1; i <= 12; ++i)
+    list += "orb:r:1050/@/7125/@/1/@/http://jiny/" + std::to_string(i) + "\r\n";
+  bring(list);
+  ASSERT_EQ(browser.visited.size(), 2U);
+  EXPECT_EQ(browser.visited[1], L"http://jiny/10") << "those behind the tenth are left out";
 }
 
 TEST_F(ListRadiosUpdate, ClosingWhileTheProbeIsReadEndsTheReading) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "core/line_walk.h"
 #include "core/record_bytes.h"
+#include "core/station_limits.h"
 #include "directory/station_table.h"
 #include "platform/memory/files.h"
 #include "platform/memory/messages.h"
@@ -52,6 +53,23 @@ std::vector<std::string> walked(std::string_view bytes) {
 }
 
 using Lines = std::vector<std::string>;
+
+TEST(StationTable, LinesBehindTheMostAreNoStations) {
+  TableWorld w;
+  std::string bytes(core::max_station_lines - 1, '\n');
+  w.load(bytes + "RADIO1/@/A\r\nRADIO2/@/B\r\n");
+  EXPECT_EQ(w.table.lines()->count(), core::max_station_lines);
+  EXPECT_TRUE(w.table.last_of(L"RADIO1").has_value());
+  EXPECT_FALSE(w.table.last_of(L"RADIO2").has_value());
+  EXPECT_EQ(w.table.lines()->line(core::max_station_lines - 1), "RADIO1/@/A");
+}
+
+TEST(StationTable, AFileThatIsTooLongCountsAsUnreadable) {
+  TableWorld w;
+  w.load("RADIO1/@/A\r\n");
+  w.load(std::string(core::max_station_bytes + 1, ' '));
+  EXPECT_EQ(w.table.lines()->count(), 0U);
+}
 
 TEST(LineWalk, EveryKindOfEndEndsALine) {
   EXPECT_EQ(walked(""), Lines());

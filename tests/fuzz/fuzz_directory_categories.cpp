@@ -29,11 +29,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::wstring text = codec.decode(line);
     const bool child = core::starts_with_ignoring_case(text, L"add//");
     const std::size_t cut = text.find(L"/@/", 5);
-    if ((!child && !core::starts_with_ignoring_case(text, L"new//")) || cut == std::wstring::npos)
+    if ((!child && !core::starts_with_ignoring_case(text, L"new//")) || cut == std::wstring::npos ||
+        cut - 5 > directory::max_category_id)
       continue;
+    if (at == directory::max_categories)
+      break;
     demand(at < nodes.size());
     const auto& node = nodes[at++];
-    demand(node.key == L"a" + text.substr(5, cut - 5) && node.name == text.substr(cut + 3));
+    demand(node.key == L"a" + text.substr(5, cut - 5) &&
+           node.name == text.substr(cut + 3, directory::max_category_name));
     demand(node.parent_key == (child ? node.key.substr(0, 7) : L""));
     const std::wstring category = directory::category_of_node(node.key);
     const bool special = node.key.size() > 7 && node.key.substr(0, 7) == L"a100000";

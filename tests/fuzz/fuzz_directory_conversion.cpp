@@ -6,6 +6,7 @@
 #include "platform/memory/files.h"
 #include "tests/fuzz/fuzzing.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -23,6 +24,8 @@ constexpr const char* const words[] = {"orb:k:", "orb:r:", "orb:i:",     "<end>"
 struct Heard final : directory::ConversionPort {
   void ZobrazReklamu(const std::wstring& text) override { said.push_back(L"r" + text); }
   void ZobrazInfoPanel(const std::wstring& text) override { said.push_back(L"i" + text); }
+  void orders_end() override { ++ends; }
+  int ends = 0;
   std::vector<std::wstring> said;
 };
 
@@ -33,6 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string bytes = fuzz::expanded(data, size, words);
   std::string stations;
   std::string categories;
+  std::size_t category_count = 0;
   std::vector<std::wstring> said;
   for (const std::string& line : core::split_text_lines(bytes)) {
     const std::wstring text = codec.decode(line);
@@ -40,17 +44,24 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto begins = [&](const wchar_t* prefix) { return core::starts_with_ignoring_case(text, prefix); };
     if (line.empty() || core::equal_ignoring_case(text, L"<end>"))
       continue;
-    if (begins(L"orb:k:"))
-      categories += line.substr(6) + "\r\n";
-    else if (begins(L"orb:r:") || begins(L"orb:i:"))
-      said.push_back(core::fold(text[4]) + rest);
-    else
+    if (begins(L"orb:k:")) {
+      if (++category_count <= directory::max_categories)
+        categories += line.substr(6) + "\r\n";
+    } else if (begins(L"orb:r:") || begins(L"orb:i:")) {
+      const wchar_t kind = core::fold(text[4]);
+      const auto of_kind = [&](const std::wstring& order) { return order[0] == kind; };
+      const auto before = static_cast<std::size_t>(std::count_if(said.begin(), said.end(), of_kind));
+      if (before < directory::max_orders && line.size() - 6 <= directory::max_order_bytes)
+        said.push_back(kind + rest);
+    } else {
       stations += line + "\r\n";
+    }
   }
   Heard heard;
   const auto converted = directory::convert(bytes, codec, heard);
-  demand(converted.stations == stations + "\r\n");
-  demand(converted.categories == categories + "\r\n");
-  demand(heard.said == said);
+  demand(converted.has_value());
+  demand(converted->stations == stations + "\r\n");
+  demand(converted->categories == categories + "\r\n");
+  demand(heard.said == said && heard.ends == (said.empty() ? 0 : 1));
   return 0;
 }

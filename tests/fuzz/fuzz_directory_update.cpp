@@ -77,6 +77,7 @@ void answer_conversion(Carrier& carrier, std::uint8_t byte) {
   using directory::Conversion;
   const auto result = byte % 3 == 0   ? Conversion::done
                       : byte % 3 == 1 ? Conversion::unreadable
+                      : byte % 2 == 0 ? Conversion::too_long
                                       : Conversion::not_written;
   carrier.carry_out(carrier.update.converted(carrier.asked_run, result));
   carrier.convert_asked = false;
