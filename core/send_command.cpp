@@ -8,7 +8,7 @@ namespace lumotune::core {
 using platform::WindowRef;
 
 void CommandSender::SendCommand(const std::wstring& ProgramFile, const std::wstring& WindowCaption,
-                                const std::wstring& Text, std::wstring Mode) {
+                                const std::wstring& Text, std::wstring Mode, const std::wstring& application) {
   constexpr int give_up_at = 10;
   constexpr std::uint32_t retry_after_ms = 1500;
   if (Mode.empty())
@@ -25,7 +25,7 @@ void CommandSender::SendCommand(const std::wstring& ProgramFile, const std::wstr
       break;
     // A program that is not there cannot be started; the look-ups go on all the same.
     if (Mode == L"1" || Mode == L"2")
-      (void)uses_.shell.start(ProgramFile, L"", platform::ShowWindow::normal_focus);
+      (void)uses_.shell.start(ProgramFile, application, platform::ShowWindow::normal_focus);
     uses_.loop.run_pending();
     if (Mode != L"2")
       break;

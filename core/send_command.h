@@ -23,9 +23,10 @@ public:
 
   // Delivers one command to the window of that caption. Mode "1" (or empty) starts the program once when the window is
   // missing; "2" starts it at every miss and retries each 1500 ms, nine look-ups at most; any other mode looks once and
-  // starts nothing. Events run meanwhile. Failures are silent. User-interface thread.
+  // starts nothing. Events run meanwhile. Failures are silent. A program that a text from outside names comes with its
+  // full path as `application`. User-interface thread.
   void SendCommand(const std::wstring& ProgramFile, const std::wstring& WindowCaption, const std::wstring& Text,
-                   std::wstring Mode);
+                   std::wstring Mode, const std::wstring& application = {});
 
   // Delivers one command to that window, events first. No window: nothing is sent.
   void send_to(platform::WindowRef target, const std::wstring& Text);

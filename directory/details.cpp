@@ -63,8 +63,10 @@ void Details::NaladitRadio(const std::wstring& Kvalita) {
   settings.IDlastRadio = id;
   settings.KvalitaLT = Kvalita;
   if (is_television(id)) {
-    skin::launch(uses_.shell, skin::television(skin::companion_values(uses_.machine, settings),
-                                               uses_.stations.RadioInfo(id, L"u" + Kvalita)));
+    const auto player =
+        skin::television(skin::companion_values(uses_.machine, settings), uses_.stations.RadioInfo(id, L"u" + Kvalita));
+    if (player.has_value())
+      skin::launch(uses_.shell, *player);
     settings.IDlastRadio = before.first;
     settings.KvalitaLT = before.second;
   } else {

@@ -2,6 +2,7 @@
 #include "directory/info_panel.h"
 
 #include "core/busy.h"
+#include "core/lumotune_form.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -24,12 +25,6 @@ bool number_of(const std::wstring& text, double largest, double& number) {
     return false;
   number = std::min(core::number_value(text), largest);
   return true;
-}
-
-// The client's programs by their plain names only: a command from outside must not start whatever lies on the machine.
-bool is_plain_program_name(const std::wstring& name) {
-  return !name.empty() && name.find_first_of(L"\\/:\"'<>|*? \t") == std::wstring::npos &&
-         std::all_of(name.begin(), name.end(), [](wchar_t character) { return character > L' '; });
 }
 
 } // namespace
@@ -69,6 +64,10 @@ void InfoPanelLine::ZobrazInfoPanel(const std::wstring& CommandsG) {
     panel_action_ = fields[5];
   if (fields.size() > 6)
     panel_parameter_ = fields[6];
+  if (panel_parameter_.size() > max_parameter) {
+    panel_action_.clear(); // part of an address or a message is another one
+    panel_parameter_.clear();
+  }
   typing_position_ = 0;
   line.set_text(L"");
   TimerInPan->start();
@@ -110,11 +109,15 @@ void InfoPanelLine::show_users() {
   auto pieces = core::split_text(panel_parameter_, L"||");
   if (pieces.size() < 4)
     return;
+  // What this program's own window is told may reach the listener's files.
+  if (pieces[1].empty() || core::equal_ignoring_case(pieces[1], core::main_caption))
+    return;
   pieces[0] = replace_ignoring_case(pieces[0], L"..", L"");
-  // A program that we do not know is not started; the message still reaches a window that is there.
-  const bool known =
-      is_plain_program_name(pieces[0]) && uses_.files.exists(uses_.machine.program_folder() + L"\\" + pieces[0]);
-  uses_.sender.SendCommand(pieces[0], pieces[1], pieces[2], known ? pieces[3] : L"x");
+  // A program that we do not know is not started, wherever it lies: the downloader writes files into the program
+  // folder. The message still reaches a window that is there.
+  const std::wstring program = skin::companion_program(uses_.machine.program_folder(), pieces[0]);
+  const bool known = !program.empty() && uses_.files.exists(program);
+  uses_.sender.SendCommand(pieces[0], pieces[1], pieces[2], known ? pieces[3] : L"x", program);
 }
 
 void InfoPanelLine::open_browser() {

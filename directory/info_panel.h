@@ -44,6 +44,8 @@ public:
 
   // So many characters are typed at most.
   static constexpr std::size_t max_typed = 32767;
+  // An action with a longer parameter is none.
+  static constexpr std::size_t max_parameter = 2000;
 
   // Fields: "1" for bold, colour, milliseconds a letter, text, tool tip, action, its parameter. A step whose field is
   // missing or bad is left out.

@@ -24,7 +24,9 @@ public:
   // A longer copy-data text is taken for an attack and arrives empty.
   static constexpr std::size_t max_bytes = 1024 * 1024;
   // How long a receiving program may take before it counts as hung.
-  static constexpr std::uint32_t send_limit_ms = 5000;
+  static constexpr std::uint32_t send_limit_ms = 3000;
+  // A longer caption, in characters, is not looked for.
+  static constexpr std::size_t max_caption = 1000;
 
   WindowMessages() = default;
   WindowMessages(const WindowMessages&) = delete;
@@ -32,7 +34,7 @@ public:
   virtual ~WindowMessages() = default;
 
   // The first top-level window of any program with that caption, hidden ones too, as the system's ANSI look-up finds
-  // it.
+  // it. An empty caption, which many windows have, and one longer than `max_caption` find none.
   [[nodiscard]] virtual WindowRef find_by_caption(const std::wstring& caption) const = 0;
 
   // The main window of another copy of this program: the first one of its kind with that caption, else what
@@ -40,7 +42,8 @@ public:
   [[nodiscard]] virtual WindowRef find_copy(const std::wstring& caption) const = 0;
 
   // Sends the bytes (no terminating zero) with kind 1 and the main window as sender, and waits for the receiver to have
-  // dealt with them, at most `send_limit_ms` when it hangs. No window: nothing is sent.
+  // dealt with them, at most `send_limit_ms` when it hangs. No window, or a text longer than
+  // `max_bytes`: nothing is sent.
   virtual void send_copy_data(WindowRef target, std::string_view bytes) = 0;
 
   // Lets the program of that window bring its window to the front.

@@ -3,6 +3,10 @@
 
 #include "core/site.h"
 #include "core/text.h"
+#include "skin/web_address.h"
+
+#include <algorithm>
+#include <array>
 
 namespace lumotune::skin {
 namespace {
@@ -24,13 +28,14 @@ std::wstring one_argument(std::wstring text) {
 
 // Made harmless for a field of a record, too. Looked for at the end of what is kept, because taking one delimiter out
 // may leave another one behind. An end of "/@" would make one with the delimiter that follows, and shift the fields.
-std::wstring one_field(const std::wstring& text) {
+std::wstring one_field(const std::wstring& text, std::size_t longest = max_field) {
   std::wstring field;
   for (const wchar_t character : one_argument(text)) {
     field.push_back(character);
     if (field.ends_with(delimiter))
       field.resize(field.size() - delimiter.size());
   }
+  field.resize(std::min(field.size(), longest));
   constexpr std::wstring_view begun = L"/@";
   while (field.ends_with(begun))
     field.resize(field.size() - begun.size());
@@ -49,11 +54,11 @@ Launch by_name(const wchar_t* program, const std::wstring& arguments, ShowWindow
 }
 
 std::wstring account(const CompanionValues& values) {
-  return L"idh=" + one_argument(values.idh) + L"&h=" + one_argument(values.h);
+  return L"idh=" + one_field(values.idh) + L"&h=" + one_field(values.h);
 }
 
 Launch browser(const CompanionValues& values, const std::wstring& path_and_parameters) {
-  return in_folder(values, L"OrbBrowser.exe", one_argument(values.server) + path_and_parameters,
+  return in_folder(values, L"OrbBrowser.exe", one_field(values.server) + path_and_parameters,
                    ShowWindow::minimized_focus);
 }
 
@@ -64,7 +69,7 @@ std::wstring of_the_site(const std::wstring& title) {
 
 Launch download(const CompanionValues& values, const std::wstring& path_and_query, const wchar_t* file) {
   return by_name(L"load.exe",
-                 one_argument(values.server) + path_and_query + std::wstring(delimiter) + values.program_folder + file,
+                 one_field(values.server) + path_and_query + std::wstring(delimiter) + values.program_folder + file,
                  ShowWindow::normal_no_focus);
 }
 
@@ -74,9 +79,21 @@ CompanionValues companion_values(const platform::Machine& machine, const core::S
   return {machine.program_folder(), settings.server_address, settings.idh, settings.h};
 }
 
+std::wstring companion_program(const std::wstring& program_folder, std::wstring_view name) {
+  static constexpr std::array<std::wstring_view, 6> programs = {L"orb.exe",    L"OrbBrowser.exe", L"OrbRecorder.exe",
+                                                                L"Telvix.exe", L"remind.exe",     L"load.exe"};
+  name.remove_prefix(std::min(name.find_first_not_of(L' '), name.size()));
+  name = name.substr(0, name.find_last_not_of(L' ') + 1);
+  for (const std::wstring_view program : programs) {
+    if (core::equal_ignoring_case(name, program))
+      return program_folder + L"\\" + std::wstring(program);
+  }
+  return {};
+}
+
 // Backslashes on purpose: the server knows this page and the free-music page by this very path.
 Launch discussion(const CompanionValues& values, const std::wstring& station_id, const std::wstring& station_name) {
-  return browser(values, L"\\orb\\diskuze.php?" + account(values) + L"&t=100000&tid=" + one_field(station_id) +
+  return browser(values, L"\\orb\\diskuze.php?" + account(values) + L"&t=100000&tid=" + one_field(station_id, max_id) +
                              L"/@/9000/@/9000/@/" +
                              of_the_site(L"Diskuze k rádiové stanici: " + one_field(station_name)) +
                              L"/@/normal/@/endtestnull/@/");
@@ -106,13 +123,15 @@ Launch recordings_library(const CompanionValues& values) {
 
 Launch problem_report(const CompanionValues& values, const std::wstring& station_id, const std::wstring& station_name) {
   return by_name(L"remind.exe",
-                 L"RadioOFF/@/" + one_field(station_id) + L"/@/" + one_field(station_name) + L"/@/" +
-                     one_argument(values.idh) + L"/@/" + one_argument(values.h) + L"/@/" + one_argument(values.server),
+                 L"RadioOFF/@/" + one_field(station_id, max_id) + L"/@/" + one_field(station_name) + L"/@/" +
+                     one_field(values.idh) + L"/@/" + one_field(values.h) + L"/@/" + one_field(values.server),
                  ShowWindow::normal_focus);
 }
 
-Launch television(const CompanionValues& values, const std::wstring& stream_address) {
-  return in_folder(values, L"Telvix.exe", one_argument(stream_address), ShowWindow::normal_focus);
+std::optional<Launch> television(const CompanionValues& values, const std::wstring& stream_address) {
+  if (!is_stream_address(stream_address))
+    return std::nullopt;
+  return in_folder(values, L"Telvix.exe", stream_address, ShowWindow::normal_focus);
 }
 
 Launch messenger_client(const CompanionValues& values) {
@@ -122,17 +141,17 @@ Launch messenger_client(const CompanionValues& values) {
 Launch play_report(const CompanionValues& values, bool client_link_on, const std::wstring& station_id) {
   return download(values,
                   L"/orb/lt_all.php?" + account(values) + L"&orbw=" + (client_link_on ? L"on" : L"off") +
-                      L"&lt=on&stanice=" + one_field(station_id),
+                      L"&lt=on&stanice=" + one_field(station_id, max_id),
                   L"\\orblt.tt");
 }
 
 // A forward slash on purpose: the client's own tools know the list by this very path.
 Launch station_list(const CompanionValues& values) {
-  return download(values, L"/lumotune.brelt/lt_list.php?idh=" + one_argument(values.idh), L"/seznam.tt");
+  return download(values, L"/lumotune.brelt/lt_list.php?idh=" + one_field(values.idh), L"/seznam.tt");
 }
 
 Launch station_list_size(const CompanionValues& values) {
-  return download(values, L"/lumotune.brelt/lt_list.php?size=1&idh=" + one_argument(values.idh), L"\\orb_test_size.tt");
+  return download(values, L"/lumotune.brelt/lt_list.php?size=1&idh=" + one_field(values.idh), L"\\orb_test_size.tt");
 }
 
 std::wstring login_address(const CompanionValues& values, const std::wstring& token, const std::wstring& page) {

@@ -8,7 +8,10 @@
 #include "platform/machine.h"
 #include "platform/shell.h"
 
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace lumotune::skin {
 
@@ -30,9 +33,16 @@ struct CompanionValues {
 };
 [[nodiscard]] CompanionValues companion_values(const platform::Machine& machine, const core::Settings& settings);
 
+// The full path of the client's or a companion's program by its plain name, blanks around it and letter case ignored;
+// empty for any other name. Nothing else may be started because a text from outside says so.
+[[nodiscard]] std::wstring companion_program(const std::wstring& program_folder, std::wstring_view name);
+
 // Every text is inserted unquoted and unescaped. A quotation mark in it becomes an apostrophe and a control character a
-// blank: neither means anything in a name, an address or a number, and the first could join or part arguments. Names
-// and identifiers also lose the record delimiter, except in what `browser_page` is given.
+// blank: neither means anything in a name, an address or a number, and the first could join or part arguments. All but
+// the parameters that `browser_page` is given also lose the record delimiter, behind which the downloader finds the
+// file to write, and are cut to `max_field`, identifiers to `max_id`, characters.
+inline constexpr std::size_t max_field = 1000;
+inline constexpr std::size_t max_id = 100;
 
 // Pages in the client's browser.
 [[nodiscard]] Launch discussion(const CompanionValues& values, const std::wstring& station_id,
@@ -48,7 +58,8 @@ struct CompanionValues {
 [[nodiscard]] Launch recordings_library(const CompanionValues& values);
 [[nodiscard]] Launch problem_report(const CompanionValues& values, const std::wstring& station_id,
                                     const std::wstring& station_name);
-[[nodiscard]] Launch television(const CompanionValues& values, const std::wstring& stream_address);
+// Nothing for what is_stream_address refuses.
+[[nodiscard]] std::optional<Launch> television(const CompanionValues& values, const std::wstring& stream_address);
 [[nodiscard]] Launch messenger_client(const CompanionValues& values);
 
 // The downloader: each stores the reply in a file of the program folder.

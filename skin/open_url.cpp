@@ -9,7 +9,7 @@ int WebPages::OpenUrl(const std::wstring& address) {
   if (!stays_one_argument(address))
     return 0;
   if (!is_for_explorer(address))
-    return shell_.open(L"\"" + address + L"\"");
+    return is_foreign_target(address) ? 0 : shell_.open(L"\"" + address + L"\"");
   // Unquoted, as the explorer program has always been given addresses. One that it does not open is no error of ours.
   (void)shell_.start(L"explorer " + address, L"", platform::ShowWindow::minimized_focus);
   return 0;

@@ -15,7 +15,7 @@ public:
 
   // An address of our own: one that begins with "htt" through the explorer program, any other, in quotation marks,
   // through the shell. Answers what the shell answers (above 32: opened), 0 where it was not asked. An address that
-  // would not stay one argument is not opened.
+  // would not stay one argument, or leads the shell elsewhere than to this machine's files or a host, is not opened.
   int OpenUrl(const std::wstring& address);
 
   // An address that came from outside: opened only when it is that of a web page. Blanks around it do not count.

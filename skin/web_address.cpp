@@ -161,6 +161,31 @@ bool looks_like_web_host(std::wstring_view address) {
   return is_harmless_path(rest);
 }
 
+bool is_stream_address(std::wstring_view address) {
+  static constexpr std::array<std::wstring_view, 6> schemes = {L"http://", L"https://", L"mms://",
+                                                               L"mmsh://", L"mmst://",  L"rtsp://"};
+  if (address.size() > max_web_address || std::any_of(address.begin(), address.end(), [](wchar_t each) {
+        return is_control(each) || std::wstring_view(L" \"\\<>|\u00A0").find(each) != npos;
+      }))
+    return false;
+  return std::any_of(schemes.begin(), schemes.end(), [&](std::wstring_view scheme) {
+    if (!core::starts_with_ignoring_case(address, scheme) || address.size() == scheme.size())
+      return false;
+    const wchar_t first = address[scheme.size()];
+    return first == L'[' || (is_host_character(first) && first != L'-');
+  });
+}
+
+bool is_foreign_target(std::wstring_view address) {
+  constexpr std::wstring_view slashes = L"\\/";
+  address.remove_prefix(std::min(address.find_first_not_of(L' '), address.size()));
+  if (address.size() >= 2 && slashes.find(address[0]) != npos && slashes.find(address[1]) != npos)
+    return true;
+  const std::wstring_view head = address.substr(0, address.find_first_of(L":\\/?#."));
+  const bool colon = head.size() > 1 && head.size() < address.size() && address[head.size()] == L':';
+  return colon && !(head.size() + 1 < address.size() && is_digit(address[head.size() + 1])); // a port
+}
+
 bool is_station_web(std::wstring_view address) {
   if (address.size() > max_web_address || !stays_one_argument(address))
     return false;

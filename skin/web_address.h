@@ -22,6 +22,14 @@ inline constexpr std::size_t max_web_address = 2048;
 // path).
 [[nodiscard]] bool looks_like_web_host(std::wstring_view address);
 
+// An address of a stream that another program may be given: one of the network, of a scheme that players know, with a
+// host and without blanks, quotation marks, backslashes and control characters.
+[[nodiscard]] bool is_stream_address(std::wstring_view address);
+
+// Names another machine's share, a device, or something behind a scheme that is not "htt...": the shell is not asked to
+// open it, whoever gave it. A drive's letter is no scheme.
+[[nodiscard]] bool is_foreign_target(std::wstring_view address);
+
 // An address from outside that may be opened: "http://" or "https://" and a host, or what looks like a web host.
 [[nodiscard]] bool is_station_web(std::wstring_view address);
 

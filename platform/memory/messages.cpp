@@ -6,6 +6,8 @@
 namespace lumotune::platform::memory {
 
 WindowRef MemoryMessages::find_by_caption(const std::wstring& caption) const {
+  if (caption.empty() || caption.size() > max_caption)
+    return WindowRef::none;
   looked_up.push_back(caption);
   if (on_look_up)
     on_look_up(caption);
@@ -19,7 +21,7 @@ WindowRef MemoryMessages::find_copy(const std::wstring& caption) const {
 }
 
 void MemoryMessages::send_copy_data(WindowRef target, std::string_view bytes) {
-  if (target != WindowRef::none)
+  if (target != WindowRef::none && bytes.size() <= max_bytes)
     sent.push_back({target, std::string(bytes)});
 }
 

@@ -16,6 +16,8 @@ HWND handle_of(WindowRef window) {
 } // namespace
 
 WindowRef Win32Messages::find_by_caption(const std::wstring& caption) const {
+  if (caption.empty() || caption.size() > max_caption)
+    return WindowRef::none;
   return static_cast<WindowRef>(reinterpret_cast<std::uintptr_t>(FindWindowA(nullptr, codec_.encode(caption).c_str())));
 }
 
@@ -34,7 +36,7 @@ WindowRef Win32Messages::find_copy(const std::wstring& caption) const {
 
 // The receiver copies the bytes before it answers. Its answer tells nothing that anybody asks for.
 void Win32Messages::send_copy_data(WindowRef target, std::string_view bytes) {
-  if (target == WindowRef::none)
+  if (target == WindowRef::none || bytes.size() > max_bytes)
     return;
   std::string text(bytes);
   COPYDATASTRUCT record{};

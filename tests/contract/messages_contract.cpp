@@ -53,6 +53,8 @@ TEST_F(MessagesContract, UnhookedNothingArrives) {
 TEST_F(MessagesContract, NoWindowIsNoWindow) {
   EXPECT_EQ(b.messages.find_copy(L"Takové okno nikde není"), platform::WindowRef::none);
   EXPECT_EQ(b.messages.find_by_caption(L"Takové okno nikde není"), platform::WindowRef::none);
+  EXPECT_EQ(b.messages.find_by_caption(L""), platform::WindowRef::none) << "many windows have none";
+  EXPECT_EQ(b.messages.find_by_caption(std::wstring(100'000, L'x')), platform::WindowRef::none);
   b.messages.send_copy_data(platform::WindowRef::none, "x");
   b.messages.let_take_foreground(platform::WindowRef::none);
 }

@@ -74,6 +74,7 @@ TEST_F(ListRadiosDetails, TheLaterRecordOfTwoWins) {
   choose(L"Kvalita1play");
   (void)label(L"Label7").user_click();
   EXPECT_EQ(player.url(), L"http://r/x");
+  EXPECT_EQ(player.origin(), platform::AddressOrigin::station);
 }
 
 TEST_F(ListRadiosDetails, ATelevisionStationHasNoChoiceOfQuality) {
@@ -232,6 +233,23 @@ TEST_F(ListRadiosDetails, AStationWithoutQualitySaysSo) {
   for (int n = 1; n <= 5; ++n) {
     EXPECT_FALSE(find_item(popups.opened[0].items, L"Kvalita" + std::to_wstring(n))->visible);
     EXPECT_FALSE(find_item(popups.opened[0].items, L"Kvalita" + std::to_wstring(n) + L"play")->visible);
+  }
+}
+
+TEST_F(ListRadiosDetails, ATelevisionAddressThatIsNoStreamStartsNothing) {
+  for (const char* address : {"", "C:\\Orb\\seznam.tt", "\\\\host\\share\\x", "file:///C:/x", "http://t/1 /switch",
+                              "-x", "/x", "http://t/\"1\"", "javascript:1"}) {
+    write(L"radios.tt", test::Record{"TELKA1", "Televize", "", "", "1000031", {address}, {"500"}}.line());
+    window_shown().user_close();
+    loop.advance(200);
+    directory.Naladit();
+    player.set_url(L"predtim", platform::AddressOrigin::listener);
+    const auto started = shell.started.size();
+    (void)list().user_pick(1, MouseButton::left);
+    choose(L"Kvalita1play");
+    (void)label(L"Label7").user_click();
+    EXPECT_EQ(shell.started.size(), started) << address;
+    EXPECT_EQ(player.url(), L"predtim") << "nor does it play here";
   }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The information line of the directory window.
+#include "core/text.h"
 #include "tests/directory/panel_world.h"
 
 namespace lumotune::directory {
@@ -109,28 +110,79 @@ TEST_F(ListRadiosPanel, EncodesAPageAsOneSegment) {
   EXPECT_EQ(page, L"a*r*b*l*c*a*d*k*e*o*f*");
 }
 
-TEST_F(ListRadiosPanel, ShowsUsersThroughAProgramOfTheFolderOnly) {
+TEST_F(ListRadiosPanel, ShowsUsersThroughTheClientsOwnProgramsOnly) {
   (void)files.replace(machine.folder + L"\\orb.exe", "x");
-  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/showusers/@/..orb.exe||Orb - Lumotune||lts:RADIO1||1");
-  line.InfoPanel_Click();
-  ASSERT_EQ(shell.started.size(), 1U);
-  EXPECT_EQ(shell.started[0].command_line, L"orb.exe");
-  for (const wchar_t* name : {L"c:\\windows\\cmd.exe", L"cmd.exe /c x", L"\"orb.exe\"", L"sub/orb.exe", L"sub\\orb.exe",
-                              L"", L"orb.exe ", L"orb.exe:x", L"'orb.exe'", L"or\tb.exe",
-                              L"or\x01"
-                              L"b.exe"}) {
+  const auto click = [this](const std::wstring& name) {
     (void)files.replace(machine.folder + L"\\" + name, "x"); // that it is there is not enough
-    line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/showusers/@/" + std::wstring(name) + L"||Orb - Lumotune||lts:RADIO1||2");
+    line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/showusers/@/" + name + L"||Orb - Lumotune||lts:RADIO1||1");
     line.InfoPanel_Click();
-    EXPECT_EQ(shell.started.size(), 1U) << "not started";
+  };
+  for (const wchar_t* name : {L"..orb.exe", L"ORB.exe", L"orb.exe ", L"orbbrowser.EXE", L"OrbRecorder.exe",
+                              L"Telvix.exe", L"remind.exe", L"load.exe"}) {
+    shell.started.clear();
+    click(name);
+    ASSERT_EQ(shell.started.size(), 1U) << testing::PrintToString(std::wstring(name));
+    EXPECT_TRUE(shell.started[0].application.starts_with(machine.folder + L"\\"));
+    EXPECT_TRUE(shell.started[0].application.ends_with(L".exe")) << "as we know it, whole";
+    EXPECT_EQ(shell.started[0].command_line, core::replace_ignoring_case(name, L"..", L"")) << "as it came";
   }
-  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/showusers/@/neni.exe||Orb - Lumotune||lts:RADIO1||2");
+  shell.started.clear();
+  for (const wchar_t* name : {L"seznam.tt",
+                              L"SEZNAM.TT",
+                              L"orb_test_size.tt",
+                              L"orblt.tt",
+                              L"radios.tt",
+                              L"evil.exe",
+                              L"c:\\windows\\cmd.exe",
+                              L"cmd.exe /c x",
+                              L"orb.exe x",
+                              L"orb.exe.tt",
+                              L"orb.exe.",
+                              L"orb",
+                              L"\"orb.exe\"",
+                              L"sub/orb.exe",
+                              L"sub\\orb.exe",
+                              L"",
+                              L"orb.exe:x",
+                              L"'orb.exe'",
+                              L"or\tb.exe",
+                              L"seznam.tt .exe",
+                              L"or\x01"
+                              L"b.exe"})
+    click(name);
+  EXPECT_TRUE(shell.started.empty());
+}
+
+TEST_F(ListRadiosPanel, AProgramThatIsNotThereIsNotStarted) {
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/showusers/@/orb.exe||Orb - Lumotune||lts:RADIO1||2");
   line.InfoPanel_Click();
-  EXPECT_EQ(shell.started.size(), 1U) << "not in the folder";
+  EXPECT_TRUE(shell.started.empty());
+  EXPECT_EQ(messages.looked_up.size(), 1U);
   messages.add_window(L"Orb - Lumotune", static_cast<platform::WindowRef>(7));
   line.InfoPanel_Click();
   ASSERT_FALSE(messages.sent.empty());
   EXPECT_EQ(messages.sent.back().bytes, "lts:RADIO1") << "a window that is there hears of it";
+}
+
+// What the main window is sent reaches this machine's files; the server's text does not.
+TEST_F(ListRadiosPanel, TheServerDoesNotSpeakThroughUsToOurselves) {
+  for (const wchar_t* caption : {L"Lumotune", L"LUMOTUNE", L""}) {
+    messages.add_window(caption, static_cast<platform::WindowRef>(5));
+    line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/showusers/@/orb.exe||" + std::wstring(caption) + L"||p:C:\\a.mp3||0");
+    line.InfoPanel_Click();
+  }
+  EXPECT_TRUE(messages.sent.empty());
+  EXPECT_TRUE(messages.looked_up.empty());
+}
+
+TEST_F(ListRadiosPanel, AnActionWithAParameterThatIsTooLongIsNone) {
+  const std::wstring longest(InfoPanelLine::max_parameter, L'a');
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/openurl/@/" + longest);
+  line.InfoPanel_Click();
+  EXPECT_EQ(pages.opened, std::vector<std::wstring>{L"http://server/login/ja/<heslo>/" + longest + L"/1"});
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t/@//@/openurl/@/" + longest + L"a");
+  line.InfoPanel_Click();
+  EXPECT_EQ(pages.opened.size(), 1U);
 }
 
 TEST_F(ListRadiosPanel, TheFourPiecesAreThoseOfAMessage) {

@@ -51,6 +51,7 @@ struct Panel : test::MemoryPlatform {
     settings.idh = L"ja";
     settings.h = L"heslo";
     (void)files.replace(machine.folder + L"\\orb.exe", "x");
+    (void)files.replace(machine.folder + L"\\seznam.tt", "x");
     layout.set_up();
   }
 };
@@ -65,7 +66,8 @@ void check(const Panel& panel) {
   for (const auto& started : panel.shell.started) {
     const std::wstring& line = started.command_line;
     demand(is_clean(line));
-    const bool known = core::equal_ignoring_case(line, L"orb.exe");
+    const bool known = core::equal_ignoring_case(line.substr(line.find_first_not_of(L' ')).substr(0, 7), L"orb.exe") &&
+                       started.application == L"C:\\Orb\\orb.exe";
     const bool page = line.starts_with(L"explorer http://s.example/login/ja/1-2-/") && line.ends_with(L"/1");
     const bool browser = line.starts_with(L"C:\\Orb\\OrbBrowser.exe http://s.example/") &&
                          started.application == L"C:\\Orb\\OrbBrowser.exe";
@@ -77,9 +79,9 @@ void check(const Panel& panel) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static constexpr const char* words[] = {
-      "/@/", "||",        "|=|",     "openurl",  "showusers", "\n", "orb.exe", "opengbrowser",
-      "..",  "*.Orbidh*", "*.Orbh*", "*.!Orbh*", "*.l*",      "1",  "5000",    "0/@//@//@//@//@/"};
+  static constexpr const char* words[] = {"/@/",      "||",           "|=|", "openurl",   "showusers",       "\n",
+                                          "orb.exe",  "opengbrowser", "..",  "seznam.tt", "*.Orbidh*",       "*.Orbh*",
+                                          "*.!Orbh*", "*.l*",         "1",   "5000",      "0/@//@//@//@//@/"};
   if (size == 0)
     return 0;
   Panel panel;

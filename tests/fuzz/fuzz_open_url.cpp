@@ -44,9 +44,16 @@ void try_command_lines(const std::wstring& text) {
   const skin::CompanionValues values = {L"C:\\Orb", text, text, text};
   for (const skin::Launch& launch :
        {skin::discussion(values, text, text), skin::browser_page(values, text, text), skin::recorder(values, text),
-        skin::problem_report(values, text, text), skin::television(values, text), skin::play_report(values, true, text),
-        skin::station_list(values)})
+        skin::problem_report(values, text, text), skin::play_report(values, true, text), skin::station_list(values)})
     demand(is_clean(launch.command_line));
+  for (const auto& [launch, file] : {std::pair(skin::play_report(values, true, text), L"/@/C:\\Orb\\orblt.tt"),
+                                     std::pair(skin::station_list(values), L"/@/C:\\Orb/seznam.tt"),
+                                     std::pair(skin::station_list_size(values), L"/@/C:\\Orb\\orb_test_size.tt")}) {
+    demand(launch.command_line.ends_with(file));
+    demand(launch.command_line.find(L"/@/") == launch.command_line.size() - std::wstring_view(file).size());
+  }
+  if (const auto player = skin::television(values, text))
+    demand(is_clean(player->command_line) && player->command_line.find(L' ') == player->command_line.rfind(L' '));
   const skin::CompanionValues own = {L"C:\\Orb", L"s", L"i", L"h"};
   const std::wstring record = skin::problem_report(own, text, text).command_line;
   std::size_t delimiters = 0;

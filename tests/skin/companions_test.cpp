@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace lumotune::test {
 namespace {
 
@@ -62,8 +64,9 @@ TEST(CompanionsTest, TheProblemReportComesFromTheCurrentFolder) {
 }
 
 TEST(CompanionsTest, TelevisionAndClient) {
-  expect(skin::television(values, L"mms://tv.example/a b"), L"C:\\Program Files\\Orb\\Telvix.exe mms://tv.example/a b",
-         L"C:\\Program Files\\Orb\\Telvix.exe", ShowWindow::normal_focus);
+  expect(skin::television(values, L"mms://tv.example/a+b").value(),
+         L"C:\\Program Files\\Orb\\Telvix.exe mms://tv.example/a+b", L"C:\\Program Files\\Orb\\Telvix.exe",
+         ShowWindow::normal_focus);
   expect(skin::messenger_client(values), L"C:\\Program Files\\Orb\\orb.exe m", L"C:\\Program Files\\Orb\\orb.exe",
          ShowWindow::normal_no_focus);
 }
@@ -102,7 +105,7 @@ TEST(CompanionsTest, NoQuotationMarkAndNoControlCharacterGetsThrough) {
   const std::wstring nasty = std::wstring(L"a\" \"b\r\n\tc") + L'\0' + L"d\x7F";
   const std::wstring tame = L"a' 'b   c d ";
   EXPECT_EQ(skin::recorder(values, nasty).command_line, recorder_program + L" " + tame);
-  EXPECT_EQ(skin::television(values, nasty).command_line, L"C:\\Program Files\\Orb\\Telvix.exe " + tame);
+  EXPECT_FALSE(skin::television(values, L"http://" + nasty).has_value());
   EXPECT_EQ(skin::browser_page(values, nasty, nasty).command_line,
             browser_program + L" http://s.example/" + tame + L"/@/" + tame);
   const CompanionValues worse = {L"C:\\Orb", nasty, nasty, nasty};
@@ -129,6 +132,44 @@ TEST(CompanionsTest, ANameOrIdentifierAddsNoField) {
             std::wstring::npos);
 }
 
+// The downloader writes what a server answers into the file behind the first delimiter.
+TEST(CompanionsTest, NothingMovesTheFileThatTheDownloaderWrites) {
+  for (const wchar_t* text :
+       {L"x/@/C:\\Orb\\orb.exe", L"x/@", L"/@/", L"/@", L"x/@/@/@", L"/@/@//", L"//@/@/C:\\y/@"}) {
+    const CompanionValues worse = {L"C:\\Orb", std::wstring(L"http://s") + text, text, text};
+    for (const auto& [launch, file] : {std::pair(skin::play_report(worse, true, text), L"/@/C:\\Orb\\orblt.tt"),
+                                       std::pair(skin::station_list(worse), L"/@/C:\\Orb/seznam.tt"),
+                                       std::pair(skin::station_list_size(worse), L"/@/C:\\Orb\\orb_test_size.tt")}) {
+      const std::wstring& line = launch.command_line;
+      EXPECT_TRUE(line.ends_with(file)) << testing::PrintToString(line);
+      EXPECT_EQ(line.find(L"/@/"), line.size() - std::wstring_view(file).size()) << testing::PrintToString(line);
+    }
+    const std::wstring record = skin::problem_report(worse, text, text).command_line;
+    std::size_t delimiters = 0;
+    for (std::size_t at = record.find(L"/@/"); at != std::wstring::npos; at = record.find(L"/@/", at + 3))
+      ++delimiters;
+    EXPECT_EQ(delimiters, 5U) << testing::PrintToString(record);
+  }
+}
+
+TEST(CompanionsTest, LongTextsAreCut) {
+  const std::wstring endless(100'000, L'x');
+  const CompanionValues worse = {L"C:\\Orb", endless, endless, endless};
+  EXPECT_EQ(skin::recorder(values, endless).command_line.size(), recorder_program.size() + 1 + skin::max_field);
+  EXPECT_NE(skin::play_report(values, true, endless)
+                .command_line.find(L"stanice=" + std::wstring(skin::max_id, L'x') + L"/@/"),
+            std::wstring::npos);
+  EXPECT_LT(skin::discussion(worse, endless, endless).command_line.size(), 32767U) << "the system's longest";
+}
+
+TEST(CompanionsTest, ProgramsThatATextFromOutsideMayName) {
+  EXPECT_EQ(skin::companion_program(L"C:\\Orb", L"ORB.EXE"), L"C:\\Orb\\orb.exe");
+  EXPECT_EQ(skin::companion_program(L"C:\\Orb", L" telvix.exe  "), L"C:\\Orb\\Telvix.exe");
+  for (const wchar_t* name : {L"", L" ", L"orb", L"orb.exe m", L"x\\orb.exe", L"orb.exe.", L"seznam.tt",
+                              L"seznam.tt.exe", L"orb.exe:a", L"explorer.exe", L"cmd.exe", L"\torb.exe"})
+    EXPECT_EQ(skin::companion_program(L"C:\\Orb", name), L"") << testing::PrintToString(std::wstring(name));
+}
+
 TEST(CompanionsTest, AHugeNameIsDealtWithInOnePass) {
   std::wstring huge;
   for (int i = 0; i < 300000; ++i)
@@ -139,7 +180,7 @@ TEST(CompanionsTest, AHugeNameIsDealtWithInOnePass) {
 TEST(CompanionsTest, AMissingProgramIsNoError) {
   platform::memory::MemoryShell shell;
   shell.start_works = false;
-  skin::launch(shell, skin::television(values, L"http://tv.example"));
+  skin::launch(shell, skin::television(values, L"http://tv.example").value());
   ASSERT_EQ(shell.started.size(), 1U);
   EXPECT_EQ(shell.started[0].application, L"C:\\Program Files\\Orb\\Telvix.exe");
 }

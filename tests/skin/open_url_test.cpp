@@ -42,6 +42,29 @@ TEST_F(OpenUrlTest, EverythingElseGoesQuotedToTheShell) {
   EXPECT_TRUE(shell.started.empty());
 }
 
+TEST_F(OpenUrlTest, TheShellIsNotLedToOtherMachinesOrSchemes) {
+  for (const wchar_t* address :
+       {L"\\\\host\\share\\x", L"//host/share/x", L"\\/host/x", L" \\\\host\\x", L"\\\\.\\pipe\\x", L"\\\\?\\C:\\x",
+        L"file://host/share", L"FILE:\\\\host\\x", L"ms-msdt:/id", L"search-ms:x", L"javascript:x"})
+    EXPECT_EQ(web.OpenUrl(address), 0) << testing::PrintToString(std::wstring(address));
+  EXPECT_TRUE(untouched());
+  (void)web.OpenUrl(L"localhost:8000/faq");
+  (void)web.OpenUrl(L"C:/Orb/a.txt");
+  EXPECT_EQ(shell.opened.size(), 2U);
+}
+
+TEST_F(OpenUrlTest, AStreamAddressIsOneOfTheNetwork) {
+  for (const wchar_t* good : {L"http://a", L"HTTPS://a.cz:8000/b?c=d,e", L"mms://1.2.3.4/x", L"mmsh://a", L"mmst://a",
+                              L"rtsp://a/b;c", L"http://[::1]/x", L"http://\u010Desk\u00E9.cz"})
+    EXPECT_TRUE(skin::is_stream_address(good)) << testing::PrintToString(std::wstring(good));
+  for (const wchar_t* bad :
+       {L"",         L"http://",     L"http:///x",   L"http://-x",  L"http://a b", L" http://a",    L"http://a\t",
+        L"a.cz",     L"http://a\"b", L"http://a\\b", L"http:\\\\a", L"-http://a",  L"/http://a",    L"file:///c:/x",
+        L"\\\\h\\s", L"C:\\x",       L"rtp://a",     L"udp://a",    L"data:x",     L"http://a\x7F", L"http://a\u00A0b"})
+    EXPECT_FALSE(skin::is_stream_address(bad)) << testing::PrintToString(std::wstring(bad));
+  EXPECT_FALSE(skin::is_stream_address(L"http://" + std::wstring(skin::max_web_address, L'a')));
+}
+
 TEST_F(OpenUrlTest, AFailedStartIsIgnored) {
   shell.start_works = false;
   EXPECT_EQ(web.OpenUrl(L"http://a.example"), 0);
