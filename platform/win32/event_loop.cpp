@@ -188,8 +188,14 @@ void Win32EventLoop::quit() {
 
 void Win32EventLoop::run() {
   MSG message{};
-  while (!quitting_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
-    dispatch(message);
+  while (!quitting_) {
+    const int got = GetMessageW(&message, nullptr, 0, 0);
+    if (got == 0)
+      quitting_ = true;
+    else if (got > 0)
+      dispatch(message);
+    else
+      (void)wait_a_little(); // a message that the system could not hand over must not end the program
     run_wakers();
   }
 }

@@ -65,7 +65,8 @@ TEST(Categories, IdentifiersOfAnyLengthAreTaken) {
 
 TEST(Categories, HostileFilesEnd) {
   const std::string huge(1'000'000, 'z');
-  EXPECT_EQ(nodes("new//100001/@/" + huge + "\r\n" + huge + "\r\n" + std::string(1000, '\0')).size(), 9U + directory::max_category_name + 1U);
+  EXPECT_EQ(nodes("new//100001/@/" + huge + "\r\n" + huge + "\r\n" + std::string(1000, '\0')).size(),
+            9U + directory::max_category_name + 1U);
 }
 
 TEST(Categories, ANodeShowsItsCategory) {
