@@ -3,6 +3,7 @@
 #include "core/options_lines.h"
 #include "core/text.h"
 #include "directory/categories.h"
+#include "directory/conversion.h"
 #include "platform/memory/files.h"
 #include "tests/fuzz/fuzzing.h"
 
