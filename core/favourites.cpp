@@ -120,9 +120,7 @@ void Favourites::ZobrazOblibene() {
   // A file that cannot be read is an empty one: no favourite is shown, and their own file keeps them.
   (void)uses_.files.read_at_most(uses_.machine.program_folder() + L"\\radios.tt", List3, max_station_bytes);
   auto& list = uses_.form.Control_List;
-  list.clear();
-  for (const std::wstring& item : favourite_items(file_.read(), List3, folding_, uses_.codec))
-    list.add(item);
+  list.set_items(favourite_items(file_.read(), List3, folding_, uses_.codec));
   if (!uses_.playback.stopped() || !uses_.session.OverrideURL.empty())
     return;
   if (list.count() > 0)

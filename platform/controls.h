@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace lumotune::platform {
 
@@ -96,6 +97,8 @@ public:
 
   virtual void clear() = 0;
   virtual void add(const std::wstring& item) = 0;
+  // Other items instead of all there are, and none selected. Drawn once, however many there are.
+  virtual void set_items(const std::vector<std::wstring>& items) = 0;
   [[nodiscard]] virtual std::size_t count() const = 0;
   [[nodiscard]] virtual std::wstring item(std::size_t index) const = 0; // empty past the end
   [[nodiscard]] virtual std::size_t selected() const = 0;               // `none` when nothing is

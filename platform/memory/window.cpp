@@ -35,8 +35,18 @@ bool MemoryPicture::load_picture(const std::wstring& path) {
 }
 
 void MemoryList::clear() {
-  items_.clear();
+  set_items({});
+}
+
+void MemoryList::add(const std::wstring& item) {
+  items_.push_back(item);
+  ++drawn;
+}
+
+void MemoryList::set_items(const std::vector<std::wstring>& items) {
+  items_ = items;
   selected_ = none;
+  ++drawn;
 }
 
 std::wstring MemoryList::item(std::size_t index) const {

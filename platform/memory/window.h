@@ -107,7 +107,8 @@ class MemoryList final : public MemoryControl<ListBox> {
 public:
   using MemoryControl::MemoryControl;
   void clear() override;
-  void add(const std::wstring& item) override { items_.push_back(item); }
+  void add(const std::wstring& item) override;
+  void set_items(const std::vector<std::wstring>& items) override;
   [[nodiscard]] std::size_t count() const override { return items_.size(); }
   [[nodiscard]] std::wstring item(std::size_t index) const override;
   [[nodiscard]] std::size_t selected() const override { return selected_; }
@@ -137,6 +138,8 @@ public:
   [[nodiscard]] Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
   [[nodiscard]] Button& make_button(const std::wstring& designer_name) override;
   [[nodiscard]] ListBox& make_list(const std::wstring& designer_name) override;
+  int drawn = 0; // how often other items were drawn
+
 
   void set_caption(const std::wstring& caption) override { caption_ = caption; }
   [[nodiscard]] std::wstring caption() const override { return caption_; }

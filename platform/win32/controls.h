@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace lumotune::platform::win32 {
 
@@ -75,6 +76,7 @@ public:
   Win32List(Surface& surface, const std::wstring& designer_name);
   void clear() override;
   void add(const std::wstring& item) override;
+  void set_items(const std::vector<std::wstring>& items) override;
   [[nodiscard]] std::size_t count() const override;
   [[nodiscard]] std::wstring item(std::size_t index) const override;
   [[nodiscard]] std::size_t selected() const override;

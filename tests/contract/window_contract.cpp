@@ -186,3 +186,24 @@ TEST_F(WindowContract, AHiddenButtonCanBePressedADisabledOneNot) {
 
 } // namespace
 } // namespace lumotune::contract
+TEST_F(WindowContract, AListTakesAllItsItemsAtOnce) {
+  auto& list = b.window.make_list(L"Seznam");
+  int clicks = 0;
+  list.on_click = [&] { ++clicks; };
+  list.add(L"starý");
+  list.select(0);
+  list.set_items({L"Žluté", L"", L"třetí"});
+  EXPECT_EQ(list.count(), 3U);
+  EXPECT_EQ(list.item(0), L"Žluté");
+  EXPECT_EQ(list.item(1), L"");
+  EXPECT_EQ(list.item(2), L"třetí");
+  EXPECT_EQ(list.selected(), platform::ListBox::none);
+  list.set_visible(false);
+  list.set_items({L"jediný"});
+  EXPECT_FALSE(list.visible());
+  EXPECT_EQ(list.count(), 1U);
+  list.set_items({});
+  EXPECT_EQ(list.count(), 0U);
+  EXPECT_EQ(clicks, 0);
+}
+

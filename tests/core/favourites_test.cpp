@@ -131,6 +131,16 @@ TEST_F(FavouritesTest, TheListIsBuiltAnew) {
   EXPECT_EQ(list.selected(), platform::ListBox::none);
 }
 
+TEST_F(FavouritesTest, ALongListIsDrawnOnceNotForEachEntry) {
+  std::string file;
+  for (int i = 0; i < 500; ++i)
+    file += "lt:RADIO1/1\r\nlt:radio2/1\r\n";
+  const int before = list.drawn;
+  show(file);
+  EXPECT_EQ(list.count(), 1000U);
+  EXPECT_EQ(list.drawn, before + 1);
+}
+
 // What is seen.
 
 TEST_F(FavouritesTest, FavouritesTakeThePlaceOfTheStationLabels) {
