@@ -32,9 +32,10 @@ int run() {
   platform::win32::Win32Pointer pointer;
   platform::win32::Win32Connection connection;
   // Two companion programs are started from the current directory.
-  SetCurrentDirectoryW(backend.machine.program_folder().c_str());
+  // With the backslash a drive alone is its root, not whatever folder is the current one on it.
+  SetCurrentDirectoryW((backend.machine.program_folder() + L"\\").c_str());
   core::LumotuneForm form(backend.window);
-  platform::win32::Win32Tray tray(backend.window, form.TrayIcon, backend.codec);
+  platform::win32::Win32Tray tray(backend.window, form.TrayIcon);
   media::PlayerOptions options;
   options.user_agent = "Lumotune/" LUMOTUNE_VERSION;
   options.proxy = platform::win32::system_proxy;

@@ -3,19 +3,48 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace lumotune::platform::win32 {
+namespace {
+
+// A small icon at the resolution of the task bar, which need not be the one of the program's start.
+int icon_side(int metric) {
+  const HWND bar = FindWindowW(L"Shell_TrayWnd", nullptr);
+  const UINT dpi = bar == nullptr ? 0 : GetDpiForWindow(bar);
+  return GetSystemMetricsForDpi(metric, dpi == 0 ? GetDpiForSystem() : dpi);
+}
+
+} // namespace
+
+// Character by character: in a page of several bytes a character (UTF-8 too) the cut must not fall into one.
+std::string tip_bytes(std::wstring_view tip, UINT code_page, std::size_t most) {
+  std::string bytes;
+  while (!tip.empty()) {
+    const std::size_t units = tip.size() > 1 && IS_SURROGATE_PAIR(tip[0], tip[1]) ? 2 : 1;
+    char encoded[16];
+    const int length = WideCharToMultiByte(code_page, 0, tip.data(), static_cast<int>(units), encoded, sizeof encoded,
+                                           nullptr, nullptr);
+    const auto room = static_cast<std::size_t>(std::max(length, 0));
+    if (bytes.size() + room > most)
+      break;
+    bytes.append(encoded, room);
+    tip.remove_prefix(units);
+  }
+  return bytes;
+}
 
 // The first form of the record is all that is used; the fields after it stay empty.
-Win32Tray::Win32Tray(Win32Window& window, const Control& receiver, const AnsiCodec& codec)
-    : window_(window), codec_(codec) {
+Win32Tray::Win32Tray(Win32Window& window, const Control& receiver) : window_(window) {
   record_.cbSize = NOTIFYICONDATAA_V1_SIZE;
   record_.hWnd = window.handle_of(receiver);
   record_.uID = 1;
   record_.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
   record_.uCallbackMessage = WM_MOUSEMOVE;
-  record_.hIcon = window.icon();
+  load_icon();
+  // The shell also says so when the task bar has another resolution.
   window_.on_shell_restart = [this] {
+    load_icon();
     if (added_)
       Shell_NotifyIconA(NIM_ADD, &record_);
   };
@@ -26,10 +55,19 @@ Win32Tray::~Win32Tray() {
   remove();
 }
 
+// The main window's icon, from the picture that is drawn for that size: one made smaller by the shell is blurred.
+void Win32Tray::load_icon() {
+  IconHandle loaded(static_cast<HICON>(
+      CopyImage(window_.icon(), IMAGE_ICON, icon_side(SM_CXSMICON), icon_side(SM_CYSMICON), LR_COPYFROMRESOURCE)));
+  record_.hIcon = loaded == nullptr ? window_.icon() : loaded.get();
+  icon_ = std::move(loaded);
+}
+
+// In the system's code page, whichever it is: the program's own text files may be in another one.
 void Win32Tray::fill_tip(const std::wstring& tip) {
-  const std::string bytes = codec_.encode(tip.substr(0, max_tip));
+  const std::string bytes = tip_bytes(tip, CP_ACP, max_tip);
   std::memset(record_.szTip, 0, sizeof record_.szTip);
-  std::memcpy(record_.szTip, bytes.data(), std::min(bytes.size(), max_tip));
+  std::memcpy(record_.szTip, bytes.data(), bytes.size());
 }
 
 void Win32Tray::add(const std::wstring& tip) {

@@ -110,7 +110,7 @@ struct HandBackend : Backend {
   platform::win32::Win32Machine& machine = real.machine;
   platform::win32::Win32Connection connection;
   platform::PictureBox& tray_control = window.make_picture(L"TrayIcon", platform::PictureKind::decoration);
-  platform::win32::Win32Tray tray{real.window, tray_control, real.codec};
+  platform::win32::Win32Tray tray{real.window, tray_control};
   Hand hand{real.loop};
 
   void choose(const std::wstring& /*name*/, const std::wstring& caption) {

@@ -114,7 +114,7 @@ TEST_F(Win32Only, TrayEventsArriveAsMouseMovesWithTheMessageInTheCoordinate) {
 }
 
 TEST_F(Win32Only, TheTrayAnswersTheShellsRestart) {
-  platform::win32::Win32Tray tray(b.window, form.TrayIcon, b.codec);
+  platform::win32::Win32Tray tray(b.window, form.TrayIcon);
   tray.add(L"Lumotune");
   tray.modify(L"Velmi dlouhý text, který se do záznamu nevejde, protože má víc než šedesát čtyři znaků");
   SendMessageW(b.window.handle(), RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The record of the notification area: its tip in any code page, its icon in the right size.
+#include "core/lumotune_form.h"
+#include "tests/contract/fixture_win32.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace lumotune::contract {
+namespace {
+
+using platform::win32::tip_bytes;
+using platform::win32::Win32Tray;
+
+constexpr UINT central_europe = 1250;
+
+TEST(TrayTip, IsInTheCodePageOfTheSystem) {
+  EXPECT_EQ(tip_bytes(L"Žlutý kůň", central_europe, Win32Tray::max_tip), "\x8elut\xfd k\xf9\xf2");
+  EXPECT_EQ(tip_bytes(L"Žlutý kůň", CP_UTF8, Win32Tray::max_tip), "\xc5\xbdlut\xc3\xbd k\xc5\xaf\xc5\x88");
+  EXPECT_EQ(tip_bytes(L"", CP_UTF8, Win32Tray::max_tip), "");
+}
+
+TEST(TrayTip, IsCutBetweenTwoCharacters) {
+  EXPECT_EQ(tip_bytes(std::wstring(100, L'x'), central_europe, 63), std::string(63, 'x'));
+  EXPECT_EQ(tip_bytes(std::wstring(100, L'\u010d'), CP_UTF8, 63).size(), 62U);
+  EXPECT_EQ(tip_bytes(L"ab\U0001F3B5", CP_UTF8, 5), "ab") << "a pair is one character";
+  EXPECT_EQ(tip_bytes(L"ab\U0001F3B5", CP_UTF8, 6).size(), 6U);
+}
+
+std::vector<COLORREF> drawn(HICON icon, int side) {
+  const platform::win32::MemoryDc dc(CreateCompatibleDC(nullptr));
+  const HDC screen = GetDC(nullptr);
+  const platform::win32::GdiObject bitmap(CreateCompatibleBitmap(screen, side, side));
+  ReleaseDC(nullptr, screen);
+  const auto target = static_cast<HDC>(dc.get());
+  const HGDIOBJ before = SelectObject(target, bitmap.get());
+  const RECT all{0, 0, side, side};
+  FillRect(target, &all, GetSysColorBrush(COLOR_WINDOW));
+  DrawIconEx(target, 0, 0, icon, side, side, 0, nullptr, DI_NORMAL);
+  std::vector<COLORREF> pixels;
+  for (int i = 0; i < side * side; ++i)
+    pixels.push_back(GetPixel(target, i % side, i / side));
+  SelectObject(target, before);
+  return pixels;
+}
+
+// This program has no icon of its own: the system's general one stands for it.
+TEST(TrayIconPicture, IsTheOneDrawnForTheSizeOfTheTray) {
+  Backend b;
+  core::LumotuneForm form(b.window);
+  const Win32Tray tray(b.window, form.TrayIcon);
+  ICONINFO info{};
+  ASSERT_NE(GetIconInfo(tray.icon(), &info), 0);
+  const platform::win32::GdiObject colours(info.hbmColor);
+  const platform::win32::GdiObject mask(info.hbmMask);
+  BITMAP bitmap{};
+  GetObjectW(colours.get(), sizeof bitmap, &bitmap);
+  const int side = GetSystemMetrics(SM_CXSMICON);
+  EXPECT_EQ(bitmap.bmWidth, side);
+  EXPECT_EQ(bitmap.bmHeight, side);
+  const auto wanted =
+      static_cast<HICON>(LoadImageW(nullptr, IDI_APPLICATION, IMAGE_ICON, side, side, LR_DEFAULTCOLOR | LR_SHARED));
+  EXPECT_EQ(drawn(tray.icon(), side), drawn(wanted, side));
+}
+
+} // namespace
+} // namespace lumotune::contract
