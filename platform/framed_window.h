@@ -13,7 +13,8 @@ namespace lumotune::platform {
 
 // Made hidden. User-interface thread; handlers run there too. The controls live as long as the window; each carries the
 // window property "<window name>.<designer name>", the window itself "<window name>.Form". Texts are drawn in the
-// system's message font. Tab moves in the order of making, arrow keys as the system's controls do.
+// system's message font. Tab moves in reading order by where the controls lie, arrow keys as the system's controls do.
+// A window that no monitor shows comes into view when it is shown and when the monitors change.
 class FramedWindow {
 public:
   FramedWindow() = default;
@@ -38,11 +39,13 @@ public:
   [[nodiscard]] virtual bool minimized() const = 0;
   virtual void activate() = 0; // to the front, with the keyboard
 
-  // The outer size, frame and caption included. A window made larger stays wholly on its monitor where it can.
+  // The outer size, frame and caption included, kept between the smallest size and the monitor's room without the task
+  // bar. The window stays wholly on its monitor where it can. A minimised or maximised one takes the size when it comes
+  // back.
   virtual void resize(int width, int height) = 0;
   [[nodiscard]] virtual TwipsRect rect() const = 0;
-  virtual void set_minimum(int width, int height) = 0; // outer size that the user cannot go below
-  [[nodiscard]] virtual int client_width() const = 0;
+  virtual void set_minimum(int width, int height) = 0; // outer size that nobody can go below
+  [[nodiscard]] virtual int client_width() const = 0;  // 0 while minimised
   [[nodiscard]] virtual int client_height() const = 0;
 
   std::function<void()> on_resize; // the client area has another size or resolution: place the controls anew

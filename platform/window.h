@@ -27,7 +27,10 @@ public:
   Window& operator=(const Window&) = delete;
   virtual ~Window() = default;
 
-  // Controls made earlier lie above those made later, and come earlier in the tab order.
+  // Controls made earlier lie above those made later. Tab moves in reading order by where they lie; the one made first
+  // has the keyboard at first. The keyboard keeps its place while the window is left, hidden or minimised; from a
+  // control that goes out of reach it moves on, and it returns when that one comes back, unless the user has moved it
+  // meanwhile.
   [[nodiscard]] virtual PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) = 0;
   [[nodiscard]] virtual Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) = 0;
   [[nodiscard]] virtual Button& make_button(const std::wstring& designer_name) = 0;
@@ -36,9 +39,11 @@ public:
   virtual void set_caption(const std::wstring& caption) = 0;
   [[nodiscard]] virtual std::wstring caption() const = 0;
 
+  // Showing restores a minimised window, and brings one that no monitor shows into view; the latter also happens when
+  // the monitors change.
   virtual void set_visible(bool visible) = 0;
   [[nodiscard]] virtual bool visible() const = 0;
-  virtual void set_state(WindowState state) = 0;
+  virtual void set_state(WindowState state) = 0; // does not show a hidden window
   [[nodiscard]] virtual WindowState state() const = 0;
 
   // The place on the desktop, by the system's own resolution, so that a saved place means the same place. A minimised
@@ -56,8 +61,8 @@ public:
   // Width times height as a picture's file tells them, without reading the rest; 0 when it is missing or no picture.
   [[nodiscard]] virtual std::int64_t picture_pixels(const std::wstring& path) const = 0;
 
-  // The picture behind all controls, as large as PictureBox takes it. False when the file is missing, too large or no
-  // picture; the old one then stays.
+  // The picture behind all controls, in its own size from the upper left corner, the window's colour beneath; as large
+  // as PictureBox takes it. False when the file is missing, too large or no picture; the old one then stays.
   [[nodiscard]] virtual bool load_background(const std::wstring& path) = 0;
   [[nodiscard]] virtual std::wstring background() const = 0;
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cwctype>
+#include <utility>
 
 namespace lumotune::platform::memory {
 namespace {
@@ -114,27 +115,33 @@ bool MemoryListView::user_type(wchar_t character) {
 }
 
 TreeView& MemoryFramedWindow::make_tree(const std::wstring& designer_name) {
-  return make<MemoryTree>(designer_name);
+  return make_stop<MemoryTree>(designer_name);
 }
 
 ListView& MemoryFramedWindow::make_list_view(const std::wstring& designer_name) {
-  return make<MemoryListView>(designer_name);
+  return make_stop<MemoryListView>(designer_name);
 }
 
 Label& MemoryFramedWindow::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont /*font*/) {
-  return make<MemoryLabel>(designer_name, kind);
+  auto& made = make<MemoryLabel>(designer_name, kind);
+  if (kind == LabelKind::link)
+    made.be_stop_of(keyboard_);
+  return made;
 }
 
 Button& MemoryFramedWindow::make_button(const std::wstring& designer_name) {
-  return make<MemoryButton>(designer_name);
+  return make_stop<MemoryButton>(designer_name);
 }
 
 PictureBox& MemoryFramedWindow::make_picture(const std::wstring& designer_name, PictureKind kind) {
-  return make<MemoryPicture>(designer_name, files_, kind);
+  auto& made = make<MemoryPicture>(designer_name, files_, kind);
+  if (kind == PictureKind::button)
+    made.be_stop_of(keyboard_);
+  return made;
 }
 
 TextBox& MemoryFramedWindow::make_text_box(const std::wstring& designer_name) {
-  return make<MemoryTextBox>(designer_name);
+  return make_stop<MemoryTextBox>(designer_name);
 }
 
 ProgressBar& MemoryFramedWindow::make_progress(const std::wstring& designer_name) {
@@ -149,16 +156,51 @@ Browser& MemoryFramedWindow::make_browser(const std::wstring& designer_name) {
   return make<MemoryBrowser>(designer_name);
 }
 
+// Showing brings it back from the icon.
 void MemoryFramedWindow::set_visible(bool visible) {
   visible_ = visible;
-  minimized_ = false;
+  if (!visible)
+    keyboard_.window_active(false);
+  else if (std::exchange(minimized_, false))
+    tell_size();
 }
 
-void MemoryFramedWindow::resize(int width, int height) {
-  rect_.width = std::max(width, 0);
-  rect_.height = std::max(height, 0);
+void MemoryFramedWindow::activate() {
+  ++activated;
+  if (visible_)
+    keyboard_.window_active(true);
+}
+
+void MemoryFramedWindow::tell_size() {
   if (const auto copy = on_resize)
     copy();
+}
+
+// The system's limits hold for the program as well. A minimised or maximised window takes the size when it comes back.
+void MemoryFramedWindow::resize(int width, int height) {
+  width = std::clamp(width, 0, work_area.width);
+  height = std::clamp(height, 0, work_area.height);
+  rect_.width = std::max({width, minimum.first, system_minimum_width});
+  rect_.height = std::max({height, minimum.second, system_minimum_height});
+  const auto within = [](int start, int length, int low, int room) {
+    return std::max(low, std::min(start, low + room - length));
+  };
+  rect_.left = within(rect_.left, rect_.width, work_area.left, work_area.width);
+  rect_.top = within(rect_.top, rect_.height, work_area.top, work_area.height);
+  if (!minimized_ && !maximized_)
+    tell_size();
+}
+
+void MemoryFramedWindow::user_maximize() {
+  minimized_ = false;
+  maximized_ = true;
+  tell_size();
+}
+
+void MemoryFramedWindow::user_restore() {
+  if (!std::exchange(minimized_, false))
+    maximized_ = false;
+  tell_size();
 }
 
 void MemoryFramedWindow::user_resize(int width, int height) {

@@ -116,13 +116,13 @@ public:
   void set_visible(bool visible) override;
   [[nodiscard]] bool visible() const override { return visible_; }
   [[nodiscard]] bool minimized() const override { return minimized_; }
-  void activate() override { ++activated; }
+  void activate() override;
   void resize(int width, int height) override;
   [[nodiscard]] TwipsRect rect() const override { return rect_; }
   void set_minimum(int width, int height) override { minimum = {width, height}; }
-  // A frame of 120 twips on each side and a caption of 435.
-  [[nodiscard]] int client_width() const override { return rect_.width < 240 ? 0 : rect_.width - 240; }
-  [[nodiscard]] int client_height() const override { return rect_.height < 675 ? 0 : rect_.height - 675; }
+  // A frame of 120 twips on each side and a caption of 435. A minimised window has no inside.
+  [[nodiscard]] int client_width() const override { return minimized_ ? 0 : std::max(outside().width - 240, 0); }
+  [[nodiscard]] int client_height() const override { return minimized_ ? 0 : std::max(outside().height - 675, 0); }
 
   // A control as what it is; nullptr when there is none of that name and kind.
   template <typename Kind>
@@ -135,13 +135,30 @@ public:
   }
   [[nodiscard]] const std::wstring& name() const { return name_; }
   void user_minimize() { minimized_ = true; }
+  void user_maximize();
+  void user_restore();
+  void user_leaves() { keyboard_.window_active(false); }
+  void user_tab(bool back) { keyboard_.tab(back); }
+  [[nodiscard]] std::wstring keyboard_at() const { return keyboard_.at() == nullptr ? L"" : keyboard_.at()->name(); }
   void user_resize(int width, int height);
   void user_close();
 
+  // The size that the system's own smallest one is, in twips; the room of the only monitor, without the task bar.
+  static constexpr int system_minimum_width = 136 * 15;
+  static constexpr int system_minimum_height = 39 * 15;
+  TwipsRect work_area{0, 0, 1920 * 15, 1040 * 15};
   int activated = 0;
   std::pair<int, int> minimum;
 
 private:
+  [[nodiscard]] const TwipsRect& outside() const { return maximized_ ? work_area : rect_; }
+  void tell_size();
+  template <typename Kind, typename... Arguments>
+  Kind& make_stop(Arguments&&... arguments) {
+    Kind& made = make<Kind>(std::forward<Arguments>(arguments)...);
+    made.be_stop_of(keyboard_);
+    return made;
+  }
   template <typename Kind, typename... Arguments>
   Kind& make(Arguments&&... arguments) {
     auto made = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
@@ -152,10 +169,12 @@ private:
 
   std::wstring name_;
   const Files& files_;
+  Keyboard keyboard_;
   std::vector<std::unique_ptr<Control>> controls_;
   std::wstring caption_;
   bool visible_ = false;
   bool minimized_ = false;
+  bool maximized_ = false;
   TwipsRect rect_{1500, 1500, 9000, 6000};
 };
 

@@ -90,6 +90,8 @@ MemoryList* MemoryWindow::list(const std::wstring& name) const {
 PictureBox& MemoryWindow::make_picture(const std::wstring& designer_name, PictureKind kind) {
   auto made = std::make_unique<MemoryPicture>(designer_name, files_, kind);
   auto& reference = *made;
+  if (kind == PictureKind::button)
+    reference.be_stop_of(keyboard_);
   controls_.push_back(std::move(made));
   return reference;
 }
@@ -97,6 +99,8 @@ PictureBox& MemoryWindow::make_picture(const std::wstring& designer_name, Pictur
 Label& MemoryWindow::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont /*font*/) {
   auto made = std::make_unique<MemoryLabel>(designer_name, kind);
   auto& reference = *made;
+  if (kind == LabelKind::link)
+    reference.be_stop_of(keyboard_);
   controls_.push_back(std::move(made));
   return reference;
 }
@@ -111,8 +115,54 @@ Button& MemoryWindow::make_button(const std::wstring& designer_name) {
 ListBox& MemoryWindow::make_list(const std::wstring& designer_name) {
   auto made = std::make_unique<MemoryList>(designer_name);
   auto& reference = *made;
+  reference.be_stop_of(keyboard_);
   controls_.push_back(std::move(made));
   return reference;
+}
+
+// Showing brings it back from the icon, and into view.
+void MemoryWindow::set_visible(bool visible) {
+  visible_ = visible;
+  if (!visible) {
+    keyboard_.window_active(false);
+    return;
+  }
+  state_ = WindowState::normal;
+  come_into_view();
+}
+
+void MemoryWindow::activate() {
+  ++activated;
+  if (visible_)
+    keyboard_.window_active(true);
+}
+
+void MemoryWindow::user_changes_monitors(std::vector<TwipsRect> wanted) {
+  monitors = std::move(wanted);
+  screen_changed_ = true;
+  if (visible_ && state_ == WindowState::normal)
+    come_into_view();
+}
+
+bool MemoryWindow::mostly_in_view() const {
+  const auto overlap = [](std::int64_t start, std::int64_t length, std::int64_t other, std::int64_t other_length) {
+    return std::max<std::int64_t>(0, std::min(start + length, other + other_length) - std::max(start, other));
+  };
+  std::int64_t seen = 0;
+  for (const TwipsRect& monitor : monitors)
+    seen += overlap(rect_.left, rect_.width, monitor.left, monitor.width) *
+            overlap(rect_.top, rect_.height, monitor.top, monitor.height);
+  return seen * 2 >= std::int64_t{rect_.width} * rect_.height;
+}
+
+// A place that the user has chosen stays, as long as there is something of the window to take hold of.
+void MemoryWindow::come_into_view() {
+  const bool chosen = !std::exchange(screen_changed_, false);
+  if (monitors.empty() || (on_some_monitor(rect_.left, rect_.top) && (chosen || mostly_in_view())))
+    return;
+  const TwipsRect& room = monitors.front();
+  rect_.left = std::max(room.left, std::min(rect_.left, room.left + room.width - rect_.width));
+  rect_.top = std::max(room.top, std::min(rect_.top, room.top + room.height - rect_.height));
 }
 
 void MemoryWindow::move(int left, int top) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/files.h"
+#include "platform/memory/keyboard.h"
 #include "platform/window.h"
 
 #include <memory>
@@ -18,10 +19,22 @@ public:
   explicit MemoryControl(std::wstring designer_name) : name_(std::move(designer_name)) {}
 
   [[nodiscard]] const std::wstring& name() const override { return name_; }
-  void set_visible(bool visible) override { visible_ = visible; }
+  void set_visible(bool visible) override {
+    visible_ = visible;
+    if (keyboard_ != nullptr)
+      keyboard_->reach_changed(*this);
+  }
   [[nodiscard]] bool visible() const override { return visible_; }
-  void set_enabled(bool enabled) override { enabled_ = enabled; }
+  void set_enabled(bool enabled) override {
+    enabled_ = enabled;
+    if (keyboard_ != nullptr)
+      keyboard_->reach_changed(*this);
+  }
   [[nodiscard]] bool enabled() const override { return enabled_; }
+  void be_stop_of(Keyboard& keyboard) {
+    keyboard_ = &keyboard;
+    keyboard.add_stop(*this);
+  }
   void move(int left, int top) override {
     rect_.left = left;
     rect_.top = top;
@@ -63,6 +76,7 @@ private:
   TwipsRect rect_;
   std::wstring text_;
   std::wstring tooltip_;
+  Keyboard* keyboard_ = nullptr; // of a tab stop
 };
 
 class MemoryPicture final : public MemoryControl<PictureBox> {
@@ -72,6 +86,7 @@ public:
   [[nodiscard]] bool load_picture(const std::wstring& path) override;
   [[nodiscard]] std::wstring picture() const override { return picture_; }
   [[nodiscard]] PictureKind kind() const { return kind_; }
+  bool user_double_click() { return user_click() && user_click(); } // it knows no double clicks, only quick ones
 
 private:
   PictureKind kind_;
@@ -89,6 +104,7 @@ public:
   void set_bold(bool on) override { bold_ = on; }
   [[nodiscard]] bool bold() const override { return bold_; }
   [[nodiscard]] LabelKind kind() const { return kind_; }
+  bool user_double_click() { return user_click() && MemoryControl::user_double_click(); } // its first half is a click
 
 private:
   LabelKind kind_;
@@ -122,6 +138,8 @@ public:
   // The user selects a row with the left button.
   bool user_pick(std::size_t index);
 
+  int drawn = 0; // how often other items were drawn
+
 private:
   std::vector<std::wstring> items_;
   std::size_t selected_ = none;
@@ -138,12 +156,10 @@ public:
   [[nodiscard]] Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
   [[nodiscard]] Button& make_button(const std::wstring& designer_name) override;
   [[nodiscard]] ListBox& make_list(const std::wstring& designer_name) override;
-  int drawn = 0; // how often other items were drawn
-
 
   void set_caption(const std::wstring& caption) override { caption_ = caption; }
   [[nodiscard]] std::wstring caption() const override { return caption_; }
-  void set_visible(bool visible) override { visible_ = visible; }
+  void set_visible(bool visible) override;
   [[nodiscard]] bool visible() const override { return visible_; }
   void set_state(WindowState state) override { state_ = state; }
   [[nodiscard]] WindowState state() const override { return state_; }
@@ -158,7 +174,7 @@ public:
   [[nodiscard]] std::wstring background() const override { return background_; }
   [[nodiscard]] bool set_topmost(bool on) override;
   [[nodiscard]] bool topmost() const override { return topmost_; }
-  void activate() override { ++activated; }
+  void activate() override;
   void redraw() override { ++redrawn; }
   void drag_by_caption() override { ++dragged; }
 
@@ -167,6 +183,12 @@ public:
   [[nodiscard]] MemoryLabel* label(const std::wstring& name) const;
   [[nodiscard]] MemoryButton* button(const std::wstring& name) const;
   [[nodiscard]] MemoryList* list(const std::wstring& name) const;
+
+  // The user's hand: another program's window comes to the front; other monitors.
+  void user_leaves() { keyboard_.window_active(false); }
+  void user_changes_monitors(std::vector<TwipsRect> wanted);
+  void user_tab(bool back) { keyboard_.tab(back); }
+  [[nodiscard]] std::wstring keyboard_at() const { return keyboard_.at() == nullptr ? L"" : keyboard_.at()->name(); }
 
   // Records and knobs.
   double twips_per_pixel = 15.0;
@@ -179,8 +201,11 @@ public:
 private:
   template <typename Kind>
   Kind* find(const std::wstring& name) const;
+  [[nodiscard]] bool mostly_in_view() const;
+  void come_into_view();
 
   const Files& files_;
+  Keyboard keyboard_;
   std::vector<std::unique_ptr<Control>> controls_;
   std::wstring caption_;
   bool visible_ = false;
@@ -188,6 +213,7 @@ private:
   TwipsRect rect_{1500, 1500, 6000, 3000};
   std::wstring background_;
   bool topmost_ = false;
+  bool screen_changed_ = false; // since it last came into view
 };
 
 } // namespace lumotune::platform::memory

@@ -38,9 +38,14 @@ ChildWindow::~ChildWindow() {
 
 LRESULT CALLBACK ChildWindow::procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR /*id*/,
                                         DWORD_PTR self) {
+  auto* child = reinterpret_cast<ChildWindow*>(self);
   LRESULT result = 0;
   bool done = false;
-  guarded([&] { done = reinterpret_cast<ChildWindow*>(self)->handle_message(message, w, l, result); });
+  guarded([&] {
+    if (message == WM_SETFOCUS)
+      child->surface_.keyboard_came(window);
+    done = child->handle_message(message, w, l, result);
+  });
   return done ? result : DefSubclassProc(window, message, w, l);
 }
 
@@ -103,13 +108,18 @@ void ChildWindow::show(bool visible) {
     surface_.keyboard_leaves(window_);
   ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
   redraw();
+  if (visible)
+    surface_.keyboard_may_return(window_);
 }
 
 void ChildWindow::enable(bool enabled) {
-  if (!enabled && GetFocus() == window_)
-    surface_.keyboard_leaves(window_);
+  const bool leaves = !enabled && GetFocus() == window_;
   EnableWindow(window_, enabled ? TRUE : FALSE);
   redraw();
+  if (leaves)
+    surface_.keyboard_leaves(window_);
+  else if (enabled)
+    surface_.keyboard_may_return(window_);
 }
 
 // One that is not to be seen is left for the day that it is.

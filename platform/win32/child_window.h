@@ -27,8 +27,11 @@ public:
   [[nodiscard]] virtual COLORREF label_colour(LabelKind kind, bool enabled) const = 0;
   [[nodiscard]] virtual bool keyboard_used() const = 0; // the focus is to be seen
   virtual void set_tip(HWND control, const std::wstring& text) = 0;
+  virtual void keyboard_came(HWND control) = 0;
   // A control that is about to go out of the user's reach has the keyboard.
   virtual void keyboard_leaves(HWND control) = 0;
+  // A control is within the user's reach again.
+  virtual void keyboard_may_return(HWND control) = 0;
 };
 
 // The part of every control that does not depend on its interface. Until a control is first to be seen, its place and

@@ -9,19 +9,6 @@
 #include <cwchar>
 
 namespace lumotune::platform::win32 {
-namespace {
-
-bool can_take_keyboard(const ChildWindow& child) {
-  const LONG_PTR style = GetWindowLongPtrW(child.handle(), GWL_STYLE);
-  return (style & WS_TABSTOP) != 0 && (style & WS_DISABLED) == 0 && child.shown();
-}
-
-bool wants_arrows(const ChildWindow& child) {
-  return (SendMessageW(child.handle(), WM_GETDLGCODE, 0, 0) & DLGC_WANTARROWS) != 0;
-}
-
-} // namespace
-
 ControlHost::ControlHost(Win32EventLoop& loop, std::wstring name, FontSize font_size)
     : loop_(loop), dpi_(GetDpiForSystem()), system_dpi_(dpi_), name_(std::move(name)), font_size_(font_size) {
   loop_.set_filter(this, [this](MSG& message) { return filter(message); });
@@ -31,6 +18,12 @@ ControlHost::~ControlHost() {
   loop_.set_filter(this, {});
   if (tips_ != nullptr)
     DestroyWindow(tips_);
+}
+
+// The keyboard leaves each that goes, and looks for another one: by then there is none.
+void ControlHost::destroy_controls() {
+  const auto gone = std::exchange(children_, {});
+  pictures_.clear();
 }
 
 Win32Picture& ControlHost::make_picture_control(const std::wstring& designer_name, PictureKind kind) {
@@ -66,6 +59,8 @@ bool ControlHost::handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT
       settle_controls();
     return false;
   }
+  if (message == WM_SETTINGCHANGE || message == WM_THEMECHANGED)
+    return look_changed(message, w);
   if (message == WM_DRAWITEM) {
     const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
     ChildWindow* child = child_of(item.hwndItem);
@@ -93,71 +88,6 @@ bool ControlHost::handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT
     return list != nullptr;
   }
   return false;
-}
-
-// Keys that move between the controls or press them, before the system's own classes see them.
-bool ControlHost::filter(MSG& message) {
-  const bool ours = message.hwnd == window_ || IsChild(window_, message.hwnd) != 0;
-  if (!ours)
-    return false;
-  switch (message.message) {
-  case WM_KEYUP:
-    return false;
-  case WM_KEYDOWN:
-    keyboard_used_ = true;
-    return key_down(message);
-  case WM_MOUSEMOVE:
-    make_tips();
-    break;
-  case WM_LBUTTONDOWN:
-  case WM_RBUTTONDOWN:
-    keyboard_used_ = false;
-    break;
-  default:
-    break;
-  }
-  return IsDialogMessageW(window_, &message) != 0;
-}
-
-bool ControlHost::key_down(MSG& message) {
-  ChildWindow* child = child_of(GetFocus());
-  if (message.wParam == VK_RETURN) {
-    if (child != nullptr && child->takes_enter())
-      return false;
-    const bool first_time = (message.lParam & 0x40000000) == 0; // not held down
-    if (child != nullptr && first_time && child->pressable() && IsWindowEnabled(child->handle()) != 0)
-      child->pressed_by_key();
-    return true;
-  }
-  if (child != nullptr && arrow_moves(message.wParam, *child))
-    return true;
-  return IsDialogMessageW(window_, &message) != 0;
-}
-
-// Round among the buttons and links, as in the system's groups of buttons: its own way does not tell plain texts apart.
-bool ControlHost::arrow_moves(WPARAM key, const ChildWindow& from) {
-  const bool forward = key == VK_RIGHT || key == VK_DOWN;
-  if ((!forward && key != VK_LEFT && key != VK_UP) || !from.pressable() || wants_arrows(from))
-    return false;
-  std::vector<const ChildWindow*> stops;
-  for (const auto& child : children_) {
-    if (child.get() == &from || (child->pressable() && can_take_keyboard(*child) && !wants_arrows(*child)))
-      stops.push_back(child.get());
-  }
-  const auto here = static_cast<std::size_t>(std::find(stops.begin(), stops.end(), &from) - stops.begin());
-  const std::size_t there = (here + (forward ? 1 : stops.size() - 1)) % stops.size();
-  SetFocus(stops[there]->handle());
-  return true;
-}
-
-HWND ControlHost::next_stop(HWND after) const {
-  const auto here =
-      std::find_if(children_.begin(), children_.end(), [&](const auto& child) { return child->handle() == after; });
-  const auto usable = [&](const auto& child) { return child->handle() != after && can_take_keyboard(*child); };
-  auto found = std::find_if(here, children_.end(), usable);
-  if (found == children_.end())
-    found = std::find_if(children_.begin(), children_.end(), usable);
-  return found == children_.end() ? nullptr : (*found)->handle();
 }
 
 // The ground, and over it the decorations below the control.
@@ -207,6 +137,16 @@ HFONT ControlHost::font(LabelFont kind, bool underline, bool bold) {
   wished.lfUnderline = underline ? TRUE : FALSE;
   kept.reset(CreateFontIndirectW(&wished));
   return static_cast<HFONT>(kept.get());
+}
+
+// The user has chosen other fonts for texts, or another theme with fonts of its own.
+bool ControlHost::look_changed(UINT message, WPARAM w) {
+  if (message == WM_THEMECHANGED || w == SPI_SETNONCLIENTMETRICS) {
+    renew_fonts();
+    fonts_changed();
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+  }
+  return false;
 }
 
 void ControlHost::renew_fonts() {

@@ -34,9 +34,11 @@ protected:
   [[nodiscard]] unsigned dpi() const override { return dpi_; }
   void draw_behind(HDC target, HWND control) override;
   [[nodiscard]] HFONT font(LabelFont kind, bool underline, bool bold) override;
-  [[nodiscard]] bool keyboard_used() const override { return keyboard_used_; }
+  [[nodiscard]] bool keyboard_used() const override;
   void set_tip(HWND control, const std::wstring& text) override;
-  void keyboard_leaves(HWND /*control*/) override {}
+  void keyboard_came(HWND control) override;
+  void keyboard_leaves(HWND control) override;
+  void keyboard_may_return(HWND control) override;
 
   // The ground behind everything; the window's upper left corner is the target's origin.
   virtual void draw_ground(HDC target, const RECT& area) = 0;
@@ -49,15 +51,17 @@ protected:
     return reference;
   }
   [[nodiscard]] Win32Picture& make_picture_control(const std::wstring& designer_name, PictureKind kind);
-  void destroy_controls() { children_.clear(); } // before their window
+  void destroy_controls(); // before their window
 
   // The messages by which controls ask and tell. True when it was one of those.
   [[nodiscard]] bool handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT& result);
   void settle_controls(); // before the window is shown
   void change_dpi(unsigned dpi);
   void renew_fonts();
-  // The first control that the keyboard can go to, after one of them; nullptr for none.
-  [[nodiscard]] HWND next_stop(HWND after) const;
+  virtual void fonts_changed() {} // texts may need other room
+  // The window itself has no use for the keyboard: it goes on to the control that had it last, at first to the one made
+  // first. True when the message is dealt with.
+  [[nodiscard]] bool handle_focus_message(UINT message, WPARAM w);
   void fire(const std::function<void()>& handler);
 
   Win32EventLoop& loop_;
@@ -69,13 +73,23 @@ private:
   [[nodiscard]] ChildWindow* child_of(HWND window) const;
   [[nodiscard]] bool filter(MSG& message);
   [[nodiscard]] bool key_down(MSG& message);
+  [[nodiscard]] bool tab_moves(WPARAM key);
   [[nodiscard]] bool arrow_moves(WPARAM key, const ChildWindow& from);
+  [[nodiscard]] bool can_return_to(HWND control) const;
+  // The controls that the keyboard can go to, and `from`, in reading order.
+  [[nodiscard]] std::vector<const ChildWindow*> stops(const ChildWindow* from) const;
+  [[nodiscard]] HWND stop_after(HWND control) const; // nullptr where no other one takes the keyboard
+  void note_keyboard(bool used);
+  [[nodiscard]] bool look_changed(UINT message, WPARAM w);
   void make_tips();
   void show_tip(HWND control, const std::wstring& text);
 
   std::wstring name_;
   FontSize font_size_;
   bool keyboard_used_ = false;
+  HWND last_focus_ = nullptr; // had the keyboard last; a window in a control counts too
+  HWND awaited_ = nullptr;    // went out of reach with the keyboard, which waits for it at the stand-in
+  HWND stand_in_ = nullptr;
   std::array<GdiObject, 8> fonts_;
   HWND tips_ = nullptr;                          // made when the mouse first comes
   std::map<HWND, std::wstring> tips_to_be_made_; // until then

@@ -216,8 +216,13 @@ void Win32List::notified(WORD code) {
 
 // The chosen row has the two colours exchanged.
 void Win32List::draw_row(const DRAWITEMSTRUCT& item) {
-  if (item.itemID == static_cast<UINT>(-1))
+  const bool has_keyboard = (item.itemState & ODS_FOCUS) != 0;
+  if (item.itemID == static_cast<UINT>(-1)) { // of an empty list
+    FillRect(item.hDC, &item.rcItem, brush());
+    if (has_keyboard)
+      draw_focus(item.hDC, item.rcItem);
     return;
+  }
   const bool chosen = (item.itemState & ODS_SELECTED) != 0;
   const GdiObject chosen_brush(CreateSolidBrush(colour_ref(text_colour_)));
   FillRect(item.hDC, &item.rcItem, chosen ? static_cast<HBRUSH>(chosen_brush.get()) : brush());
@@ -232,6 +237,8 @@ void Win32List::draw_row(const DRAWITEMSTRUCT& item) {
   DrawTextW(item.hDC, shown.c_str(), static_cast<int>(shown.size()), &room,
             DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
   SelectObject(item.hDC, before);
+  if (has_keyboard)
+    draw_focus(item.hDC, item.rcItem);
 }
 
 } // namespace lumotune::platform::win32

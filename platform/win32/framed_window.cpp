@@ -5,16 +5,19 @@
 #include "platform/win32/dpi.h"
 #include "platform/win32/frame.h"
 #include "platform/win32/list_view.h"
+#include "platform/win32/monitors.h"
 #include "platform/win32/text_box.h"
 #include "platform/win32/tree_view.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace lumotune::platform::win32 {
 namespace {
 
 constexpr const wchar_t* class_name = L"LumotuneFramedWindow";
+constexpr UINT message_take_place = WM_APP + 101;
 constexpr int first_width = 9000; // twips
 constexpr int first_height = 6000;
 
@@ -37,18 +40,6 @@ COLORREF link_colour() {
       return wished;
   }
   return GetSysColor(COLOR_BTNTEXT);
-}
-
-RECT work_area(HWND window) {
-  MONITORINFO info{};
-  info.cbSize = sizeof info;
-  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &info);
-  return info.rcWork;
-}
-
-// The nearest place at which a length lies within the bounds, from their start where it is too long.
-LONG moved_within(LONG start, LONG length, LONG low, LONG high) {
-  return std::max(low, std::min(start, high - length));
 }
 
 } // namespace
@@ -156,12 +147,6 @@ LRESULT Win32FramedWindow::handle_message(UINT message, WPARAM w, LPARAM l) {
     EndPaint(window_, &painting);
     return 0;
   }
-  case WM_SETTINGCHANGE:
-    if (w == SPI_SETNONCLIENTMETRICS) {
-      renew_fonts();
-      fire(on_resize);
-    }
-    return DefWindowProcW(window_, message, w, l);
   default:
     return DefWindowProcW(window_, message, w, l);
   }
@@ -175,7 +160,20 @@ bool Win32FramedWindow::handle_size_message(UINT message, WPARAM w, LPARAM l) {
     limits.ptMinTrackSize.y = std::max<LONG>(limits.ptMinTrackSize.y, pixels(least_height_, dpi_));
     return true;
   }
+  case WM_MOVE:
+    if (in_normal_state())
+      GetWindowRect(window_, &normal_);
+    return false;
+  case message_take_place: // a window manager may have brought it back as it went
+    if (in_normal_state() && wished_)
+      set_normal_place(*std::exchange(wished_, std::nullopt));
+    return true;
+  case WM_DISPLAYCHANGE:
+    if (visible())
+      come_into_view();
+    return false;
   case WM_SIZE:
+    note_state(w);
     if (w != SIZE_MINIMIZED)
       fire(on_resize);
     return true;
@@ -191,27 +189,6 @@ bool Win32FramedWindow::handle_size_message(UINT message, WPARAM w, LPARAM l) {
   default:
     return false;
   }
-}
-
-// The window itself has no use for the keyboard: it goes on to the control that had it last, at first to the first one.
-bool Win32FramedWindow::handle_focus_message(UINT message, WPARAM w) {
-  if (message == WM_ACTIVATE && LOWORD(w) == WA_INACTIVE) {
-    if (IsChild(window_, GetFocus()) != 0)
-      last_focus_ = GetFocus();
-    return false;
-  }
-  if (message != WM_SETFOCUS)
-    return false;
-  const bool usable = last_focus_ != nullptr && IsChild(window_, last_focus_) != 0 &&
-                      IsWindowEnabled(last_focus_) != 0 && IsWindowVisible(last_focus_) != 0;
-  const HWND target = usable ? last_focus_ : next_stop(nullptr);
-  if (target != nullptr)
-    SetFocus(target);
-  return true;
-}
-
-void Win32FramedWindow::keyboard_leaves(HWND control) {
-  SetFocus(next_stop(control));
 }
 
 void Win32FramedWindow::draw_ground(HDC target, const RECT& area) {
@@ -236,6 +213,8 @@ void Win32FramedWindow::set_visible(bool visible) {
     ShowWindow(window_, SW_RESTORE);
   else if (!this->visible())
     ShowWindow(window_, SW_SHOW);
+  if (visible)
+    come_into_view();
 }
 
 void Win32FramedWindow::activate() {
@@ -247,35 +226,79 @@ void Win32FramedWindow::activate() {
     SetFocus(window_);
 }
 
-RECT Win32FramedWindow::normal_place() const {
-  RECT place{};
-  if (IsIconic(window_) == 0 && IsZoomed(window_) == 0) {
-    GetWindowRect(window_, &place);
-    return place;
+// The system counts a normal place from the corner of the work area, which differs from the desktop's where the task
+// bar lies above or at the left. By how much shows when the window leaves a place that is known.
+void Win32FramedWindow::note_state(WPARAM state) {
+  if (state == SIZE_RESTORED) {
+    GetWindowRect(window_, &normal_);
+    if (!std::exchange(was_normal_, true) && wished_)
+      PostMessageW(window_, message_take_place, 0, 0);
+  } else if (std::exchange(was_normal_, false)) {
+    const RECT counted = placement().rcNormalPosition;
+    count_from_ = {normal_.left - counted.left, normal_.top - counted.top};
   }
+}
+
+WINDOWPLACEMENT Win32FramedWindow::placement() const {
   WINDOWPLACEMENT placement{};
   placement.length = sizeof placement;
   GetWindowPlacement(window_, &placement);
-  return placement.rcNormalPosition;
+  return placement;
+}
+
+RECT Win32FramedWindow::normal_place() const {
+  RECT place{};
+  if (in_normal_state()) {
+    GetWindowRect(window_, &place);
+    return place;
+  }
+  place = placement().rcNormalPosition;
+  OffsetRect(&place, count_from_.x, count_from_.y);
+  return place;
+}
+
+void Win32FramedWindow::set_normal_place(const RECT& place) {
+  if (in_normal_state()) {
+    SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    return;
+  }
+  wished_ = place;
+  WINDOWPLACEMENT changed = placement();
+  changed.rcNormalPosition = place;
+  OffsetRect(&changed.rcNormalPosition, -count_from_.x, -count_from_.y);
+  SetWindowPlacement(window_, &changed);
 }
 
 // A maximised or minimised window keeps its state; the size is the one that it will come back to.
 void Win32FramedWindow::resize(int width, int height) {
-  const RECT room = work_area(window_);
+  RECT place = normal_place();
+  const RECT room = work_area(place);
+  const POINT least = smallest_size();
   const LONG wide = std::clamp<LONG>(pixels(std::max(width, 0), dpi_), 0, room.right - room.left);
   const LONG high = std::clamp<LONG>(pixels(std::max(height, 0), dpi_), 0, room.bottom - room.top);
+  place.right = place.left + std::max(wide, least.x);
+  place.bottom = place.top + std::max(high, least.y);
+  const POINT corner = place_in_view(place);
+  OffsetRect(&place, corner.x - place.left, corner.y - place.top);
+  set_normal_place(place);
+}
+
+// The system does not let a window with such a frame become smaller, whoever wishes it.
+POINT Win32FramedWindow::smallest_size() const {
+  return {std::max<LONG>(GetSystemMetrics(SM_CXMINTRACK), pixels(least_width_, dpi_)),
+          std::max<LONG>(GetSystemMetrics(SM_CYMINTRACK), pixels(least_height_, dpi_))};
+}
+
+// Its monitor may be gone, or another resolution has left it outside.
+void Win32FramedWindow::come_into_view() {
+  constexpr int piece_to_hold = 480; // twips
   RECT place = normal_place();
-  place.left = moved_within(place.left, wide, room.left, room.right);
-  place.top = moved_within(place.top, high, room.top, room.bottom);
-  if (IsIconic(window_) == 0 && IsZoomed(window_) == 0) {
-    SetWindowPos(window_, nullptr, place.left, place.top, wide, high, SWP_NOZORDER | SWP_NOACTIVATE);
+  if (!in_normal_state() || in_view(place, pixels(piece_to_hold, dpi_)))
     return;
-  }
-  WINDOWPLACEMENT placement{};
-  placement.length = sizeof placement;
-  GetWindowPlacement(window_, &placement);
-  placement.rcNormalPosition = {place.left, place.top, place.left + wide, place.top + high};
-  SetWindowPlacement(window_, &placement);
+  const POINT corner = place_in_view(place);
+  OffsetRect(&place, corner.x - place.left, corner.y - place.top);
+  set_normal_place(place);
 }
 
 TwipsRect Win32FramedWindow::rect() const {

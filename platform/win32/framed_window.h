@@ -6,6 +6,7 @@
 #include "platform/win32/control_host.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace lumotune::platform::win32 {
@@ -44,16 +45,25 @@ private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
   [[nodiscard]] LRESULT handle_message(UINT message, WPARAM w, LPARAM l);
   [[nodiscard]] bool handle_size_message(UINT message, WPARAM w, LPARAM l);
-  [[nodiscard]] bool handle_focus_message(UINT message, WPARAM w);
-  [[nodiscard]] RECT normal_place() const; // pixels, of the window when it is neither minimised nor maximised
+  // Pixels of the desktop, of the window when it is neither minimised nor maximised.
+  [[nodiscard]] RECT normal_place() const;
+  void set_normal_place(const RECT& place);
+  [[nodiscard]] bool in_normal_state() const { return IsIconic(window_) == 0 && IsZoomed(window_) == 0; }
+  [[nodiscard]] WINDOWPLACEMENT placement() const;
+  [[nodiscard]] POINT smallest_size() const; // pixels
+  void note_state(WPARAM state);             // of WM_SIZE
+  void come_into_view();
   void draw_ground(HDC target, const RECT& area) override;
   [[nodiscard]] COLORREF label_colour(LabelKind kind, bool enabled) const override;
-  void keyboard_leaves(HWND control) override;
+  void fonts_changed() override { fire(on_resize); }
 
   std::wstring caption_;
-  int least_width_ = 0; // twips
+  RECT normal_{}; // pixels of the desktop, where it was last in its normal state
+  bool was_normal_ = true;
+  std::optional<RECT> wished_; // given while it was not in that state
+  POINT count_from_{};         // what the system's normal places are relative to
+  int least_width_ = 0;        // twips
   int least_height_ = 0;
-  HWND last_focus_ = nullptr; // control that had the keyboard when the window was left
 };
 
 class Win32FramedWindowMaker final : public FramedWindowMaker {

@@ -2,6 +2,7 @@
 #include "platform/win32/window.h"
 
 #include "platform/win32/dpi.h"
+#include "platform/win32/monitors.h"
 
 #include <windowsx.h>
 
@@ -12,6 +13,7 @@ namespace lumotune::platform::win32 {
 namespace {
 
 constexpr const wchar_t* class_name = L"LumotuneWindow";
+constexpr int piece_to_hold = 480; // twips
 
 } // namespace
 
@@ -78,6 +80,8 @@ LRESULT Win32Window::handle_message(UINT message, WPARAM w, LPARAM l) {
   LRESULT result = 0;
   if (handle_child_message(message, w, l, result) || handle_system_message(message, w, l, result))
     return result;
+  if (handle_focus_message(message, w))
+    return 0;
   switch (message) {
   case WM_ERASEBKGND:
     return 1;
@@ -98,6 +102,7 @@ LRESULT Win32Window::handle_message(UINT message, WPARAM w, LPARAM l) {
   }
   case WM_WINDOWPOSCHANGED:
     note_place();
+    look_at_screen();
     return DefWindowProcW(window_, message, w, l);
   default:
     return DefWindowProcW(window_, message, w, l);
@@ -127,6 +132,10 @@ bool Win32Window::handle_system_message(UINT message, WPARAM w, LPARAM l, LRESUL
       fire(on_resume);
     result = TRUE;
     return true;
+  case WM_DISPLAYCHANGE:
+    screen_changed_ = true;
+    look_at_screen();
+    return false;
   case WM_DPICHANGED: {
     const auto& wished = *reinterpret_cast<const RECT*>(l);
     change_dpi(HIWORD(w));
@@ -147,10 +156,13 @@ void Win32Window::set_caption(const std::wstring& caption) {
 // Restoring a minimised window in one step brings it back to its place; showing it first would not.
 void Win32Window::set_visible(bool visible) {
   if (!visible) {
+    hidden_state_ = state();
     ShowWindow(window_, SW_HIDE);
     return;
   }
   shown_at_ = GetTickCount();
+  look_at_screen();
+  come_into_view();
   place_first();
   if (IsIconic(window_) != 0) {
     const POINT place = place_;
@@ -168,30 +180,36 @@ bool Win32Window::visible() const {
   return IsWindowVisible(window_) != 0;
 }
 
+// A hidden window stays hidden: showing it brings it back from the icon in any case.
 void Win32Window::set_state(WindowState state) {
+  if (!visible()) {
+    hidden_state_ = state;
+    return;
+  }
   const bool minimized = IsIconic(window_) != 0;
-  place_first();
   if (state == WindowState::minimized && !minimized)
-    ShowWindow(window_, visible() ? SW_MINIMIZE : SW_SHOWMINNOACTIVE);
+    ShowWindow(window_, SW_MINIMIZE);
   else if (state == WindowState::normal && minimized)
     set_visible(true);
 }
 
 WindowState Win32Window::state() const {
+  if (!visible())
+    return hidden_state_;
   return IsIconic(window_) != 0 ? WindowState::minimized : WindowState::normal;
 }
 
-// Just after it was shown, a window may be reported, or put, somewhere else by a window manager that did not ask the
-// user: it goes back to where it was meant to be.
+// Just after it was shown, a window may be put somewhere else by a window manager that did not ask the user: it goes
+// back. Whatever else moves it is right: the user, and tools, which are other programs and send their wish.
 void Win32Window::note_place() {
   RECT place{};
-  // A minimised window is kept far off the desktop.
-  constexpr LONG far_off = -30000;
+  constexpr LONG far_off = -30000; // where a minimised window is kept
   constexpr DWORD settling_ms = 400;
-  if (IsWindowVisible(window_) == 0 || IsIconic(window_) != 0 || GetWindowRect(window_, &place) == 0 ||
-      place.left <= far_off || place.top <= far_off)
+  if (!placed_ || IsIconic(window_) != 0 || GetWindowRect(window_, &place) == 0 || place.left <= far_off ||
+      place.top <= far_off)
     return;
-  const bool settling = !dragging_ && GetTickCount() - shown_at_ < settling_ms;
+  const bool settling =
+      visible() && !dragging_ && GetTickCount() - shown_at_ < settling_ms && InSendMessageEx(nullptr) == ISMEX_NOSEND;
   if (!settling)
     place_ = {place.left, place.top};
   else if (place.left != place_.x || place.top != place_.y)
@@ -230,18 +248,36 @@ TwipsRect Win32Window::rect() const {
   return {twips(place_.x, system_dpi_), twips(place_.y, system_dpi_), width_, height_};
 }
 
+RECT Win32Window::area_at(POINT place) const {
+  return {place.x, place.y, place.x + pixels(width_, dpi_), place.y + pixels(height_, dpi_)};
+}
+
 bool Win32Window::on_some_monitor(int left, int top) const {
-  const RECT wished{pixels(left, system_dpi_), pixels(top, system_dpi_),
-                    pixels(left, system_dpi_) + pixels(width_, dpi_), pixels(top, system_dpi_) + pixels(height_, dpi_)};
-  const HMONITOR monitor = MonitorFromRect(&wished, MONITOR_DEFAULTTONULL);
-  MONITORINFO info{};
-  info.cbSize = sizeof info;
-  RECT seen{};
-  if (monitor == nullptr || GetMonitorInfoW(monitor, &info) == 0 || IntersectRect(&seen, &wished, &info.rcMonitor) == 0)
-    return false;
-  // Enough to take hold of it with the mouse.
-  const int piece = pixels(480, dpi_);
-  return seen.right - seen.left >= piece && seen.bottom - seen.top >= piece;
+  return in_view(area_at({pixels(left, system_dpi_), pixels(top, system_dpi_)}), pixels(piece_to_hold, dpi_));
+}
+
+// A window manager may tell that it has moved the window where the system does not tell that the screen is another one.
+// A window that is out of sight may find its monitor back until it is shown.
+void Win32Window::look_at_screen() {
+  const RECT now{GetSystemMetrics(SM_XVIRTUALSCREEN), GetSystemMetrics(SM_YVIRTUALSCREEN),
+                 GetSystemMetrics(SM_CXVIRTUALSCREEN), GetSystemMetrics(SM_CYVIRTUALSCREEN)};
+  const RECT before = std::exchange(screen_, now);
+  if (before.right != 0 && EqualRect(&before, &now) == 0)
+    screen_changed_ = true;
+  if (screen_changed_ && visible() && IsIconic(window_) == 0)
+    come_into_view();
+}
+
+// Its monitor may be gone, or another resolution has left it outside, where a window manager may leave a corner in
+// sight. A place that the user has chosen stays, as long as there is something of the window to take hold of.
+void Win32Window::come_into_view() {
+  const RECT area = area_at(place_);
+  const bool chosen = !std::exchange(screen_changed_, false);
+  if (in_view(area, pixels(piece_to_hold, dpi_)) && (chosen || mostly_in_view(area)))
+    return;
+  place_ = place_in_view(area);
+  if (placed_ && IsIconic(window_) == 0)
+    SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 TwipsRect Win32Window::work_area() const {

@@ -54,6 +54,9 @@ private:
   [[nodiscard]] LRESULT handle_message(UINT message, WPARAM w, LPARAM l);
   [[nodiscard]] bool handle_system_message(UINT message, WPARAM w, LPARAM l, LRESULT& result);
   void note_place();
+  [[nodiscard]] RECT area_at(POINT place) const; // pixels of the desktop
+  void look_at_screen();
+  void come_into_view();
   void paint(HDC target, const RECT& area);
   void place_first();
   void apply_size();
@@ -65,12 +68,15 @@ private:
   POINT place_{100, 100}; // pixels of the desktop, when it was last shown normally
   int width_ = 6000;      // twips
   int height_ = 3000;
+  WindowState hidden_state_ = WindowState::normal;
   bool placed_ = false; // the system knows them
   std::wstring caption_;
   Picture background_;
   std::wstring background_path_;
   bool topmost_ = false;
-  DWORD shown_at_ = 0; // tick count
+  DWORD shown_at_ = 0;          // tick count
+  RECT screen_{};               // of all monitors: corner and size
+  bool screen_changed_ = false; // since it last came into view
   bool dragging_ = false;
 };
 

@@ -5,18 +5,28 @@
 
 namespace lumotune::platform::win32 {
 
+// By way of a buffer: the picture may be clear in places, and the ground below it would flicker.
 void Win32Window::paint(HDC target, const RECT& area) {
-  const HRGN clip = CreateRectRgnIndirect(&area);
-  SelectClipRgn(target, clip);
-  DeleteObject(clip);
-  draw_ground(target, area);
+  const int width = area.right - area.left;
+  const int height = area.bottom - area.top;
+  if (width <= 0 || height <= 0)
+    return;
+  const MemoryDc buffer(CreateCompatibleDC(target));
+  const GdiObject bitmap(CreateCompatibleBitmap(target, width, height));
+  const auto dc = static_cast<HDC>(buffer.get());
+  const HGDIOBJ before = SelectObject(dc, bitmap.get());
+  SetViewportOrgEx(dc, -area.left, -area.top, nullptr);
+  draw_ground(dc, area);
+  SetViewportOrgEx(dc, 0, 0, nullptr);
+  BitBlt(target, area.left, area.top, width, height, dc, 0, 0, SRCCOPY);
+  SelectObject(dc, before);
 }
 
+// The picture in its own size, whatever the window's is; what it leaves free or clear has the window's colour.
 void Win32Window::draw_ground(HDC target, const RECT& area) {
-  if (background_.empty())
-    FillRect(target, &area, GetSysColorBrush(COLOR_3DFACE));
-  else
-    background_.draw(target, 0, 0, pixels(width_, dpi_), pixels(height_, dpi_));
+  FillRect(target, &area, GetSysColorBrush(COLOR_3DFACE));
+  const auto own = [this](int side) { return MulDiv(side, static_cast<int>(dpi_), static_cast<int>(picture_dpi)); };
+  background_.draw(target, 0, 0, own(background_.width()), own(background_.height()));
 }
 
 // Skins say the colours that differ.

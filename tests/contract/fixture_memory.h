@@ -23,6 +23,25 @@ struct Backend {
 
   // Lets so many milliseconds go by, with their events.
   void pass(std::uint32_t ms) { loop.advance(ms); }
+  // The user's keyboard: goes to another window, moves by Tab; where it is, as the control's name, empty for none.
+  void leave() { window.user_leaves(); }
+  void tab(bool back = false) { window.user_tab(back); }
+  [[nodiscard]] std::wstring keyboard_at() { return window.keyboard_at(); }
+  template <typename Control>
+  void double_click(Control& control) {
+    if (auto* picture = dynamic_cast<platform::memory::MemoryPicture*>(&control))
+      (void)picture->user_double_click();
+    else if (auto* label = dynamic_cast<platform::memory::MemoryLabel*>(&control))
+      (void)label->user_double_click();
+  }
+  // The same for framed windows.
+  static platform::memory::MemoryFramedWindow& twin(platform::FramedWindow& framed) {
+    return dynamic_cast<platform::memory::MemoryFramedWindow&>(framed);
+  }
+  void minimize(platform::FramedWindow& framed) { twin(framed).user_minimize(); }
+  void maximize(platform::FramedWindow& framed) { twin(framed).user_maximize(); }
+  void restore(platform::FramedWindow& framed) { twin(framed).user_restore(); }
+  platform::TwipsRect work_area(platform::FramedWindow& framed) { return twin(framed).work_area; }
   // Another program sends the main window copy-data; its answer.
   long deliver(const std::string& bytes, std::uint32_t kind) { return messages.deliver(bytes, kind); }
 };

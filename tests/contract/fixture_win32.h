@@ -49,6 +49,57 @@ struct Backend {
         return;
     } while (GetTickCount() - start <= ms);
   }
+  // The user's keyboard: goes to another window, moves by Tab; where it is, as the control's name, empty for none.
+  void leave() {
+    if (other_ == nullptr)
+      other_ =
+          CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr, nullptr, nullptr, nullptr);
+    SetForegroundWindow(other_);
+    SetFocus(other_);
+    pass(100);
+  }
+  void tab(bool back = false) {
+    BYTE keys[256];
+    GetKeyboardState(keys);
+    keys[VK_SHIFT] = back ? 0x80 : 0;
+    SetKeyboardState(keys);
+    PostMessageW(GetFocus(), WM_KEYDOWN, VK_TAB, 1);
+    loop.run_pending();
+    keys[VK_SHIFT] = 0;
+    SetKeyboardState(keys);
+  }
+  [[nodiscard]] std::wstring keyboard_at() {
+    std::wstring name;
+    if (GetFocus() != nullptr && IsChild(window.handle(), GetFocus()) != 0)
+      EnumPropsExW(GetFocus(), note_name, reinterpret_cast<LPARAM>(&name));
+    return name;
+  }
+  template <typename Control>
+  void double_click(const Control& control) {
+    for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP}) {
+      PostMessageW(window.handle_of(control), message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, MAKELPARAM(2, 2));
+      loop.run_pending();
+    }
+  }
+  // The same for framed windows.
+  static HWND handle(platform::FramedWindow& framed) {
+    return dynamic_cast<platform::win32::Win32FramedWindow&>(framed).handle();
+  }
+  void show(platform::FramedWindow& framed, int command) {
+    ShowWindow(handle(framed), command);
+    pass(200);
+  }
+  void minimize(platform::FramedWindow& framed) { show(framed, SW_MINIMIZE); }
+  void maximize(platform::FramedWindow& framed) { show(framed, SW_MAXIMIZE); }
+  void restore(platform::FramedWindow& framed) { show(framed, SW_RESTORE); }
+  platform::TwipsRect work_area(platform::FramedWindow& framed) {
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    GetMonitorInfoW(MonitorFromWindow(handle(framed), MONITOR_DEFAULTTONEAREST), &info);
+    const RECT& room = info.rcWork;
+    return {MulDiv(room.left, 1440, 96), MulDiv(room.top, 1440, 96), MulDiv(room.right - room.left, 1440, 96),
+            MulDiv(room.bottom - room.top, 1440, 96)};
+  }
   long deliver(const std::string& bytes, std::uint32_t kind) {
     std::string text = bytes;
     COPYDATASTRUCT record{};
@@ -57,6 +108,22 @@ struct Backend {
     record.lpData = text.empty() ? nullptr : text.data();
     return static_cast<long>(SendMessageA(window.handle(), WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&record)));
   }
+  Backend() = default;
+  Backend(const Backend&) = delete;
+  Backend& operator=(const Backend&) = delete;
+  ~Backend() {
+    if (other_ != nullptr)
+      DestroyWindow(other_);
+  }
+
+private:
+  static BOOL CALLBACK note_name(HWND /*control*/, LPWSTR property, HANDLE /*data*/, ULONG_PTR into) {
+    const std::wstring_view prefix = L"Lumotune.";
+    if (reinterpret_cast<ULONG_PTR>(property) > 0xffff && std::wstring_view(property).starts_with(prefix))
+      *reinterpret_cast<std::wstring*>(into) = property + prefix.size();
+    return TRUE;
+  }
+  HWND other_ = nullptr; // a window of another program, as far as ours can tell
 };
 
 } // namespace lumotune::contract

@@ -57,6 +57,66 @@ TEST_F(FramedWindowContract, ASizeBelowNothingIsNoSize) {
   EXPECT_GE(window->client_height(), 0);
 }
 
+TEST_F(FramedWindowContract, NobodyMakesItSmallerThanItsSmallestSize) {
+  window->set_visible(true);
+  window->resize(7500, 6000);
+  window->set_minimum(6000, 4500);
+  EXPECT_EQ(window->rect().width, 7500) << "a smallest size alone changes nothing";
+  window->resize(3000, 3000);
+  EXPECT_EQ(window->rect().width, 6000);
+  EXPECT_EQ(window->rect().height, 4500);
+  window->set_minimum(0, 0);
+  window->resize(15, 15);
+  EXPECT_GT(window->rect().width, 15) << "the system has a smallest size of its own";
+}
+
+TEST_F(FramedWindowContract, ItStaysWithinTheWorkArea) {
+  window->set_visible(true);
+  b.pass(100);
+  const TwipsRect room = b.work_area(*window);
+  window->resize(2000000000, 2000000000);
+  b.pass(100);
+  const TwipsRect place = window->rect();
+  EXPECT_LE(place.width, room.width);
+  EXPECT_LE(place.height, room.height);
+  constexpr int edge = 30; // a window manager may count its own edge otherwise
+  EXPECT_GE(place.left, room.left - edge);
+  EXPECT_GE(place.top, room.top - edge);
+}
+
+TEST_F(FramedWindowContract, ASizeGivenMeanwhileIsTakenWhenItComesBack) {
+  window->set_minimum(3000, 3000);
+  window->resize(6000, 4500);
+  window->set_visible(true);
+  b.pass(100);
+  b.maximize(*window);
+  const int inside = window->client_width();
+  EXPECT_GT(inside, 6000);
+  window->resize(7500, 5250);
+  EXPECT_EQ(window->client_width(), inside);
+  EXPECT_EQ(window->rect().width, 7500);
+  window->resize(15, 15);
+  EXPECT_EQ(window->rect().width, 3000);
+  window->resize(7500, 5250);
+  b.restore(*window);
+  EXPECT_EQ(window->rect().width, 7500);
+  EXPECT_EQ(window->rect().height, 5250);
+  b.minimize(*window);
+  EXPECT_TRUE(window->minimized());
+  EXPECT_EQ(window->client_width(), 0) << "an icon has no inside";
+  window->resize(6300, 4800);
+  EXPECT_TRUE(window->minimized());
+  EXPECT_EQ(window->rect().width, 6300);
+  int told = 0;
+  window->on_resize = [&] { ++told; };
+  window->set_visible(true);
+  b.pass(200);
+  EXPECT_FALSE(window->minimized());
+  EXPECT_EQ(window->rect().width, 6300);
+  EXPECT_EQ(window->rect().height, 4800);
+  EXPECT_GE(told, 1);
+}
+
 TEST_F(FramedWindowContract, ShowsAndHides) {
   window->set_visible(true);
   b.pass(200);

@@ -77,6 +77,8 @@ TEST_F(Win32Only, TabSpaceAndEnterReachTheButtons) {
   int links = 0;
   form.Control_Play.on_click = [&] { ++plays; };
   form.InfoNaladit.on_click = [&] { ++links; };
+  form.Control_List.move(0, 600);
+  form.InfoNaladit.move(0, 1200);
   SetFocus(handle(form.Control_Play));
   key(handle(form.Control_Play), VK_SPACE);
   EXPECT_EQ(plays, 1);
@@ -171,6 +173,141 @@ TEST_F(Win32Only, AChangedResolutionScalesEverything) {
   EXPECT_EQ(place.bottom, 400);
   EXPECT_EQ(form.Control_Play.rect(), (platform::TwipsRect{300, 600, 450, 900}));
   EXPECT_DOUBLE_EQ(b.window.twips_per_pixel_x(), 7.5);
+}
+
+TEST_F(Win32Only, ABackgroundIsDrawnInItsOwnSizeOverTheWindowsColour) {
+  // Two by three pixels, red, the first of them clear.
+  const std::string gif = std::string("GIF89a\x02\0\x03\0\x80\0\0\xff\xff\xff\xff\0\0!\xf9\x04\x01\0\0\0\0", 27) +
+                          std::string(",\0\0\0\0\x02\0\x03\0\0\x02\x03\x44\x7e\x05\0;", 17);
+  const std::wstring path = b.folder + L"\\form.gif";
+  ASSERT_TRUE(b.files.replace(path, gif));
+  for (platform::PictureBox* picture : {&form.Control_Play, &form.LTDisplay})
+    picture->set_visible(false);
+  b.window.resize(1500, 1500);
+  ASSERT_TRUE(b.window.load_background(path));
+  b.window.set_visible(true);
+  b.pass(200);
+  const auto pixel = [&](int x, int y) {
+    RedrawWindow(b.window.handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    const HDC dc = GetDC(b.window.handle());
+    const COLORREF colour = GetPixel(dc, x, y);
+    ReleaseDC(b.window.handle(), dc);
+    return colour;
+  };
+  EXPECT_EQ(pixel(50, 50), GetSysColor(COLOR_3DFACE)) << "past the picture";
+  EXPECT_EQ(pixel(3, 1), GetSysColor(COLOR_3DFACE));
+  EXPECT_EQ(pixel(1, 4), GetSysColor(COLOR_3DFACE));
+  EXPECT_EQ(pixel(0, 0), GetSysColor(COLOR_3DFACE)) << "through the clear pixel";
+  EXPECT_EQ(pixel(1, 1), RGB(255, 0, 0));
+  // What was drawn there before does not stay in a clear place.
+  const HDC dc = GetDC(b.window.handle());
+  SetPixel(dc, 0, 0, RGB(0, 255, 0));
+  ReleaseDC(b.window.handle(), dc);
+  EXPECT_EQ(pixel(0, 0), GetSysColor(COLOR_3DFACE));
+  RECT wished{100, 100, 300, 300};
+  SendMessageW(b.window.handle(), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&wished));
+  EXPECT_EQ(pixel(3, 5), RGB(255, 0, 0)) << "twice the size at twice the resolution";
+  EXPECT_EQ(pixel(4, 6), GetSysColor(COLOR_3DFACE));
+}
+
+TEST_F(Win32Only, AScreenThatChangesBringsTheWindowIntoViewAndAToolsMoveStays) {
+  b.window.resize(3000, 3000);
+  b.window.move(1500, 1500);
+  b.window.set_visible(true);
+  const HWND window = b.window.handle();
+  std::thread tool([&] { SetWindowPos(window, nullptr, 300, 250, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE); });
+  b.pass(700);
+  tool.join();
+  RECT place{};
+  GetWindowRect(window, &place);
+  EXPECT_EQ(place.left, 300);
+  EXPECT_EQ(place.top, 250);
+  EXPECT_EQ(b.window.rect().left, 4500);
+  SendMessageW(window, WM_DISPLAYCHANGE, 32, MAKELPARAM(1280, 800));
+  EXPECT_EQ(b.window.rect().left, 4500) << "it can be seen where it is";
+  b.window.move((GetSystemMetrics(SM_CXSCREEN) - 40) * 15, 3750);
+  SendMessageW(window, WM_DISPLAYCHANGE, 32, MAKELPARAM(1280, 800));
+  EXPECT_LE(b.window.rect().left + 3000, GetSystemMetrics(SM_CXSCREEN) * 15) << "a corner in sight is not enough";
+  b.window.move(90000, 4500);
+  SendMessageW(window, WM_DISPLAYCHANGE, 32, MAKELPARAM(1280, 800));
+  EXPECT_TRUE(b.window.on_some_monitor(b.window.rect().left, b.window.rect().top));
+  EXPECT_EQ(b.window.rect().top, 4500);
+  b.pass(200);
+  GetWindowRect(window, &place);
+  EXPECT_LE(place.right, GetSystemMetrics(SM_CXSCREEN));
+}
+
+TEST_F(Win32Only, ToolsMayMoveTheWindowWhileItIsHidden) {
+  b.window.resize(3000, 3000);
+  b.window.set_visible(true);
+  b.pass(500);
+  b.window.set_visible(false);
+  SetWindowPos(b.window.handle(), nullptr, 310, 260, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  EXPECT_EQ(b.window.rect().left, 4650);
+  b.window.set_visible(true);
+  b.pass(700);
+  RECT place{};
+  GetWindowRect(b.window.handle(), &place);
+  EXPECT_EQ(place.left, 310);
+  EXPECT_EQ(place.top, 260);
+}
+
+TEST_F(Win32Only, OtherFontsOfTheSystemAreTakenAtOnce) {
+  b.window.set_visible(true);
+  b.pass(50);
+  const HWND control = handle(form.InfoName);
+  const auto font = [&] { return SendMessageW(control, WM_GETFONT, 0, 0); };
+  for (const auto& [message, w] : {std::pair<UINT, WPARAM>(WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS),
+                                   std::pair<UINT, WPARAM>(WM_THEMECHANGED, 0)}) {
+    // The font is a new one even where it looks alike; the old one must not be used any more.
+    const auto before = reinterpret_cast<HGDIOBJ>(font());
+    ASSERT_EQ(GetObjectType(before), static_cast<DWORD>(OBJ_FONT));
+    LOGFONTW described{};
+    GetObjectW(before, sizeof described, &described);
+    SendMessageW(b.window.handle(), message, w, 0);
+    EXPECT_EQ(GetObjectType(reinterpret_cast<HGDIOBJ>(font())), static_cast<DWORD>(OBJ_FONT));
+    EXPECT_EQ(GetUpdateRect(b.window.handle(), nullptr, FALSE), TRUE) << "everything is drawn anew";
+    b.pass(50);
+  }
+}
+
+TEST_F(Win32Only, TheKeyboardIsSeenOnceAKeyWasPressed) {
+  b.window.resize(6000, 3000);
+  b.window.set_visible(true);
+  form.Control_Sat.resize(600, 600);
+  form.Control_List.move(600, 0);
+  form.Control_List.resize(1500, 1500);
+  form.Control_List.set_items({L"jeden"});
+  b.window.activate();
+  b.pass(150);
+  const auto corner = [&](const platform::Control& control) {
+    RedrawWindow(handle(control), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    const HDC dc = GetDC(handle(control));
+    const COLORREF colour = GetPixel(dc, 0, 0);
+    ReleaseDC(handle(control), dc);
+    return colour;
+  };
+  const COLORREF ring = RGB(255, 255, 255);
+  BOOL always = FALSE; // the user may want to see it always
+  SystemParametersInfoW(SPI_GETKEYBOARDCUES, 0, &always, 0);
+  SystemParametersInfoW(SPI_SETKEYBOARDCUES, 0, nullptr, 0);
+  form.Control_List.set_colours(platform::Colour{0x202020}, platform::Colour{0x808080});
+  for (platform::Control* control :
+       {static_cast<platform::Control*>(&form.Control_Sat), static_cast<platform::Control*>(&form.Control_List)}) {
+    PostMessageW(handle(*control), WM_RBUTTONDOWN, 0, MAKELPARAM(1, 1));
+    PostMessageW(handle(*control), WM_RBUTTONUP, 0, MAKELPARAM(1, 1));
+    b.pass(50);
+    SetFocus(handle(*control));
+    EXPECT_NE(corner(*control), ring);
+    key(handle(*control), VK_SHIFT);
+    EXPECT_EQ(corner(*control), ring) << static_cast<char>(control->name()[8]);
+  }
+  PostMessageW(handle(form.Control_List), WM_RBUTTONDOWN, 0, MAKELPARAM(1, 1));
+  b.pass(50);
+  EXPECT_NE(corner(form.Control_List), ring);
+  SystemParametersInfoW(SPI_SETKEYBOARDCUES, 0, reinterpret_cast<void*>(1), 0);
+  EXPECT_EQ(corner(form.Control_List), ring) << "who wants to see it always, does";
+  SystemParametersInfoW(SPI_SETKEYBOARDCUES, 0, reinterpret_cast<void*>(static_cast<INT_PTR>(always)), 0);
 }
 
 TEST_F(Win32Only, ATopmostWindowIsInThatLayerOnceItIsShown) {

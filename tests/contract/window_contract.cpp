@@ -85,6 +85,32 @@ TEST_F(WindowContract, HidesAndComesBackInPlace) {
   EXPECT_EQ(b.window.rect(), (TwipsRect{3000, 3000, 6000, 3000}));
 }
 
+TEST_F(WindowContract, ComesIntoViewWhenItIsShownWhereNoMonitorIs) {
+  b.window.resize(6000, 3000);
+  b.window.move(90000, 90000);
+  EXPECT_EQ(b.window.rect().left, 90000) << "out of sight it may lie anywhere";
+  b.window.set_visible(true);
+  b.pass(500);
+  const auto place = b.window.rect();
+  EXPECT_TRUE(b.window.on_some_monitor(place.left, place.top)) << place.left << ", " << place.top;
+  EXPECT_EQ(place.width, 6000);
+}
+
+TEST_F(WindowContract, AHiddenWindowStaysHidden) {
+  b.window.set_state(platform::WindowState::minimized);
+  EXPECT_FALSE(b.window.visible());
+  EXPECT_EQ(b.window.state(), platform::WindowState::minimized);
+  b.window.set_state(platform::WindowState::normal);
+  b.window.activate();
+  b.window.redraw();
+  b.pass(50);
+  EXPECT_FALSE(b.window.visible());
+  b.window.set_state(platform::WindowState::minimized);
+  b.window.set_visible(true);
+  b.pass(100);
+  EXPECT_EQ(b.window.state(), platform::WindowState::normal) << "showing brings it back from the icon";
+}
+
 TEST_F(WindowContract, GoesIntoTheTopmostLayerAndBack) {
   EXPECT_TRUE(b.window.set_topmost(true));
   EXPECT_TRUE(b.window.topmost());
@@ -172,20 +198,6 @@ TEST_F(WindowContract, AListHoldsItsItems) {
   EXPECT_EQ(list.count(), 0U);
 }
 
-TEST_F(WindowContract, AHiddenButtonCanBePressedADisabledOneNot) {
-  auto& button = b.window.make_button(L"PlayTL");
-  int pressed = 0;
-  button.on_click = [&] { ++pressed; };
-  button.set_visible(false);
-  button.press();
-  EXPECT_EQ(pressed, 1);
-  button.set_enabled(false);
-  button.press();
-  EXPECT_EQ(pressed, 1);
-}
-
-} // namespace
-} // namespace lumotune::contract
 TEST_F(WindowContract, AListTakesAllItsItemsAtOnce) {
   auto& list = b.window.make_list(L"Seznam");
   int clicks = 0;
@@ -207,3 +219,17 @@ TEST_F(WindowContract, AListTakesAllItsItemsAtOnce) {
   EXPECT_EQ(clicks, 0);
 }
 
+TEST_F(WindowContract, AHiddenButtonCanBePressedADisabledOneNot) {
+  auto& button = b.window.make_button(L"PlayTL");
+  int pressed = 0;
+  button.on_click = [&] { ++pressed; };
+  button.set_visible(false);
+  button.press();
+  EXPECT_EQ(pressed, 1);
+  button.set_enabled(false);
+  button.press();
+  EXPECT_EQ(pressed, 1);
+}
+
+} // namespace
+} // namespace lumotune::contract

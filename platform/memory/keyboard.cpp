@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/memory/keyboard.h"
+
+#include "platform/common/reading_order.h"
+
+#include <algorithm>
+
+namespace lumotune::platform::memory {
+
+// Where the keyboard can go, and `from`, in reading order.
+std::vector<const Control*> Keyboard::round(const Control* from) const {
+  std::vector<const Control*> found;
+  std::vector<TwipsRect> places;
+  for (const Control* control : stops_) {
+    if (control != from && !reachable(*control))
+      continue;
+    found.push_back(control);
+    places.push_back(control->rect());
+  }
+  std::vector<const Control*> ordered;
+  for (const std::size_t index : reading_order(places))
+    ordered.push_back(found[index]);
+  return ordered;
+}
+
+void Keyboard::window_active(bool active) {
+  active_ = active;
+  if (!active)
+    return;
+  if (at_ == nullptr) {
+    const auto first = std::find_if(stops_.begin(), stops_.end(), [](const auto* each) { return reachable(*each); });
+    at_ = first == stops_.end() ? nullptr : *first;
+  } else if (!reachable(*at_)) {
+    leave(*at_);
+  }
+}
+
+void Keyboard::tab(bool back) {
+  const auto order = round(at_);
+  if (!active_ || order.empty())
+    return;
+  const auto found = std::find(order.begin(), order.end(), at_);
+  const auto here = static_cast<std::size_t>(found - order.begin());
+  if (found == order.end())
+    at_ = back ? order.back() : order.front();
+  else
+    at_ = order[(here + (back ? order.size() - 1 : 1)) % order.size()];
+  if (at_ != stand_in_)
+    awaited_ = stand_in_ = nullptr;
+}
+
+void Keyboard::leave(const Control& control) {
+  if (awaited_ == nullptr || &control != stand_in_)
+    awaited_ = &control;
+  const auto order = round(&control);
+  const auto here = static_cast<std::size_t>(std::find(order.begin(), order.end(), &control) - order.begin());
+  stand_in_ = order.size() < 2 ? nullptr : order[(here + 1) % order.size()];
+  at_ = stand_in_;
+}
+
+void Keyboard::reach_changed(const Control& control) {
+  if (active_ && &control == at_ && !reachable(control)) {
+    leave(control);
+  } else if (&control == awaited_ && at_ == stand_in_ && reachable(control)) {
+    at_ = &control;
+    awaited_ = stand_in_ = nullptr;
+  }
+}
+
+} // namespace lumotune::platform::memory

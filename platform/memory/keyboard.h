@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The keyboard among the controls of a window in memory, as strict as the system's.
+#pragma once
+
+#include "platform/controls.h"
+
+#include <string>
+#include <vector>
+
+namespace lumotune::platform::memory {
+
+class Keyboard {
+public:
+  Keyboard() = default;
+  Keyboard(const Keyboard&) = delete;
+  Keyboard& operator=(const Keyboard&) = delete;
+  ~Keyboard() = default;
+
+  void add_stop(const Control& control) { stops_.push_back(&control); } // in the order of making
+
+  // The control that has it; nullptr while the window is not the active one, or has none to give it to.
+  [[nodiscard]] const Control* at() const { return active_ ? at_ : nullptr; }
+  void window_active(bool active);
+  void tab(bool back);
+  void reach_changed(const Control& control); // it was shown, hidden, enabled or disabled
+
+private:
+  [[nodiscard]] static bool reachable(const Control& control) { return control.visible() && control.enabled(); }
+  [[nodiscard]] std::vector<const Control*> round(const Control* from) const;
+  void leave(const Control& control);
+
+  std::vector<const Control*> stops_;
+  const Control* at_ = nullptr;
+  const Control* awaited_ = nullptr; // went out of reach with the keyboard, which waits for it at the stand-in
+  const Control* stand_in_ = nullptr;
+  bool active_ = false;
+};
+
+} // namespace lumotune::platform::memory

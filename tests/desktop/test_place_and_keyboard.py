@@ -1,0 +1,124 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
+"""Where the real window and the keyboard in it are: other screens, boxes, menus, hiding, the root of a drive."""
+import os
+import subprocess
+import sys
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import harness  # noqa: E402
+from desk import WINE  # noqa: E402
+from program import Program  # noqa: E402
+
+OFF = "13=#013:LTautoStart:0"
+WIDE, NARROW = (1280, 800), (800, 600)
+
+
+def screen(size):
+    """Another resolution of the only monitor."""
+    name = f"{size[0]}x{size[1]}"
+    if name not in subprocess.run(["xrandr"], capture_output=True, text=True, check=True).stdout:
+        subprocess.run(["xrandr", "--newmode", name, "40", *(str(value) for side in size for value in (side, side + 8, side + 16,
+                       side + 24))], check=True)
+        subprocess.run(["xrandr", "--addmode", "screen", name], check=True)
+    subprocess.run(["xrandr", "--output", "screen", "--mode", name, "--fb", name], check=False, stderr=subprocess.DEVNULL)
+
+
+def colour(x, y):
+    shot = subprocess.run(["import", "-window", "root", "-crop", f"1x1+{x}+{y}", "txt:-"], capture_output=True, text=True, check=True)
+    return shot.stdout.split("#")[-1][:6]
+
+
+class TestPlace(Program):
+    def tear_down(self):
+        screen(WIDE)
+        super().tear_down()
+
+    def inside(self, size):
+        form = self.desk.form()
+        return (form.visible and form.left >= 0 and form.top >= 0 and form.left + form.width <= size[0]
+                and form.top + form.height <= size[1])
+
+    def test_a_window_that_a_smaller_screen_leaves_outside_comes_back(self):
+        desk = self.begin(OFF, "22=#022:LTpleft:12600", "23=#023:LTptop:8250")
+        assert (desk.form().left, desk.form().top) == (840, 550)
+        screen(NARROW)
+        self.until(lambda: self.inside(NARROW), 10, str(vars(desk.form())))
+
+    def test_a_hidden_window_comes_back_when_it_is_shown(self):
+        desk = self.begin(OFF, "22=#022:LTpleft:12600", "23=#023:LTptop:8250")
+        desk.click("LineMenu_Min")
+        self.until(lambda: not desk.form().visible, 10)
+        screen(NARROW)
+        desk.second()
+        self.until(lambda: self.inside(NARROW), 10, str(vars(desk.form())))
+
+    def test_the_root_of_a_drive_is_the_programs_folder(self):
+        self.begin(OFF)
+        self.desk.close()
+        drive = os.path.join(os.environ["WINEPREFIX"], "dosdevices", "r:")
+        if not os.path.islink(drive):
+            os.symlink(self.folder, drive)
+        os.remove(self.desk.path("orb.log"))
+        # Another folder of the drive is its current one.
+        self.desk.process = subprocess.Popen([WINE, "R:\\lumotune.exe"], cwd=self.desk.path("Orb_Data"), stdin=subprocess.DEVNULL,
+                                             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.until(lambda: self.desk.form() and self.desk.visible("Control_List"), 20, "the skin and the favourites are found")
+        self.log_has("orb", "dir=R:\\ ")
+
+
+class TestKeyboard(Program):
+    def at(self):
+        return next((name for name, control in self.desk.controls().items() if control.focus and name != "Form"), None)
+
+    def tab_to(self, name):
+        for _ in range(20):
+            if self.at() == name:
+                return
+            self.desk.key("Tab")
+        raise AssertionError(f"Tab does not reach {name}")
+
+    def begin_with_keyboard(self):
+        desk = self.begin(OFF)
+        # A window manager may give the keyboard to a window only when it is clicked.
+        place = desk.controls()["LTDisplay"]
+        desk.click_at((place.left + 3, place.top + 3))
+        return desk
+
+    def test_tab_goes_the_way_the_eye_reads(self):
+        desk = self.begin_with_keyboard()
+        self.tab_to("LineMenu_OnTop")
+        for name in ("LineMenu_Min", "LineMenu_End", "Control_List", "Control_Play", "Control_Volume", "Control_Sat", "Control_Rec",
+                     "Control_ShowUser", "Control_Menu", "Orbwww", "LineMenu_OnTop"):
+            desk.key("Tab")
+            if name == "Control_Play" and not desk.controls()["Control_Play"].enabled:
+                continue
+            assert self.at() == name, (self.at(), name)
+            if name.startswith("Control_") and name != "Control_List":
+                control = desk.controls()[name]
+                assert colour(control.left, control.top) == "FFFFFF", f"{name} is seen to have the keyboard"
+        desk.key("shift+Tab")
+        assert self.at() == "Orbwww", self.at()
+
+    def test_it_survives_a_menu_a_box_and_hiding(self):
+        desk = self.begin_with_keyboard()
+        self.tab_to("Control_Menu")
+        desk.key("space")
+        self.until(desk.menus, 10, "the menu opens")
+        desk.key("Escape")
+        self.until(lambda: not desk.menus(), 10)
+        assert self.at() == "Control_Menu", self.at()
+        self.tab_to("Control_List")
+        desk.key("Down", "Menu")
+        self.until(desk.menus, 10, "the menu of the favourite opens")
+        desk.key("Up", "Return")
+        self.box("Rádio bylo ostraněno z oblíbených.")
+        self.until(lambda: self.at() == "Control_List", 10, str(self.at()))
+        icon = self.tray_icon()
+        desk.click_at(icon)
+        self.until(lambda: not desk.form().visible, 10)
+        desk.click_at(self.tray_icon())
+        self.until(lambda: desk.form().visible and self.at() == "Control_List", 10, str(self.at()))
+
+
+if __name__ == "__main__":
+    harness.run(TestPlace, TestKeyboard)
