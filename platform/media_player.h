@@ -30,7 +30,7 @@ public:
   MediaPlayer& operator=(const MediaPlayer&) = delete;
   virtual ~MediaPlayer() = default;
 
-  // The address to play: http, https, mms, rtsp, file address or a path of this machine. While a stream plays, a new
+  // The address to play: http, https, mms, file address or a path of this machine. While a stream plays, a new
   // address stops it; sound starts again with `play`, or at once where automatic start is on (which it is when made).
   // What `origin` does not allow is never opened; the status then says that the address is of an unknown kind.
   virtual void set_url(const std::wstring& url, AddressOrigin origin) = 0;

@@ -141,8 +141,9 @@ std::string share_of(std::string_view path) {
   return folded.substr(0, share_end + 1);
 }
 
+// Not rtsp, rtp or udp: these open ports of this machine, which ones an answer may say.
 bool is_network(const std::string& scheme) {
-  constexpr std::array<std::string_view, 8> known = {"http", "https", "mms", "mmsh", "mmst", "rtsp", "rtp", "udp"};
+  constexpr std::array<std::string_view, 5> known = {"http", "https", "mms", "mmsh", "mmst"};
   return std::find(known.begin(), known.end(), scheme) != known.end();
 }
 
@@ -166,13 +167,9 @@ bool may_open(std::string_view address, platform::AddressOrigin origin) {
     return false;
   if (kind == AddressKind::local && has_control(local_path(address))) // "%0A"
     return false;
-  if (origin == platform::AddressOrigin::listener)
+  if (kind == AddressKind::network || origin == platform::AddressOrigin::listener)
     return true;
-  if (kind == AddressKind::local)
-    return origin == platform::AddressOrigin::message && is_plain_path(local_path(address));
-  // These open ports of this machine.
-  const std::string scheme = scheme_of(trimmed(address));
-  return scheme != "rtsp" && scheme != "rtp" && scheme != "udp";
+  return origin == platform::AddressOrigin::message && is_plain_path(local_path(address));
 }
 
 platform::AddressOrigin origin_of_entry(std::string_view list, platform::AddressOrigin list_origin,

@@ -16,7 +16,7 @@ enum class AddressKind { none, network, local, unsupported };
 // FFmpeg would cut a longer one and open what is left.
 inline constexpr std::size_t max_address_bytes = 4000;
 
-// No scheme, a drive letter and file addresses are local; http, https, mms, rtsp and rtp come from the network. One
+// No scheme, a drive letter and file addresses are local; http, https and mms come from the network. One
 // that is too long or holds control characters, which could add lines to a request, is unsupported.
 [[nodiscard]] AddressKind address_kind(std::string_view address);
 

@@ -11,14 +11,14 @@ using Addresses = std::vector<std::string>;
 TEST(Address, HasAKind) {
   EXPECT_EQ(address_kind(""), AddressKind::none);
   EXPECT_EQ(address_kind(" \r\n"), AddressKind::none);
-  for (const char* each : {"http://a/", "HTTPS://a/", "mms://a/", "mmsh://a/", "mmst://a/", "rtsp://a/", " http://a/ "})
+  for (const char* each : {"http://a/", "HTTPS://a/", "mms://a/", "mmsh://a/", "mmst://a/", " http://a/ "})
     EXPECT_EQ(address_kind(each), AddressKind::network) << each;
   for (const char* each : {"C:\\x.mp3", "c:/x", "/home/x", "file:///x", "x.mp3", "Složka: x"})
     EXPECT_EQ(address_kind(each), AddressKind::local) << each;
   // Protocols that FFmpeg knows and that a station list must not reach.
   for (const char* each : {"concat:a|b", "pipe:0", "subfile,,start,0,end,1,,:x", "ftp://a/", "javascript:x"})
     EXPECT_NE(address_kind(each), AddressKind::network) << each;
-  for (const char* each : {"concat:a|b", "pipe:0", "ftp://a/", "javascript:x"})
+  for (const char* each : {"concat:a|b", "pipe:0", "ftp://a/", "javascript:x", "rtsp://a/", "rtp://a/", "udp://a:1"})
     EXPECT_EQ(address_kind(each), AddressKind::unsupported) << each;
 }
 
@@ -118,7 +118,7 @@ TEST(Reach, OfAMessageIsNoDevice) {
 }
 
 TEST(Reach, OfTheListenerIsHisOwn) {
-  for (const char* each : {"\\\\nas\\music\\x.mp3", "x.mp3", "C:\\x", "file://nas/music/x", "rtsp://a/", "http://a/"})
+  for (const char* each : {"\\\\nas\\music\\x.mp3", "x.mp3", "C:\\x", "file://nas/music/x", "http://a/"})
     EXPECT_TRUE(may_open(each, Origin::listener)) << each;
   for (const char* each :
        {"concat:a|b", "data:x", "pipe:0", "ftp://a/", "", "file:///C:/a%0Ab", "file:%0a[", "C:\\a\nb"})
