@@ -2,11 +2,12 @@
 // Programs that are really started: this one, a second time, which then reports what it was given.
 #include "tests/contract/fixture_win32.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <string>
+#include <thread>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 namespace lumotune::contract {
 namespace {
@@ -158,8 +159,9 @@ TEST_F(Win32Shell, TheSystemsOwnProgramsAreFound) {
 
 TEST(Win32Machine, ASecondCopyKnowsOfTheFirst) {
   const platform::win32::Win32Machine first;
-  const platform::win32::Win32Machine second;
-  EXPECT_TRUE(second.previous_instance());
+  bool previous = false;
+  std::thread([&] { previous = platform::win32::Win32Machine().previous_instance(); }).join(); // a mark is a thread's
+  EXPECT_TRUE(previous);
   const std::wstring path = program_path();
   EXPECT_EQ(first.program_folder(), path.substr(0, path.find_last_of(L'\\')));
 }
