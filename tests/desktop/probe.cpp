@@ -11,16 +11,20 @@
 //   probe command N       sends the main window the command of a keyboard's or remote control's special key
 //   probe close [WINDOW]   asks the main window to close, as the system does
 //   probe endsession      tells the main window that the session ends
+//   probe flood FILE      sends the main window commands as fast as it takes them, until FILE exists, for a minute at
+//   most; tells how many a second
 // Everything is UTF-8 and separated by tabs; tabs and line ends inside texts become blanks.
 #include <windows.h>
 
 #include <commctrl.h>
 
+#include <atomic>
 #include <cstdio>
 #include <cstring>
 #include <cwchar>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -305,6 +309,37 @@ int for_boxes(const wchar_t* button) {
   return found;
 }
 
+// From several threads, so that a command waits whenever one was taken.
+int flood(const wchar_t* until) {
+  constexpr int senders = 4;
+  constexpr ULONGLONG longest_ms = 60000;
+  const HWND window = main_window();
+  const ULONGLONG begun = GetTickCount64();
+  std::atomic<unsigned> sent = 0;
+  std::atomic<bool> over = false;
+  std::vector<std::thread> threads;
+  for (int i = 0; i < senders; ++i) {
+    threads.emplace_back([&] {
+      char text[] = "idk:1";
+      COPYDATASTRUCT command{1, sizeof text - 1, text};
+      while (!over) {
+        DWORD_PTR taken = 0;
+        if (SendMessageTimeoutW(window, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&command), SMTO_NORMAL, 5000,
+                                &taken) != 0)
+          ++sent;
+      }
+    });
+  }
+  while (GetFileAttributesW(until) == INVALID_FILE_ATTRIBUTES && GetTickCount64() - begun < longest_ms)
+    Sleep(10);
+  const ULONGLONG lasted = GetTickCount64() - begun;
+  over = true;
+  for (std::thread& thread : threads)
+    thread.join();
+  std::printf("%u\t%u\n", sent.load(), static_cast<unsigned>(sent * 1000ULL / (lasted + 1)));
+  return 0;
+}
+
 } // namespace
 
 int wmain(int count, wchar_t** words) {
@@ -334,6 +369,8 @@ int wmain(int count, wchar_t** words) {
     return for_boxes(nullptr);
   if (what == L"press" && count > 2)
     return for_boxes(words[2]);
+  if (what == L"flood" && count > 2)
+    return flood(words[2]);
   if (what == L"close" && count > 2)
     window_name = words[2];
   if (what == L"close")

@@ -7,11 +7,12 @@ import shutil
 import signal
 import subprocess
 import sys
+import tempfile
 import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import TOP, WINE, Desk, Sound, wait_for  # noqa: E402
+from desk import PROBE, TOP, WINE, Desk, Sound, wait_for  # noqa: E402
 from program import Program  # noqa: E402
 
 PLANTED = os.path.join(TOP, "build", "windows", "tests", "desktop", "planted.dll")
@@ -102,6 +103,34 @@ class TestEdges(Program):
         self.hear(440)
         with hanging(*sound_server(), *self.client()):
             self.ends_in_time()
+
+    def memory(self):
+        """Of the program, in kB."""
+        with open(f"/proc/{self.desk.process.pid}/status", encoding="ascii") as source:
+            return int(next(line.split()[1] for line in source if line.startswith("VmRSS:")))
+
+    def test_a_flood_of_commands_leaves_the_window_to_its_user(self):
+        desk = self.begin()
+        self.hear(440)
+        before = self.memory()
+        over = desk.path("flood.over")
+        with tempfile.TemporaryFile() as out:
+            flood = subprocess.Popen([WINE, PROBE, "flood", "flood.over"], cwd=desk.folder, stdin=subprocess.DEVNULL,
+                                     stdout=out, stderr=subprocess.DEVNULL)
+            try:
+                for caption in ("Zapnout", "Stop"):
+                    desk.click("Control_Play")
+                    self.until(lambda: desk.text("Control_Play") == caption, 20, f"no click is obeyed: {caption}")
+                self.hear(440)
+                assert flood.poll() is None, "the flood was over before the clicks were obeyed"
+                grown = self.memory() - before
+            finally:
+                open(over, "wb").close()
+                flood.wait(30)
+            out.seek(0)
+            sent, a_second = out.read().split()
+        print(f"{int(sent)} commands, {int(a_second)} a second, memory grew by {grown} kB", flush=True)
+        assert int(sent) > 1000 and grown < 16 * 1024
 
     def test_a_start_during_the_end_waits_for_it(self):
         desk = self.begin()

@@ -99,6 +99,9 @@ TEST_F(ListRadiosUpdate, SeveralAdvertisementsAskForOnePage) {
   bring(list);
   ASSERT_EQ(browser.visited.size(), 2U);
   EXPECT_EQ(browser.visited[1], L"http://jiny/10") << "those behind the tenth are left out";
+  Command1().press();
+  bring("orb:i:0/@//@/50/@/zprava\r\n");
+  EXPECT_EQ(browser.visited.size(), 2U) << "a list without an advertisement asks for none";
 }
 
 TEST_F(ListRadiosUpdate, ClosingWhileTheProbeIsReadEndsTheReading) {

@@ -36,6 +36,7 @@ TEST_F(MenuSettingsTest, QualitiesPlayFirstAndAreKeptThen) {
     w.form.PlayTL.set_text(L"Zapnout");
     w.use(L"LT_MenuPlRaria_K_" + digit);
     EXPECT_EQ(w.player.url(), addresses[static_cast<std::size_t>(number) - 1]);
+    EXPECT_EQ(w.player.origin(), platform::AddressOrigin::station);
     EXPECT_EQ(w.player.calls.back(), L"play");
     EXPECT_EQ(w.settings.KvalitaLT, digit);
     EXPECT_TRUE(w.tree.item(L"LT_MenuPlRaria_K_" + digit).checked);
