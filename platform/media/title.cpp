@@ -90,8 +90,7 @@ bool is_control(wchar_t c) {
 }
 
 bool is_first_half(wchar_t c) {
-  const auto code = static_cast<char32_t>(c) & 0xffff;
-  return sizeof(wchar_t) == 2 && code >= 0xd800 && code < 0xdc00;
+  return sizeof(wchar_t) == 2 && (c & 0xfc00) == 0xd800;
 }
 
 // Never between the halves of a pair.
