@@ -160,7 +160,7 @@ void Win32Window::set_visible(bool visible) {
     ShowWindow(window_, SW_HIDE);
     return;
   }
-  shown_at_ = GetTickCount();
+  settling_since_ = GetTickCount();
   look_at_screen();
   come_into_view();
   place_first();
@@ -199,8 +199,9 @@ WindowState Win32Window::state() const {
   return IsIconic(window_) != 0 ? WindowState::minimized : WindowState::normal;
 }
 
-// Just after it was shown, a window may be put somewhere else by a window manager that did not ask the user: it goes
-// back. Whatever else moves it is right: the user, and tools, which are other programs and send their wish.
+// Just after it was shown, or brought back into view, a window may be put somewhere else by a window manager that did
+// not ask the user: it goes back. Whatever else moves it is right: the user, and tools, which are other programs and
+// send their wish.
 void Win32Window::note_place() {
   RECT place{};
   constexpr LONG far_off = -30000; // where a minimised window is kept
@@ -208,8 +209,8 @@ void Win32Window::note_place() {
   if (!placed_ || IsIconic(window_) != 0 || GetWindowRect(window_, &place) == 0 || place.left <= far_off ||
       place.top <= far_off)
     return;
-  const bool settling =
-      visible() && !dragging_ && GetTickCount() - shown_at_ < settling_ms && InSendMessageEx(nullptr) == ISMEX_NOSEND;
+  const bool settling = visible() && !dragging_ && GetTickCount() - settling_since_ < settling_ms &&
+                        InSendMessageEx(nullptr) == ISMEX_NOSEND;
   if (!settling)
     place_ = {place.left, place.top};
   else if (place.left != place_.x || place.top != place_.y)
@@ -276,6 +277,7 @@ void Win32Window::come_into_view() {
   if (in_view(area, pixels(piece_to_hold, dpi_)) && (chosen || mostly_in_view(area)))
     return;
   place_ = place_in_view(area);
+  settling_since_ = GetTickCount(); // a window manager answers a new screen with a place of its own
   if (placed_ && IsIconic(window_) == 0)
     SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

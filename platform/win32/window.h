@@ -74,7 +74,7 @@ private:
   Picture background_;
   std::wstring background_path_;
   bool topmost_ = false;
-  DWORD shown_at_ = 0;          // tick count
+  DWORD settling_since_ = 0;    // tick count
   RECT screen_{};               // of all monitors: corner and size
   bool screen_changed_ = false; // since it last came into view
   bool dragging_ = false;
