@@ -2,7 +2,7 @@
 """Runs test methods one after the other and writes a JUnit file. A failed one leaves a picture beside it.
 
 A whole desktop on a busy machine stumbles now and then: a test that fails is told so and tried once more, and only the second
-failure counts.
+failure counts. Names of such tests go to a file beside the results, which the sum tells.
 """
 import inspect
 import os
@@ -31,7 +31,7 @@ def attempt(case, name, path):
 
 def run(*cases):
     path, chosen = sys.argv[1], sys.argv[2:]
-    suite, failed = xml.Element("testsuite", name=os.path.basename(path)[:-4]), 0
+    suite, failed, twice = xml.Element("testsuite", name=os.path.basename(path)[:-4]), 0, []
     for case in cases:
         for name, _ in inspect.getmembers(case, inspect.isfunction):
             if not name.startswith("test_") or (chosen and name not in chosen):
@@ -41,6 +41,7 @@ def run(*cases):
             wrong = attempt(case, name, path)
             if wrong:
                 print(f"stumbled, once more: {name}\n{wrong}", flush=True)
+                twice.append(name)
                 wrong = attempt(case, name, path)
             if wrong:
                 failed += 1
@@ -49,5 +50,7 @@ def run(*cases):
             else:
                 print(f"ok {name} ({time.monotonic() - started:.1f} s)", flush=True)
             row.set("time", f"{time.monotonic() - started:.2f}")
+    with open(path[:-4] + ".twice", "w", encoding="utf-8") as file:
+        file.writelines(f"{name}\n" for name in twice)
     xml.ElementTree(suite).write(path)
     sys.exit(1 if failed else 0)

@@ -175,9 +175,9 @@ TEST_F(HlsTest, ThatStandsStillIsLost) {
   options.timeout_ms = 30000;
   const Opened opened = open(radio.url("/list/still.m3u8?target=1"));
   ASSERT_NE(opened.source, nullptr);
-  const Heard heard = hear(*opened.source, 60, 20s);
+  const Heard heard = hear(*opened.source, 60, 25s);
   EXPECT_EQ(heard.last, ReadResult::lost);
-  EXPECT_LT(heard.took, 8s);
+  EXPECT_LT(heard.took, 20s);
 }
 
 TEST_F(HlsTest, WithoutEndIsRefusedAsItIsRead) {

@@ -65,8 +65,8 @@ std::map<std::string, std::string> HostileRadio::tls(std::string& root) {
 SourceTest::SourceTest() {
   av_log_set_level(AV_LOG_QUIET);
   options.user_agent = "Test/1";
-  options.timeout_ms = 1000;
-  options.open_limit_ms = 5000;
+  options.timeout_ms = 2000;
+  options.open_limit_ms = 10000;
   options.interrupted = [this] { return Clock::now() > give_up_; };
 }
 

@@ -71,6 +71,13 @@ protected:
     pass(200);
   }
 
+  // Why it is not up, for messages.
+  [[nodiscard]] std::string server_log() const {
+    std::ifstream log(folder_ / "e.log");
+    return "no Icecast at " + host_ + ":" + std::to_string(port_) + "\n" +
+           std::string(std::istreambuf_iterator<char>(log), {});
+  }
+
   bool up_ = false;
   Process feeder_;
 
@@ -94,13 +101,11 @@ private:
     config.close();
     server_ = Process({"icecast2", "-c", folder + "/icecast.xml"});
     // An answer, not only a connection: a port that nobody listens on yet may connect to itself.
-    up_ = until(
-        [this] {
-          Process curl({"curl", "-s", "-o", "/dev/null", "-w", "%{http_code}\n",
-                        "http://" + host_ + ":" + std::to_string(port_) + "/status-json.xsl"});
-          return curl.read_line().substr(0, 1) == "2";
-        },
-        5000);
+    up_ = until([this] {
+      Process curl({"curl", "-s", "-o", "/dev/null", "-w", "%{http_code}\n",
+                    "http://" + host_ + ":" + std::to_string(port_) + "/status-json.xsl"});
+      return curl.read_line().substr(0, 1) == "2";
+    });
   }
 
   std::filesystem::path folder_;
@@ -112,7 +117,7 @@ private:
 class IcecastFormat : public Icecast, public ::testing::WithParamInterface<Station> {};
 
 TEST_P(IcecastFormat, PlaysItsTone) {
-  ASSERT_TRUE(up_) << "no Icecast";
+  ASSERT_TRUE(up_) << server_log();
   feed(GetParam());
   play(url(GetParam())); // it is not there yet: that is retried
   EXPECT_TRUE(until_hears(GetParam().hertz)) << told();
@@ -123,7 +128,7 @@ INSTANTIATE_TEST_SUITE_P(All, IcecastFormat, ::testing::ValuesIn(stations),
                          [](const auto& parameter) { return std::string(parameter.param.name); });
 
 TEST_F(Icecast, TellsTheTitle) {
-  ASSERT_TRUE(up_) << "no Icecast";
+  ASSERT_TRUE(up_) << server_log();
   feed(stations[0]);
   play(url(stations[0]));
   ASSERT_TRUE(until_hears(stations[0].hertz)) << told();
@@ -132,7 +137,7 @@ TEST_F(Icecast, TellsTheTitle) {
 }
 
 TEST_F(Icecast, ComesBackWithItsSource) {
-  ASSERT_TRUE(up_) << "no Icecast";
+  ASSERT_TRUE(up_) << server_log();
   feed(stations[0]);
   play(url(stations[0]));
   ASSERT_TRUE(until_hears(stations[0].hertz)) << told();

@@ -97,7 +97,7 @@ TEST_F(TlsTest, AHandshakeThatDiesIsGivenUp) {
     EXPECT_EQ(opened.source, nullptr) << kind;
     EXPECT_EQ(opened.trouble, Trouble::not_answering) << kind;
     EXPECT_FALSE(opened.unverified) << kind;
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, 4s) << kind;
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 20s) << kind;
   }
 }
 
