@@ -7,7 +7,6 @@
 #include <array>
 #include <exception>
 #include <string_view>
-#include <thread>
 #include <utility>
 
 namespace lumotune::media {
@@ -78,7 +77,7 @@ bool IoOpen::wait_for_turn(const std::string& address) {
   while (OpenPace::Clock::now() < turn) {
     if (watch_.stops())
       return false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(20)); // FFmpeg waits for a list in the same way
+    (void)av_usleep(20000); // FFmpeg waits for a list in the same way
   }
   return true;
 }

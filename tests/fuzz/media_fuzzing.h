@@ -5,6 +5,7 @@
 #include "platform/media/decoder.h"
 #include "platform/media/source.h"
 #include "tests/fuzz/fuzzing.h"
+#include "tests/fuzz/virtual_time.h"
 
 #include <chrono>
 #include <cstddef>
@@ -47,12 +48,12 @@ inline void decode_some(media::Source& source) {
 // `answers` are what the openings get, one after the other; further ones fail.
 inline void play(const std::string& address, std::vector<std::string> answers) {
   using Clock = std::chrono::steady_clock;
-  const auto end = Clock::now() + std::chrono::milliseconds(200);
+  const auto end = Clock::now() + std::chrono::seconds(20);
   std::size_t openings = 0;
   media::OpenBudget budget;
   media::SourceOptions options;
   options.budget = &budget;
-  options.open_limit_ms = 200;
+  options.open_limit_ms = 5000;
   options.interrupted = [end] { return Clock::now() > end; };
   options.memory = [&](const std::string& named) -> std::optional<std::string> {
     demand(named.find("://") != std::string::npos && named.find("file:") != 0);
