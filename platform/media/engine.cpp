@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <thread>
 #include <utility>
 
@@ -21,8 +22,7 @@ constexpr std::uint32_t start_level_ms = 200; // sound begins with that much
 constexpr std::uint32_t rebuffer_level_ms =
     1000; // and goes on with that much after it ran dry, twice as much next time
 constexpr std::uint32_t highest_level_ms = 4000;
-constexpr std::size_t max_titles = 32; // that wait for their moment, of the few seconds that the ring holds
-constexpr auto announce_for = 3000ms;  // what is to be known of a station stands before its title for that long
+constexpr auto announce_for = 3000ms; // what is to be known of a station stands before its title for that long
 
 std::uint32_t wanted_level_ms(std::uint32_t underruns) {
   if (underruns == 0)
@@ -326,7 +326,7 @@ bool Engine::pump(Source& source, Decoder& decoder, Attempt& result) {
   if (decoder.sample_rate() != 0)
     status_.hertz = decoder.sample_rate();
   if (auto title = source.new_title())
-    queue_title(std::move(*title));
+    coming_titles_.add(mixer.ring.written(), std::move(*title));
   correct_drift(decoder, source.live());
   tend();
   rest(source.live());
@@ -381,20 +381,11 @@ void Engine::let_flow() {
   device.flow();
 }
 
-// A stream may send a title with every packet: the newest ones are worth most.
-void Engine::queue_title(std::wstring title) {
-  const std::uint64_t place = mixer.ring.written();
-  if (!coming_titles_.empty() && (coming_titles_.back().first == place || coming_titles_.size() >= max_titles))
-    coming_titles_.pop_back();
-  coming_titles_.emplace_back(place, std::move(title));
-}
-
 // Until sound flows the newest title is the right one; then each has its moment.
 void Engine::show_due_title() {
-  while (!coming_titles_.empty() && (!mixer.flows() || coming_titles_.front().first <= mixer.ring.consumed())) {
-    status_.title = std::move(coming_titles_.front().second);
-    coming_titles_.pop_front();
-  }
+  const std::uint64_t played = mixer.flows() ? mixer.ring.consumed() : std::numeric_limits<std::uint64_t>::max();
+  if (auto title = coming_titles_.take_due(played))
+    status_.title = std::move(*title);
 }
 
 // Lets sound flow when there is enough of it, and says what is going on. Called often, also from inside FFmpeg's waits.

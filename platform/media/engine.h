@@ -10,16 +10,15 @@
 #include "platform/media/mixer.h"
 #include "platform/media/retry.h"
 #include "platform/media/source.h"
+#include "platform/media/title_queue.h"
 
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <mutex>
 #include <random>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace lumotune::media {
@@ -79,7 +78,6 @@ private:
   [[nodiscard]] bool interrupted() noexcept;
   [[nodiscard]] Attempt stream(Source& source);
   [[nodiscard]] bool pump(Source& source, Decoder& decoder, Attempt& result);
-  void queue_title(std::wstring title);
   void write(const float* frames, std::size_t count);
   void rest(bool live);
   void drain();
@@ -113,7 +111,7 @@ private:
   std::minstd_rand random_;
 
   // Titles are shown when they are heard: each with the place in the ring where it begins. At most `max_titles`.
-  std::deque<std::pair<std::uint64_t, std::wstring>> coming_titles_;
+  TitleQueue coming_titles_;
 
   // Outlives the engine, so that its end can be told after it is gone.
   struct End {

@@ -2,6 +2,7 @@
 // Calls that never return, memory that is not there, wishes by the thousand: the caller is never kept, and nothing
 // grows.
 #include "platform/media/engine.h"
+#include "platform/media/ffmpeg.h"
 #include "tests/media/player_rig.h"
 
 #include <algorithm>
@@ -185,6 +186,16 @@ TEST_F(Hang, WhatIsThrownInAnOpeningIsATroubleThatPasses) {
   ASSERT_TRUE(until_said(L"Přehrávání selhalo, další pokus za ")) << told();
   *throws = false;
   EXPECT_TRUE(until_hears(440)) << told();
+}
+
+// Whatever a header claims to hold.
+TEST_F(Hang, NothingTakesMoreThan64MiBAtOnce) {
+  void* usual = av_malloc(std::size_t{60} << 20U);
+  EXPECT_NE(usual, nullptr);
+  av_free(usual);
+  void* huge = av_malloc((std::size_t{64} << 20U) + 1);
+  EXPECT_EQ(huge, nullptr);
+  av_free(huge);
 }
 
 // Throws on the worker's thread, in whatever it reports.

@@ -2,12 +2,15 @@
 #include "platform/media/drift.h"
 #include "platform/media/open_budget.h"
 #include "platform/media/retry.h"
+#include "platform/media/title_queue.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <numeric>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
@@ -22,6 +25,28 @@ std::vector<std::uint32_t> delays(RetryPolicy& retry, int count, double random) 
   for (int i = 0; i < count; ++i)
     all.push_back(retry.next_delay_ms(random));
   return all;
+}
+
+TEST(TitleQueue, EachTitleHasItsMoment) {
+  TitleQueue titles;
+  titles.add(100, L"a");
+  titles.add(200, L"b");
+  titles.add(300, L"c");
+  EXPECT_EQ(titles.take_due(99), std::nullopt);
+  EXPECT_EQ(titles.take_due(100), L"a");
+  EXPECT_EQ(titles.take_due(100), std::nullopt);
+  EXPECT_EQ(titles.take_due(300), L"c");
+  EXPECT_EQ(titles.size(), 0U);
+}
+
+TEST(TitleQueue, AFloodKeepsTheNewest) {
+  TitleQueue titles;
+  titles.add(0, L"first");
+  for (std::uint64_t frame = 0; frame < 100000; ++frame)
+    titles.add(frame, std::to_wstring(frame));
+  EXPECT_EQ(titles.size(), TitleQueue::most);
+  EXPECT_EQ(titles.take_due(0), L"0");
+  EXPECT_EQ(titles.take_due(100000), L"99999");
 }
 
 TEST(Retry, WaitsLongerEachTimeAndNeverGivesUp) {
