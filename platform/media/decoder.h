@@ -4,6 +4,7 @@
 
 #include "platform/media/ffmpeg.h"
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <vector>
@@ -35,6 +36,10 @@ public:
   void compensate(int thousandths);
   // What the frames really are; 0 before the first.
   [[nodiscard]] int sample_rate() const { return in_rate_; }
+  // How long that many of the frames that the sink takes last.
+  [[nodiscard]] std::chrono::microseconds duration(std::size_t frames) const {
+    return std::chrono::microseconds(frames * 1'000'000 / static_cast<std::size_t>(out_rate_));
+  }
 
 private:
   [[nodiscard]] bool receive(const Sink& sink);

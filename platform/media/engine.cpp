@@ -294,7 +294,9 @@ Engine::Attempt Engine::stream(Source& source) {
 
 // One packet; false when the stream is over, for the reason in `result`.
 bool Engine::pump(Source& source, Decoder& decoder, Attempt& result) {
-  const auto sink = [this](const float* frames, std::size_t count) {
+  std::size_t decoded = 0;
+  const auto sink = [&, this](const float* frames, std::size_t count) {
+    decoded += count;
     write(frames, count);
     return !superseded();
   };
@@ -322,6 +324,7 @@ bool Engine::pump(Source& source, Decoder& decoder, Attempt& result) {
     result = {Outcome::failed, Trouble::unknown_format};
     return false;
   }
+  source.brought(decoder.duration(decoded));
   status_.unverified = source.unverified();
   if (decoder.sample_rate() != 0)
     status_.hertz = decoder.sample_rate();

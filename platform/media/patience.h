@@ -16,13 +16,16 @@ public:
 
   // The longest that the next read may take.
   [[nodiscard]] Time left() const { return window_ - waited_; }
-  // After a read that took `waited` and brought that much sound. False when it is over.
-  [[nodiscard]] bool note(Time waited, Time sound) {
-    waited_ += waited;
+  // After a read that took that long. False when it is over.
+  [[nodiscard]] bool waited(Time time) {
+    waited_ += time;
+    return waited_ < window_;
+  }
+  // What was decoded of it: a packet's own word for its length may be a lie.
+  void brought(Time sound) {
     sound_ += sound;
     if (sound_ >= window_ / 4)
       waited_ = sound_ = Time(0);
-    return waited_ < window_;
   }
 
 private:

@@ -190,19 +190,6 @@ int Source::find_sound(bool hls) {
   return 0;
 }
 
-// How much a packet plays. One that does not tell counts as enough: what it lacks shows in the next.
-Patience::Time Source::sound_of(const AVPacket& packet) const {
-  constexpr Patience::Time most = std::chrono::seconds(2); // longer ones are claims
-  if (packet.stream_index != stream_)
-    return Patience::Time(0);
-  const AVRational microseconds{1, 1000000};
-  if (packet.duration > 0)
-    return std::min(Patience::Time(av_rescale_q(packet.duration, input_->streams[stream_]->time_base, microseconds)),
-                    most);
-  const std::int64_t rate = parameters().bit_rate;
-  return rate > 0 ? std::min(Patience::Time(packet.size * std::int64_t{8000000} / rate), most) : most;
-}
-
 ReadResult Source::read(AVPacket& packet) {
   const auto begin = Clock::now();
   watch_.deadline = begin + patience_.left();
@@ -210,7 +197,7 @@ ReadResult Source::read(AVPacket& packet) {
   const auto waited = std::chrono::duration_cast<Patience::Time>(Clock::now() - begin);
   if (watch_.cancelled)
     return ReadResult::cancelled;
-  const bool goes_on = patience_.note(waited, error >= 0 ? sound_of(packet) : Patience::Time(0));
+  const bool goes_on = patience_.waited(waited);
   if (error >= 0 && goes_on)
     return packet.stream_index == stream_ ? ReadResult::packet : ReadResult::other;
   if (error == AVERROR(EAGAIN) && goes_on && !watch_.over)

@@ -42,8 +42,10 @@ public:
   Source& operator=(const Source&) = delete;
   ~Source();
 
-  // The next packet of the sound; `other` for one that is not of it.
+  // The next packet of the sound; `other` for one that is not of it. Waits only as long as its reads bring sound.
   [[nodiscard]] ReadResult read(AVPacket& packet);
+  // How much sound the packets read so far were decoded to, since it was last told.
+  void brought(Patience::Time sound) { patience_.brought(sound); }
   [[nodiscard]] const AVCodecParameters& parameters() const;
   // The title, when it changed since the last question.
   [[nodiscard]] std::optional<std::wstring> new_title();
@@ -61,7 +63,6 @@ private:
   [[nodiscard]] Kind take_hls(const std::string& address);
   [[nodiscard]] int open_format(const std::string& address, bool hls);
   [[nodiscard]] int find_sound(bool hls);
-  [[nodiscard]] Patience::Time sound_of(const AVPacket& packet) const;
   [[nodiscard]] std::optional<std::wstring> new_icy_title();
   [[nodiscard]] int icy_bit_rate() const;
 

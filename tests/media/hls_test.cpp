@@ -104,13 +104,15 @@ TEST(OpenPace, AllowsABurstAndThenARate) {
 
 TEST(Patience, WantsSoundForItsWaiting) {
   Patience patience(10s);
-  EXPECT_TRUE(patience.note(9s, 0s));
+  EXPECT_TRUE(patience.waited(9s));
   EXPECT_EQ(patience.left(), 1s);
-  EXPECT_TRUE(patience.note(0s, 2500ms)); // enough: all is forgotten
+  patience.brought(2500ms); // enough: all is forgotten
   EXPECT_EQ(patience.left(), 10s);
-  for (int i = 0; i < 9; ++i)
-    EXPECT_TRUE(patience.note(1s, 200ms));
-  EXPECT_FALSE(patience.note(1s, 200ms));
+  for (int i = 0; i < 9; ++i) {
+    EXPECT_TRUE(patience.waited(1s));
+    patience.brought(200ms);
+  }
+  EXPECT_FALSE(patience.waited(1s));
 }
 
 TEST(Reach, OfTheNetworkHasNoFiles) {

@@ -70,17 +70,20 @@ SourceTest::SourceTest() {
   options.interrupted = [this] { return Clock::now() > give_up_; };
 }
 
-Heard SourceTest::hear(Source& source, double seconds, std::chrono::milliseconds longest) {
+Heard SourceTest::hear(Source& source, double seconds, std::chrono::milliseconds longest, bool decodes) {
   Heard heard;
   const auto begin = Clock::now();
   give_up_ = begin + longest;
   const Packet packet(av_packet_alloc());
+  constexpr int bytes_a_second = 16000; // of 128 kbps
   std::size_t bytes = 0;
   while (heard.seconds_of_sound < seconds && Clock::now() < give_up_) {
     heard.last = source.read(*packet);
     bytes += static_cast<std::size_t>(packet->size);
+    if (decodes)
+      source.brought(std::chrono::microseconds(packet->size * 1'000'000LL / bytes_a_second));
     av_packet_unref(packet.get());
-    heard.seconds_of_sound = static_cast<double>(bytes) / 16000;
+    heard.seconds_of_sound = static_cast<double>(bytes) / bytes_a_second;
     if (heard.last != ReadResult::packet && heard.last != ReadResult::other)
       break;
   }

@@ -45,7 +45,7 @@ protected:
   SourceTest();
   [[nodiscard]] Opened open(const std::string& address) { return Source::open(address, options); }
   // Reads for no longer than that, and no more than that much sound.
-  [[nodiscard]] Heard hear(Source& source, double seconds, std::chrono::milliseconds longest);
+  [[nodiscard]] Heard hear(Source& source, double seconds, std::chrono::milliseconds longest, bool decodes = true);
 
   HostileRadio radio;
   SourceOptions options;

@@ -168,6 +168,15 @@ TEST_F(IoOpenTest, AServerThatDripsPacketsIsLost) {
   EXPECT_LT(heard.took, 20s);
 }
 
+// Packets in time, of whatever length they claim, that are no sound to the decoder.
+TEST_F(IoOpenTest, AServerWhosePacketsBringNoSoundIsLost) {
+  const Opened opened = open(radio.url("/packets/440.mp3?first=40000&bytes=836&ms=80"));
+  ASSERT_NE(opened.source, nullptr);
+  const Heard heard = hear(*opened.source, 60, 30s, false);
+  EXPECT_EQ(heard.last, ReadResult::lost);
+  EXPECT_LT(heard.took, 20s);
+}
+
 TEST_F(IoOpenTest, ASlowLineThatBringsSoundIsNotLost) {
   const Opened opened = open(radio.url("/packets/440.mp3?first=40000&bytes=836&ms=80")); // two thirds of its sound
   ASSERT_NE(opened.source, nullptr);
