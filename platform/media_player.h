@@ -30,8 +30,9 @@ public:
   MediaPlayer& operator=(const MediaPlayer&) = delete;
   virtual ~MediaPlayer() = default;
 
-  // The address to play: http, https, mms, file address or a path of this machine. While a stream plays, a new
+  // The address to play: http, https, mms, file address or a path of this machine. While a stream plays, another
   // address stops it; sound starts again with `play`, or at once where automatic start is on (which it is when made).
+  // The address that plays, with the same origin, changes nothing.
   // What `origin` does not allow is never opened; the status then says that the address is of an unknown kind.
   virtual void set_url(const std::wstring& url, AddressOrigin origin) = 0;
   [[nodiscard]] virtual std::wstring url() const = 0;
@@ -39,6 +40,9 @@ public:
 
   virtual void play() = 0; // starts live, never with old sound; with no address the status says so
   virtual void stop() = 0; // silence within 50 ms whatever the network does
+
+  // Whether sound is wanted, be there any or not: from `play` on until `stop` or another address.
+  [[nodiscard]] virtual bool playing() const = 0;
 
   virtual void set_volume(int percent) = 0; // clamped to 0..100, ramped without a click
   [[nodiscard]] virtual int volume() const = 0;

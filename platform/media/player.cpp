@@ -44,6 +44,8 @@ public:
   }
 
   void set_url(const std::wstring& url, platform::AddressOrigin origin) override {
+    if (wanted_ && url == url_ && origin == origin_)
+      return;
     url_ = url;
     origin_ = origin;
     if (wanted_)
@@ -67,6 +69,8 @@ public:
     wish(false, {});
     waker_->wake();
   }
+
+  [[nodiscard]] bool playing() const override { return wanted_; }
 
   void set_volume(int percent) override {
     volume_ = std::clamp(percent, 0, 100);

@@ -13,9 +13,12 @@ namespace lumotune::platform::memory {
 class MemoryMediaPlayer final : public MediaPlayer {
 public:
   void set_url(const std::wstring& url, AddressOrigin origin) override {
+    calls.push_back(L"url " + url);
+    if (playing_ && url == url_ && origin == origin_)
+      return;
     url_ = url;
     origin_ = origin;
-    calls.push_back(L"url " + url);
+    playing_ = false;
     if (auto_start_)
       play();
   }
@@ -25,8 +28,15 @@ public:
     auto_start_ = on;
     calls.push_back(on ? L"auto start on" : L"auto start off");
   }
-  void play() override { calls.emplace_back(L"play"); }
-  void stop() override { calls.emplace_back(L"stop"); }
+  void play() override {
+    calls.emplace_back(L"play");
+    playing_ = true;
+  }
+  void stop() override {
+    calls.emplace_back(L"stop");
+    playing_ = false;
+  }
+  [[nodiscard]] bool playing() const override { return playing_; }
   void set_volume(int percent) override {
     volume_ = std::clamp(percent, 0, 100);
     calls.push_back(L"volume " + std::to_wstring(percent));
@@ -34,13 +44,15 @@ public:
   [[nodiscard]] int volume() const override { return volume_; }
   void system_suspended() override { calls.emplace_back(L"suspended"); }
   void system_resumed() override { calls.emplace_back(L"resumed"); }
-  [[nodiscard]] std::wstring status() const override { return status_text; }
+  [[nodiscard]] std::wstring status() const override {
+    return !status_text.empty() ? status_text : playing_ ? L"Připojování..." : L"Zastaveno";
+  }
   [[nodiscard]] std::wstring Status1() const override { return status_columns; }
   [[nodiscard]] std::wstring warning() const override { return warning_text; }
   [[nodiscard]] std::uint64_t played_ms() const override { return played; }
 
   std::vector<std::wstring> calls;
-  std::wstring status_text;
+  std::wstring status_text; // empty says whether it plays, and no more
   std::wstring status_columns;
   std::wstring warning_text;
   std::uint64_t played = 0;
@@ -49,6 +61,7 @@ private:
   std::wstring url_;
   AddressOrigin origin_ = AddressOrigin::station;
   bool auto_start_ = true;
+  bool playing_ = false;
   int volume_ = 100;
 };
 

@@ -25,6 +25,34 @@ TEST_F(MediaPlayerContract, KeepsTheAddressAsItIs) {
   EXPECT_EQ(player->url(), L"");
 }
 
+TEST_F(MediaPlayerContract, ANewAddressEndsWhatPlaysUntilItIsPlayed) {
+  player->set_auto_start(false);
+  player->set_url(nobody, AddressOrigin::station);
+  const std::wstring stopped = player->status();
+  player->play();
+  EXPECT_NE(player->status(), stopped);
+  player->set_url(nobody + L"&c=3", AddressOrigin::station);
+  EXPECT_FALSE(player->playing());
+  EXPECT_EQ(player->status(), stopped);
+  player->play();
+  EXPECT_NE(player->status(), stopped);
+}
+
+TEST_F(MediaPlayerContract, TheAddressThatPlaysPlaysOnWhenItIsSetAgain) {
+  player->set_auto_start(false);
+  player->set_url(nobody, AddressOrigin::station);
+  EXPECT_FALSE(player->playing());
+  player->play();
+  player->set_url(nobody, AddressOrigin::station);
+  EXPECT_TRUE(player->playing());
+  player->set_url(nobody, AddressOrigin::message);
+  EXPECT_FALSE(player->playing()) << "what it may reach has changed";
+  player->play();
+  EXPECT_TRUE(player->playing());
+  player->stop();
+  EXPECT_FALSE(player->playing());
+}
+
 TEST_F(MediaPlayerContract, ClampsTheVolume) {
   for (const auto& [set, kept] : {std::pair(50, 50), std::pair(-1, 0), std::pair(101, 100), std::pair(0, 0)}) {
     player->set_volume(set);
