@@ -31,6 +31,12 @@ void ClientCommands::Hook(bool enable) {
     uses_.messages.hook({});
 }
 
+void ClientCommands::release() {
+  held_ = false;
+  if (!waiting_.empty())
+    waker_->wake();
+}
+
 void ClientCommands::receive(const platform::CopyData& data) {
   constexpr std::uint32_t text_command = 1;
   if (data.kind != text_command || waiting_.size() >= max_waiting)
@@ -41,7 +47,7 @@ void ClientCommands::receive(const platform::CopyData& data) {
   if (bytes.size() > max_command)
     return;
   waiting_.push_back(uses_.codec.decode(bytes));
-  if (!more_->running()) // which takes this one as well
+  if (!held_ && !more_->running()) // which takes this one as well
     waker_->wake();
 }
 

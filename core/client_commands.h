@@ -41,6 +41,11 @@ public:
 
   void Hook(bool enable);
 
+  // While the program starts, commands are taken in and wait: what the start tunes and plays comes before them, and
+  // they have the last word. `release` lets them run from the top of the loop.
+  void hold() { held_ = true; }
+  void release();
+
   // The command of a copy-data message; one whose kind is not 1 is ignored.
   void receive(const platform::CopyData& data);
 
@@ -53,6 +58,7 @@ private:
   Uses uses_;
   std::deque<std::wstring> waiting_;
   bool busy_ = false;
+  bool held_ = false;
   std::unique_ptr<platform::Waker> waker_;
   std::unique_ptr<platform::Timer> more_; // those that the time did not suffice for
 };

@@ -15,6 +15,7 @@ bool Startup::Form_Load() {
     return false;
   }
   settle_leftovers(uses_.files, uses_.machine.program_folder());
+  uses_.commands.hold();
   uses_.commands.Hook(true);
   uses_.player.set_auto_start(false);
   uses_.options.LoadOptions();
@@ -28,6 +29,7 @@ bool Startup::Form_Load() {
   chrome->Tray();
   play_command_line();
   start_client_if_missing();
+  uses_.commands.release();
   read_only_check_ = uses_.loop.make_timer(1, [this] { tell_what_cannot_be_saved(); });
   read_only_check_->start();
   return true;

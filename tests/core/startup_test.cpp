@@ -216,6 +216,58 @@ TEST_F(StartupTest, AnEndDuringTheLoadEndsTheLoad) {
   EXPECT_TRUE(w.shell.started.empty());
 }
 
+// A skin whose load lets a command of the client's in, as the loop does between its lines.
+struct SkinDuringWhichAClientSends final : core::SkinPort {
+  SkinDuringWhichAClientSends(CoreWorld& world, std::vector<std::string> texts)
+      : w(world), commands(std::move(texts)) {}
+  void LoadSkin(const std::wstring& /*name*/) override {
+    for (const std::string& text : commands)
+      EXPECT_EQ(w.command(text), -1) << text;
+  }
+  void ZobrazCoMas(const std::wstring& text) override { look = text; }
+  void SkinVolume(int /*percent*/) override {}
+  void load_play_picture() override {}
+  CoreWorld& w;
+  std::vector<std::string> commands;
+  std::wstring look;
+};
+
+TEST_F(StartupTest, WhatTheClientPlaysWhileTheSkinLoadsIsHeardAfterwards) {
+  struct Case {
+    std::vector<std::string> commands;
+    std::wstring url;
+  };
+  const std::vector<Case> cases = {{{"p:http://klient"}, L"http://klient"},
+                                   {{"remoteplay/@/NIKDE1/@/1/@/http://klient/@/Klient"}, L"http://klient"},
+                                   {{"id:radio2", "idk:1", "play"}, L"u1b"}};
+  for (const Case& each : cases) {
+    for (const char* auto_start : {"1", "0"}) {
+      CoreWorld fresh;
+      SkinDuringWhichAClientSends sending(fresh, each.commands);
+      fresh.startup.skin.bind(sending);
+      fresh.playback.skin.bind(sending);
+      fresh.player.set_auto_start(false);
+      fresh.set_option(13, std::string("#013:LTautoStart:") + auto_start);
+      EXPECT_TRUE(fresh.startup.Form_Load());
+      fresh.loop.run_pending();
+      EXPECT_EQ(fresh.player.url(), each.url) << auto_start;
+      EXPECT_TRUE(fresh.player.playing()) << each.commands[0] << " " << auto_start;
+      EXPECT_EQ(fresh.form.PlayTL.text(), L"Stop");
+      EXPECT_EQ(sending.look, L"Stop") << "the pictures fit the caption";
+    }
+  }
+}
+
+TEST_F(StartupTest, WhatTheClientPlaysDuringTheLoadReplacesTheCommandLine) {
+  SkinDuringWhichAClientSends sending(w, {"p:http://klient"});
+  w.startup.skin.bind(sending);
+  w.machine.arguments = L"http://z prikazu";
+  EXPECT_TRUE(w.startup.Form_Load());
+  w.loop.run_pending();
+  EXPECT_EQ(w.player.url(), L"http://klient");
+  EXPECT_TRUE(w.player.playing());
+}
+
 TEST_F(StartupTest, TheAutoStartFlagIsTheTextOneAlone) {
   for (const char* off : {"", "2", "ano", "11"}) {
     CoreWorld other;

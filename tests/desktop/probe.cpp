@@ -11,8 +11,9 @@
 //   probe command N       sends the main window the command of a keyboard's or remote control's special key
 //   probe close [WINDOW]   asks the main window to close, as the system does
 //   probe endsession      tells the main window that the session ends
-//   probe flood FILE      sends the main window commands as fast as it takes them, until FILE exists, for a minute at
-//   most; tells how many a second
+//   probe early TEXT      looks for a window captioned "Lumotune" without a pause, for half a minute at most, and sends
+//   it TEXT the moment that it is there; 0 when it was answered probe flood FILE      sends the main window commands as
+//   fast as it takes them, until FILE exists, for a minute at most; tells how many a second
 // Everything is UTF-8 and separated by tabs; tabs and line ends inside texts become blanks.
 #include <windows.h>
 
@@ -340,6 +341,19 @@ int flood(const wchar_t* until) {
   return 0;
 }
 
+int send_early(const std::wstring& text) {
+  constexpr ULONGLONG longest_ms = 30000;
+  const ULONGLONG begun = GetTickCount64();
+  HWND window = nullptr;
+  while (window == nullptr && GetTickCount64() - begun < longest_ms)
+    window = FindWindowA(nullptr, "Lumotune");
+  std::string bytes = utf8(text);
+  COPYDATASTRUCT command{1, static_cast<DWORD>(bytes.size()), bytes.data()};
+  DWORD_PTR answer = 0;
+  SendMessageTimeoutW(window, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&command), SMTO_NORMAL, 20000, &answer);
+  return answer == static_cast<DWORD_PTR>(-1) ? 0 : 1;
+}
+
 } // namespace
 
 int wmain(int count, wchar_t** words) {
@@ -369,6 +383,8 @@ int wmain(int count, wchar_t** words) {
     return for_boxes(nullptr);
   if (what == L"press" && count > 2)
     return for_boxes(words[2]);
+  if (what == L"early" && count > 2)
+    return send_early(words[2]);
   if (what == L"flood" && count > 2)
     return flood(words[2]);
   if (what == L"close" && count > 2)

@@ -8,7 +8,7 @@ import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import TOP, WINE, Desk, Sound, wait_for, wine  # noqa: E402
+from desk import PROBE, TOP, WINE, Desk, Sound, wait_for, wine  # noqa: E402
 from program import BY_ID, Program  # noqa: E402
 
 
@@ -146,6 +146,21 @@ class TestClient(Program):
         desk.click("LineMenu_End")
         assert desk.ended()
         assert desk.options()[12] == "#012:LTLast:NIKDE1/1"
+
+    def test_what_is_sent_at_the_first_look_up_is_heard(self):
+        for auto_start in ("1", "0"):
+            for command, station in (("p:" + self.radio.address(BY_ID["LUMO05"].path(1)), BY_ID["LUMO05"]),
+                                     ("remoteplay/@/NIKDE1/@/1/@/" + self.radio.address(BY_ID["LUMO03"].path(1)) + "/@/x",
+                                      BY_ID["LUMO03"])):
+                self.desk = desk = Desk(self.folder, self.radio, ["13=#013:LTautoStart:" + auto_start])
+                with subprocess.Popen([WINE, PROBE, "early", command], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                      stderr=subprocess.DEVNULL) as sender:
+                    desk.start()
+                    assert sender.wait(40) == 0, "the command was answered"
+                self.hear(station.hertz)
+                self.until(lambda: desk.text("PlayTL") == "Stop")
+                self.until(lambda: desk.visible("InfoName") and not desk.visible("Control_List"))
+                desk.close()
 
     def test_a_second_copy_shows_the_first_and_ends(self):
         desk = self.begin()
