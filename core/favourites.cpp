@@ -119,11 +119,14 @@ Favourites::Favourites(const Uses& uses)
 void Favourites::ZobrazOblibene() {
   // A file that cannot be read is an empty one: no favourite is shown, and their own file keeps them.
   (void)uses_.files.read_at_most(uses_.machine.program_folder() + L"\\radios.tt", List3, max_station_bytes);
-  auto& list = uses_.form.Control_List;
-  list.set_items(favourite_items(file_.read(), List3, folding_, uses_.codec));
+  uses_.form.Control_List.set_items(favourite_items(file_.read(), List3, folding_, uses_.codec));
+  show_in_place();
+}
+
+void Favourites::show_in_place() {
   if (!uses_.playback.stopped() || !uses_.session.OverrideURL.empty())
     return;
-  if (list.count() > 0)
+  if (uses_.form.Control_List.count() > 0)
     show_entries();
   else
     show_hint();

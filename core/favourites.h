@@ -61,6 +61,7 @@ public:
   // Fills Control_List anew. While nothing plays and no address of the client's waits, it also shows the list, or the
   // hint where there is no favourite.
   void ZobrazOblibene() override;
+  void show_in_place() override;
 
   // Nothing is said when the line is not there or the file cannot be changed.
   void DeleteFromOblibene(const std::wstring& RadioDelete) override;

@@ -4,6 +4,7 @@
 #include "core/text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace lumotune::core {
 
@@ -14,7 +15,7 @@ void Playback::set_play_caption(const std::wstring& caption) {
   uses_.form.Control_Play.set_tooltip(caption);
 }
 
-void Playback::PripravHrani(std::wstring URL, platform::AddressOrigin origin) {
+void Playback::prepare(std::wstring URL, platform::AddressOrigin origin) {
   if (URL.empty()) {
     URL = uses_.session.OverrideURL;
     origin = platform::AddressOrigin::station; // "remoteplay" gave it, whoever asks now
@@ -23,7 +24,17 @@ void Playback::PripravHrani(std::wstring URL, platform::AddressOrigin origin) {
   uses_.player.set_url(URL, origin);
   uses_.form.PlayTL.set_enabled(true);
   uses_.form.Control_Play.set_enabled(true);
-  skin->load_play_picture();
+  if (!uses_.player.playing())
+    skin->load_play_picture();
+}
+
+void Playback::PripravHrani(std::wstring URL, platform::AddressOrigin origin) {
+  prepare(std::move(URL), origin);
+  if (stopped() || uses_.player.playing())
+    return;
+  set_play_caption(caption_play);
+  skin->ZobrazCoMas(uses_.form.PlayTL.text());
+  favourites->show_in_place();
 }
 
 void Playback::Play() {
@@ -46,7 +57,7 @@ void Playback::PlayStop() {
 }
 
 void Playback::PlayAll(const std::wstring& URL, platform::AddressOrigin origin) {
-  PripravHrani(URL, origin);
+  prepare(URL, origin);
   Play();
 }
 
@@ -61,8 +72,7 @@ void Playback::AutoStart(const std::wstring& IDlastRadio, const std::wstring& Kv
   std::wstring quality = KvalitaLT.empty() ? L"1" : KvalitaLT;
   uses_.settings.IDlastRadio = std::wstring(IDlastRadio);
   uses_.settings.KvalitaLT = std::move(quality);
-  PripravHrani(tuned_address());
-  Play();
+  PlayAll(tuned_address());
 }
 
 void Playback::VolumeSet(int VolValue) {

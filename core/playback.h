@@ -33,6 +33,8 @@ public:
 
   // Prepares an address, or the pending one-shot address when it is empty; that one is used up in every case. Who does
   // not say where the address comes from gets what a station may reach: the network.
+  // Another address than the one that plays ends what plays: the window then shows the stopped state, its list as it
+  // is.
   void PripravHrani(std::wstring URL, platform::AddressOrigin origin = platform::AddressOrigin::station);
   void Play();
   void PlayStop();
@@ -57,6 +59,7 @@ public:
   void InfoNaladit_Click() { directory->Naladit(); }
 
 private:
+  void prepare(std::wstring URL, platform::AddressOrigin origin);
   void set_play_caption(const std::wstring& caption);
 
   Uses uses_;

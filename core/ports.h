@@ -65,9 +65,11 @@ using MenuSlot = Slot<MenuPort, NoMenu>;
 struct FavouritesPort {
   virtual ~FavouritesPort() = default;
   virtual void ZobrazOblibene() = 0;
+  virtual void show_in_place() = 0; // the list or the hint while nothing plays, as it stands: nothing is read anew
 };
 struct NoFavourites final : FavouritesPort {
   void ZobrazOblibene() override {}
+  void show_in_place() override {}
 };
 using FavouritesSlot = Slot<FavouritesPort, NoFavourites>;
 

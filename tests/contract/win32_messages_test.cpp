@@ -125,6 +125,7 @@ TEST(Win32Messages, AHungWindowKeepsNobodyForLong) {
 
 // Each command takes a while, as "list" does when the station file is long.
 struct SlowFavourites final : core::FavouritesPort {
+  void show_in_place() override {}
   void ZobrazOblibene() override {
     Sleep(5);
     ++shown;

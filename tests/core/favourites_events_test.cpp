@@ -22,6 +22,37 @@ TEST_F(FavouritesEventsTest, AClickTunesTheEntryAndPlaysNothing) {
   EXPECT_FALSE(w.called(L"play"));
 }
 
+// A skin may let the list stay while a station plays.
+TEST_F(FavouritesEventsTest, AClickOnAnotherEntryWhileAStationPlaysStopsItAndOnePressPlaysTheNewOne) {
+  w.playback.favourites.bind(favourites);
+  show("lt:RADIO1/1\r\nlt:radio2/2\r\n");
+  ASSERT_TRUE(list.user_pick(0));
+  w.playback.PlayTL_Click();
+  list.set_visible(true);
+  w.put(L"list.tt", "lt:radio2/2\r\n");
+  ASSERT_TRUE(list.user_pick(1));
+  EXPECT_FALSE(w.player.playing());
+  EXPECT_EQ(w.form.PlayTL.text(), L"Zapnout");
+  EXPECT_FALSE(w.form.InfoName.visible() || w.form.InfoTime.visible() || w.form.InfoStatus.visible());
+  EXPECT_FALSE(w.form.InfoNaladit.visible());
+  EXPECT_TRUE(list.visible());
+  EXPECT_EQ(list.count(), 2U) << "the list is not read anew";
+  EXPECT_EQ(list.selected(), 1U);
+  w.form.PlayTL.press();
+  EXPECT_TRUE(w.player.playing());
+  EXPECT_EQ(w.player.url(), L"u2b");
+}
+
+TEST_F(FavouritesEventsTest, AClickOnTheEntryThatPlaysLeavesItPlaying) {
+  show("lt:RADIO1/1\r\nlt:radio2/2\r\n");
+  ASSERT_TRUE(list.user_pick(0));
+  w.playback.PlayTL_Click();
+  list.set_visible(true);
+  ASSERT_TRUE(list.user_pick(0));
+  EXPECT_TRUE(w.player.playing());
+  EXPECT_EQ(w.form.PlayTL.text(), L"Stop");
+}
+
 TEST_F(FavouritesEventsTest, TheCurrentLineBeginsEmpty) {
   EXPECT_EQ(w.session.favourite_line, L"lt:/");
 }

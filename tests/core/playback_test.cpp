@@ -8,6 +8,7 @@ namespace {
 
 struct PlaybackTest : testing::Test {
   CoreWorld w;
+  PlaybackTest() { w.player.set_auto_start(false); }
 };
 
 TEST_F(PlaybackTest, PreparesTheAddressAndEnablesTheButtons) {
@@ -75,6 +76,40 @@ TEST_F(PlaybackTest, PlayStopReturnsToTheFavourites) {
   EXPECT_EQ(w.player.calls.back(), L"stop");
   EXPECT_EQ(w.form.PlayTL.text(), L"Zapnout");
   EXPECT_EQ(w.journal, (Journal{L"ZobrazCoMas Zapnout", L"ZobrazOblibene"}));
+}
+
+TEST_F(PlaybackTest, AnotherAddressThatIsPreparedEndsWhatPlaysAndTheWindowSaysSo) {
+  w.playback.PlayAll(L"http://a");
+  w.journal.clear();
+  w.playback.PripravHrani(L"http://b");
+  EXPECT_FALSE(w.player.playing());
+  EXPECT_EQ(w.form.PlayTL.text(), L"Zapnout");
+  EXPECT_EQ(w.form.Control_Play.text(), L"Zapnout");
+  EXPECT_EQ(w.journal, (Journal{L"play picture", L"ZobrazCoMas Zapnout", L"list in its place"}))
+      << "nothing is read anew";
+  w.journal.clear();
+  w.playback.PlayTL_Click();
+  EXPECT_TRUE(w.player.playing()) << "one press plays it";
+  EXPECT_EQ(w.player.url(), L"http://b");
+  EXPECT_EQ(w.form.PlayTL.text(), L"Stop");
+}
+
+TEST_F(PlaybackTest, TheAddressThatPlaysPlaysOnWhenItIsPreparedAgain) {
+  w.playback.PlayAll(L"http://a");
+  w.journal.clear();
+  w.playback.PripravHrani(L"http://a");
+  EXPECT_TRUE(w.player.playing());
+  EXPECT_EQ(w.form.PlayTL.text(), L"Stop");
+  EXPECT_EQ(w.journal, Journal{}) << "the picture goes on offering to stop";
+}
+
+TEST_F(PlaybackTest, WhatIsPlayedAtOnceNeverLooksStopped) {
+  w.playback.PlayAll(L"http://a");
+  w.journal.clear();
+  w.playback.PlayAll(L"http://b");
+  w.playback.AutoStart(L"RADIO1", L"1");
+  EXPECT_FALSE(w.did(L"ZobrazCoMas Zapnout"));
+  EXPECT_TRUE(w.player.playing());
 }
 
 TEST_F(PlaybackTest, EveryPlayArmsTheReport) {

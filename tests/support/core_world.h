@@ -57,6 +57,7 @@ struct RecordingFavourites final : core::FavouritesPort {
     if (during)
       during();
   }
+  void show_in_place() override { journal.emplace_back(L"list in its place"); }
   Journal& journal;
   std::function<void()> during;
 };

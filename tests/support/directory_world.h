@@ -19,6 +19,7 @@ struct RecordingWeb final : directory::WebPort {
 };
 
 struct CountingFavourites final : core::FavouritesPort {
+  void show_in_place() override {}
   explicit CountingFavourites(const core::Session& session_used) : session(session_used) {}
   void ZobrazOblibene() override { flags.push_back(session.refresh_favourites); }
   const core::Session& session;
