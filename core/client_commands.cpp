@@ -25,10 +25,13 @@ ClientCommands::ClientCommands(const Uses& uses)
       more_(uses.loop.make_timer(moment_ms, [this] { run_more(); })) {}
 
 void ClientCommands::Hook(bool enable) {
-  if (enable)
+  if (enable) {
     uses_.messages.hook([this](const platform::CopyData& data) { receive(data); });
-  else
+  } else {
     uses_.messages.hook({});
+    waiting_.clear();
+    more_->stop();
+  }
 }
 
 void ClientCommands::release() {

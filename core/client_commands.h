@@ -39,6 +39,7 @@ public:
   FavouritesSlot favourites;
   ChromeSlot chrome;
 
+  // Without the hook nothing is received, and what still waited is dropped.
   void Hook(bool enable);
 
   // While the program starts, commands are taken in and wait: what the start tunes and plays comes before them, and

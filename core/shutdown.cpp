@@ -10,9 +10,10 @@ void Shutdown::Konec() {
     return;
   begun_ = true;
   uses_.machine.begin_end();
-  uses_.player.stop(); // what is left to do may take a moment, in which nothing should be heard any more
+  uses_.loop.begin_end();
   uses_.commands.Hook(false);
   uses_.loop.run_pending();
+  uses_.player.stop(); // what is left to do may take a moment, in which nothing should be heard any more
   chrome->remove_tray();
   uses_.options.LoadOptions(); // keeps what the client wrote meanwhile
   uses_.options.SaveOptions();

@@ -58,6 +58,11 @@ public:
   // Milliseconds since some start; wraps round at 2^32. Compare differences only.
   [[nodiscard]] virtual std::uint32_t tick_count_ms() const = 0;
 
+  // The end begins, before `quit`: what is left to do may take a while, but menus and boxes that wait for the user
+  // close, and none opens any more.
+  virtual void begin_end() = 0;
+  [[nodiscard]] virtual bool ending() const = 0; // from `begin_end` or `quit` on
+
   // Asks the program to end: `run` returns and every wait answers false from now on.
   virtual void quit() = 0;
   [[nodiscard]] virtual bool quitting() const = 0;

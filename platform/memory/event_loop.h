@@ -27,6 +27,8 @@ public:
   void run_pending() override;
   [[nodiscard]] bool wait_a_little() override;
   [[nodiscard]] std::uint32_t tick_count_ms() const override { return static_cast<std::uint32_t>(now_); }
+  void begin_end() override { ending_ = true; }
+  [[nodiscard]] bool ending() const override { return ending_ || quitting_; }
   void quit() override { quitting_ = true; }
   [[nodiscard]] bool quitting() const override { return quitting_; }
   void run() override; // returns also when nothing will ever happen any more
@@ -59,6 +61,7 @@ private:
   std::uint64_t pending_runs_ = 0;
   std::uint64_t wait_passes_ = 0;
   std::uint32_t wait_step_ = 5;
+  bool ending_ = false;
   bool quitting_ = false;
   std::vector<MemoryTimer*> timers_;
   std::vector<MemoryWaker*> wakers_;

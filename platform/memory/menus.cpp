@@ -33,7 +33,7 @@ const MenuItem* find_item(const std::vector<MenuItem>& items, const std::wstring
 
 std::wstring MemoryPopupMenus::pop_up(const std::vector<MenuItem>& items, const Control* anchor) {
   const bool any_seen = std::any_of(items.begin(), items.end(), [](const MenuItem& item) { return item.visible; });
-  if (open_ || !any_seen)
+  if (open_ || !any_seen || loop_.ending())
     return {};
   open_ = true;
   opened.push_back({items, anchor});
@@ -42,7 +42,7 @@ std::wstring MemoryPopupMenus::pop_up(const std::vector<MenuItem>& items, const 
   if (while_open)
     while_open();
   open_ = false;
-  if (choices.empty())
+  if (choices.empty() || loop_.ending())
     return {};
   const std::wstring choice = choices.front();
   choices.pop_front();
@@ -51,14 +51,14 @@ std::wstring MemoryPopupMenus::pop_up(const std::vector<MenuItem>& items, const 
 
 std::optional<std::wstring> MemoryInputBox::ask(const std::wstring& prompt, const std::wstring& title,
                                                 const std::wstring& default_text) {
-  if (open_)
+  if (open_ || loop_.ending())
     return std::nullopt;
   open_ = true;
   asked.push_back({prompt, title, default_text});
   if (while_open)
     while_open();
   open_ = false;
-  if (answers.empty())
+  if (answers.empty() || loop_.ending())
     return std::nullopt;
   auto answer = answers.front();
   answers.pop_front();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/connection.h"
+#include "platform/event_loop.h"
 #include "platform/input_box.h"
 #include "platform/popup_menus.h"
 #include "platform/user_input.h"
@@ -19,6 +20,8 @@ namespace lumotune::platform::memory {
 
 class MemoryPopupMenus final : public PopupMenus {
 public:
+  explicit MemoryPopupMenus(const EventLoop& loop) : loop_(loop) {}
+
   struct Opened {
     std::vector<MenuItem> items;
     const Control* anchor = nullptr;
@@ -31,11 +34,14 @@ public:
   std::function<void()> while_open;
 
 private:
+  const EventLoop& loop_;
   bool open_ = false;
 };
 
 class MemoryInputBox final : public InputBox {
 public:
+  explicit MemoryInputBox(const EventLoop& loop) : loop_(loop) {}
+
   struct Asked {
     std::wstring prompt;
     std::wstring title;
@@ -50,6 +56,7 @@ public:
 
 private:
   static constexpr std::size_t max_length = 2000;
+  const EventLoop& loop_;
   bool open_ = false;
 };
 

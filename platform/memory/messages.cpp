@@ -35,11 +35,14 @@ int MemoryMessages::deliver(const std::string& bytes, std::uint32_t kind) {
 
 BoxAnswer MemoryDialogs::message(const std::wstring& text, const std::wstring& title, BoxIcon icon,
                                  BoxButtons buttons) {
+  const BoxAnswer unanswered = buttons == BoxButtons::ok ? BoxAnswer::ok : BoxAnswer::no;
+  if (loop_.ending())
+    return unanswered;
   shown.push_back({text, title, icon, buttons});
   if (while_open)
     while_open();
-  if (answers.empty())
-    return buttons == BoxButtons::ok ? BoxAnswer::ok : BoxAnswer::no;
+  if (answers.empty() || loop_.ending())
+    return unanswered;
   const BoxAnswer answer = answers.front();
   answers.pop_front();
   return answer;

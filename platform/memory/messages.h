@@ -4,6 +4,7 @@
 
 #include "platform/common/code_page_1250.h"
 #include "platform/dialogs.h"
+#include "platform/event_loop.h"
 #include "platform/machine.h"
 #include "platform/shell.h"
 #include "platform/tray.h"
@@ -58,11 +59,15 @@ public:
     BoxIcon icon = BoxIcon::none;
     BoxButtons buttons = BoxButtons::ok;
   };
+  explicit MemoryDialogs(const EventLoop& loop) : loop_(loop) {}
   BoxAnswer message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) override;
 
   std::vector<Shown> shown;
   std::deque<BoxAnswer> answers;    // taken in turn; empty answers ok, or no to a question
   std::function<void()> while_open; // what happens while a box is open
+
+private:
+  const EventLoop& loop_;
 };
 
 class MemoryShell final : public Shell {

@@ -16,7 +16,7 @@ public:
   // `close` ends the waits; it is called again and again until they have ended.
   EndWatch(EventLoop& loop, std::function<void()> close)
       : timer_(loop.make_timer(period_ms, [&loop, close = std::move(close)] {
-          if (loop.quitting())
+          if (loop.ending())
             close();
         })) {}
 

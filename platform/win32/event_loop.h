@@ -28,6 +28,8 @@ public:
   void run_pending() override;
   [[nodiscard]] bool wait_a_little() override;
   [[nodiscard]] std::uint32_t tick_count_ms() const override;
+  void begin_end() override { ending_ = true; }
+  [[nodiscard]] bool ending() const override { return ending_ || quitting_; }
   void quit() override;
   [[nodiscard]] bool quitting() const override { return quitting_; }
   void run() override;
@@ -55,6 +57,7 @@ private:
   void run_wakers();
 
   HWND window_ = nullptr;
+  bool ending_ = false;
   bool quitting_ = false;
   UINT_PTR last_id_ = 0;
   std::map<UINT_PTR, std::shared_ptr<Ticking>> timers_;

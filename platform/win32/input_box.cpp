@@ -133,7 +133,7 @@ void centre(HWND dialog, HWND owner) {
 // A loop of its own, because the system's one for dialogs does not know when the program ends.
 void wait_for(const Answer& answer, HWND dialog, const EventLoop& loop) {
   MSG message{};
-  while (!answer.done && !loop.quitting()) {
+  while (!answer.done && !loop.ending()) {
     const BOOL got = GetMessageW(&message, nullptr, 0, 0);
     if (got == 0)
       PostQuitMessage(static_cast<int>(message.wParam)); // it was meant for the loop outside
@@ -150,7 +150,7 @@ void wait_for(const Answer& answer, HWND dialog, const EventLoop& loop) {
 
 std::optional<std::wstring> Win32InputBox::ask(const std::wstring& prompt, const std::wstring& title,
                                                const std::wstring& default_text) {
-  if (open_ || loop_.quitting())
+  if (open_ || loop_.ending())
     return std::nullopt;
   Answer answer;
   const HWND dialog = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), make_template().get(), owner_, procedure,

@@ -132,7 +132,8 @@ UINT track(HMENU menu, HWND owner, HWND anchor) {
 } // namespace
 
 Win32PopupMenus::Win32PopupMenus(EventLoop& loop, HWND owner)
-    : owner_(owner),
+    : loop_(loop),
+      owner_(owner),
       input_hook_(SetWindowsHookExW(WH_GETMESSAGE, note_input, nullptr, GetCurrentThreadId())),
       end_watch_(loop, [] { EndMenu(); }) {}
 
@@ -142,7 +143,7 @@ Win32PopupMenus::~Win32PopupMenus() {
 }
 
 std::wstring Win32PopupMenus::pop_up(const std::vector<MenuItem>& items, const Control* anchor) {
-  if (open_ || !any_visible(items))
+  if (open_ || loop_.ending() || !any_visible(items))
     return {};
   std::vector<std::wstring> names;
   const MenuHandle menu = build(items, names);

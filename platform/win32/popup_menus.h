@@ -22,6 +22,7 @@ public:
   [[nodiscard]] std::wstring pop_up(const std::vector<MenuItem>& items, const Control* anchor) override;
 
 private:
+  const EventLoop& loop_;
   HWND owner_;
   HHOOK input_hook_;
   EndWatch end_watch_;

@@ -107,7 +107,7 @@ Win32Dialogs::Win32Dialogs(EventLoop& loop, HWND owner)
 
 BoxAnswer Win32Dialogs::message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) {
   const BoxAnswer unanswered = buttons == BoxButtons::yes_no ? BoxAnswer::no : BoxAnswer::ok;
-  if (loop_.quitting())
+  if (loop_.ending())
     return unanswered;
   UINT style = MB_SETFOREGROUND;
   style |= icon == BoxIcon::information ? MB_ICONINFORMATION : 0U;

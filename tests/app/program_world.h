@@ -16,8 +16,8 @@ namespace lumotune::test {
 struct ProgramWorld : testing::Test, MemoryPlatform {
   platform::memory::MemoryWindow window{files};
   core::LumotuneForm form{window};
-  platform::memory::MemoryPopupMenus popups;
-  platform::memory::MemoryInputBox input_box;
+  platform::memory::MemoryPopupMenus popups{loop};
+  platform::memory::MemoryInputBox input_box{loop};
   platform::memory::MemoryPointer pointer;
   platform::memory::MemoryMediaKeys media_keys;
   platform::memory::MemoryConnection connection;

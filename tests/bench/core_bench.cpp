@@ -109,7 +109,7 @@ int bench_favourites(DiskFiles& files) {
   const platform::memory::MemoryCodec codec;
   const platform::memory::MemoryMachine machine;
   platform::memory::MemoryEventLoop loop;
-  platform::memory::MemoryDialogs dialogs;
+  platform::memory::MemoryDialogs dialogs(loop);
   platform::memory::MemoryMediaPlayer player;
   platform::memory::MemoryPointer pointer;
   platform::memory::MemoryWindow window(files);

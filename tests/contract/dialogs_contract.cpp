@@ -39,6 +39,21 @@ TEST_F(DialogsContract, EventsRunWhileABoxIsOpen) {
   EXPECT_EQ(runs, 1);
 }
 
+TEST_F(DialogsContract, TheBeginningOfTheEndClosesABoxAndNoneOpensAfterwards) {
+  int opened = 0;
+  b.while_open([&] {
+    ++opened;
+    b.loop.begin_end();
+  });
+  b.leave_open();
+  EXPECT_EQ(b.dialogs.message(L"Otázka", L"Okno", BoxIcon::information, BoxButtons::yes_no), BoxAnswer::no);
+  b.leave_open();
+  EXPECT_EQ(b.dialogs.message(L"Otázka", L"Okno", BoxIcon::information, BoxButtons::yes_no), BoxAnswer::no);
+  EXPECT_EQ(b.dialogs.message(L"Zpráva", L"Okno", BoxIcon::none, BoxButtons::ok), BoxAnswer::ok);
+  b.pass(50);
+  EXPECT_EQ(opened, 1);
+}
+
 TEST_F(DialogsContract, TheUsualTitleIsNotTheMainWindowsCaption) {
   EXPECT_NE(std::wstring(platform::Dialogs::default_title), L"Lumotune");
 }

@@ -4,6 +4,7 @@
 //   close_menu()           closes the next menu
 //   answer(answer)         presses that button of the next message box
 //   enter(text), cancel()  in the next input box
+//   leave_open()           leaves the next menu or box alone
 //   while_open(work)       done once, before any of these
 #pragma once
 

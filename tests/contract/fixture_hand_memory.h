@@ -10,9 +10,9 @@
 namespace lumotune::contract {
 
 struct HandBackend : Backend {
-  platform::memory::MemoryPopupMenus popup_menus;
-  platform::memory::MemoryInputBox input_box;
-  platform::memory::MemoryDialogs dialogs;
+  platform::memory::MemoryPopupMenus popup_menus{loop};
+  platform::memory::MemoryInputBox input_box{loop};
+  platform::memory::MemoryDialogs dialogs{loop};
   platform::memory::MemoryTray tray;
   platform::memory::MemoryShell shell;
   platform::memory::MemoryMachine machine;
@@ -20,6 +20,7 @@ struct HandBackend : Backend {
 
   void choose(const std::wstring& name, const std::wstring& /*caption*/) { popup_menus.choices.push_back(name); }
   void close_menu() {}
+  void leave_open() {}
   void answer(platform::BoxAnswer answer) { dialogs.answers.push_back(answer); }
   void enter(const std::wstring& text) { input_box.answers.emplace_back(text); }
   void cancel() { input_box.answers.emplace_back(std::nullopt); }

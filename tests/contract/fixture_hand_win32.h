@@ -121,6 +121,9 @@ struct HandBackend : Backend {
     wait_for_menu();
     hand.add([this] { return cancel_menu(); });
   }
+  void leave_open() {
+    hand.add([this] { return (open_menu() != nullptr || !seen_windows(L"#32770").empty()) && run_while_open(); });
+  }
   void answer(platform::BoxAnswer answer) {
     const int button = answer == platform::BoxAnswer::yes ? IDYES : answer == platform::BoxAnswer::no ? IDNO : IDOK;
     wait_for_box();

@@ -29,6 +29,20 @@ TEST_F(InputBoxContract, TwoThousandCharactersAtTheMost) {
   EXPECT_LE(text->size(), 2000U);
 }
 
+TEST_F(InputBoxContract, TheBeginningOfTheEndClosesItAndNoneOpensAfterwards) {
+  int opened = 0;
+  b.while_open([&] {
+    ++opened;
+    b.loop.begin_end();
+  });
+  b.leave_open();
+  EXPECT_EQ(b.input_box.ask(L"Dotaz", L"Okno", L"něco"), std::nullopt);
+  b.leave_open();
+  EXPECT_EQ(b.input_box.ask(L"Dotaz", L"Okno", L"něco"), std::nullopt);
+  b.pass(50);
+  EXPECT_EQ(opened, 1);
+}
+
 TEST_F(InputBoxContract, WhileOneIsOpenAnotherDoesNotOpen) {
   std::optional<std::wstring> inner = L"none";
   b.while_open([&] { inner = b.input_box.ask(L"Druhý", L"Okno", L""); });

@@ -82,6 +82,29 @@ TEST_F(PopupMenusContract, TheTreeMayChangeWhileTheMenuIsOpen) {
   EXPECT_EQ(b.popup_menus.pop_up(items, nullptr), L"Last");
 }
 
+TEST_F(PopupMenusContract, TheBeginningOfTheEndClosesAMenu) {
+  bool opened = false;
+  b.while_open([&] {
+    opened = true;
+    b.loop.begin_end();
+  });
+  b.leave_open();
+  EXPECT_EQ(b.popup_menus.pop_up(items, nullptr), L"");
+  EXPECT_TRUE(opened);
+  EXPECT_TRUE(b.loop.ending());
+  EXPECT_FALSE(b.loop.quitting());
+}
+
+TEST_F(PopupMenusContract, AfterTheBeginningOfTheEndNoMenuOpens) {
+  bool opened = false;
+  b.while_open([&] { opened = true; });
+  b.leave_open();
+  b.loop.begin_end();
+  EXPECT_EQ(b.popup_menus.pop_up(items, nullptr), L"");
+  b.pass(50);
+  EXPECT_FALSE(opened);
+}
+
 TEST_F(PopupMenusContract, AnAnchorMayBeHidden) {
   auto& label = b.window.make_label(L"InfoName", platform::LabelKind::link, platform::LabelFont::normal);
   label.set_visible(false);

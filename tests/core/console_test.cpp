@@ -12,7 +12,7 @@ namespace {
 
 struct ConsoleTest : testing::Test {
   CoreWorld w;
-  platform::memory::MemoryInputBox input;
+  platform::memory::MemoryInputBox input{w.loop};
   core::Console console{{w.session, w.loop, input, w.dialogs, w.playback}};
 
   ConsoleTest() {

@@ -34,6 +34,47 @@ TEST_F(ShutdownTest, TheMachineIsToldFirst) {
   EXPECT_TRUE(told) << "a copy that starts now must wait";
 }
 
+TEST_F(ShutdownTest, CommandsThatStillWaitDoNothing) {
+  start();
+  w.player.calls.clear();
+  EXPECT_EQ(w.messages.deliver("p:http://klient"), -1);
+  EXPECT_EQ(w.messages.deliver("id:RADIO9"), -1);
+  w.shutdown.Konec();
+  w.loop.advance(1000);
+  EXPECT_FALSE(w.called(L"play"));
+  EXPECT_EQ(w.settings.IDlastRadio, L"RADIO1");
+  EXPECT_NE(w.get(L"Orb_Data\\options.ini").find("#012:LTLast:RADIO1/2\r\n"), std::string::npos);
+}
+
+TEST_F(ShutdownTest, TheCommandsBehindTheOneThatRunsDoNothingEither) {
+  start();
+  w.commands.favourites.bind(w.favourites);
+  w.favourites.during = [this] { w.shutdown.Konec(); };
+  for (const char* text : {"list", "id:RADIO9", "p:http://klient"})
+    EXPECT_EQ(w.messages.deliver(text), -1);
+  w.loop.run_pending();
+  EXPECT_EQ(w.settings.IDlastRadio, L"RADIO1");
+  EXPECT_FALSE(w.called(L"play"));
+}
+
+TEST_F(ShutdownTest, APressThatStillWaitedIsNotHeard) {
+  start();
+  w.loop.at(0, [&] { w.form.PlayTL.press(); });
+  w.shutdown.Konec();
+  EXPECT_TRUE(w.called(L"play"));
+  EXPECT_FALSE(w.player.playing());
+}
+
+TEST_F(ShutdownTest, WhatWaitsForTheUserClosesAndNothingOpensAnyMore) {
+  start();
+  w.loop.at(0, [&] {
+    EXPECT_EQ(w.dialogs.message(L"Otázka", L"Okno", platform::BoxIcon::information, platform::BoxButtons::yes_no),
+              platform::BoxAnswer::no);
+  });
+  w.shutdown.Konec();
+  EXPECT_TRUE(w.dialogs.shown.empty());
+}
+
 TEST_F(ShutdownTest, KeepsWhatTheClientWroteMeanwhile) {
   start();
   auto lines = option_lines();

@@ -11,9 +11,9 @@
 //   probe command N       sends the main window the command of a keyboard's or remote control's special key
 //   probe close [WINDOW]   asks the main window to close, as the system does
 //   probe endsession      tells the main window that the session ends
-//   probe early TEXT      looks for a window captioned "Lumotune" without a pause, for half a minute at most, and sends
-//   it TEXT the moment that it is there; 0 when it was answered probe flood FILE      sends the main window commands as
-//   fast as it takes them, until FILE exists, for a minute at most; tells how many a second
+//   probe end NAME        asks the main window to close and, right behind that, clicks its control of that name
+//   probe early TEXT      sends TEXT to a window captioned "Lumotune" the moment that there is one; waits half a minute
+//   probe flood FILE      floods the main window with commands until FILE exists, for a minute; tells how many a second
 // Everything is UTF-8 and separated by tabs; tabs and line ends inside texts become blanks.
 #include <windows.h>
 
@@ -341,6 +341,13 @@ int flood(const wchar_t* until) {
   return 0;
 }
 
+// Both wait in the queue before the first is taken out of it.
+int end_and_click(const wchar_t* name) {
+  const HWND window = main_window();
+  const HWND target = control(name);
+  return PostMessageW(window, WM_CLOSE, 0, 0) != 0 && PostMessageW(target, BM_CLICK, 0, 0) != 0 ? 0 : 1;
+}
+
 int send_early(const std::wstring& text) {
   constexpr ULONGLONG longest_ms = 30000;
   const ULONGLONG begun = GetTickCount64();
@@ -383,6 +390,8 @@ int wmain(int count, wchar_t** words) {
     return for_boxes(nullptr);
   if (what == L"press" && count > 2)
     return for_boxes(words[2]);
+  if (what == L"end" && count > 2)
+    return end_and_click(words[2]);
   if (what == L"early" && count > 2)
     return send_early(words[2]);
   if (what == L"flood" && count > 2)

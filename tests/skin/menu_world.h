@@ -27,7 +27,7 @@ struct RecordingNeighbours final : core::FavouritesDeletePort, core::ConsolePort
 };
 
 struct MenuWorld : CoreWorld {
-  platform::memory::MemoryPopupMenus popups;
+  platform::memory::MemoryPopupMenus popups{loop};
   core::ClientLink client_link{{files, codec, machine, loop, dialogs, settings, options, sender}};
   skin::Skin look{{settings, session, form, files, codec, machine, loop, error_log}};
   skin::SkinMenu skin_menu{{files, machine}};

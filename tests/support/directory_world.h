@@ -56,7 +56,7 @@ struct Record {
 struct DirectoryWorld : CoreWorld {
   platform::memory::MemoryPointer pointer;
   platform::memory::MemoryConnection connection;
-  platform::memory::MemoryPopupMenus popups;
+  platform::memory::MemoryPopupMenus popups{loop};
   platform::memory::MemoryFramedWindowMaker windows{files};
   core::Favourites favourite_list{
       {files, codec, machine, settings, session, form, playback, stations, dialogs, loop, pointer}};

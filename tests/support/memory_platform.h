@@ -17,7 +17,7 @@ struct MemoryPlatform {
   platform::memory::MemoryMachine machine;
   platform::memory::MemoryMessages messages;
   platform::memory::MemoryShell shell;
-  platform::memory::MemoryDialogs dialogs;
+  platform::memory::MemoryDialogs dialogs{loop};
   platform::memory::MemoryTray tray;
   platform::memory::MemoryMediaPlayer player;
 };
