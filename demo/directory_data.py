@@ -263,9 +263,11 @@ def advert_line(base, shown=True):
     return SEPARATOR.join([str(ADVERT_HEIGHT), str(ADVERT_WINDOW_HEIGHT), "1" if shown else "0", base + ADVERT_PATH])
 
 
-def downloaded_list(base, count, version=1, info="openurl", advert="shown"):
-    """The whole list as the server sends it, in bytes. `info` is an action or "none"; `advert` shown, hidden or none."""
+def downloaded_list(base, count, version=1, info="openurl", advert="shown", orders=()):
+    """The whole list as the server sends it, in bytes. `info` is an action or "none"; `advert` shown, hidden or none; `orders` are
+    further lines for the window, in front of those."""
     lines = ["orb:k:" + line for line in category_lines()]
+    lines += orders
     if info != "none":
         lines.append("orb:i:" + info_line(info, count))
     if advert != "none":

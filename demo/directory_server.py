@@ -45,6 +45,7 @@ SETTINGS = {
     "probe_seconds": ("0.3", float, "how long the probe's answer is delayed"),
     "info": ("openurl", ("none", *directory_data.INFO_ACTIONS), "what a click on the information line does"),
     "advert": ("shown", ("shown", "hidden", "none"), "the advertisement line"),
+    "orders": ("", str, "further lines of the list that the window obeys, with | between them"),
     "probe": ("good", ("good", "refused", "refused_by_address", "no_size", "nothing", "partial", "two", "negative", "zero",
                        "word", "huge", "less", "more", "binary", "long_line", "not_found", "broken", "stall", "dies"),
               "the answer to the size probe"),
@@ -98,7 +99,7 @@ class Directory:
         if self.of("list") == "empty":
             return b"<end>\r\n"
         return directory_data.downloaded_list(self.base, self.of("stations"), number or self.of("version"), self.of("info"),
-                                              self.of("advert"))
+                                              self.of("advert"), [line for line in self.of("orders").split("|") if line])
 
     def answer(self, handler):
         """Whether the request was one for this server; it is then answered."""

@@ -17,7 +17,7 @@ constexpr int details_width = 3300;
 constexpr int first_width = 10200;
 constexpr int first_height = 5745;
 constexpr int smallest_width = 8700;
-constexpr int smallest_height = 4800;
+constexpr int smallest_bare_height = 4800; // without information line and advertisement
 constexpr int tallest = 60000;
 
 template <typename Control>
@@ -31,38 +31,69 @@ void put(Control& control, int left, int top, int width, int height) {
 Layout::Hold::~Hold() {
   if (--layout_.held_ > 0)
     return;
-  layout_.advert_distance_ = layout_.form_.window.client_height() - layout_.form_.WebBrowser1.rect().top;
-  layout_.set_minimum();
+  auto& window = layout_.form_.window;
+  window.set_minimum(smallest_width, std::min(layout_.smallest_height(), window.rect().height));
   layout_.place();
 }
 
 // The advertisement and the information line take their room from nobody.
-void Layout::set_minimum() {
-  int height = smallest_height + (form_.InfoPanel.visible() ? info_row : 0);
-  height += advert_shown() ? std::clamp(advert_distance_, 0, tallest / 2) : 0;
-  form_.window.set_minimum(smallest_width, height);
+int Layout::smallest_height() const {
+  return smallest_bare_height + (form_.InfoPanel.visible() ? info_row : 0) + advert_room();
 }
 
 void Layout::set_up() {
-  set_minimum();
+  form_.window.set_minimum(smallest_width, smallest_bare_height);
   form_.window.resize(first_width, first_height);
   place();
 }
 
 void Layout::set_window_height(int height) {
-  form_.window.resize(form_.window.rect().width, std::clamp(height, smallest_height, tallest));
+  form_.window.set_minimum(smallest_width, smallest_bare_height);
+  form_.window.resize(form_.window.rect().width, std::clamp(height, smallest_bare_height, tallest));
+  note_inside();
+}
+
+// A maximised or minimised window has another inside than the normal one that an order is for.
+void Layout::note_inside() {
+  ordered_inside_ = form_.window.rect().height - form_.window.frame_height();
+}
+
+void Layout::set_advert(int height, int top) {
+  auto& browser = form_.WebBrowser1;
+  browser.resize(browser.rect().width, height);
+  browser.move(browser.rect().left, top);
+  ordered_top_ = top;
+  note_inside();
 }
 
 bool Layout::advert_shown() const {
   return form_.WebBrowser1.visible() && form_.WebBrowser1.rect().height > 0;
 }
 
+// No more than it fills, and no more than it was given.
+int Layout::advert_room() const {
+  if (!advert_shown())
+    return 0;
+  return std::clamp(ordered_inside_ - ordered_top_, 0, form_.WebBrowser1.rect().height + gap);
+}
+
+int Layout::advert_top(int inside) const {
+  const int below = ordered_inside_ - ordered_top_;
+  const int whole = form_.WebBrowser1.rect().height + gap;
+  const int grown = std::max(inside - ordered_inside_, 0);
+  const int top = inside - std::max(below, std::min(whole, below + grown));
+  const int lists_end = smallest_bare_height - form_.window.frame_height() + (form_.InfoPanel.visible() ? info_row : 0);
+  return top >= lists_end ? top : std::min(lists_end, inside - std::min(below, whole));
+}
+
 void Layout::place() {
+  if (held_ > 0 || form_.window.minimized())
+    return;
   const int width = form_.window.client_width();
   int bottom = form_.window.client_height();
   if (advert_shown()) {
     auto& browser = form_.WebBrowser1;
-    const int top = held_ > 0 ? browser.rect().top : bottom - advert_distance_;
+    const int top = advert_top(bottom);
     put(browser, gap, top, width - 2 * gap, browser.rect().height);
     bottom = std::min(bottom, top);
   } else {

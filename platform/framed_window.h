@@ -47,6 +47,7 @@ public:
   virtual void set_minimum(int width, int height) = 0; // outer size that nobody can go below
   [[nodiscard]] virtual int client_width() const = 0;  // 0 while minimised
   [[nodiscard]] virtual int client_height() const = 0;
+  [[nodiscard]] virtual int frame_height() const = 0; // frame and caption of the normal window, whatever its state
 
   std::function<void()> on_resize; // the client area has another size or resolution: place the controls anew
   std::function<void()> on_close;  // the user closes it; nothing is destroyed by itself

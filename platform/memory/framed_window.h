@@ -122,7 +122,10 @@ public:
   void set_minimum(int width, int height) override { minimum = {width, height}; }
   // A frame of 120 twips on each side and a caption of 435. A minimised window has no inside.
   [[nodiscard]] int client_width() const override { return minimized_ ? 0 : std::max(outside().width - 240, 0); }
-  [[nodiscard]] int client_height() const override { return minimized_ ? 0 : std::max(outside().height - 675, 0); }
+  [[nodiscard]] int client_height() const override {
+    return minimized_ ? 0 : std::max(outside().height - frame_height(), 0);
+  }
+  [[nodiscard]] int frame_height() const override { return 675; }
 
   // A control as what it is; nullptr when there is none of that name and kind.
   template <typename Kind>

@@ -324,6 +324,13 @@ int Win32FramedWindow::client_height() const {
   return twips(area.bottom, dpi_);
 }
 
+int Win32FramedWindow::frame_height() const {
+  RECT around{};
+  AdjustWindowRectExForDpi(&around, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
+                           static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)), dpi_);
+  return twips(around.bottom - around.top, dpi_);
+}
+
 std::unique_ptr<FramedWindow> Win32FramedWindowMaker::make(const std::wstring& name) {
   return std::make_unique<Win32FramedWindow>(loop_, name, icon_);
 }

@@ -40,6 +40,7 @@ public:
   void set_minimum(int width, int height) override;
   [[nodiscard]] int client_width() const override;
   [[nodiscard]] int client_height() const override;
+  [[nodiscard]] int frame_height() const override;
 
 private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);

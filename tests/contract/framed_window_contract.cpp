@@ -117,6 +117,39 @@ TEST_F(FramedWindowContract, ASizeGivenMeanwhileIsTakenWhenItComesBack) {
   EXPECT_GE(told, 1);
 }
 
+TEST_F(FramedWindowContract, ItsFrameIsKnownInEveryState) {
+  window->resize(6000, 4500);
+  window->set_visible(true);
+  b.pass(100);
+  const int frame = window->rect().height - window->client_height();
+  EXPECT_EQ(window->frame_height(), frame);
+  b.maximize(*window);
+  EXPECT_EQ(window->frame_height(), frame);
+  b.minimize(*window);
+  EXPECT_EQ(window->frame_height(), frame);
+}
+
+// What an earlier smallest size asked for does not outlive it.
+TEST_F(FramedWindowContract, ALowerSmallestSizeCountsAtOnceInEveryState) {
+  for (const int state : {0, 1, 2}) {
+    window->set_minimum(6000, 7500);
+    window->resize(6000, 7500);
+    window->set_visible(true);
+    b.pass(100);
+    if (state == 1)
+      b.maximize(*window);
+    if (state == 2)
+      b.minimize(*window);
+    window->set_minimum(6000, 4500);
+    window->resize(6000, 4800);
+    window->set_minimum(6000, 4650);
+    b.restore(*window);
+    EXPECT_EQ(window->rect().height, 4800) << state;
+    window->resize(6000, 3000);
+    EXPECT_EQ(window->rect().height, 4650) << state;
+  }
+}
+
 TEST_F(FramedWindowContract, ShowsAndHides) {
   window->set_visible(true);
   b.pass(200);

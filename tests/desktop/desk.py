@@ -174,6 +174,15 @@ class Desk:
         """A special key of the keyboard; whether the program took it."""
         return wine(PROBE, "command", str(number)).returncode == 0
 
+    def maximize(self, window):
+        wine(PROBE, "state", window, "x")
+
+    def minimize(self, window):
+        wine(PROBE, "state", window, "n")
+
+    def restore(self, window):
+        wine(PROBE, "state", window, "r")
+
     def close_window(self, window):
         wine(PROBE, "close", window)
 

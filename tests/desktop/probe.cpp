@@ -9,6 +9,7 @@
 //   probe menus           the places of the menus that are open: left, top, width, height
 //   probe cancel          closes the open menus
 //   probe command N       sends the main window the command of a keyboard's or remote control's special key
+//   probe state WINDOW X   by its system menu: x maximizes, n minimizes, r restores it
 //   probe close [WINDOW]   asks the main window to close, as the system does
 //   probe endsession      tells the main window that the session ends
 //   probe end NAME        asks the main window to close and, right behind that, clicks its control of that name
@@ -262,6 +263,13 @@ int print_selected() {
   return 0;
 }
 
+// As the buttons of the caption do it.
+int change_state(const wchar_t* window, wchar_t state) {
+  window_name = window;
+  const WPARAM command = state == L'x' ? SC_MAXIMIZE : state == L'n' ? SC_MINIMIZE : SC_RESTORE;
+  return PostMessageW(main_window(), WM_SYSCOMMAND, command, 0) != 0 ? 0 : 1;
+}
+
 int print_menus() {
   std::vector<HWND> all;
   EnumWindows(collect, reinterpret_cast<LPARAM>(&all));
@@ -396,6 +404,8 @@ int wmain(int count, wchar_t** words) {
     return send_early(words[2]);
   if (what == L"flood" && count > 2)
     return flood(words[2]);
+  if (what == L"state" && count > 3)
+    return change_state(words[2], words[3][0]);
   if (what == L"close" && count > 2)
     window_name = words[2];
   if (what == L"close")

@@ -59,9 +59,85 @@ TEST_F(ListRadiosPanel, ABadAdvertisementEndsWhereItIsBad) {
   EXPECT_EQ(window.rect().height, 7125);
 }
 
-TEST_F(ListRadiosPanel, FollowsTheWindowsSize) {
+TEST_F(ListRadiosPanel, TheOrderedHeightIsTheHeightWhateverWasNeededBefore) {
+  for (const int now : {0, 1, 2}) {
+    advert.ZobrazReklamu(L"1050/@/9000/@/1/@/http://server/1");
+    ASSERT_EQ(window.rect().height, 9000);
+    if (now == 1)
+      window.user_maximize();
+    if (now == 2)
+      window.user_minimize();
+    advert.ZobrazReklamu(L"1050/@/7125/@/1/@/http://server/2");
+    window.user_restore();
+    EXPECT_EQ(window.rect().height, 7125) << now;
+    EXPECT_EQ(browser.rect().top, 5280) << now;
+    EXPECT_EQ(window.minimum.second, 4800 + 1050 + 120) << now;
+    window.user_resize(9000, 100);
+    EXPECT_EQ(window.rect().height, 4800 + 1050 + 120) << now;
+    EXPECT_EQ(browser.rect().top + 1050 + 120, window.client_height()) << now;
+    if (now == 1)
+      window.user_maximize();
+    if (now == 2)
+      window.user_minimize();
+    line.ZobrazInfoPanel(L"0/@//@/1/@/t");
+    window.user_restore();
+    EXPECT_EQ(window.rect().height, 6045) << now;
+    EXPECT_EQ(browser.rect().top, 5280) << now;
+    EXPECT_EQ(window.minimum.second, 4800 + 300 + 6045 - 675 - 5280) << now;
+    form.InfoPanel.set_visible(false);
+  }
+}
+
+TEST_F(ListRadiosPanel, AGrowingWindowShowsTheWholeAdvertisementFirst) {
   advert.ZobrazReklamu(L"1050/@/7125/@/1/@/http://server/1");
   line.ZobrazInfoPanel(L"0/@//@/1/@/t");
+  ASSERT_EQ(window.client_height() - browser.rect().top, 90);
+  const int list = form.ListView1.rect().height;
+  window.user_resize(9000, 6045 + 600);
+  EXPECT_EQ(browser.rect().top, 5280);
+  EXPECT_EQ(form.ListView1.rect().height, list);
+  window.user_maximize();
+  EXPECT_EQ(browser.rect().top + 1050 + 120, window.client_height());
+  EXPECT_GT(form.ListView1.rect().height, list);
+}
+
+TEST_F(ListRadiosPanel, AShrinkingWindowTakesTheEmptySpaceBelowTheAdvertisementFirst) {
+  advert.ZobrazReklamu(L"1050/@/12000/@/1/@/http://server/1");
+  EXPECT_EQ(browser.rect().top, 5280) << "as ordered";
+  EXPECT_EQ(window.minimum.second, 4800 + 1050 + 120);
+  window.user_resize(9000, 100);
+  EXPECT_EQ(browser.rect().top + 1050 + 120, window.client_height());
+  EXPECT_GT(form.ListView1.rect().height, 2000);
+  EXPECT_GT(form.Text1.rect().height, 0);
+}
+
+TEST_F(ListRadiosPanel, ABadOrderLeavesTheAdvertisementWhereItIs) {
+  advert.ZobrazReklamu(L"1050/@/7125/@/1/@/http://server/1");
+  window.user_resize(9000, 9000);
+  const auto place = browser.rect();
+  advert.ZobrazReklamu(L"x/@/7125/@/1/@/http://server/1");
+  EXPECT_EQ(browser.rect(), place);
+}
+
+// The lists keep their room whatever is ordered, and no order makes the window taller than its monitor.
+TEST_F(ListRadiosPanel, NoOrderLeavesTheListsWithoutRoom) {
+  const std::vector<std::wstring> heights = {L"0", L"1", L"1050", L"30000", L"60000"};
+  const std::vector<std::wstring> windows = {L"0", L"4800", L"4900", L"6045", L"20000", L"60000"};
+  for (const std::wstring& height : heights) {
+    for (const std::wstring& outer : windows) {
+      advert.ZobrazReklamu(height + L"/@/" + outer + L"/@/1/@/http://a/");
+      for (const int wanted : {100, 6000, 15000}) {
+        window.user_resize(9000, wanted);
+        EXPECT_LE(window.rect().height, window.work_area.height);
+        EXPECT_GE(form.ListView1.rect().height, 3300) << testing::PrintToString(height + L" " + outer) << wanted;
+      }
+    }
+  }
+}
+
+TEST_F(ListRadiosPanel, FollowsTheWindowsSize) {
+  line.ZobrazInfoPanel(L"0/@//@/1/@/t");
+  advert.ZobrazReklamu(L"1050/@/7125/@/1/@/http://server/1");
   const auto below = [&] { return form.window.client_height() - browser.rect().top; };
   const int distance = below();
   window.user_resize(15000, 9000);

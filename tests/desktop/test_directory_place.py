@@ -1,0 +1,109 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
+"""Size and place of the real directory window: what the server orders, in every state of the window, and what the user does."""
+import os
+import subprocess
+import sys
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import harness  # noqa: E402
+from test_directory import DONE, Directory  # noqa: E402
+
+PIXEL = 15  # twips
+INFORMATION = "orb:i:0/@//@/10/@/Zprava/@//@//@/"
+INFORMATION_HEIGHT = 6045
+TALL, USUAL = 9000, 7125
+
+
+def advertisement(height):
+    return f"orb:r:1050/@/{height}/@/1/@/http://127.0.0.1:9/"
+
+
+class TestOrderedHeights(Directory):
+    def open_with_tall_advertisement(self):
+        """What an earlier list needed is more than the next one orders."""
+        self.open(advert="none", info="none", orders=advertisement(TALL))
+        self.updated()
+        self.until(lambda: self.control("Form").height == TALL // PIXEL, 10, self.shape())
+        self.shows_advertisement()
+
+    def shape(self):
+        return str({name: vars(self.control(name)) for name in ("Form", "WebBrowser1", "Label1", "InfoPanel")})
+
+    def shows_advertisement(self):
+        form, advert, status = (self.control(name) for name in ("Form", "WebBrowser1", "Label1"))
+        assert advert.height == 1050 // PIXEL, self.shape()
+        assert status.top + status.height <= advert.top, self.shape()
+        assert advert.top + advert.height <= form.top + form.height, self.shape()
+
+    def minimized(self):
+        return self.control("Form").left <= -32000
+
+    def order(self, line, state):
+        """The next list holds that line; it arrives while the window is in that state."""
+        self.server.set(orders=line, seconds="3")
+        if state == "maximize":
+            width = self.control("Form").width
+            self.desk.maximize("ListRadios")
+            self.until(lambda: self.control("Form").width > width, 10, "maximized")
+        self.click("Command1")
+        self.until(lambda: self.status() != DONE, 10, "the update begins")
+        if state == "minimize":
+            self.desk.minimize("ListRadios")
+            self.until(self.minimized, 10, "minimized")
+            assert self.status() != DONE, "the list arrives after that"
+        self.updated()
+        if state == "minimize":
+            assert self.minimized()
+        if state != "normal":
+            self.desk.restore("ListRadios")
+
+    def shrink(self):
+        window = subprocess.run(["xdotool", "search", "--name", "^Seznam rádií$"], capture_output=True, text=True,
+                                check=True).stdout.split()[-1]
+        before = self.control("Form").height
+        subprocess.run(["xdotool", "windowsize", window, "200", "150"], check=True)
+        self.until(lambda: self.control("Form").height < before, 10, "it can be shrunk: " + self.shape())
+        return self.control("Form").height * PIXEL
+
+    def advertisement_in(self, state):
+        self.open_with_tall_advertisement()
+        self.order(advertisement(USUAL), state)
+        self.until(lambda: self.control("Form").height == USUAL // PIXEL, 10, self.shape())
+        self.shows_advertisement()
+        assert 4800 < self.shrink() < 6500, self.shape()
+        self.shows_advertisement()
+
+    def information_in(self, state):
+        self.open_with_tall_advertisement()
+        self.order(INFORMATION, state)
+        self.until(lambda: self.control("Form").height == INFORMATION_HEIGHT // PIXEL, 10, self.shape())
+        assert self.control("InfoPanel").visible
+        assert 4800 < self.shrink() < 5500, self.shape()
+        form, status, line = (self.control(name) for name in ("Form", "Label1", "InfoPanel"))
+        assert status.top + status.height <= line.top, self.shape()
+        assert line.top + line.height <= form.top + form.height, self.shape()
+        self.desk.maximize("ListRadios")
+        self.until(lambda: self.control("Form").height > 600, 10, "maximized")
+        self.shows_advertisement()
+
+    def test_an_advertisement_in_the_normal_window(self):
+        self.advertisement_in("normal")
+
+    def test_an_advertisement_in_the_maximized_window(self):
+        self.advertisement_in("maximize")
+
+    def test_an_advertisement_in_the_minimized_window(self):
+        self.advertisement_in("minimize")
+
+    def test_an_information_line_in_the_normal_window(self):
+        self.information_in("normal")
+
+    def test_an_information_line_in_the_maximized_window(self):
+        self.information_in("maximize")
+
+    def test_an_information_line_in_the_minimized_window(self):
+        self.information_in("minimize")
+
+
+if __name__ == "__main__":
+    harness.run(TestOrderedHeights)
