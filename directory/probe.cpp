@@ -30,14 +30,10 @@ std::optional<std::uint64_t> length_value(std::string_view text) {
   return number == 0 ? std::nullopt : std::optional(number);
 }
 
-// Only the first twelve characters of a line tell it, however long the host's name is.
+// At the beginning of a line, whole, however long the host's name is.
 bool is_error_marker(std::string_view line, const std::wstring& host, const platform::AnsiCodec& codec,
                      const core::CodePageFold& fold) {
-  constexpr std::size_t compared = 12;
-  if (host.empty())
-    return false;
-  const std::string marker = codec.encode(host + L":error").substr(0, compared);
-  return fold.starts_with(line, marker);
+  return !host.empty() && fold.starts_with(line, codec.encode(host + L":error"));
 }
 
 } // namespace

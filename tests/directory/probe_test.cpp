@@ -58,7 +58,7 @@ TEST(Probe, TheErrorMarkerRefuses) {
   EXPECT_EQ(probe("orb.cz:error\r\nsize:100\r\n"), "refused") << "the reading ends there";
 }
 
-TEST(Probe, TheMarkerIsLookedForInTheFirstTwelveCharactersOnly) {
+TEST(Probe, TheMarkerStandsWholeAtTheBeginning) {
   EXPECT_EQ(probe(" orb.cz:error\r\nsize:5"), "5");
   EXPECT_EQ(probe("www.orb.cz:error\r\nsize:5"), "5");
   EXPECT_EQ(probe("orb.cz:erro\r\nsize:5"), "5");
@@ -69,8 +69,12 @@ TEST(Probe, TheServersOwnHostMarksErrorsToo) {
   EXPECT_EQ(probe("a.cz:error\r\nsize:5", L"http://www.a.cz:8080/orb"), "refused");
   EXPECT_EQ(probe("A.cz:error neco\r\nsize:5", L"http://a.cz"), "refused");
   EXPECT_EQ(probe("127.0.0.1:error\r\nsize:5", L"http://127.0.0.1:8000"), "refused");
-  EXPECT_EQ(probe("127.0.0.1:er\r\nsize:5", L"http://127.0.0.1:8000"), "refused") << "twelve characters are compared";
-  EXPECT_EQ(probe("127.0.0.1:e\r\nsize:5", L"http://127.0.0.1:8000"), "5");
+  EXPECT_EQ(probe("127.0.0.1:er\r\nsize:5", L"http://127.0.0.1:8000"), "5") << "not the whole marker";
+  const std::string host = "radio.velmi-dlouhe-jmeno.example";
+  const std::wstring server = L"http://www.radio.velmi-dlouhe-jmeno.example/orb";
+  EXPECT_EQ(probe(host + ":error\r\nsize:5", server), "refused");
+  EXPECT_EQ(probe(host + ":erro\r\nsize:5", server), "5");
+  EXPECT_EQ(probe("radio.velmi-jine\r\nsize:5", server), "5") << "the same twelve characters";
   EXPECT_EQ(probe("b.cz:error\r\nsize:5", L"http://a.cz"), "5") << "another host";
   EXPECT_EQ(probe(":error\r\nsize:5", L""), "5") << "no server, no marker of its own";
   EXPECT_EQ(probe("orb.cz:error\r\nsize:5", L""), "refused");
