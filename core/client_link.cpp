@@ -87,10 +87,7 @@ void ClientLink::ask_about(const std::wstring& new_messages, std::wstring_view t
 }
 
 void ClientLink::Control_ShowUser_Click() {
-  if (showing_)
-    return;
-  const Busy guard(showing_);
-  uses_.sender.SendCommand(client_program, client_caption, L"lts:" + uses_.settings.IDlastRadio, L"2");
+  uses_.sender.show_users(client_program, client_caption, L"lts:" + uses_.settings.IDlastRadio, L"2");
 }
 
 } // namespace lumotune::core

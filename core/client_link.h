@@ -44,8 +44,7 @@ public:
   // One report, 3 s from now: of the station that is tuned then. A report that is already due keeps its time.
   void enable_Timer1() override { Timer1->start(); }
 
-  // Asks the client to show who listens to the tuned station. It may take 12 s, in which events run; a second wish
-  // meanwhile is dropped.
+  // Asks the client to show who listens to the tuned station. Events run meanwhile.
   void Control_ShowUser_Click();
 
 private:
@@ -56,7 +55,6 @@ private:
   [[nodiscard]] std::wstring reply_file() const;
 
   Uses uses_;
-  bool showing_ = false;
   std::unique_ptr<platform::Timer> Timer1; // the report
   std::unique_ptr<platform::Timer> Timer2; // looks for the reply
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "core/send_command.h"
 
+#include "core/busy.h"
 #include "core/pause.h"
 
 namespace lumotune::core {
@@ -33,6 +34,14 @@ void CommandSender::SendCommand(const std::wstring& ProgramFile, const std::wstr
       return;
   }
   uses_.messages.send_copy_data(target, uses_.codec.encode(Text));
+}
+
+void CommandSender::show_users(const std::wstring& ProgramFile, const std::wstring& WindowCaption,
+                               const std::wstring& Text, const std::wstring& Mode, const std::wstring& application) {
+  if (showing_users_)
+    return;
+  const Busy guard(showing_users_);
+  SendCommand(ProgramFile, WindowCaption, Text, Mode, application);
 }
 
 void CommandSender::send_to(WindowRef target, const std::wstring& Text) {

@@ -28,11 +28,17 @@ public:
   void SendCommand(const std::wstring& ProgramFile, const std::wstring& WindowCaption, const std::wstring& Text,
                    std::wstring Mode, const std::wstring& application = {});
 
+  // The same for a wish to see who listens, whichever window it comes from: while one is on its way, which may take
+  // 12 s, another one is dropped.
+  void show_users(const std::wstring& ProgramFile, const std::wstring& WindowCaption, const std::wstring& Text,
+                  const std::wstring& Mode, const std::wstring& application = {});
+
   // Delivers one command to that window, events first. No window: nothing is sent.
   void send_to(platform::WindowRef target, const std::wstring& Text);
 
 private:
   Uses uses_;
+  bool showing_users_ = false;
 };
 
 } // namespace lumotune::core

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/actions.h"
 
-#include "core/busy.h"
+#include "core/text.h"
 #include "skin/companions.h"
 
 #include <algorithm>
@@ -70,12 +70,9 @@ void Actions::Label6_Click() {
 
 // It may take as long as the client takes to start; a second wish meanwhile is dropped.
 void Actions::show_users(const std::wstring& id) {
-  if (showing_)
-    return;
-  const core::Busy guard(showing_);
   // Without a nickname the listeners are shown all the same.
   (void)uses_.identity.LoadOptionsNick();
-  uses_.sender.SendCommand(L"orb.exe ", L"Orb - Lumotune", L"lts:" + id, L"2");
+  uses_.sender.show_users(L"orb.exe ", L"Orb - Lumotune", L"lts:" + id, L"2");
 }
 
 void Actions::ShowUsers_Click() {

@@ -70,7 +70,6 @@ private:
   Uses uses_;
   std::wstring WebRadia_caption_ = L"Web rádia";
   bool WebRadia_enabled_ = false;
-  bool showing_ = false; // the client is being asked for listeners
 };
 
 } // namespace lumotune::directory

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/info_panel.h"
 
-#include "core/busy.h"
 #include "core/lumotune_form.h"
 #include "core/text.h"
 
@@ -103,9 +102,6 @@ void InfoPanelLine::open_url() {
 }
 
 void InfoPanelLine::show_users() {
-  if (showing_)
-    return;
-  const core::Busy guard(showing_);
   auto pieces = core::split_text(panel_parameter_, L"||");
   if (pieces.size() < 4)
     return;
@@ -117,7 +113,7 @@ void InfoPanelLine::show_users() {
   // folder. The message still reaches a window that is there.
   const std::wstring program = skin::companion_program(uses_.machine.program_folder(), pieces[0]);
   const bool known = !program.empty() && uses_.files.exists(program);
-  uses_.sender.SendCommand(pieces[0], pieces[1], pieces[2], known ? pieces[3] : L"x", program);
+  uses_.sender.show_users(pieces[0], pieces[1], pieces[2], known ? pieces[3] : L"x", program);
 }
 
 void InfoPanelLine::open_browser() {

@@ -68,7 +68,6 @@ private:
   std::wstring panel_action_;
   std::wstring panel_parameter_;
   std::size_t typing_position_ = 0;
-  bool showing_ = false; // a message to a window is being delivered
 };
 
 } // namespace lumotune::directory

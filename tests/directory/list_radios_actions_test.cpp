@@ -2,7 +2,12 @@
 // What a listener does with a station of the directory besides playing it: favourites, companions, pages.
 #include "tests/support/directory_world.h"
 
+#include "core/client_link.h"
+
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
 
 namespace lumotune::directory {
 namespace {
@@ -120,6 +125,32 @@ TEST_F(ListRadiosActions, AMissingClientIsStartedAtEveryMissAndAskedOnce) {
   messages.add_window(L"Orb - Lumotune", static_cast<platform::WindowRef>(7));
   (void)label(L"Label9").user_click();
   EXPECT_EQ(messages.sent.size(), 1U) << "and the next one works again";
+}
+
+// From the main window, the directory or its information line: the client hears one wish at a time.
+TEST_F(ListRadiosActions, WhileOneWindowAsksForListenersNoOtherOneDoes) {
+  core::ClientLink link{{files, codec, machine, loop, dialogs, settings, options, sender}};
+  messages.remove_window(L"Orb - Lumotune");
+  (void)files.replace(machine.folder + L"\\orb.exe", "x");
+  AdvertState state;
+  platform::memory::MemoryFramedWindow other{L"ListRadios", files};
+  ListRadiosForm other_form{other};
+  Layout layout{other_form};
+  WebSlot pages;
+  InfoPanelLine line{{other_form, layout, settings, loop, dialogs, shell, files, machine, sender, identity, pages}};
+  line.ZobrazInfoPanel(L"0/@//@/1000/@/t/@//@/showusers/@/orb.exe||Orb - Lumotune||lts:RADIO1||2");
+  (void)list().user_pick(1, MouseButton::left);
+  const std::vector<std::function<void()>> wishes = {[&] { link.Control_ShowUser_Click(); },
+                                                     [&] { (void)label(L"Label9").user_click(); },
+                                                     [&] { line.InfoPanel_Click(); }};
+  for (const auto& first : wishes) {
+    for (const auto& second : wishes) {
+      shell.started.clear();
+      loop.at(700, second);
+      first();
+      EXPECT_EQ(shell.started.size(), 9U) << &first - wishes.data() << &second - wishes.data();
+    }
+  }
 }
 
 TEST_F(ListRadiosActions, TheActionsStartTheirProgramsForNoStationToo) {
