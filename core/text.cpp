@@ -145,18 +145,19 @@ double number_value(std::wstring_view text) {
   return !text.empty() && text[0] == L'-' ? -number : number;
 }
 
-std::optional<int> twips_value(std::wstring_view text) {
+std::optional<double> whole_text_number(std::wstring_view text) {
   text = without_leading_blanks(text);
-  const std::size_t last = text.find_last_not_of(L" \t");
-  if (last == std::wstring_view::npos)
+  text = text.substr(0, text.find_last_not_of(L" \t") + 1);
+  if (text.empty() || number_length(text) != text.size())
     return std::nullopt;
-  text = text.substr(0, last + 1);
-  if (number_length(text) != text.size())
+  return number_value(text);
+}
+
+std::optional<int> twips_value(std::wstring_view text) {
+  const auto number = whole_text_number(text);
+  if (!number.has_value() || !(std::fabs(*number) <= farthest_twips))
     return std::nullopt;
-  const double number = number_value(text);
-  if (!(std::fabs(number) <= farthest_twips))
-    return std::nullopt;
-  return static_cast<int>(std::lround(number));
+  return static_cast<int>(std::lround(*number));
 }
 
 int volume_value(std::wstring_view text) {

@@ -37,6 +37,9 @@ inline constexpr std::wstring_view record_delimiter = L"/@/";
 // The number that a text begins with: blanks, a sign, digits, a decimal point and digits; 0 where it begins with none.
 [[nodiscard]] double number_value(std::wstring_view text);
 
+// A whole text that is such a number, with blanks around it; nothing for an empty or any other text.
+[[nodiscard]] std::optional<double> whole_text_number(std::wstring_view text);
+
 // A whole text that is a number of twips, rounded; nothing for an empty or bad text or one beyond any screen.
 [[nodiscard]] std::optional<int> twips_value(std::wstring_view text);
 

@@ -3,6 +3,7 @@
 
 #include "core/text.h"
 
+#include <optional>
 #include <utility>
 
 namespace lumotune::directory {
@@ -10,6 +11,13 @@ namespace {
 
 constexpr int shown_top = 5280;
 constexpr int collapsed_top = 10280; // out of sight, though it counts as visible
+
+// No window of the system is taller than 16,383 pixels.
+std::optional<int> height_value(std::wstring_view text) {
+  constexpr int tallest = 16383 * 15;
+  const auto height = core::twips_value(text);
+  return height.has_value() && *height >= 0 && *height <= tallest ? height : std::nullopt;
+}
 
 bool is_letter(wchar_t character) {
   return (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z');
@@ -54,11 +62,11 @@ void Advert::take_order(const std::wstring& CommandsG) {
   const Layout::Hold hold(uses_.layout);
   if (fields[2] == L"1") {
     uses_.form.WebBrowser1.set_visible(true);
-    const auto height = core::twips_value(fields[0]);
+    const auto height = height_value(fields[0]);
     if (!height)
       return;
     uses_.layout.set_advert(*height, shown_top);
-    const auto window_height = core::twips_value(fields[1]);
+    const auto window_height = height_value(fields[1]);
     if (!window_height)
       return;
     uses_.layout.set_window_height(*window_height);

@@ -27,7 +27,7 @@ public:
   explicit Advert(const Uses& uses) : uses_(uses) {}
 
   // Fields of the command: height of the area, height of the window (twips both), "1" to show it, address of the page.
-  // A field that is missing or no number ends the procedure there.
+  // A field that is missing, no number or out of range ends the procedure there.
   void ZobrazReklamu(const std::wstring& CommandsG);
   // The same in two steps, so that several orders ask for one page: `take_order` each, then `request_page`, which asks
   // when one of them got as far as its address.

@@ -7,7 +7,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <optional>
 #include <utility>
+#include <vector>
 
 namespace lumotune::directory {
 namespace {
@@ -15,15 +18,15 @@ namespace {
 using core::replace_ignoring_case;
 
 constexpr int height_with_line = 6045; // of the window, twips
-constexpr double longest_interval_ms = 60000;
+constexpr double longest_interval_ms = 65535;
 constexpr double largest_colour = 0xffffff;
 
-// A whole text that is a number not below 0; nothing otherwise.
-bool number_of(const std::wstring& text, double largest, double& number) {
-  if (text.empty() || text.find_first_not_of(L"0123456789") != std::wstring::npos)
-    return false;
-  number = std::min(core::number_value(text), largest);
-  return true;
+// A field that is a number from 0 on, halves rounded to the even neighbour; nothing where it is missing or too large.
+std::optional<std::uint32_t> number_of(const std::vector<std::wstring>& fields, std::size_t index, double largest) {
+  const auto number = index < fields.size() ? core::whole_text_number(fields[index]) : std::nullopt;
+  if (!number.has_value() || !(*number >= 0 && *number <= largest))
+    return std::nullopt;
+  return static_cast<std::uint32_t>(std::nearbyint(*number));
 }
 
 } // namespace
@@ -50,11 +53,10 @@ void InfoPanelLine::ZobrazInfoPanel(const std::wstring& CommandsG) {
   uses_.loop.run_pending();
   const auto fields = core::split_record(CommandsG);
   line.set_bold(fields[0] == L"1");
-  double number = 0;
-  if (fields.size() > 1 && number_of(fields[1], largest_colour, number))
-    line.set_text_colour(static_cast<platform::Colour>(static_cast<std::uint32_t>(number)));
-  if (fields.size() > 2 && number_of(fields[2], longest_interval_ms, number))
-    TimerInPan->set_interval(std::max(static_cast<std::uint32_t>(number), 1U));
+  if (const auto colour = number_of(fields, 1, largest_colour))
+    line.set_text_colour(static_cast<platform::Colour>(*colour));
+  if (const auto interval = number_of(fields, 2, longest_interval_ms))
+    TimerInPan->set_interval(std::max(*interval, 1U));
   if (fields.size() > 3)
     panel_text_ = fields[3].substr(0, max_typed);
   if (fields.size() > 4)

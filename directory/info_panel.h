@@ -47,8 +47,8 @@ public:
   // An action with a longer parameter is none.
   static constexpr std::size_t max_parameter = 2000;
 
-  // Fields: "1" for bold, colour, milliseconds a letter, text, tool tip, action, its parameter. A step whose field is
-  // missing or bad is left out.
+  // Fields: "1" for bold, colour, milliseconds a letter (up to 65,535), text, tool tip, action, its parameter. A step
+  // whose field is missing, bad or out of range is left out.
   void ZobrazInfoPanel(const std::wstring& CommandsG);
   void InfoPanel_Click();
   void InfoPanel_MouseMove() { uses_.form.InfoPanel.set_underline(true); }

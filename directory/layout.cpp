@@ -18,7 +18,6 @@ constexpr int first_width = 10200;
 constexpr int first_height = 5745;
 constexpr int smallest_width = 8700;
 constexpr int smallest_bare_height = 4800; // without information line and advertisement
-constexpr int tallest = 60000;
 
 template <typename Control>
 void put(Control& control, int left, int top, int width, int height) {
@@ -49,7 +48,7 @@ void Layout::set_up() {
 
 void Layout::set_window_height(int height) {
   form_.window.set_minimum(smallest_width, smallest_bare_height);
-  form_.window.resize(form_.window.rect().width, std::clamp(height, smallest_bare_height, tallest));
+  form_.window.resize(form_.window.rect().width, std::max(height, smallest_bare_height));
   note_inside();
 }
 

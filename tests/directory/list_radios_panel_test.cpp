@@ -89,9 +89,48 @@ TEST_F(ListRadiosPanel, AnIntervalOfZeroIsTheSmallestOne) {
   EXPECT_EQ(shown.text(), L"abc");
 }
 
+TEST_F(ListRadiosPanel, NumbersMayHaveBlanksASignAndDecimals) {
+  for (const wchar_t* number :
+       {L" 100", L"100 ", L"\t100", L"100.0", L"+100", L"0100", L" 100.4 ", L"99.5", L"100.5"}) {
+    const std::wstring text = number;
+    shown.set_text_colour(platform::Colour{7});
+    line.ZobrazInfoPanel(L"0/@/" + text + L"/@/" + text + L"/@/ab");
+    EXPECT_EQ(shown.text_colour(), platform::Colour{100}) << testing::PrintToString(text);
+    loop.advance(299);
+    EXPECT_EQ(shown.text(), L"a") << testing::PrintToString(text);
+  }
+  advert.ZobrazReklamu(L" 1050 /@/+7125.0/@/1/@/http://a/");
+  EXPECT_EQ(browser.rect().height, 1050);
+  EXPECT_EQ(window.rect().height, 7125);
+}
+
+TEST_F(ListRadiosPanel, ANumberOutOfRangeLeavesOutItsStep) {
+  for (const wchar_t* bad :
+       {L"-1", L"16777216", L"99999999999999999999", L"1,5", L"1 2", L"0x10", L".", L"1e2", L" "}) {
+    line.ZobrazInfoPanel(L"0/@/255/@/100/@/ab");
+    line.ZobrazInfoPanel(L"0/@/" + std::wstring(bad) + L"/@/" + bad + L"/@/ab");
+    EXPECT_EQ(shown.text_colour(), platform::Colour{255}) << testing::PrintToString(std::wstring(bad));
+    loop.advance(200);
+    EXPECT_EQ(shown.text(), L"a") << testing::PrintToString(std::wstring(bad));
+  }
+  line.ZobrazInfoPanel(L"0/@/16777215/@/65535/@/ab");
+  EXPECT_EQ(shown.text_colour(), platform::Colour{0xffffff});
+  line.ZobrazInfoPanel(L"0/@//@/65536/@/ab");
+  loop.advance(2 * 65535 - 1);
+  EXPECT_EQ(shown.text(), L"");
+  loop.advance(1);
+  EXPECT_EQ(shown.text(), L"a");
+  for (const wchar_t* bad : {L"-1", L"245746", L"999999999999"}) {
+    advert.ZobrazReklamu(std::wstring(bad) + L"/@/7125/@/1/@/http://a/");
+    advert.ZobrazReklamu(L"1050/@/" + std::wstring(bad) + L"/@/1/@/http://a/");
+    EXPECT_FALSE(state.present) << testing::PrintToString(std::wstring(bad));
+  }
+  EXPECT_EQ(window.rect().height, 6045);
+}
+
 TEST_F(ListRadiosPanel, HugeNumbersAreHarmless) {
   line.ZobrazInfoPanel(L"0/@/99999999999999999999/@/1000000000000000000000/@/abc");
-  EXPECT_EQ(shown.text_colour(), platform::Colour{0xffffff});
+  EXPECT_EQ(shown.text_colour(), platform::Colour{});
   advert.ZobrazReklamu(L"1000/@/999999999999/@/1/@/http://a/");
   EXPECT_FALSE(state.present) << "no screen is that high";
   advert.ZobrazReklamu(L"1000/@/1900000/@/1/@/http://a/");
