@@ -11,6 +11,7 @@ namespace lumotune::directory {
 namespace {
 
 constexpr const wchar_t* refused_text = L"Aktualizaci nyní nelze provést, zkuste to prosím později.";
+constexpr const wchar_t* not_written_text = L"Soubory seznamu používá jiný program, otevřete okno znovu.";
 
 UpdateStep status(std::wstring text) {
   return {Step::set_status, std::move(text)};
@@ -98,7 +99,8 @@ UpdateSteps Update::Timer1_Timer(const FileFacts& list) {
   return steps(std::move(list_of_steps));
 }
 
-// A list that cannot be read yet, or is no longer as long as announced, is tried again at the next tick.
+// A list that cannot be read yet, or is no longer as long as announced, is tried again at the next tick. The button
+// stays as it is when the update fails: the next opening of the window begins with it enabled, and with an update.
 UpdateSteps Update::converted(unsigned run, Conversion result) {
   if (run != run_ || state_ != State::converting)
     return steps({});
@@ -108,7 +110,7 @@ UpdateSteps Update::converted(unsigned run, Conversion result) {
   }
   state_ = State::idle;
   if (result != Conversion::done)
-    return steps({status(refused_text), {Step::hide_progress}, {Step::Command1_on}});
+    return steps({status(result == Conversion::not_written ? not_written_text : refused_text), {Step::hide_progress}});
   return steps(
       {{Step::reload}, {Step::repaint}, status(L"Hotovo, připraven..."), {Step::hide_progress}, {Step::Command1_on}});
 }

@@ -3,6 +3,9 @@
 #include "core/station_limits.h"
 #include "tests/directory/update_world.h"
 
+#include <functional>
+#include <vector>
+
 namespace lumotune::test {
 namespace {
 
@@ -81,7 +84,6 @@ TEST_F(ListRadiosUpdate, AListOfTooManyLinesChangesNothing) {
   EXPECT_EQ(status(), refused);
   EXPECT_EQ(content(L"radios.tt"), before);
   EXPECT_FALSE(label(L"InfoPanel").visible());
-  EXPECT_TRUE(Command1().enabled());
 }
 
 TEST_F(ListRadiosUpdate, SeveralAdvertisementsAskForOnePage) {
@@ -261,8 +263,8 @@ TEST_F(ListRadiosUpdate, FilesThatCannotBeWrittenLeaveTheOldOnes) {
   const std::string categories = content(L"kategories.tt");
   Command1().press();
   bring("orb:k:new//100009/@/X\r\n" + Record{"NOVA01", "Nov\xe1"}.line());
-  EXPECT_EQ(status(), refused);
-  EXPECT_TRUE(Command1().enabled());
+  EXPECT_EQ(status(), held);
+  EXPECT_FALSE(Command1().enabled()) << "only a completed update enables it";
   EXPECT_FALSE(progress().visible());
   EXPECT_EQ(content(L"radios.tt"), before);
   EXPECT_EQ(content(L"kategories.tt"), categories);
@@ -286,3 +288,35 @@ TEST_F(ListRadiosUpdate, ASignOfNewCategoriesThatIsEmptyIsNone) {
 
 } // namespace
 } // namespace lumotune::test
+// Whatever an update ended with after the button was pressed, opening the window anew brings the button and an update.
+TEST_F(ListRadiosUpdate, ClosingAndOpeningBringsTheButtonBackWhateverHappened) {
+  const std::vector<std::function<void()>> ends = {
+      [this] { write(L"orb_test_size.tt", "orb.cz:error"); },            // refused
+      [this] { connection.now.connected = false; },                      // asked below
+      [this] { announce(100); },                                         // a list that never comes
+      [this] { bring(std::string(core::max_station_lines + 1, '\n')); }, // of too many lines
+      [this] {
+        files.make_readonly(path(L"radios.tt"));
+        bring(stations_text());
+        EXPECT_EQ(status(), held);
+      }};
+  for (const auto& end : ends) {
+    if (&end == &ends[1])
+      end();
+    Command1().press();
+    if (&end != &ends[1])
+      end();
+    loop.advance(1000);
+    EXPECT_FALSE(Command1().enabled()) << &end - ends.data();
+    connection.now.connected = true;
+    window_shown().user_close();
+    loop.advance(200);
+    files.mend(path(L"radios.tt"));
+    directory.Naladit();
+    EXPECT_TRUE(Command1().enabled()) << &end - ends.data();
+    EXPECT_EQ(status(), connecting);
+    bring(stations_text());
+    EXPECT_EQ(status(), finished);
+  }
+}
+

@@ -186,7 +186,9 @@ TEST(Update, AListThatCannotBeReadIsWatchedOn) {
 TEST(Update, FilesThatCannotBeWrittenAreSaid) {
   Update update = converting();
   EXPECT_EQ(texts(update.converted(update.run(), Conversion::not_written)),
-            Texts({refusal[0], L"hide progress", L"Command1 on"}));
+            Texts({L"status Soubory seznamu používá jiný program, otevřete okno znovu.", L"hide progress"}));
+  update = converting();
+  EXPECT_EQ(texts(update.converted(update.run(), Conversion::too_long)), Texts({refusal[0], L"hide progress"}));
 }
 
 TEST(Update, ASecondStartBeginsAnewFromEveryState) {

@@ -15,6 +15,7 @@ using Names = std::vector<std::wstring>;
 
 inline constexpr const wchar_t* connecting = L"Připojování k databázi rádií...";
 inline constexpr const wchar_t* finished = L"Hotovo, připraven...";
+inline constexpr const wchar_t* held = L"Soubory seznamu používá jiný program, otevřete okno znovu.";
 inline constexpr const wchar_t* refused = L"Aktualizaci nyní nelze provést, zkuste to prosím později.";
 
 struct UpdateWorld : testing::Test, DirectoryWorld {
