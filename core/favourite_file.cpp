@@ -30,9 +30,8 @@ FavouriteAdded FavouriteFile::add(const std::wstring& line) {
   if (line.find_first_of(std::wstring_view(L"\r\n\0", 3)) != std::wstring::npos)
     return FavouriteAdded::failed;
   // A file that is there but cannot be read is never written: it would lose what it holds.
-  if (!uses_.files.exists(path()) && !uses_.files.replace(path(), line_end))
-    return FavouriteAdded::failed;
-  const auto bytes = uses_.files.read(path());
+  const bool exists = uses_.files.exists(path());
+  const auto bytes = exists ? uses_.files.read(path()) : std::string();
   if (!bytes.has_value())
     return FavouriteAdded::failed;
   TextLines List3 = without_empty_lines(split_text_lines(*bytes));
@@ -42,6 +41,11 @@ FavouriteAdded FavouriteFile::add(const std::wstring& line) {
   if (!there && !line.empty())
     List3.push_back(uses_.codec.encode(line));
   const std::string fresh = lines_with_ends(List3);
+  if (fresh.empty()) {
+    if (exists)
+      (void)uses_.files.remove(path()); // it holds no favourite: one that stays does no harm
+    return FavouriteAdded::added;
+  }
   if (fresh != *bytes && !uses_.files.replace(path(), fresh) && !there)
     return FavouriteAdded::failed;
   return there ? FavouriteAdded::already_there : FavouriteAdded::added;

@@ -32,8 +32,9 @@ public:
   // The bytes of the file; empty when there is none or it cannot be read.
   [[nodiscard]] std::string read() const;
 
-  // Appends a line unless it is there, and drops empty lines. A missing file is made. An empty line counts as added and
-  // is not written. `failed` changes nothing: the file cannot be made, read or replaced, or the text is no line.
+  // Appends a line unless it is there, and drops empty lines. An empty line counts as added and is not written; where
+  // nothing is left to write there is no file afterwards. `failed` changes nothing: the file cannot be made, read or
+  // replaced, or the text is no line.
   [[nodiscard]] FavouriteAdded add(const std::wstring& line);
 
   // Takes every such line out. The new file begins with an empty line and has no other, also when nothing was found.

@@ -20,6 +20,12 @@ TEST_F(FavouriteFileTest, RemovingWhatIsNotThereRewritesTheRest) {
   EXPECT_EQ(file.remove(L""), core::FavouriteRemoved::not_there) << "an empty line is no favourite";
 }
 
+TEST_F(FavouriteFileTest, RemovingTheLastOneLeavesAnEmptyLine) {
+  w.put(L"list.tt", "lt:RADIO1/1\r\n");
+  EXPECT_EQ(file.remove(L"lt:RADIO1/1"), core::FavouriteRemoved::removed);
+  EXPECT_EQ(w.get(L"list.tt"), "\r\n");
+}
+
 TEST_F(FavouriteFileTest, EveryByteOfTheOtherLinesIsKept) {
   std::string line;
   for (int byte = 1; byte < 256; ++byte) {
@@ -79,7 +85,10 @@ TEST_F(FavouriteFileTest, AddingMakesAMissingFile) {
 
 TEST_F(FavouriteFileTest, AnEmptyLineCountsAsAddedAndIsNotWritten) {
   EXPECT_EQ(file.add(L""), core::FavouriteAdded::added);
-  EXPECT_EQ(w.get(L"list.tt"), "");
+  EXPECT_FALSE(w.files.exists(w.path(L"list.tt"))) << "nothing to write, no file";
+  w.put(L"list.tt", "\r\n\r\n");
+  EXPECT_EQ(file.add(L""), core::FavouriteAdded::added);
+  EXPECT_FALSE(w.files.exists(w.path(L"list.tt")));
   w.put(L"list.tt", "\r\nlt:RADIO1/1\r\n");
   EXPECT_EQ(file.add(L""), core::FavouriteAdded::added);
   EXPECT_EQ(w.get(L"list.tt"), "lt:RADIO1/1\r\n");
