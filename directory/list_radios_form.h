@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The station directory window `ListRadios` and its controls by their designer names, made in tab order; no behaviour.
+// The station directory window `ListRadios` and its controls by their designer names, made in the order of
+// Tab; no behaviour.
 #pragma once
 
 #include "platform/framed_window.h"
@@ -15,6 +16,7 @@ struct ListRadiosForm {
   platform::TreeView& TreeView1;    // categories
   platform::ListView& ListView1;    // stations of the category
   platform::Label& Label2;          // name of the station, heading of the details
+  platform::PictureBox& Image3;     // logo: the site's login page
   platform::Label& Label3;          // its country
   platform::Label& Label4;          // its web address, a link
   platform::TextBox& Text1;         // what the record says beyond its fields
@@ -24,7 +26,6 @@ struct ListRadiosForm {
   platform::Label& Label9;          // listeners
   platform::Label& Label10;         // discussion
   platform::Label& Label6;          // trouble report
-  platform::PictureBox& Image3;     // logo: the site's login page
   platform::Button& Command1;       // update
   platform::Label& Label1;          // status line
   platform::ProgressBar& Progress;  // beside it while a download runs

@@ -25,7 +25,8 @@ public:
   // Selects and scrolls into sight, opening what hides it; nothing changes outside 1..count. Fires nothing.
   virtual void select(std::size_t index) = 0;
 
-  std::function<void()> on_key_up; // any key let go while the tree has the keyboard, after it moved the selection
+  // Any key let go while the tree has the keyboard, after it moved the selection; Enter, too.
+  std::function<void()> on_key_up;
 };
 
 // What a list in columns shows. Asked for whatever row comes into sight, at any time between two changes of the rows.

@@ -68,6 +68,10 @@ bool MemoryTree::user_arrow(std::size_t index) {
   return fire(on_key_up);
 }
 
+bool MemoryTree::user_enter() {
+  return selected_ != 0 && user_arrow(selected_);
+}
+
 void MemoryListView::add_column(const std::wstring& key, const std::wstring& caption, int width) {
   columns_.push_back({key, caption, width});
 }
@@ -154,6 +158,13 @@ Frame& MemoryFramedWindow::make_frame(const std::wstring& designer_name) {
 
 Browser& MemoryFramedWindow::make_browser(const std::wstring& designer_name) {
   return make<MemoryBrowser>(designer_name);
+}
+
+std::vector<std::wstring> MemoryFramedWindow::made_stops() const {
+  std::vector<std::wstring> names;
+  for (const Control* stop : keyboard_.stops())
+    names.push_back(stop->name());
+  return names;
 }
 
 // Showing brings it back from the icon.

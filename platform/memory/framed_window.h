@@ -28,6 +28,7 @@ public:
 
   bool user_pick(std::size_t index);  // clicks the node
   bool user_arrow(std::size_t index); // comes to the node by a key
+  bool user_enter();                  // presses Enter on the selected node, which stays
 
 private:
   struct Node {
@@ -142,6 +143,8 @@ public:
   void user_restore();
   void user_leaves() { keyboard_.window_active(false); }
   void user_tab(bool back) { keyboard_.tab(back); }
+  // The tab stops, in the order of making.
+  [[nodiscard]] std::vector<std::wstring> made_stops() const;
   [[nodiscard]] std::wstring keyboard_at() const { return keyboard_.at() == nullptr ? L"" : keyboard_.at()->name(); }
   void user_resize(int width, int height);
   void user_close();

@@ -17,6 +17,7 @@ public:
   ~Keyboard() = default;
 
   void add_stop(const Control& control) { stops_.push_back(&control); } // in the order of making
+  [[nodiscard]] const std::vector<const Control*>& stops() const { return stops_; }
 
   // The control that has it; nullptr while the window is not the active one, or has none to give it to.
   [[nodiscard]] const Control* at() const { return active_ ? at_ : nullptr; }

@@ -57,7 +57,7 @@ public:
   [[nodiscard]] virtual bool asked(NMHDR& /*header*/, LRESULT& /*result*/) { return false; }
   virtual void pressed_by_key() {} // Enter, or Space where the class does not know it
   [[nodiscard]] virtual bool pressable() const { return false; }
-  [[nodiscard]] virtual bool takes_enter() const { return false; } // as a character of its own
+  [[nodiscard]] virtual bool takes_enter() const { return false; } // has a use of its own for it
   void paint_item(const DRAWITEMSTRUCT& item);                     // double-buffered
 
 protected:

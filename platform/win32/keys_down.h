@@ -8,15 +8,17 @@
 
 namespace lumotune::platform::win32 {
 
-// A key let go counts when it can move a selection and went down here: Tab brings the keyboard with its own key still
-// down, and Enter comes up after the menu or box that it closed.
+// A key let go counts when it can move a selection, or is an Enter that chooses it, and went down here: Tab brings the
+// keyboard with its own key still down, and Enter comes up after the menu or box that it closed.
 class KeysDown {
 public:
+  explicit KeysDown(bool enter_chooses = false) : enter_chooses_(enter_chooses) {}
+
   // Every message of the control; true for one that tells of a key which counts and is let go.
   [[nodiscard]] bool let_go(UINT message, WPARAM key) {
     if (message == WM_KILLFOCUS)
       down_.reset();
-    if (message == WM_KEYDOWN && key < down_.size() && can_move(key))
+    if (message == WM_KEYDOWN && key < down_.size() && (can_move(key) || (enter_chooses_ && key == VK_RETURN)))
       down_.set(key);
     if (message != WM_KEYUP || key >= down_.size() || !down_.test(key))
       return false;
@@ -30,6 +32,7 @@ private:
            (key >= VK_NUMPAD0 && key <= VK_DIVIDE) || (key >= VK_OEM_1 && key <= VK_OEM_102) || key == VK_PACKET;
   }
 
+  bool enter_chooses_;
   std::bitset<256> down_;
 };
 

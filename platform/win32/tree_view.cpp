@@ -186,6 +186,8 @@ bool Win32TreeView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& re
   case WM_LBUTTONDOWN:
     result = press(w, l);
     return true;
+  case WM_CHAR: // the search for letters knows no Enter and would beep
+    return w == VK_RETURN;
   default:
     return false;
   }

@@ -25,6 +25,7 @@ public:
   [[nodiscard]] std::size_t selected() const override;
   void select(std::size_t index) override;
   void dpi_changed() override;
+  [[nodiscard]] bool takes_enter() const override { return true; }
   [[nodiscard]] bool asked(NMHDR& header, LRESULT& result) override;
 
 private:
@@ -44,7 +45,7 @@ private:
 
   std::vector<Node> nodes_;
   std::unordered_map<std::wstring, std::size_t> by_key_; // capitals -> index
-  KeysDown keys_;
+  KeysDown keys_{true};
   bool changing_ = false;
   int height_ = 0; // pixels
 };

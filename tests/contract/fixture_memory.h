@@ -38,6 +38,9 @@ struct Backend {
   static platform::memory::MemoryFramedWindow& twin(platform::FramedWindow& framed) {
     return dynamic_cast<platform::memory::MemoryFramedWindow&>(framed);
   }
+  static void enter(platform::FramedWindow& /*framed*/, platform::TreeView& tree) {
+    (void)dynamic_cast<platform::memory::MemoryTree&>(tree).user_enter();
+  }
   void minimize(platform::FramedWindow& framed) { twin(framed).user_minimize(); }
   void maximize(platform::FramedWindow& framed) { twin(framed).user_maximize(); }
   void restore(platform::FramedWindow& framed) { twin(framed).user_restore(); }

@@ -89,6 +89,14 @@ struct Backend {
     ShowWindow(handle(framed), command);
     pass(200);
   }
+  void enter(platform::FramedWindow& framed, const platform::TreeView& tree) {
+    const HWND control = dynamic_cast<platform::win32::Win32FramedWindow&>(framed).handle_of(tree);
+    SetFocus(control);
+    PostMessageW(control, WM_KEYDOWN, VK_RETURN, 1);
+    pass(20);
+    PostMessageW(control, WM_KEYUP, VK_RETURN, static_cast<LPARAM>(0xc0000001));
+    pass(20);
+  }
   void minimize(platform::FramedWindow& framed) { show(framed, SW_MINIMIZE); }
   void maximize(platform::FramedWindow& framed) { show(framed, SW_MAXIMIZE); }
   void restore(platform::FramedWindow& framed) { show(framed, SW_RESTORE); }

@@ -49,6 +49,18 @@ TEST_F(TreeViewContract, NodesAreNumberedAsTheyAreAdded) {
   EXPECT_EQ(tree.node_text(99), L"");
 }
 
+TEST_F(TreeViewContract, EnterOnTheSelectedNodeIsTold) {
+  fill();
+  window->set_visible(true);
+  window->activate();
+  b.pass(50);
+  tree.select(3);
+  EXPECT_EQ(fired, 0);
+  b.enter(*window, tree);
+  EXPECT_EQ(fired, 1);
+  EXPECT_EQ(tree.selected(), 3U);
+}
+
 TEST_F(TreeViewContract, AKeyThatIsTakenIsRefused) {
   fill();
   EXPECT_FALSE(tree.add(L"a100001", L"", L"znovu"));

@@ -140,6 +140,20 @@ TEST_F(ListRadiosForm, ARightClickIsRememberedToo) {
   EXPECT_EQ(list().selected(), 3U);
 }
 
+// The order of making is that of Tab: the keyboard comes first to what was made first.
+TEST_F(ListRadiosForm, TabVisitsTheControlsInTheOrderOfMaking) {
+  bring("orb:i:0/@//@/10/@/Zprava/@//@//@/\r\n" + stations_text());
+  Names visited;
+  for (int i = 0; i < 12; ++i) {
+    visited.push_back(window_shown().keyboard_at());
+    window_shown().user_tab(false);
+  }
+  EXPECT_EQ(visited, (Names{L"TreeView1", L"ListView1", L"Image3", L"Label4", L"Text1", L"Label7", L"Label5", L"Label9",
+                            L"Label10", L"Label6", L"Command1", L"InfoPanel"}));
+  EXPECT_EQ(window_shown().keyboard_at(), L"TreeView1") << "and round";
+  EXPECT_EQ(window_shown().made_stops(), visited);
+}
+
 TEST_F(ListRadiosForm, AClickThatSelectsNothingOpensNothing) {
   list().select(0);
   (void)list().user_mouse_down({MouseButton::right, 5, 5});

@@ -105,6 +105,14 @@ TEST_F(ListRadiosWindow, ShowsTheStationsOfACategory) {
   EXPECT_EQ(names(), Names{L"Třetí novinka"});
 }
 
+TEST_F(ListRadiosWindow, EnterInTheTreeFilters) {
+  directory.Naladit();
+  tree().select(tree().find(L"a100002")); // by program: nothing is filtered yet
+  EXPECT_EQ(names().size(), 4U);
+  (void)tree().user_enter();
+  EXPECT_EQ(names(), Names{L"Třetí novinka"});
+}
+
 TEST_F(ListRadiosWindow, ARememberedRowBeyondTheRowsSelectsNothing) {
   directory.Naladit();
   (void)list().user_pick(4, MouseButton::left);
