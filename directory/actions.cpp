@@ -31,7 +31,10 @@ void Actions::say(const wchar_t* text) {
 void Actions::PridejRadioDoFAST(const std::wstring& Kvalita) {
   std::wstring line;
   const auto record = uses_.list.table().last_of(uses_.list.selected_id());
-  if (record && is_quality(Kvalita))
+  if (!record)
+    return say(uses_.list.row_selected() ? L"Toto rádio nelze přidat k oblíbeným."
+                                         : L"Vyberte prosím rádio, které chcete přidat k oblíbeným.");
+  if (is_quality(Kvalita))
     line = L"lt:" + record->at(1) + L"/" + Kvalita;
   const core::FavouriteAdded result = uses_.favourites.add(line);
   if (result == core::FavouriteAdded::failed)
@@ -68,7 +71,6 @@ void Actions::Label6_Click() {
   skin::launch(uses_.shell, skin::problem_report(skin::companion_values(uses_.machine, uses_.settings), id, name));
 }
 
-// It may take as long as the client takes to start; a second wish meanwhile is dropped.
 void Actions::show_users(const std::wstring& id) {
   // Without a nickname the listeners are shown all the same.
   (void)uses_.identity.LoadOptionsNick();
@@ -138,18 +140,29 @@ std::vector<MenuItem> Actions::SkryteMenu() const {
 }
 
 void Actions::offer(const std::vector<MenuItem>& items, const platform::Control& anchor) {
+  const std::wstring id = uses_.list.selected_id();
   const std::wstring name = uses_.menus.pop_up(items, &anchor);
   if (!uses_.loop.quitting())
-    choose(name);
+    choose(name, id);
 }
 
-void Actions::choose(const std::wstring& name) {
+// An update may have landed while the menu was open: another row may be selected, the quality may be gone.
+bool Actions::still_offers(const std::wstring& id, std::size_t quality) {
+  if (!core::equal_ignoring_case(uses_.list.selected_id(), id))
+    return false;
+  uses_.details.MenuRadia();
+  return uses_.details.qualities()[quality - 1].visible;
+}
+
+void Actions::choose(const std::wstring& name, const std::wstring& id) {
   for (std::size_t n = 1; n <= quality_count; ++n) {
     const std::wstring number = std::to_wstring(n);
-    if (name == L"Kvalita" + number)
-      return PridejRadioDoFAST(number);
-    if (name == L"Kvalita" + number + L"play")
-      return uses_.details.NaladitRadio(number);
+    const bool add = name == L"Kvalita" + number;
+    if (!add && name != L"Kvalita" + number + L"play")
+      continue;
+    if (!still_offers(id, n))
+      return;
+    return add ? PridejRadioDoFAST(number) : uses_.details.NaladitRadio(number);
   }
   if (name == L"KvalitaInfo")
     uses_.details.KvalitaInfo_Click();

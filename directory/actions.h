@@ -11,6 +11,7 @@
 #include "platform/event_loop.h"
 #include "platform/popup_menus.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -36,7 +37,8 @@ public:
   };
   explicit Actions(const Uses& uses) : uses_(uses) {}
 
-  // Adds the selected station to the favourites, in a quality "1".."5".
+  // Adds the selected station to the favourites, in a quality "1".."5". Without a row, or for one that is no station of
+  // the table, nothing is written.
   void PridejRadioDoFAST(const std::wstring& Kvalita);
 
   // For the station that MenuRadia found last.
@@ -63,7 +65,8 @@ private:
   [[nodiscard]] std::vector<platform::MenuItem> NaladRadio() const;
   [[nodiscard]] std::vector<platform::MenuItem> SkryteMenu() const;
   void offer(const std::vector<platform::MenuItem>& items, const platform::Control& anchor);
-  void choose(const std::wstring& name);
+  void choose(const std::wstring& name, const std::wstring& id); // of the station that the menu was opened for
+  [[nodiscard]] bool still_offers(const std::wstring& id, std::size_t quality);
   void say(const wchar_t* text);
   void show_users(const std::wstring& id);
 

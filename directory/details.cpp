@@ -21,7 +21,7 @@ Details::Details(const Uses& uses) : uses_(uses) {
 }
 
 void Details::MenuRadia() {
-  const auto record = uses_.list.table().last_of(uses_.list.selected_id());
+  const auto record = uses_.list.selected_record();
   if (!record)
     return;
   selected_ = {record->at(1), record->at(2), record->at(17), {}};
@@ -37,10 +37,7 @@ void Details::MenuRadia() {
 }
 
 void Details::NactiInfoRadio() {
-  const std::wstring id = uses_.list.selected_id();
-  if (id.empty())
-    return;
-  const auto record = uses_.list.table().last_of(id);
+  const auto record = uses_.list.selected_record();
   if (!record)
     return;
   uses_.form.Label2.set_text(record->at(2));

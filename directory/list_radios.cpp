@@ -186,7 +186,7 @@ void ListRadios::bind_details() {
 
 void ListRadios::ListView1_KeyUp() {
   list_.remember_row();
-  if (list_.selected_id().empty())
+  if (!list_.row_selected())
     return;
   details_.show_quality_choice();
   details_.show_fields();
@@ -197,7 +197,7 @@ void ListRadios::ListView1_Click() {
   if (pressed_ == platform::MouseButton::left)
     return ListView1_KeyUp();
   list_.remember_row();
-  if (list_.selected_id().empty())
+  if (!list_.row_selected())
     return;
   details_.show_quality_choice();
   if (pressed_ == platform::MouseButton::right) {

@@ -75,6 +75,8 @@ void StationList::choose_category() {
 // A node that the new tree has no more gives way to the first one, and a tree without nodes to all stations.
 void StationList::reload() {
   auto& tree = uses_.form.TreeView1;
+  const bool selected = row_selected();
+  const std::wstring station = selected_id();
   bool OnlyMemory = tree.count() != 0;
   NactiRadia(OnlyMemory);
   NactiKategorie();
@@ -82,6 +84,10 @@ void StationList::reload() {
     remembered_node_ = 1;
   std::wstring category = category_of_node(tree.key(remembered_node_));
   ZobrazKategoriiRadii(category);
+  if (!selected)
+    return;
+  remembered_row_ = rows_.find(station);
+  uses_.form.ListView1.select(remembered_row_);
 }
 
 void StationList::CommandOK() {
@@ -100,6 +106,14 @@ void StationList::select_station(const std::wstring& IDradia) {
 
 std::wstring StationList::selected_id() const {
   return std::wstring(core::mid(rows_.key(uses_.form.ListView1.selected()), key_prefix));
+}
+
+std::optional<StationRecord> StationList::selected_record() const {
+  const std::size_t row = uses_.form.ListView1.selected();
+  if (row == 0)
+    return std::nullopt;
+  const std::wstring id = selected_id();
+  return id.empty() ? StationRecord(rows_.line(row), uses_.codec) : table_.last_of(id);
 }
 
 std::wstring StationList::selected_text() const {

@@ -12,6 +12,7 @@
 #include "platform/machine.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace lumotune::directory {
@@ -39,6 +40,7 @@ public:
   // A node was clicked, or come to by a key: its stations are shown.
   void choose_category();
   // New files are in place: table, tree, and the stations of the node clicked last (of the first one without a click).
+  // The station that was selected is selected again, wherever its row is now, and none when it has no row any more.
   void reload();
   // The tree was filled anew: the update can be asked for again, and the main window's favourites may have changed.
   void CommandOK();
@@ -46,8 +48,12 @@ public:
   void select_station(const std::wstring& IDradia);
 
   void remember_row() { remembered_row_ = uses_.form.ListView1.selected(); }
+  [[nodiscard]] bool row_selected() const { return uses_.form.ListView1.selected() != 0; }
   [[nodiscard]] std::wstring selected_id() const;   // empty while nothing is selected
   [[nodiscard]] std::wstring selected_text() const; // the row's first column
+  // What is known of the selected station: nothing without a row, or when the table has it no more. A row without an
+  // identifier stands for its own line.
+  [[nodiscard]] std::optional<StationRecord> selected_record() const;
   [[nodiscard]] const StationTable& table() const { return table_; }
 
 private:

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace lumotune::directory {
@@ -34,10 +35,10 @@ public:
   void ZobrazKategoriiRadii(const std::shared_ptr<const StationLines>& List1, std::wstring& Kategorie);
 
   [[nodiscard]] std::wstring key(std::size_t row) const;             // empty outside 1..count
+  [[nodiscard]] std::string_view line(std::size_t row) const;        // the same
   [[nodiscard]] std::size_t find(const std::wstring& IDradia) const; // the station's row, 0 when it is not shown
 
 private:
-  [[nodiscard]] std::string_view line(std::size_t row) const;
   void PridejDoSeznamu(std::size_t line_number);
   template <typename Wanted>
   void fill(const std::shared_ptr<const StationLines>& List1, const Wanted& wanted);

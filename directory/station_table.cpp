@@ -21,7 +21,7 @@ std::optional<std::string_view> StationTable::last_line(const StationLines& line
   constexpr std::size_t id_length = 6;
   const auto wanted = core::exact_bytes(uses_.codec, ID);
   std::optional<std::string_view> found;
-  for (std::size_t i = 0; wanted.has_value() && i < lines.count(); ++i) {
+  for (std::size_t i = 0; wanted.has_value() && !wanted->empty() && i < lines.count(); ++i) {
     const std::string_view line = lines.line(i);
     if (fold_.equal(line.substr(0, id_length), *wanted))
       found = line;

@@ -32,7 +32,8 @@ public:
   // List1, all lines in file order.
   [[nodiscard]] std::shared_ptr<const StationLines> lines() const { return List1; }
 
-  // The last line whose first six characters equal the identifier, letter case ignored; nothing when there is none.
+  // The last line whose first six characters equal the identifier, letter case ignored; nothing when there is none. An
+  // empty identifier is no station's, whatever empty lines the file has.
   [[nodiscard]] std::optional<StationRecord> last_of(const std::wstring& ID) const;
 
   // A field of that record: "name", "k1".."k5", "u1".."u5". Empty for any other word and for an unknown station.

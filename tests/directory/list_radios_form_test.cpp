@@ -140,6 +140,17 @@ TEST_F(ListRadiosForm, ARightClickIsRememberedToo) {
   EXPECT_EQ(list().selected(), 3U);
 }
 
+TEST_F(ListRadiosForm, ARowWithoutAnIdentifierHasItsDetailsAndItsMenu) {
+  write(L"radios.tt", Record{"", "Bez", "", "Polsko", "", {}, {}, "www.b"}.line());
+  open_again();
+  (void)list().user_pick(1, MouseButton::right);
+  ASSERT_EQ(popups.opened.size(), 1U);
+  EXPECT_EQ(platform::memory::find_item(popups.opened[0].items, L"WebRadia")->caption, L"www.b");
+  (void)list().user_pick(1, MouseButton::left);
+  EXPECT_TRUE(label(L"Label9").visible());
+  EXPECT_EQ(label(L"Label2").text(), L"Bez");
+}
+
 // The order of making is that of Tab: the keyboard comes first to what was made first.
 TEST_F(ListRadiosForm, TabVisitsTheControlsInTheOrderOfMaking) {
   bring("orb:i:0/@//@/10/@/Zprava/@//@//@/\r\n" + stations_text());

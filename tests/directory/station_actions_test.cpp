@@ -84,10 +84,54 @@ TEST_F(StationActions, AnotherQualityIsSaidToBeAddedAndIsNotWritten) {
     EXPECT_EQ(content(L"list.tt"), "(missing)") << testing::PrintToString(std::wstring(quality));
     EXPECT_EQ(dialogs.shown.back().text.substr(0, 32), L"Rádio bylo přidáno k oblíbeným.\r");
   }
+  EXPECT_EQ(dialogs.shown.size(), 6U);
+}
+
+// The station file ends with empty lines, as the conversion leaves it.
+TEST_F(StationActions, AQualityMenuWithoutARowShowsTheStateAsItWasAndAddsNothing) {
+  write(L"radios.tt", stations_text() + "\r\n\r\n");
+  write(L"list.tt", "lt:RADIO2/1\r\n\r\n");
+  load(false);
+  select(1);
+  actions.Label5_Click();
   select(0);
-  actions.PridejRadioDoFAST(L"1");
-  EXPECT_EQ(content(L"list.tt"), "") << "no row, no line";
-  EXPECT_EQ(dialogs.shown.size(), 7U);
+  popups.choices = {L"Kvalita3"};
+  actions.Label5_Click();
+  ASSERT_EQ(popups.opened.size(), 2U);
+  for (const std::size_t opened : {0U, 1U}) {
+    EXPECT_EQ(platform::memory::find_item(popups.opened[opened].items, L"Kvalita1")->caption, L"128 kbps");
+    EXPECT_TRUE(platform::memory::find_item(popups.opened[opened].items, L"Kvalita3")->visible);
+    EXPECT_FALSE(platform::memory::find_item(popups.opened[opened].items, L"Kvalita2")->visible);
+  }
+  EXPECT_EQ(details.selected().id, L"RADIO1");
+  ASSERT_EQ(dialogs.shown.size(), 1U);
+  EXPECT_EQ(dialogs.shown[0].text, L"Vyberte prosím rádio, které chcete přidat k oblíbeným.");
+  EXPECT_EQ(content(L"list.tt"), "lt:RADIO2/1\r\n\r\n") << "as it was";
+  popups.choices = {L"Kvalita3play"};
+  actions.Label7_Click();
+  EXPECT_EQ(settings.IDlastRadio, L"RADIO2");
+}
+
+TEST_F(StationActions, ARowWithoutAnIdentifierShowsWhatItHas) {
+  write(L"radios.tt", stations_text() +
+                          test::Record{"", "Bez", "", "Polsko", "", {"http://b/1"}, {"48"}, "www.b", "Popis"}.line() +
+                          "\r\n");
+  load(false);
+  select(5);
+  details.NactiInfoRadio();
+  EXPECT_EQ(bare_form.Label2.text(), L"Bez");
+  EXPECT_EQ(bare_form.Label3.text(), L"Polsko");
+  EXPECT_EQ(bare_form.Label4.text(), L"www.b");
+  EXPECT_EQ(bare_form.Text1.text(), L"Popis");
+  popups.choices = {L"Kvalita1"};
+  actions.Label5_Click();
+  EXPECT_EQ(platform::memory::find_item(popups.opened[0].items, L"Kvalita1")->caption, L"48 kbps");
+  ASSERT_EQ(dialogs.shown.size(), 1U);
+  EXPECT_EQ(dialogs.shown[0].text, L"Toto rádio nelze přidat k oblíbeným.");
+  EXPECT_EQ(content(L"list.tt"), "(missing)");
+  popups.choices = {L"Kvalita1play"};
+  actions.Label7_Click();
+  EXPECT_EQ(settings.IDlastRadio, L"RADIO2") << "what is tuned stays";
 }
 
 TEST_F(StationActions, ANamelessStationIsNotReported) {

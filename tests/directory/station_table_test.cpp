@@ -201,7 +201,15 @@ TEST(StationTable, AnIdentifierThatIsNotOfSixCharactersMeetsOnlyALineAsShort) {
   EXPECT_FALSE(w.table.last_of(L"DELSI77").has_value());
   EXPECT_TRUE(w.table.last_of(L"DELSI7").has_value());
   EXPECT_EQ(w.table.last_of(L"CD")->at(1), L"CD");
-  EXPECT_EQ(w.table.last_of(L"")->at(1), L"") << "the empty line";
+}
+
+TEST(StationTable, AnEmptyIdentifierIsNoStations) {
+  for (const char* end : {"", "\r\n", "\r\n\r\n", "/@/Bez\r\n", "\r\n/@/Bez\r\n\r\n"}) {
+    TableWorld w;
+    w.load("RADIO1/@/A\r\n" + std::string(end));
+    EXPECT_FALSE(w.table.last_of(L"").has_value());
+    EXPECT_EQ(w.table.RadioInfo(L"", L"name"), L"");
+  }
 }
 
 TEST(StationTable, RadioInfoAnswersItsWordsOnly) {
