@@ -62,8 +62,10 @@ public:
   [[nodiscard]] virtual std::int64_t picture_pixels(const std::wstring& path) const = 0;
 
   // The picture behind all controls, in its own size from the upper left corner, the window's colour beneath; as large
-  // as PictureBox takes it. False when the file is missing, too large or no picture; the old one then stays.
+  // as PictureBox takes it, and read as PictureBox reads it. False when the file is missing, too large or no picture;
+  // the old one then stays.
   [[nodiscard]] virtual bool load_background(const std::wstring& path) = 0;
+  virtual void clear_background() = 0; // the window's colour alone
   [[nodiscard]] virtual std::wstring background() const = 0;
 
   // Into or out of the topmost layer, place and size unchanged; whether the system did it.

@@ -12,15 +12,13 @@ namespace {
 
 constexpr int twips_a_pixel = 15;
 
-// Width and height stand in the GIF's header, two bytes each, low byte first.
+// A picture that is whole; nothing where it is missing, too large or no picture.
 std::optional<std::pair<int, int>> gif_size(const Files& files, const std::wstring& path) {
   const auto bytes = files.read(path);
-  if (!bytes || bytes->size() < 10 || bytes->compare(0, 4, "GIF8") != 0)
+  if (!bytes || static_cast<std::int64_t>(bytes->size()) > PictureBox::max_bytes)
     return std::nullopt;
-  if (gif_pixels(*bytes) > PictureBox::max_pixels)
-    return std::nullopt;
-  const auto at = [&](std::size_t index) { return static_cast<int>(static_cast<unsigned char>((*bytes)[index])); };
-  return std::pair(at(6) + at(7) * 256, at(8) + at(9) * 256);
+  const auto pixels = decode_gif(*bytes, PictureBox::max_side, PictureBox::max_pixels);
+  return pixels ? std::optional(std::pair(pixels->width, pixels->height)) : std::nullopt;
 }
 
 } // namespace
@@ -32,6 +30,11 @@ bool MemoryPicture::load_picture(const std::wstring& path) {
   picture_ = path;
   resize(size->first * twips_a_pixel, size->second * twips_a_pixel);
   return true;
+}
+
+void MemoryPicture::clear_picture() {
+  picture_.clear();
+  resize(0, 0);
 }
 
 void MemoryList::clear() {

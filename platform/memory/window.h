@@ -86,6 +86,7 @@ public:
   [[nodiscard]] bool load_picture(const std::wstring& path) override;
   [[nodiscard]] std::wstring picture() const override { return picture_; }
   [[nodiscard]] PictureKind kind() const { return kind_; }
+  void clear_picture() override;
   bool user_double_click() { return user_click() && user_click(); } // it knows no double clicks, only quick ones
 
 private:
@@ -173,6 +174,7 @@ public:
   [[nodiscard]] bool load_background(const std::wstring& path) override;
   [[nodiscard]] std::wstring background() const override { return background_; }
   [[nodiscard]] bool set_topmost(bool on) override;
+  void clear_background() override { background_.clear(); }
   [[nodiscard]] bool topmost() const override { return topmost_; }
   void activate() override;
   void redraw() override { ++redrawn; }

@@ -24,8 +24,6 @@ Win32Picture::Win32Picture(Surface& surface, const std::wstring& designer_name, 
       kind_(kind) {}
 
 bool Win32Picture::load_picture(const std::wstring& path) {
-  if (path == path_ && !picture_.empty())
-    return true;
   if (!picture_.load(path))
     return false;
   path_ = path;
@@ -36,6 +34,12 @@ bool Win32Picture::load_picture(const std::wstring& path) {
 
 void Win32Picture::draw(HDC target, const RECT& area) {
   constexpr BYTE faded = 90;
+void Win32Picture::clear_picture() {
+  picture_ = {};
+  path_.clear();
+  resize(0, 0);
+}
+
   picture_.draw(target, 0, 0, area.right, area.bottom, IsWindowEnabled(window_) != 0 ? 255 : faded);
   if (kind_ == PictureKind::button)
     draw_focus(target, area);

@@ -15,6 +15,7 @@ class Win32Picture final : public Win32Control<PictureBox> {
 public:
   Win32Picture(Surface& surface, const std::wstring& designer_name, PictureKind kind);
   [[nodiscard]] bool load_picture(const std::wstring& path) override;
+  void clear_picture() override;
   [[nodiscard]] std::wstring picture() const override { return path_; }
   void draw(HDC target, const RECT& area) override;
   void notified(WORD code) override;

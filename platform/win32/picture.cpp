@@ -12,8 +12,6 @@
 namespace lumotune::platform::win32 {
 namespace {
 
-constexpr LONGLONG max_bytes = 8LL * 1024 * 1024;
-
 // A bitmap whose memory is open to us, top row first; nothing when there was no memory.
 GdiObject bitmap_of(const Pixels& pixels) {
   BITMAPINFO info{};
@@ -38,7 +36,8 @@ KernelHandle opened(const std::wstring& path) {
 std::string read_small(const std::wstring& path) {
   const KernelHandle file = opened(path);
   LARGE_INTEGER length{};
-  if (file.get() == INVALID_HANDLE_VALUE || GetFileSizeEx(file.get(), &length) == 0 || length.QuadPart > max_bytes)
+  if (file.get() == INVALID_HANDLE_VALUE || GetFileSizeEx(file.get(), &length) == 0 ||
+      length.QuadPart > PictureBox::max_bytes)
     return {};
   std::string bytes(static_cast<std::size_t>(length.QuadPart), '\0');
   DWORD got = 0;
@@ -62,7 +61,7 @@ std::int64_t picture_pixels(const std::wstring& path) {
 
 bool Picture::load(const std::wstring& path) {
   std::string bytes = read_small(path);
-  auto pixels = decode_gif(bytes, max_side, PictureBox::max_pixels);
+  auto pixels = decode_gif(bytes, PictureBox::max_side, PictureBox::max_pixels);
   if (!pixels)
     return false;
   width_ = pixels->width;
@@ -79,7 +78,7 @@ HDC Picture::prepared(int width, int height) const {
     return static_cast<HDC>(ready_->dc.get());
   Pixels pixels = std::exchange(pixels_, {});
   if (pixels.values.empty())
-    pixels = decode_gif(file_, max_side, PictureBox::max_pixels).value_or(Pixels{});
+    pixels = decode_gif(file_, PictureBox::max_side, PictureBox::max_pixels).value_or(Pixels{});
   if (pixels.values.empty())
     return nullptr;
   if (pixels.width != width || pixels.height != height)

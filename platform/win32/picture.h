@@ -16,10 +16,7 @@ namespace lumotune::platform::win32 {
 // A GIF; of a moving one the first picture.
 class Picture {
 public:
-  // A larger picture, in pixels a side, counts as no picture, and one of more than PictureBox::max_pixels.
-  static constexpr int max_side = 4096;
-
-  // False when the file is missing, too large or no picture; the old one then stays.
+  // False when the file is missing, larger than PictureBox takes it, or no picture; the old one then stays.
   [[nodiscard]] bool load(const std::wstring& path);
   [[nodiscard]] bool empty() const { return width_ == 0; }
   [[nodiscard]] int width() const { return width_; } // pixels as drawn by the artist

@@ -297,8 +297,6 @@ std::int64_t Win32Window::picture_pixels(const std::wstring& path) const {
 }
 
 bool Win32Window::load_background(const std::wstring& path) {
-  if (path == background_path_ && !background_.empty())
-    return true;
   if (!background_.load(path))
     return false;
   background_path_ = path;
@@ -312,6 +310,12 @@ bool Win32Window::set_topmost(bool on) {
   if (!placed_ && is_on == on) {
     topmost_ = on;
     return true;
+void Win32Window::clear_background() {
+  background_ = {};
+  background_path_.clear();
+  redraw();
+}
+
   }
   if (SetWindowPos(window_, on ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | quiet) == 0)
     return false;

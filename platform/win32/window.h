@@ -39,6 +39,7 @@ public:
   [[nodiscard]] TwipsRect work_area() const override;
   [[nodiscard]] std::int64_t picture_pixels(const std::wstring& path) const override;
   [[nodiscard]] bool load_background(const std::wstring& path) override;
+  void clear_background() override;
   [[nodiscard]] std::wstring background() const override { return background_path_; }
   [[nodiscard]] bool set_topmost(bool on) override;
   [[nodiscard]] bool topmost() const override;

@@ -174,6 +174,54 @@ TEST_F(WindowContract, AMissingOrTornPictureLeavesTheOldOne) {
   EXPECT_TRUE(b.files.remove(torn));
 }
 
+TEST_F(WindowContract, APictureIsReadAnewEachTimeItIsLoaded) {
+  auto& picture = b.window.make_picture(L"Obraz", PictureKind::button);
+  const std::wstring path = b.folder + L"\\obraz.gif";
+  ASSERT_TRUE(b.files.replace(path, small_gif));
+  ASSERT_TRUE(picture.load_picture(path));
+  ASSERT_TRUE(b.window.load_background(path));
+  std::string wider = small_gif; // the pixels it now lacks are clear
+  wider[6] = '\x04';
+  ASSERT_TRUE(b.files.replace(path, wider));
+  EXPECT_TRUE(picture.load_picture(path));
+  EXPECT_EQ(picture.rect(), (TwipsRect{0, 0, 60, 45}));
+  EXPECT_TRUE(b.window.load_background(path));
+  ASSERT_TRUE(b.files.remove(path));
+  EXPECT_FALSE(picture.load_picture(path));
+  EXPECT_FALSE(b.window.load_background(path));
+  EXPECT_EQ(picture.rect().width, 60) << "the old one stays";
+}
+
+TEST_F(WindowContract, APictureThatEndsInItsMiddleIsNone) {
+  auto& picture = b.window.make_picture(L"Obraz", PictureKind::button);
+  const std::wstring path = b.folder + L"\\obraz.gif";
+  ASSERT_TRUE(b.files.replace(path, small_gif.substr(0, small_gif.size() - 5)));
+  EXPECT_FALSE(picture.load_picture(path));
+  EXPECT_FALSE(b.window.load_background(path));
+  std::string long_side = small_gif; // 4098 x 3: few pixels, but a side too long
+  long_side[7] = '\x10';
+  ASSERT_TRUE(b.files.replace(path, long_side));
+  EXPECT_FALSE(picture.load_picture(path));
+  EXPECT_FALSE(b.window.load_background(path));
+  EXPECT_EQ(picture.picture(), L"");
+}
+
+TEST_F(WindowContract, AClearedPictureLeavesNothing) {
+  auto& picture = b.window.make_picture(L"Obraz", PictureKind::button);
+  const std::wstring path = b.folder + L"\\obraz.gif";
+  ASSERT_TRUE(b.files.replace(path, small_gif));
+  ASSERT_TRUE(picture.load_picture(path));
+  ASSERT_TRUE(b.window.load_background(path));
+  picture.move(150, 75);
+  picture.clear_picture();
+  EXPECT_EQ(picture.picture(), L"");
+  EXPECT_EQ(picture.rect(), (TwipsRect{150, 75, 0, 0}));
+  b.window.clear_background();
+  EXPECT_EQ(b.window.background(), L"");
+  EXPECT_TRUE(picture.load_picture(path));
+  EXPECT_EQ(picture.rect(), (TwipsRect{150, 75, 30, 45}));
+}
+
 TEST_F(WindowContract, AListHoldsItsItems) {
   auto& list = b.window.make_list(L"Seznam");
   EXPECT_EQ(list.count(), 0U);

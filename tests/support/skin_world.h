@@ -17,11 +17,12 @@
 
 namespace lumotune::test {
 
-// The header of a picture: as much of a GIF as the backend in memory looks at.
+// A picture of that size: one black pixel, the others clear.
 inline std::string gif(int width, int height) {
   const auto low = [](int n) { return static_cast<char>(n % 256); };
   const auto high = [](int n) { return static_cast<char>(n / 256); };
-  return std::string("GIF89a") + low(width) + high(width) + low(height) + high(height);
+  return std::string("GIF89a") + low(width) + high(width) + low(height) + high(height) +
+         std::string("\x80\0\0\0\0\0\xff\xff\xff,\0\0\0\0\x01\0\x01\0\0\x02\x02\x44\x01\0;", 25);
 }
 
 struct MenuMarks final : core::MenuPort {
