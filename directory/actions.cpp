@@ -17,7 +17,7 @@ bool is_quality(const std::wstring& text) {
 }
 
 MenuItem separator(const wchar_t* name) {
-  return {name, L"-", false, true, true, {}};
+  return {name, L"-", false, true, true, {}, true};
 }
 
 } // namespace

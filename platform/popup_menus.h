@@ -11,11 +11,12 @@ namespace lumotune::platform {
 
 struct MenuItem {
   std::wstring name;    // designer name, unique in its menu
-  std::wstring caption; // shown as it is: "&" is a letter; "-" alone is a separator
+  std::wstring caption; // shown as it is: "&" is a letter
   bool checked = false;
   bool enabled = true;
   bool visible = true;
   std::vector<MenuItem> children; // a submenu when there are any
+  bool separator = false;         // a line; its caption is not shown
 };
 
 // User-interface thread.

@@ -104,6 +104,7 @@ MenuTree::MenuTree() {
     for (std::size_t depth = 0; depth < row.depth; ++depth)
       siblings = &siblings->back().children;
     siblings->push_back(made(row.name, row.caption));
+    siblings->back().separator = siblings->back().caption == L"-";
   }
   item(L"LT_Menu_Skins").children.push_back({});
   unload_skins();

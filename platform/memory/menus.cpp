@@ -11,7 +11,7 @@ const MenuItem* find_choosable(const std::vector<MenuItem>& items, const std::ws
   for (const MenuItem& item : items) {
     if (!item.visible || !item.enabled)
       continue;
-    if (item.name == name && item.children.empty() && item.caption != L"-")
+    if (item.name == name && item.children.empty() && !item.separator)
       return &item;
     if (const MenuItem* below = find_choosable(item.children, name))
       return below;

@@ -59,7 +59,7 @@ MenuHandle build(const std::vector<MenuItem>& items, std::vector<std::wstring>& 
   for (const MenuItem& item : items) {
     if (!item.visible)
       continue;
-    if (item.caption == L"-") {
+    if (item.separator) {
       AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
       continue;
     }

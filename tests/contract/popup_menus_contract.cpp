@@ -15,13 +15,19 @@ MenuItem item(const wchar_t* name, const wchar_t* caption) {
   return made;
 }
 
+MenuItem separator(const wchar_t* name) {
+  MenuItem made = item(name, L"-");
+  made.separator = true;
+  return made;
+}
+
 MenuItem hidden(MenuItem made) {
   made.visible = false;
   return made;
 }
 
 std::vector<MenuItem> make_items() {
-  std::vector<MenuItem> items = {item(L"First", L"První"), item(L"Line", L"-"),
+  std::vector<MenuItem> items = {item(L"First", L"První"), separator(L"Line"),
                                  item(L"Grey", L"Šedá"),   hidden(item(L"Hidden", L"Skrytá")),
                                  item(L"More", L"Další"),  item(L"Last", L"Poslední")};
   items[2].enabled = false;
@@ -45,6 +51,12 @@ TEST_F(PopupMenusContract, TheNameOfTheChosenItemComesBack) {
 TEST_F(PopupMenusContract, AnItemOfASubmenuCanBeChosen) {
   b.choose(L"Deeper", L"Níž");
   EXPECT_EQ(b.popup_menus.pop_up(items, nullptr), L"Deeper");
+}
+
+TEST_F(PopupMenusContract, ADashIsACaptionAsAnyOther) {
+  items[0].caption = L"-";
+  b.choose(L"First", L"-");
+  EXPECT_EQ(b.popup_menus.pop_up(items, nullptr), L"First");
 }
 
 TEST_F(PopupMenusContract, ClosingChoosesNothing) {

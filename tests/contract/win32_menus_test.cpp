@@ -50,6 +50,7 @@ TEST_F(Win32Menus, TheSystemGetsTheTreeAsItIs) {
   std::vector<MenuItem> items = {item(L"A", L"Rock & Pop"),           item(L"B", L"-"),      item(L"C", L"a\tb"),
                                  item(L"D", L"Zaškrtnutá"),           item(L"E", L"Skrytá"), item(L"F", L"Prázdná"),
                                  item(L"G", std::wstring(5000, L'x'))};
+  items[1].separator = true;
   items[2].enabled = false;
   items[3].checked = true;
   items[4].visible = false;

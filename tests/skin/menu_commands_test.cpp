@@ -211,7 +211,7 @@ std::size_t traces(const MenuWorld& w) {
 
 void items_of(const std::vector<MenuItem>& items, std::set<std::wstring>& names) {
   for (const MenuItem& item : items) {
-    if (item.children.empty() && item.caption != L"-")
+    if (item.children.empty() && !item.separator)
       names.insert(item.name);
     items_of(item.children, names);
   }
