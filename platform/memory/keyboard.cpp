@@ -7,6 +7,12 @@
 
 namespace lumotune::platform::memory {
 
+// One without a size cannot be seen.
+bool Keyboard::reachable(const Control& control) {
+  const TwipsRect place = control.rect();
+  return control.visible() && control.enabled() && place.width > 0 && place.height > 0;
+}
+
 // Where the keyboard can go, and `from`, in reading order.
 std::vector<const Control*> Keyboard::round(const Control* from) const {
   std::vector<const Control*> found;

@@ -23,10 +23,10 @@ public:
   [[nodiscard]] const Control* at() const { return active_ ? at_ : nullptr; }
   void window_active(bool active);
   void tab(bool back);
-  void reach_changed(const Control& control); // it was shown, hidden, enabled or disabled
+  void reach_changed(const Control& control); // it was shown, hidden, enabled, disabled or resized
 
 private:
-  [[nodiscard]] static bool reachable(const Control& control) { return control.visible() && control.enabled(); }
+  [[nodiscard]] static bool reachable(const Control& control);
   [[nodiscard]] std::vector<const Control*> round(const Control* from) const;
   void leave(const Control& control);
 

@@ -42,6 +42,8 @@ public:
   void resize(int width, int height) override {
     rect_.width = width < 0 ? 0 : width;
     rect_.height = height < 0 ? 0 : height;
+    if (keyboard_ != nullptr)
+      keyboard_->reach_changed(*this);
   }
   [[nodiscard]] TwipsRect rect() const override { return rect_; }
   void set_text(const std::wstring& text) override { text_ = text; }

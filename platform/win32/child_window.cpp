@@ -112,6 +112,13 @@ void ChildWindow::show(bool visible) {
     surface_.keyboard_may_return(window_);
 }
 
+void ChildWindow::reach_changed(bool within) {
+  if (within)
+    surface_.keyboard_may_return(window_);
+  else if (GetFocus() == window_)
+    surface_.keyboard_leaves(window_);
+}
+
 void ChildWindow::enable(bool enabled) {
   const bool leaves = !enabled && GetFocus() == window_;
   EnableWindow(window_, enabled ? TRUE : FALSE);

@@ -72,7 +72,8 @@ protected:
   void show(bool visible);
   void enable(bool enabled);
   void apply_place();
-  void redraw(); // and what lies over it
+  void reach_changed(bool within); // the user's reach
+  void redraw();                   // and what lies over it
   void draw_focus(HDC target, const RECT& area) const;
   void draw_buffered(HDC target, const RECT& area);
   void write_text(const std::wstring& text);
@@ -118,9 +119,12 @@ public:
     height = height < 0 ? 0 : height;
     if (place_.width == width && place_.height == height)
       return;
+    const bool could_be_seen = place_.width > 0 && place_.height > 0;
     place_.width = width;
     place_.height = height;
     apply_place();
+    if (could_be_seen != (width > 0 && height > 0))
+      reach_changed(!could_be_seen);
   }
   [[nodiscard]] TwipsRect rect() const override { return place_; }
   void set_text(const std::wstring& text) override {

@@ -153,5 +153,21 @@ TEST_F(KeyboardContract, AQuickSecondClickPressesAPictureAgainAndIsADoubleClickO
   EXPECT_EQ(doubles, 1);
 }
 
+TEST_F(KeyboardContract, AStopWithoutASizeIsPassedOver) {
+  tab_to(L"Odkaz");
+  link.resize(0, 150);
+  EXPECT_EQ(b.keyboard_at(), L"Seznam") << "the next one stands in";
+  b.tab(true);
+  EXPECT_EQ(b.keyboard_at(), L"Konec");
+  b.tab();
+  EXPECT_EQ(b.keyboard_at(), L"Seznam");
+  link.resize(900, 150);
+  b.tab(true);
+  EXPECT_EQ(b.keyboard_at(), L"Odkaz");
+  link.resize(0, 0);
+  link.resize(600, 150);
+  EXPECT_EQ(b.keyboard_at(), L"Odkaz") << "it comes back";
+}
+
 } // namespace
 } // namespace lumotune::contract
