@@ -45,6 +45,7 @@ void bind_events(Program& program, const Platform& platform, core::LumotuneForm&
   auto& window = form.window;
 
   window.on_mouse_move = [&](const MouseEvent& event) { chrome.Form_MouseMove(event); };
+  window.on_menu = [&] { program.menus.open_main(); };
   window.on_close = [&] { program.shutdown.Form_Unload(); };
   window.on_session_end = [&] { program.shutdown.Konec(); };
   window.on_suspend = [&platform_player = platform.player] { platform_player.system_suspended(); };

@@ -27,7 +27,8 @@ public:
   PopupMenus& operator=(const PopupMenus&) = delete;
   virtual ~PopupMenus() = default;
 
-  // Opens a menu at the pointer; below the anchor (at the selected row of a list) when the last input was the keyboard.
+  // Opens a menu at the pointer; below the anchor (at the selected row of a list) when the last input was the keyboard,
+  // and in the corner of its window where the anchor is out of sight.
   // Waits while events run, so everything may have changed afterwards. The chosen item's name; empty when it was closed
   // without a choice, when nothing in it is visible, or when another menu is open already.
   [[nodiscard]] virtual std::wstring pop_up(const std::vector<MenuItem>& items, const Control* anchor) = 0;

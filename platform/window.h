@@ -79,8 +79,11 @@ public:
   virtual void drag_by_caption() = 0;
 
   std::function<void(const MouseEvent&)> on_mouse_move; // over the background
-  std::function<void()> on_close;                       // Alt+F4 or the system's close; nothing is destroyed by itself
-  std::function<void()> on_session_end;                 // Windows ends the session: finish before returning
+  // The right button over the background or over a control that is not pressed itself, or the keyboard's key for menus,
+  // or Shift and F10, where no control takes it.
+  std::function<void()> on_menu;
+  std::function<void()> on_close;       // Alt+F4 or the system's close; nothing is destroyed by itself
+  std::function<void()> on_session_end; // Windows ends the session: finish before returning
   std::function<void()> on_suspend;
   std::function<void()> on_resume;
 };

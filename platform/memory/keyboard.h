@@ -22,6 +22,7 @@ public:
   // The control that has it; nullptr while the window is not the active one, or has none to give it to.
   [[nodiscard]] const Control* at() const { return active_ ? at_ : nullptr; }
   void window_active(bool active);
+  [[nodiscard]] bool active() const { return active_; }
   void tab(bool back);
   void reach_changed(const Control& control); // it was shown, hidden, enabled, disabled or resized
 

@@ -147,6 +147,23 @@ void MemoryWindow::user_changes_monitors(std::vector<TwipsRect> wanted) {
     come_into_view();
 }
 
+bool MemoryWindow::fire_menu() {
+  if (const auto copy = on_menu)
+    copy();
+  return static_cast<bool>(on_menu);
+}
+
+bool MemoryWindow::user_menu_key() {
+  if (!keyboard_.active())
+    return false;
+  const Control* at = keyboard_.at();
+  const auto own = at == nullptr ? std::function<void()>() : at->on_menu_key;
+  if (!own)
+    return fire_menu();
+  own();
+  return true;
+}
+
 bool MemoryWindow::mostly_in_view() const {
   const auto overlap = [](std::int64_t start, std::int64_t length, std::int64_t other, std::int64_t other_length) {
     return std::max<std::int64_t>(0, std::min(start + length, other + other_length) - std::max(start, other));

@@ -86,9 +86,9 @@ public:
   MemoryPicture(std::wstring designer_name, const Files& files, PictureKind kind)
       : MemoryControl(std::move(designer_name)), kind_(kind), files_(files) {}
   [[nodiscard]] bool load_picture(const std::wstring& path) override;
+  void clear_picture() override;
   [[nodiscard]] std::wstring picture() const override { return picture_; }
   [[nodiscard]] PictureKind kind() const { return kind_; }
-  void clear_picture() override;
   bool user_double_click() { return user_click() && user_click(); } // it knows no double clicks, only quick ones
 
 private:
@@ -174,9 +174,9 @@ public:
   [[nodiscard]] TwipsRect work_area() const override { return monitors.empty() ? TwipsRect{} : monitors.front(); }
   [[nodiscard]] std::int64_t picture_pixels(const std::wstring& path) const override;
   [[nodiscard]] bool load_background(const std::wstring& path) override;
+  void clear_background() override { background_.clear(); }
   [[nodiscard]] std::wstring background() const override { return background_; }
   [[nodiscard]] bool set_topmost(bool on) override;
-  void clear_background() override { background_.clear(); }
   [[nodiscard]] bool topmost() const override { return topmost_; }
   void activate() override;
   void redraw() override { ++redrawn; }
@@ -192,6 +192,8 @@ public:
   void user_leaves() { keyboard_.window_active(false); }
   void user_changes_monitors(std::vector<TwipsRect> wanted);
   void user_tab(bool back) { keyboard_.tab(back); }
+  bool user_right_click() { return visible_ && fire_menu(); } // on the background
+  bool user_menu_key();                                       // the control that has the keyboard comes first
   [[nodiscard]] std::wstring keyboard_at() const { return keyboard_.at() == nullptr ? L"" : keyboard_.at()->name(); }
 
   // Records and knobs.
@@ -205,6 +207,7 @@ public:
 private:
   template <typename Kind>
   Kind* find(const std::wstring& name) const;
+  bool fire_menu();
   [[nodiscard]] bool mostly_in_view() const;
   void come_into_view();
 

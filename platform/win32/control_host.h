@@ -51,7 +51,8 @@ protected:
     return reference;
   }
   [[nodiscard]] Win32Picture& make_picture_control(const std::wstring& designer_name, PictureKind kind);
-  void destroy_controls(); // before their window
+  void destroy_controls();                                // before their window
+  [[nodiscard]] ChildWindow* child_of(HWND window) const; // nullptr when it is none of a control
 
   // The messages by which controls ask and tell. True when it was one of those.
   [[nodiscard]] bool handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT& result);
@@ -70,7 +71,6 @@ protected:
   unsigned system_dpi_ = 96;
 
 private:
-  [[nodiscard]] ChildWindow* child_of(HWND window) const;
   [[nodiscard]] bool filter(MSG& message);
   [[nodiscard]] bool key_down(MSG& message);
   [[nodiscard]] bool tab_moves(WPARAM key);

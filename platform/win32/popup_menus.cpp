@@ -114,10 +114,14 @@ UINT track(HMENU menu, HWND owner, HWND anchor) {
   keep_free.cbSize = sizeof keep_free;
   POINT at{};
   GetCursorPos(&at);
-  const bool at_anchor = anchor != nullptr && last_input_was_key && IsWindowVisible(anchor) != 0;
+  const bool by_key = anchor != nullptr && last_input_was_key;
+  const bool at_anchor = by_key && IsWindowVisible(anchor) != 0;
   if (at_anchor) {
     keep_free.rcExclude = place_of(anchor);
     at = {keep_free.rcExclude.left, keep_free.rcExclude.bottom};
+  } else if (by_key && IsWindowVisible(owner) != 0) {
+    at = {0, 0};
+    ClientToScreen(owner, &at);
   }
   // Menus open to the left where the system is set for the right hand.
   const UINT side = GetSystemMetrics(SM_MENUDROPALIGNMENT) != 0 ? TPM_RIGHTALIGN : TPM_LEFTALIGN;

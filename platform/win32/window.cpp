@@ -100,6 +100,12 @@ LRESULT Win32Window::handle_message(UINT message, WPARAM w, LPARAM l) {
       copy(MouseEvent{button, twips(GET_X_LPARAM(l), dpi_), twips(GET_Y_LPARAM(l), dpi_)});
     return 0;
   }
+  case WM_CONTEXTMENU: { // a place of -1, -1 tells the keyboard from the mouse
+    const ChildWindow* child = child_of(reinterpret_cast<HWND>(w));
+    if (l == -1 || child == nullptr || !child->pressable())
+      fire(on_menu);
+    return 0;
+  }
   case WM_WINDOWPOSCHANGED:
     note_place();
     look_at_screen();
@@ -304,18 +310,18 @@ bool Win32Window::load_background(const std::wstring& path) {
   return true;
 }
 
-bool Win32Window::set_topmost(bool on) {
-  const UINT quiet = visible() ? 0U : SWP_NOACTIVATE; // out of sight it has no use for the keyboard
-  const bool is_on = (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
-  if (!placed_ && is_on == on) {
-    topmost_ = on;
-    return true;
 void Win32Window::clear_background() {
   background_ = {};
   background_path_.clear();
   redraw();
 }
 
+bool Win32Window::set_topmost(bool on) {
+  const UINT quiet = visible() ? 0U : SWP_NOACTIVATE; // out of sight it has no use for the keyboard
+  const bool is_on = (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+  if (!placed_ && is_on == on) {
+    topmost_ = on;
+    return true;
   }
   if (SetWindowPos(window_, on ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | quiet) == 0)
     return false;

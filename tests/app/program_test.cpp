@@ -224,5 +224,16 @@ TEST_F(ProgramTest, WithoutFoldersOfSkinsAndWithoutAWritableFolderItStartsAndPla
   EXPECT_EQ(get(L"Orb_Data\\options.ini"), joined(option_lines()));
 }
 
+TEST_F(ProgramTest, TheBackgroundAndTheMenuKeyOpenTheMenu) {
+  (void)files.remove(machine.folder + L"\\Orb_Data\\skins\\Lumo\\form.gif");
+  ASSERT_TRUE(program.start());
+  EXPECT_FALSE(form.Control_Menu.visible());
+  EXPECT_TRUE(window.user_right_click());
+  ASSERT_EQ(popups.opened.size(), 1U);
+  EXPECT_EQ(popups.opened.back().items.front().name, L"LT_Menu_Orbcz");
+  EXPECT_TRUE(window.user_menu_key());
+  EXPECT_EQ(popups.opened.size(), 2U);
+}
+
 } // namespace
 } // namespace lumotune::test

@@ -27,6 +27,9 @@ struct Backend {
   void leave() { window.user_leaves(); }
   void tab(bool back = false) { window.user_tab(back); }
   [[nodiscard]] std::wstring keyboard_at() { return window.keyboard_at(); }
+  // The key for menus, where the keyboard is; the right button over the main window's background.
+  void menu_key() { (void)window.user_menu_key(); }
+  void right_click() { (void)window.user_right_click(); }
   template <typename Control>
   void double_click(Control& control) {
     if (auto* picture = dynamic_cast<platform::memory::MemoryPicture*>(&control))

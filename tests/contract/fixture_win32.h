@@ -74,6 +74,15 @@ struct Backend {
       EnumPropsExW(GetFocus(), note_name, reinterpret_cast<LPARAM>(&name));
     return name;
   }
+  // The key for menus, where the keyboard is; the right button over the main window's background.
+  void menu_key() {
+    SendMessageW(GetFocus(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(GetFocus()), -1); // what the system makes of it
+  }
+  void right_click() {
+    for (const UINT message : {WM_RBUTTONDOWN, WM_RBUTTONUP})
+      PostMessageW(window.handle(), message, message == WM_RBUTTONUP ? 0 : MK_RBUTTON, MAKELPARAM(5, 5));
+    loop.run_pending();
+  }
   template <typename Control>
   void double_click(const Control& control) {
     for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP}) {

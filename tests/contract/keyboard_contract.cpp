@@ -169,5 +169,30 @@ TEST_F(KeyboardContract, AStopWithoutASizeIsPassedOver) {
   EXPECT_EQ(b.keyboard_at(), L"Odkaz") << "it comes back";
 }
 
+TEST_F(KeyboardContract, TheMenuKeyIsTheControlsOrTheWindows) {
+  int window_menus = 0;
+  int list_menus = 0;
+  b.window.on_menu = [&] { ++window_menus; };
+  list.on_menu_key = [&] { ++list_menus; };
+  b.menu_key();
+  EXPECT_EQ(window_menus, 1);
+  tab_to(L"Seznam");
+  b.menu_key();
+  EXPECT_EQ(window_menus, 1);
+  EXPECT_EQ(list_menus, 1);
+  for (platform::Control* each :
+       std::initializer_list<platform::Control*>{&play, &list, &link, &end_button, &top_button})
+    each->set_visible(false);
+  EXPECT_EQ(b.keyboard_at(), L"");
+  b.menu_key();
+  EXPECT_EQ(window_menus, 2) << "nothing but the background is left";
+  b.right_click();
+  EXPECT_EQ(window_menus, 3);
+  b.leave();
+  come_back();
+  b.menu_key();
+  EXPECT_EQ(window_menus, 4);
+}
+
 } // namespace
 } // namespace lumotune::contract
