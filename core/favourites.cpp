@@ -140,7 +140,7 @@ void Favourites::hide_station_labels() {
 
 void Favourites::show_entries() {
   const auto& kept = uses_.session.skin;
-  uses_.form.Control_List.set_visible(true);
+  uses_.form.Control_List.set_visible(equal_ignoring_case(kept.list_show, L"show"));
   hide_station_labels();
   uses_.form.InfoNaladit.set_visible(false);
   // The picture that stood behind the empty list goes with the hint, unless the skin shows it anyway.

@@ -215,5 +215,19 @@ TEST_F(FavouritesTest, AnAddressOfTheClientsKeepsTheLabels) {
   EXPECT_TRUE(w.form.InfoName.visible());
 }
 
+TEST_F(FavouritesTest, ASkinThatDoesNotShowTheListNeverShowsIt) {
+  for (const wchar_t* field : {L"hide", L""}) {
+    w.session.skin.list_show = field;
+    list.set_visible(false);
+    show("lt:RADIO1/1\r\n");
+    EXPECT_EQ(list.count(), 1U);
+    EXPECT_FALSE(list.visible()) << field;
+    EXPECT_FALSE(w.form.InfoName.visible());
+  }
+  w.session.skin.list_show = L"SHOW";
+  show("lt:RADIO1/1\r\n");
+  EXPECT_TRUE(list.visible());
+}
+
 } // namespace
 } // namespace lumotune::test

@@ -27,6 +27,7 @@ struct FavouritesWorld : testing::Test {
 
   FavouritesWorld() {
     w.player.set_auto_start(false);
+    w.session.skin.list_show = L"show";
     favourites.directory.bind(w.directory);
     favourites.menu.bind(menu);
     list.on_click = [this] { favourites.Control_List_Click(); };
