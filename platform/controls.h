@@ -18,8 +18,10 @@ struct TwipsRect {
   friend bool operator==(const TwipsRect&, const TwipsRect&) = default;
 };
 
-// 0x00BBGGRR, as skins write it.
+// 0x00BBGGRR, as skins write it; or one of the colours that the system's own windows have, as they are when it is
+// drawn.
 enum class Colour : std::uint32_t {};
+inline constexpr std::uint32_t system_colour_flag = 0x80000000; // with the system's number of the colour, 0..255
 
 enum class MouseButton : int { none = 0, left = 1, right = 2, middle = 4 };
 

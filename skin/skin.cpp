@@ -70,7 +70,7 @@ bool Skin::fits(const std::vector<std::wstring>& lines) const {
   return std::none_of(lines.begin(), lines.end(), [this](const std::wstring& each) {
     const auto line = SkinLine::parse(each);
     return line && line->names(L"LTform") &&
-           too_large(uses_.form.window, line->size(1).value_or(0), line->size(2).value_or(0));
+           too_large(uses_.form.window, line->number(1).value_or(0), line->number(2).value_or(0));
   });
 }
 
@@ -170,7 +170,7 @@ std::wstring Skin::apply_list(const SkinLine& line) {
   auto& list = uses_.form.Control_List;
   list.move(*left, *top);
   list.resize(*width, *height);
-  list.set_colours(platform::Colour{*background}, platform::Colour{*text});
+  list.set_colours(*background, *text);
   list.set_visible(true);
   return L"";
 }
@@ -185,18 +185,22 @@ std::wstring Skin::apply_label(const SkinLine& line, platform::Label& label) {
     return bad_number(line);
   label.move(*left, *top);
   label.resize(*width, *height);
-  label.set_text_colour(platform::Colour{*colour});
+  label.set_text_colour(*colour);
   return L"";
 }
 
 std::wstring Skin::apply_status(const SkinLine& line) {
-  const auto top_1 = line.twips(2);
-  const auto top_2 = line.twips(3);
-  const auto left = line.twips(4);
-  const auto width = line.size(5);
-  const auto height_1 = line.size(6);
-  const auto height_2 = line.size(7);
-  const auto colour = line.colour(8);
+  const auto or_0 = [&](std::size_t index, auto read) {
+    using Number = decltype((line.*read)(index));
+    return line.blank(index) ? Number(typename Number::value_type{}) : (line.*read)(index);
+  };
+  const auto top_1 = or_0(2, &SkinLine::twips);
+  const auto top_2 = or_0(3, &SkinLine::twips);
+  const auto left = or_0(4, &SkinLine::twips);
+  const auto width = or_0(5, &SkinLine::size);
+  const auto height_1 = or_0(6, &SkinLine::size);
+  const auto height_2 = or_0(7, &SkinLine::size);
+  const auto colour = or_0(8, &SkinLine::colour);
   if (!top_1 || !top_2 || !left || !width || !height_1 || !height_2 || !colour)
     return bad_number(line);
   auto& kept = uses_.session.skin;
@@ -208,7 +212,7 @@ std::wstring Skin::apply_status(const SkinLine& line) {
   auto& label = uses_.form.InfoStatus;
   label.move(*left, *top_1);
   label.resize(*width, *height_1);
-  label.set_text_colour(platform::Colour{*colour});
+  label.set_text_colour(*colour);
   return L"";
 }
 
@@ -239,6 +243,7 @@ void Skin::ZobrazCoMas(const std::wstring& play_button_text) {
 }
 
 void Skin::SkinVolume(int percent) {
+// A field that is empty counts as 0 here.
   const int level = volume_level(percent);
   menus->check_volume(level);
   // A skin without that picture keeps the one it shows.

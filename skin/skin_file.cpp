@@ -3,14 +3,18 @@
 
 #include "core/text.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
 namespace lumotune::skin {
 namespace {
 
 // A line of a hostile file may be huge; the longest control line has ten fields.
 constexpr std::size_t max_fields = 64;
 
-// Blanks around it and a sign are allowed, nothing else. More digits than any skin needs are no number.
-std::optional<long> whole_number(std::wstring_view text) {
+// Blanks around it and a sign are allowed, nothing else. One that is out of range counts as the end of the range.
+std::optional<int> whole_number(std::wstring_view text) {
   while (!text.empty() && text.front() == L' ')
     text.remove_prefix(1);
   while (!text.empty() && text.back() == L' ')
@@ -18,20 +22,16 @@ std::optional<long> whole_number(std::wstring_view text) {
   const bool negative = !text.empty() && text.front() == L'-';
   if (!text.empty() && (negative || text.front() == L'+'))
     text.remove_prefix(1);
-  if (text.empty() || text.size() > 9)
+  if (text.empty())
     return std::nullopt;
-  long number = 0;
+  constexpr std::int64_t beyond = std::int64_t{std::numeric_limits<int>::max()} + 1;
+  std::int64_t number = 0;
   for (const wchar_t character : text) {
     if (character < L'0' || character > L'9')
       return std::nullopt;
-    number = number * 10 + (character - L'0');
+    number = std::min(number * 10 + (character - L'0'), beyond);
   }
-  return negative ? -number : number;
-}
-
-std::optional<long> number_between(std::wstring_view text, long lowest, long highest) {
-  const auto number = whole_number(text);
-  return number && *number >= lowest && *number <= highest ? number : std::nullopt;
+  return static_cast<int>(negative ? -number : std::min(number, beyond - 1));
 }
 
 } // namespace
@@ -66,19 +66,32 @@ bool SkinLine::shows() const {
   return core::equal_ignoring_case(field(1), L"show");
 }
 
+bool SkinLine::blank(std::size_t index) const {
+  return field(index).find_first_not_of(L' ') == std::wstring::npos;
+}
+
+std::optional<int> SkinLine::number(std::size_t index) const {
+  return whole_number(field(index));
+}
+
 std::optional<int> SkinLine::twips(std::size_t index) const {
-  const auto number = number_between(field(index), -max_twips, max_twips);
-  return number ? std::optional<int>(static_cast<int>(*number)) : std::nullopt;
+  const auto given = number(index);
+  return given ? std::optional(std::clamp(*given, -max_twips, max_twips)) : std::nullopt;
 }
 
 std::optional<int> SkinLine::size(std::size_t index) const {
-  const auto number = number_between(field(index), 0, max_twips);
-  return number ? std::optional<int>(static_cast<int>(*number)) : std::nullopt;
+  const auto given = number(index);
+  return given ? std::optional(std::clamp(*given, 0, max_twips)) : std::nullopt;
 }
 
-std::optional<unsigned> SkinLine::colour(std::size_t index) const {
-  const auto number = number_between(field(index), 0, max_colour);
-  return number ? std::optional<unsigned>(static_cast<unsigned>(*number)) : std::nullopt;
+std::optional<platform::Colour> SkinLine::colour(std::size_t index) const {
+  constexpr int white = 0xffffff;
+  const auto given = number(index);
+  if (!given)
+    return std::nullopt;
+  if (*given < 0)
+    return platform::Colour{platform::system_colour_flag | (static_cast<std::uint32_t>(*given) & 0xffU)};
+  return platform::Colour{static_cast<std::uint32_t>(std::min(*given, white))};
 }
 
 std::vector<std::wstring> split_lines(std::wstring_view text) {

@@ -2,6 +2,8 @@
 // The text of a .skin file: one control a line, fields separated by "|". Pure; nothing here throws.
 #pragma once
 
+#include "platform/controls.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -10,9 +12,8 @@
 
 namespace lumotune::skin {
 
-// Positions and sizes beyond this many twips (about two metres) belong to no screen and count as no number.
-inline constexpr long max_twips = 120000;
-inline constexpr long max_colour = 0xffffff;
+// Positions and sizes beyond this many twips (about two metres) belong to no screen: they count as this.
+inline constexpr int max_twips = 120000;
 
 // One usable line, cut at every "|". Field 0 names the control.
 class SkinLine {
@@ -24,11 +25,15 @@ public:
   [[nodiscard]] const std::wstring& field(std::size_t index) const;
   [[nodiscard]] bool names(std::wstring_view control) const; // letter case ignored
   [[nodiscard]] bool shows() const;                          // field 1 is "show"
+  [[nodiscard]] bool blank(std::size_t index) const;         // missing, or nothing but blanks
 
-  // A whole number of twips, or a colour; nothing where the field is missing, no number or out of range.
+  // A whole number, however many digits it has; nothing where the field is missing or holds something else. One that
+  // is too large for its use counts as the largest there.
+  [[nodiscard]] std::optional<int> number(std::size_t index) const;
   [[nodiscard]] std::optional<int> twips(std::size_t index) const;
   [[nodiscard]] std::optional<int> size(std::size_t index) const; // twips, not below 0
-  [[nodiscard]] std::optional<unsigned> colour(std::size_t index) const;
+  // A negative one is the system's colour of the number in its lowest byte.
+  [[nodiscard]] std::optional<platform::Colour> colour(std::size_t index) const;
 
 private:
   std::vector<std::wstring> fields_;

@@ -8,8 +8,10 @@
 namespace lumotune::platform::win32 {
 namespace {
 
+// A number that the system has no colour for is black.
 COLORREF colour_ref(Colour colour) {
-  return static_cast<COLORREF>(colour) & 0xffffff;
+  const auto value = static_cast<std::uint32_t>(colour);
+  return (value & system_colour_flag) != 0 ? GetSysColor(static_cast<int>(value & 0xff)) : value & 0xffffff;
 }
 
 // No label has room for more; a text of a megabyte would take seconds to be broken into lines.
@@ -32,14 +34,14 @@ bool Win32Picture::load_picture(const std::wstring& path) {
   return true;
 }
 
-void Win32Picture::draw(HDC target, const RECT& area) {
-  constexpr BYTE faded = 90;
 void Win32Picture::clear_picture() {
   picture_ = {};
   path_.clear();
   resize(0, 0);
 }
 
+void Win32Picture::draw(HDC target, const RECT& area) {
+  constexpr BYTE faded = 90;
   picture_.draw(target, 0, 0, area.right, area.bottom, IsWindowEnabled(window_) != 0 ? 255 : faded);
   if (kind_ == PictureKind::button)
     draw_focus(target, area);
