@@ -58,6 +58,7 @@ void read_settings(const TextLines& lines, const platform::AnsiCodec& codec, Set
   settings.client_link = value(18, 10);
   settings.LTvolume = value(20, 15);
   settings.LTskin = value(21, 13);
+  settings.saved_skin = settings.LTskin;
   settings.LTpleft = value(22, 14);
   settings.LTptop = value(23, 13);
   settings.idh = value(5, 12);
@@ -72,7 +73,7 @@ bool write_settings(TextLines& lines, const platform::AnsiCodec& codec, const Se
        {12, L"#012:LTLast:" + settings.IDlastRadio + L"/" + settings.KvalitaLT},
        {13, L"#013:LTautoStart:" + settings.LTautoStart},
        {20, L"#020:LTvolume:" + settings.LTvolume},
-       {21, L"#021:LTskin:" + settings.LTskin},
+       {21, L"#021:LTskin:" + settings.saved_skin},
        {22, L"#022:LTpleft:" + settings.LTpleft},
        {23, L"#023:LTptop:" + settings.LTptop}}};
   for (const auto& [number, text] : own)

@@ -18,6 +18,7 @@ struct Settings {
   std::wstring LTautoStart;    // "1" plays at start; written by LoadOptionsWorkIt and the settings menu
   std::wstring LTvolume;       // 0..100; written by LoadOptionsWorkIt and VolumeSet
   std::wstring LTskin;         // current skin; written by LoadOptionsWorkIt and LoadSkin
+  std::wstring saved_skin;     // what the file keeps of it; written by LoadOptionsWorkIt and LoadSkin
   std::wstring LTpleft;        // left edge in twips; written by LoadOptionsWorkIt and SaveOptions
   std::wstring LTptop;         // top edge in twips; written by the same
   std::wstring client_link;    // "off" or anything else; written by LoadOptionsWorkIt and the play report

@@ -80,10 +80,11 @@ bool Startup::LoadOptionsWorkIt() {
 }
 
 void Startup::load_skin_of_settings() {
-  std::wstring name = uses_.settings.LTskin;
-  if (!uses_.files.exists(uses_.machine.program_folder() + L"\\Orb_Data\\skins\\" + name + L".skin"))
-    name = default_skin;
-  skin->LoadSkin(name);
+  const std::wstring chosen = uses_.settings.LTskin;
+  const bool there = uses_.files.exists(uses_.machine.program_folder() + L"\\Orb_Data\\skins\\" + chosen + L".skin");
+  skin->LoadSkin(there ? chosen : default_skin);
+  if (!there)
+    uses_.settings.saved_skin = chosen; // the default serves this run only
   skin->ZobrazCoMas(uses_.form.PlayTL.text());
   uses_.playback.VolumeSet(volume_value(uses_.settings.LTvolume)); // shows the volume picture too
   favourites->ZobrazOblibene();

@@ -70,15 +70,15 @@ class PictureBox : public Control {
 public:
   // A larger picture counts as none: 34 MB in memory.
   static constexpr std::int64_t max_pixels = 8'500'000;
+  static constexpr int max_side = 4096;                        // pixels
+  static constexpr std::int64_t max_bytes = 8LL * 1024 * 1024; // of the file
 
   // Reads the file, each time that it is called. False when it is missing, too large or no picture; the old picture
   // then stays.
-  static constexpr int max_side = 4096;                        // pixels
-  static constexpr std::int64_t max_bytes = 8LL * 1024 * 1024; // of the file
   [[nodiscard]] virtual bool load_picture(const std::wstring& path) = 0;
+  virtual void clear_picture() = 0;                       // nothing is shown, in no size
   [[nodiscard]] virtual std::wstring picture() const = 0; // path of the picture shown, empty for none
 };
-  virtual void clear_picture() = 0;                       // nothing is shown, in no size
 
 // Text over whatever lies behind it. A link label is a tab stop and can be pressed.
 class Label : public Control {

@@ -28,41 +28,74 @@ bool Skin::exists(const std::wstring& name) const {
   return uses_.files.exists(uses_.machine.program_folder() + skins_folder + name + L".skin");
 }
 
-void Skin::hide_all() {
+// The play state or the volume may show a control that the new skin does not name: there must be nothing to be seen.
+void Skin::forget_pictures() {
   auto& form = uses_.form;
-  const std::array<platform::Control*, 12> hidden = {&form.LineMenu_OnTop, &form.LineMenu_Min, &form.LineMenu_End,
-                                                     &form.Control_Play,   &form.Control_Rec,  &form.Control_ShowUser,
-                                                     &form.Control_Menu,   &form.Control_Sat,  &form.Control_Volume,
-                                                     &form.Control_List,   &form.LTDisplay,    &form.Orbwww};
-  for (auto* control : hidden)
+  const std::array<platform::PictureBox*, 11> pictures = {
+      &form.LineMenu_OnTop, &form.LineMenu_Min,     &form.LineMenu_End, &form.Control_Play,
+      &form.Control_Rec,    &form.Control_ShowUser, &form.Control_Menu, &form.Control_Sat,
+      &form.Control_Volume, &form.LTDisplay,        &form.Orbwww};
+  for (auto* control : pictures) {
     control->set_visible(false);
+    control->clear_picture();
+    control->move(0, 0);
+  }
 }
 
 // Labels have no "show" field: without a size they are out of sight until the new skin places them.
-void Skin::reset_kept() {
-  uses_.session.skin = core::KeptSkinFields{};
+void Skin::forget_labels() {
   auto& form = uses_.form;
   const std::array<platform::Label*, 4> labels = {&form.InfoName, &form.InfoTime, &form.InfoNaladit, &form.InfoStatus};
-  for (auto* label : labels)
+  for (auto* label : labels) {
     label->resize(0, 0);
+    label->move(0, 0);
+    label->set_text_colour(platform::Colour{});
+  }
+  form.Control_List.set_visible(false);
+  form.Control_List.resize(0, 0);
+  form.Control_List.move(0, 0);
+  form.Control_List.set_colours(platform::Colour{0xffffff}, platform::Colour{});
+}
+
+// At the end of a load, so that the window does not flicker where the skin has what it needs.
+void Skin::forget_ground() const {
+  constexpr int width = 6000;
+  constexpr int height = 3000;
+  if (!sized_)
+    uses_.form.window.resize(width, height);
+  if (!grounded_)
+    uses_.form.window.clear_background();
 }
 
 void Skin::LoadSkin(const std::wstring& name) {
   const unsigned turn = ++turn_;
   uses_.settings.LTskin = name;
-  hide_all();
-  reset_kept();
+  uses_.session.skin = core::KeptSkinFields{};
+  sized_ = grounded_ = false;
+  forget_pictures();
+  forget_labels();
+  const std::wstring wrong = load(name, turn);
+  if (turn != turn_ || uses_.loop.quitting())
+    return;
+  forget_ground();
+  if (wrong.empty())
+    uses_.settings.saved_skin = name;
+  else
+    uses_.error_log.add(L"LoadSkin", wrong);
+}
+
+std::wstring Skin::load(const std::wstring& name, unsigned turn) {
   const std::wstring path = uses_.machine.program_folder() + skins_folder + name + L".skin";
-  const std::wstring excess = over_limits(uses_.files, uses_.form.window, path, picture_path(L""));
+  std::wstring excess = over_limits(uses_.files, uses_.form.window, path, picture_path(L""));
   if (!excess.empty())
-    return uses_.error_log.add(L"LoadSkin", excess);
+    return excess;
   const auto bytes = uses_.files.read(path);
   if (!bytes)
-    return uses_.error_log.add(L"LoadSkin", path + L": cannot be read");
+    return path + L": cannot be read";
   const auto lines = split_lines(uses_.codec.decode(*bytes));
   if (!fits(lines))
-    return uses_.error_log.add(L"LoadSkin", path + L": window larger than ten work areas");
-  apply_lines(path, lines, turn);
+    return path + L": window larger than ten work areas";
+  return apply_lines(path, lines, turn);
 }
 
 // Asked before the first line is applied, so that such a skin is not half used.
@@ -74,21 +107,20 @@ bool Skin::fits(const std::vector<std::wstring>& lines) const {
   });
 }
 
-void Skin::apply_lines(const std::wstring& path, const std::vector<std::wstring>& lines, unsigned turn) {
+std::wstring Skin::apply_lines(const std::wstring& path, const std::vector<std::wstring>& lines, unsigned turn) {
   std::size_t number = 0;
   for (const std::wstring& each : lines) {
     ++number;
     if (const auto line = SkinLine::parse(each)) {
       const std::wstring wrong = apply(*line);
-      if (!wrong.empty()) {
-        uses_.error_log.add(L"LoadSkin", path + L" line " + std::to_wstring(number) + L": " + wrong);
-        return;
-      }
+      if (!wrong.empty())
+        return path + L" line " + std::to_wstring(number) + L": " + wrong;
     }
     uses_.loop.run_pending();
     if (turn != turn_ || uses_.loop.quitting())
-      return;
+      break;
   }
+  return {};
 }
 
 std::wstring Skin::apply(const SkinLine& line) {
@@ -128,20 +160,39 @@ std::wstring Skin::apply(const SkinLine& line) {
   return apply_kept(line);
 }
 
+// However small a skin wants the window, there is something of it to take hold of.
 std::wstring Skin::apply_form(const SkinLine& line) {
+  constexpr int least = 480;
   const auto width = line.size(1);
   const auto height = line.size(2);
   if (!width || !height)
     return bad_number(line);
-  uses_.form.window.resize(*width, *height);
+  uses_.form.window.resize(std::max(*width, least), std::max(*height, least));
+  sized_ = true;
   const std::wstring picture = picture_path(L"\\form.gif");
-  return uses_.form.window.load_background(picture) ? L"" : picture;
+  grounded_ = uses_.form.window.load_background(picture);
+  return grounded_ ? L"" : picture;
 }
 
-// The picture comes first, so that a control whose picture is missing stays hidden.
 std::wstring Skin::apply_picture(const SkinLine& line, platform::PictureBox& control, const std::wstring& picture) {
   if (!line.shows())
     return L"";
+  std::wstring wrong = place_picture(line, control, picture);
+  control.set_visible(wrong.empty());
+  return wrong;
+}
+
+// The play state may show this one without "show". A line that hides it and gives it no place has nothing to place.
+std::wstring Skin::apply_state_picture(const SkinLine& line, platform::PictureBox& control,
+                                       const std::wstring& picture) {
+  if (!line.shows() && line.blank(2) && line.blank(3))
+    return L"";
+  std::wstring wrong = place_picture(line, control, picture);
+  control.set_visible(wrong.empty() && line.shows());
+  return wrong;
+}
+
+std::wstring Skin::place_picture(const SkinLine& line, platform::PictureBox& control, const std::wstring& picture) {
   const auto top = line.twips(2);
   const auto left = line.twips(3);
   if (!top || !left)
@@ -149,7 +200,6 @@ std::wstring Skin::apply_picture(const SkinLine& line, platform::PictureBox& con
   if (!picture.empty() && !control.load_picture(picture_path(picture)))
     return picture_path(picture);
   control.move(*left, *top);
-  control.set_visible(true);
   return L"";
 }
 
@@ -189,6 +239,7 @@ std::wstring Skin::apply_label(const SkinLine& line, platform::Label& label) {
   return L"";
 }
 
+// A field that is empty counts as 0 here.
 std::wstring Skin::apply_status(const SkinLine& line) {
   const auto or_0 = [&](std::size_t index, auto read) {
     using Number = decltype((line.*read)(index));
@@ -223,19 +274,19 @@ std::wstring Skin::apply_kept(const SkinLine& line) {
     kept.display_show = line.field(1);
     kept.display_mode = line.field(4);
     kept.display_value = line.field(5);
-    return apply_picture(line, uses_.form.LTDisplay, L"\\display.gif");
+    return apply_state_picture(line, uses_.form.LTDisplay, L"\\display.gif");
   }
   if (line.names(L"Orbwww")) {
     kept.logo_show = line.field(1);
     kept.logo_mode = line.field(4);
-    return apply_picture(line, uses_.form.Orbwww, L"\\orb.gif");
+    return apply_state_picture(line, uses_.form.Orbwww, L"\\orb.gif");
   }
   return L"";
 }
 
 void Skin::ZobrazCoMas(const std::wstring& play_button_text) {
   const PlayLook look = play_look(play_button_text, uses_.session.skin);
-  // A missing picture leaves the old one; the visibility below must follow the state all the same.
+  // A missing picture leaves this skin's other one; the visibility below must follow the state all the same.
   (void)uses_.form.Control_Play.load_picture(picture_path(look.playing ? L"\\stop.gif" : L"\\play.gif"));
   uses_.form.Control_List.set_visible(look.list);
   uses_.form.LTDisplay.set_visible(look.display);
@@ -243,7 +294,6 @@ void Skin::ZobrazCoMas(const std::wstring& play_button_text) {
 }
 
 void Skin::SkinVolume(int percent) {
-// A field that is empty counts as 0 here.
   const int level = volume_level(percent);
   menus->check_volume(level);
   // A skin without that picture keeps the one it shows.

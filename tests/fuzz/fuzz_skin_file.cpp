@@ -57,7 +57,8 @@ void check_line(const std::wstring& text) {
   demand(text.starts_with(joined));
   for (std::size_t i = 0; i < 12; ++i) {
     demand(std::abs(line->twips(i).value_or(0)) <= skin::max_twips);
-    demand(line->size(i).value_or(0) >= 0 && line->colour(i).value_or(0) <= skin::max_colour);
+    demand(line->size(i).value_or(0) >= 0 &&
+           (static_cast<std::uint32_t>(line->colour(i).value_or(platform::Colour{})) & 0x7f000000) == 0);
   }
 }
 
@@ -92,6 +93,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   demand(log.size() < 2 * core::ErrorLog::max_text && std::count(log.begin(), log.end(), '\n') <= 1);
   w.skin.ZobrazCoMas(size % 2 == 0 ? L"Stop" : L"Zapnout");
   w.skin.LoadSkin(L"Dobra");
+  demand(w.settings.saved_skin == L"Dobra" && w.form.LTDisplay.picture().empty() &&
+         w.form.Control_List.rect().width == 0);
   demand(w.log() == log && w.window.rect().width == 6000 && w.form.Control_Menu.rect().top == 10);
   demand(!w.form.Control_Sat.visible() && w.form.InfoName.rect().width == 0 && w.session.skin.list_mode.empty());
   return 0;
