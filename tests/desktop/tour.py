@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """A short tour of the program: prints what is heard and seen, leaves pictures, and fails when no sound flows."""
 import os
+import shutil
 import sys
 import time
 
@@ -10,12 +11,18 @@ from directory_server_control import DirectoryServer  # noqa: E402
 from program import Program  # noqa: E402
 
 
+SKINS = os.path.join(TOP, "tests", "data", "skins")
+
+
 class Tour:
     def __init__(self, folder):
         self.folder = folder
         self.radio = Radio(folder)
         self.server = DirectoryServer(self.radio.port)
         self.desk = Desk(os.path.join(TOP, "build", "demo"), self.radio)
+        for name in ("Denní", "Sloupek"):
+            shutil.copytree(os.path.join(SKINS, name), self.desk.path("Orb_Data", "skins", name), dirs_exist_ok=True)
+            shutil.copy(os.path.join(SKINS, name + ".skin"), self.desk.path("Orb_Data", "skins"))
         self.good, self.pictures = True, 0
 
     @staticmethod
@@ -76,6 +83,7 @@ class Tour:
         desk.click("Control_Menu")
         time.sleep(0.4)
         self.menu("menu-skins", keys=["Down"] * 10 + ["Right"])
+        self.skins(first)
         self.console()
         desk.click("Control_Volume")
         self.menu("menu-volume")
@@ -89,6 +97,21 @@ class Tour:
         self.show("favourites")
         desk.click_at(desk.favourite_place(1), 3)
         self.menu("menu-favourite")
+
+    def skins(self, station):
+        """Changes while the station plays: other sizes, colours and controls, and back."""
+        desk = self.desk
+        for place, name, size, file in ((0, "Denní", (560, 124), "skin-light"), (2, "Sloupek", (200, 420), "skin-tall"),
+                                        (1, "Lumo", (420, 232), "skin-lumo")):
+            desk.click("Control_Menu")
+            wait_for(desk.menus, 5)
+            desk.key(*["Down"] * 10, "Right")
+            wait_for(lambda: len(desk.menus()) == 2, 5)
+            desk.key(*["Down"] * place, "Return")
+            changed = wait_for(lambda: (desk.form().width, desk.form().height) == size, 10)  # pylint: disable=cell-var-from-loop
+            self.check(changed, f"the skin is changed to '{name}' while '{station.name}' plays", f"THE SKIN IS NOT '{name}'")
+            self.hear(station, "it plays on")
+            self.show(file)
 
     def console(self):
         self.desk.click("Control_Menu")
