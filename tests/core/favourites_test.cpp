@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "tests/core/favourites_world.h"
 
+#include <array>
+
 namespace lumotune::test {
 namespace {
 
@@ -145,15 +147,21 @@ TEST_F(FavouritesTest, ALongListIsDrawnOnceNotForEachEntry) {
 
 TEST_F(FavouritesTest, FavouritesTakeThePlaceOfTheStationLabels) {
   w.form.Control_List.set_visible(false);
+  const std::array labels = {&w.form.InfoName, &w.form.InfoTime, &w.form.InfoStatus, &w.form.InfoNaladit};
+  for (platform::Label* label : labels)
+    label->set_visible(true);
   show("lt:RADIO1/1\r\n");
   EXPECT_TRUE(w.form.Control_List.visible());
-  EXPECT_FALSE(w.form.InfoName.visible() || w.form.InfoTime.visible() || w.form.InfoStatus.visible());
-  EXPECT_FALSE(w.form.InfoNaladit.visible());
+  for (const platform::Label* label : labels)
+    EXPECT_FALSE(label->visible());
 }
 
 TEST_F(FavouritesTest, WithoutFavouritesTheHintIsShown) {
   w.form.InfoNaladit.set_visible(false);
   w.form.LTDisplay.set_visible(false);
+  w.form.Control_List.set_visible(true);
+  for (platform::Label* label : {&w.form.InfoName, &w.form.InfoTime, &w.form.InfoStatus})
+    label->set_visible(true);
   show("");
   EXPECT_TRUE(w.form.InfoNaladit.visible());
   EXPECT_FALSE(w.form.Control_List.visible());

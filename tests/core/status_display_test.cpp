@@ -50,6 +50,17 @@ TEST_F(StatusDisplayTest, AnotherModeAlwaysTakesTheSecondLayout) {
   EXPECT_EQ(w.form.InfoStatus.text(), L"");
 }
 
+// The layouts differ in height alone: where the label begins, and how wide it is, is the skin's for both.
+TEST_F(StatusDisplayTest, BothLayoutsKeepTheLabelsLeftEdgeAndWidth) {
+  w.form.InfoStatus.move(33, 7);
+  w.form.InfoStatus.resize(444, 5);
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoStatus.rect(), (platform::TwipsRect{33, 100, 444, 200}));
+  w.player.played = 5000;
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoStatus.rect(), (platform::TwipsRect{33, 300, 444, 400}));
+}
+
 TEST_F(StatusDisplayTest, NamesOfFifteenCharactersGetDots) {
   w.session.station_name = L"čtrnáct znaků.";
   w.status.tick();

@@ -86,6 +86,38 @@ TEST_F(ListRadiosForm, TheControlsFollowTheWindowsSize) {
   EXPECT_GT(part<MemoryTextBox>(L"Text1").rect().height, 0);
 }
 
+// Name, country and address above, the text between, the links below; none over another, all inside their frame.
+TEST_F(ListRadiosForm, TheLabelsStandBelowEachOtherInTheirFrame) {
+  const auto check = [this] {
+    const auto frame = part<MemoryFrame>(L"Frame1").rect();
+    int bottom = frame.top;
+    const auto follows = [&](const platform::TwipsRect& place, const wchar_t* name) {
+      EXPECT_GE(place.top, bottom) << name;
+      EXPECT_GT(place.height, 0) << name;
+      EXPECT_GE(place.left, frame.left) << name;
+      EXPECT_LE(place.left + place.width, frame.left + frame.width) << name;
+      EXPECT_GT(place.width, 2000) << name;
+      bottom = place.top + place.height;
+    };
+    for (const wchar_t* name : {L"Label2", L"Label3", L"Label4"})
+      follows(label(name).rect(), name);
+    follows(part<MemoryTextBox>(L"Text1").rect(), L"Text1");
+    for (const wchar_t* name : {L"Label8", L"Label7", L"Label5", L"Label9", L"Label10", L"Label6"})
+      follows(label(name).rect(), name);
+    EXPECT_LE(bottom, frame.top + frame.height);
+  };
+  check();
+  const int links_before = label(L"Label6").rect().top;
+  const int name_before = label(L"Label2").rect().top;
+  const auto size = window_shown().rect();
+  window_shown().user_resize(size.width + 1500, size.height + 600);
+  check();
+  EXPECT_EQ(label(L"Label6").rect().top, links_before + 600) << "the links stay at the bottom";
+  EXPECT_EQ(label(L"Label2").rect().top, name_before) << "and the name at the top";
+  window_shown().user_resize(1, 1);
+  check();
+}
+
 TEST_F(ListRadiosForm, TheStatusLineBarAndButtonLieBelowTheLists) {
   const auto status_line = label(L"Label1").rect();
   const auto bar = progress().rect();

@@ -270,13 +270,31 @@ TEST_F(ListRadiosWindow, ClosingInsideABoxIsHarmless) {
   EXPECT_EQ(windows.made, 2);
 }
 
+// The information line lets events run in the middle of the conversion: the list has been read, and nothing is written.
 TEST_F(ListRadiosWindow, ClosingWhileTheListIsConvertedIsHarmless) {
   directory.Naladit();
-  serve("orb:i:0/@//@/10/@/Zpr\xe1va\r\n" + test::Record{"NOVA01", "Nov\xe1"}.line());
+  const std::string station = test::Record{"NOVA01", "Nov\xe1"}.line();
+  serve("orb:i:0/@//@/10/@/Zpr\xe1va\r\n" + station);
+  std::string when_closed;
+  files.before_read = [this, &when_closed](const std::wstring& path) {
+    if (!path.ends_with(L"seznam.tt"))
+      return;
+    files.before_read = nullptr;
+    loop.at(0, [this, &when_closed] {
+      when_closed = content(L"radios.tt");
+      window_shown().user_close();
+      loop.advance(1000); // the closed window must outlive the conversion
+    });
+  };
   part<platform::memory::MemoryButton>(L"Command1").press();
-  loop.at(205, [this] { window_shown().user_close(); });
   loop.advance(2000);
+  EXPECT_EQ(when_closed, stations_text()) << "closed before the conversion was over";
   EXPECT_FALSE(directory.open());
+  EXPECT_EQ(content(L"radios.tt"), station + "\r\n") << "both files are whole";
+  EXPECT_EQ(content(L"kategories.tt"), "\r\n");
+  directory.Naladit();
+  EXPECT_EQ(windows.made, 2);
+  EXPECT_EQ(names(), Names{L"Nová"});
 }
 
 TEST_F(ListRadiosWindow, LinksAreUnderlinedUnderTheMouse) {
