@@ -301,5 +301,30 @@ TEST_F(Win32Menus, ABoxShowsItsTextAndTitle) {
   EXPECT_NE(std::find(texts.begin(), texts.end(), L"Pro & proti\r\nDruhý řádek"), texts.end());
 }
 
+// The picture of a box; nullptr where it has none.
+HICON picture_of_box() {
+  for (HWND child = GetWindow(seen_windows(L"#32770").front(), GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    const auto icon = reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0));
+    if ((GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON && icon != nullptr)
+      return icon;
+  }
+  return nullptr;
+}
+
+TEST_F(Win32Menus, ABoxHasThePictureThatItIsGiven) {
+  HICON picture = nullptr;
+  b.while_open([&] { picture = picture_of_box(); });
+  b.answer(platform::BoxAnswer::ok);
+  EXPECT_EQ(b.dialogs.message(L"Zpráva", L"Okno", platform::BoxIcon::information, platform::BoxButtons::ok),
+            platform::BoxAnswer::ok);
+  EXPECT_EQ(picture, LoadIconW(nullptr, IDI_INFORMATION)) << "not that of a warning";
+  b.while_open([&] { picture = picture_of_box(); });
+  b.answer(platform::BoxAnswer::ok);
+  EXPECT_EQ(b.dialogs.message(L"Zpráva", L"Okno", platform::BoxIcon::none, platform::BoxButtons::ok),
+            platform::BoxAnswer::ok);
+  EXPECT_EQ(picture, nullptr);
+}
+
 } // namespace
 } // namespace lumotune::contract

@@ -115,12 +115,27 @@ TEST_F(Win32Only, TrayEventsArriveAsMouseMovesWithTheMessageInTheCoordinate) {
   EXPECT_EQ(messages, (std::vector<long>{513, 514, 517}));
 }
 
+// A shell that starts anew knows no icon: ours is taken away behind the program's back.
 TEST_F(Win32Only, TheTrayAnswersTheShellsRestart) {
   platform::win32::Win32Tray tray(b.window, form.TrayIcon);
+  NOTIFYICONDATAW icon{};
+  icon.cbSize = NOTIFYICONDATAW_V1_SIZE;
+  icon.hWnd = b.window.handle_of(form.TrayIcon);
+  icon.uID = 1;
+  const auto there = [&] { return Shell_NotifyIconW(NIM_MODIFY, &icon) != 0; };
+  const auto restart = [&] {
+    Shell_NotifyIconW(NIM_DELETE, &icon);
+    ASSERT_FALSE(there());
+    SendMessageW(b.window.handle(), RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+  };
   tray.add(L"Lumotune");
-  tray.modify(L"Velmi dlouhý text, který se do záznamu nevejde, protože má víc než šedesát čtyři znaků");
-  SendMessageW(b.window.handle(), RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+  ASSERT_TRUE(there());
+  restart();
+  EXPECT_TRUE(there());
   tray.remove();
+  EXPECT_FALSE(there());
+  restart();
+  EXPECT_FALSE(there()) << "an icon that was removed stays away";
 }
 
 TEST_F(Win32Only, CloseAndSessionEndAreOnlyForwarded) {
