@@ -22,7 +22,7 @@ sys.path.insert(0, os.path.join(TOP, "demo"))
 from stations import STATIONS  # noqa: E402
 
 
-def wait_for(what, seconds=20.0, every=0.15):
+def wait_for(what, seconds=30.0, every=0.1):
     """The first true answer of `what`, or what it last answered when the time is over."""
     end = time.monotonic() + seconds
     while True:
@@ -104,6 +104,7 @@ class Desk:
 
     def __init__(self, folder, radio, options=()):
         self.folder, self.radio, self.process = folder, radio, None
+        self.last_click = (-100, -100)
         shutil.rmtree(folder, ignore_errors=True)
         words = [sys.executable, os.path.join(TOP, "demo", "layout"), folder, "--port", str(radio.port), "--fresh"]
         for option in options:
@@ -189,21 +190,59 @@ class Desk:
     def click(self, name, button=1, times=1, window="Lumotune"):
         self.click_at(self.controls(window)[name].middle, button, times)
 
-    @staticmethod
-    def click_at(place, button=1, times=1):
+    def click_at(self, place, button=1, times=1):
+        """Two clicks in a row at one place would be a double click: the second one goes some pixels aside."""
         x, y = place
-        subprocess.run(["xdotool", "mousemove", str(x), str(y), "sleep", "0.1", "click", "--repeat", str(times), "--delay",
-                        "80", str(button)], check=True)
-        time.sleep(0.2)
+        if abs(x - self.last_click[0]) < 5 and abs(y - self.last_click[1]) < 5:
+            x += 6
+        self.last_click = x, y
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "80", str(button)],
+                       check=True)
 
-    def key(self, *names):
+    @staticmethod
+    def key(*names):
         subprocess.run(["xdotool", "key", "--delay", "120", *names], check=True)
-        time.sleep(0.2)
 
     @staticmethod
     def type(text):
         subprocess.run(["xdotool", "type", "--delay", "30", text], check=True)
-        time.sleep(0.2)
+
+    def keyboard_at(self, window="Lumotune"):
+        """The name of the control that has the keyboard; nothing for none."""
+        return next((name for name, control in self.controls(window).items() if control.focus and name != "Form"), None)
+
+    def tab(self, window="Lumotune"):
+        """To the next control; where the keyboard is then."""
+        before = self.keyboard_at(window)
+        self.key("Tab")
+        wait_for(lambda: self.keyboard_at(window) not in (before, None))
+        return self.keyboard_at(window)
+
+    def tab_to(self, name):
+        for _ in range(20):
+            if self.keyboard_at() == name:
+                return
+            self.tab()
+        raise RuntimeError(f"Tab does not reach {name}")
+
+    def in_menu(self, *keys):
+        """Chooses from the menu that was just opened, once it is there. What it starts may still be on its way."""
+        if not wait_for(self.menus):
+            raise RuntimeError("no menu opens")
+        self.key(*keys)
+        if not wait_for(lambda: not self.menus()):
+            raise RuntimeError("the menu stays open")
+
+    def into_box(self, text):
+        """Types into the input box, once it waits for that."""
+        def field():
+            return self.controls("InputBox").get("Text")
+        if not wait_for(lambda: (box := field()) and box.focus and not box.text):
+            raise RuntimeError("no input box waits for a text")
+        self.type(text)
+        if not wait_for(lambda: (box := field()) and box.text == text):
+            raise RuntimeError(f"{field().text!r} instead of {text!r} in the input box")
+        self.key("Return")
 
     def send(self, text):
         """One command from another program; whether it was answered."""
@@ -223,7 +262,7 @@ class Desk:
         with open(self.path("Orb_Data", "options.ini"), encoding="cp1250", newline="") as source:
             return source.read().split("\r\n")
 
-    def ended(self, seconds=10):
+    def ended(self, seconds=30):
         return wait_for(lambda: self.process.poll() is not None, seconds)
 
     def close(self):

@@ -35,18 +35,18 @@ class Program:
         return self.desk
 
     @staticmethod
-    def hear(hertz, seconds=20):
+    def hear(hertz, seconds=30):
         assert wait_for(lambda: Sound.loudest() == hertz, seconds), f"{hertz} Hz expected, {Sound.loudest()} heard"
 
     @staticmethod
-    def until(what, seconds=10, text=""):
+    def until(what, seconds=30, text=""):
         assert wait_for(what, seconds), text
 
-    def log_has(self, program, part, seconds=15):
+    def log_has(self, program, part, seconds=30):
         """A companion of the client was started with that in its command line, or heard of it."""
         self.until(lambda: part in self.desk.log(program), seconds, f"{part!r} not in {program}: {self.desk.log(program)}")
 
-    def started(self, program, line, show, seconds=15):
+    def started(self, program, line, show, seconds=30):
         """A companion of the client was started with exactly that command line, in the program's folder and so shown."""
         wanted = f"start show={show} dir={self.windows_folder()} line={line}"
         self.until(lambda: wanted in self.desk.log(program).splitlines(), seconds,
@@ -68,9 +68,9 @@ class Program:
 
     def box(self, text, button="OK"):
         """A message box says that; it is closed by that button."""
-        self.until(lambda: any(text in part for box in self.desk.boxes() for part in box), 15, f"{text!r}: {self.desk.boxes()}")
+        self.until(lambda: any(text in part for box in self.desk.boxes() for part in box), 30, f"{text!r}: {self.desk.boxes()}")
         assert self.desk.press(button)
-        self.until(lambda: not any(text in part for box in self.desk.boxes() for part in box), 10, "the box closes")
+        self.until(lambda: not any(text in part for box in self.desk.boxes() for part in box), 30, "the box closes")
 
     @staticmethod
     def tray_icon():

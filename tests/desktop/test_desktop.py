@@ -4,7 +4,6 @@ import os
 import re
 import subprocess
 import sys
-import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
@@ -53,11 +52,7 @@ class TestListening(Program):
         desk = self.begin()
         self.hear(440)
         desk.click("InfoTime")  # a window manager may give the keyboard to a window only when it is clicked
-        for _ in range(20):
-            if desk.controls()["Control_Play"].focus:
-                break
-            desk.key("Tab")
-        assert desk.controls()["Control_Play"].focus
+        desk.tab_to("Control_Play")
         desk.key("space")
         self.until(lambda: desk.text("PlayTL") == "Zapnout")
         desk.key("Return")
@@ -87,13 +82,13 @@ class TestListening(Program):
                                     desk.text("InfoStatus") or ""), 30, desk.text("InfoStatus"))
         assert desk.text("PlayTL") == "Stop", "the listener's wish stays"
         self.radio.start()
-        self.hear(440, 30)
+        self.hear(440)
 
     def test_a_stop_wins_while_the_radio_is_away(self):
         desk = self.begin()
         self.hear(440)
         self.radio.stop()
-        self.until(lambda: "další pokus" in (desk.text("InfoStatus") or ""), 30)
+        self.until(lambda: "další pokus" in (desk.text("InfoStatus") or ""))
         desk.click("Control_Play")
         self.radio.start()
         self.until(lambda: desk.text("PlayTL") == "Zapnout")
@@ -102,7 +97,7 @@ class TestListening(Program):
     def test_a_station_that_is_not_there_says_so(self):
         desk = self.begin("13=#013:LTautoStart:0")
         desk.send("p:" + self.radio.address("/neni.mp3"))
-        self.until(lambda: (desk.text("InfoStatus") or "").startswith("Stanice nenalezena (404)"), 10, desk.text("InfoStatus"))
+        self.until(lambda: (desk.text("InfoStatus") or "").startswith("Stanice nenalezena (404)"), text=desk.text("InfoStatus"))
 
     def test_the_volume_of_the_settings_is_applied(self):
         desk = self.begin()
@@ -117,11 +112,11 @@ class TestListening(Program):
 class TestClient(Program):
     def test_the_client_is_started_and_told_to_end(self):
         desk = self.begin()
-        self.until(lambda: "start show=4" in desk.log("orb"), 10, desk.log("orb"))
+        self.until(lambda: "start show=4" in desk.log("orb"), text=desk.log("orb"))
         assert re.search(r"line=.*\\orb\.exe m\r?\n", desk.log("orb")), desk.log("orb")
         desk.click("LineMenu_End")
         assert desk.ended()
-        self.until(lambda: "received kind=1 text=orbend" in desk.log("orb"), 10, desk.log("orb"))
+        self.until(lambda: "received kind=1 text=orbend" in desk.log("orb"), text=desk.log("orb"))
 
     def test_a_client_that_ran_before_is_not_told_to_end(self):
         self.desk = desk = Desk(self.folder, self.radio)
@@ -182,11 +177,11 @@ class TestClient(Program):
     def test_without_a_login_the_client_is_started_and_the_program_ends(self):
         self.desk = desk = Desk(self.folder, self.radio, ["5=#005:OIdh::"])
         desk.start(wait=False)
-        self.until(lambda: any("Nejprve zapněte Orb klienta." in box for box in desk.boxes()), 20)
+        self.until(lambda: any("Nejprve zapněte Orb klienta." in box for box in desk.boxes()))
         assert not any(box[0] == "Lumotune" for box in desk.boxes())
         assert desk.press("OK")
         assert desk.ended()
-        self.until(lambda: "start show=1" in desk.log("orb"), 10, desk.log("orb"))
+        self.until(lambda: "start show=1" in desk.log("orb"), text=desk.log("orb"))
         assert desk.options()[5] == "#005:OIdh::"
 
 
@@ -220,21 +215,19 @@ class TestWindow(Program):
     def test_the_tray_icon_hides_and_shows(self):
         desk = self.begin("13=#013:LTautoStart:0")
 
-        def click(button="1"):
-            place = wait_for(self.tray_icon, 10)
+        def click():
+            place = wait_for(self.tray_icon)
             assert place, "no icon in the tray"
-            subprocess.run(["xdotool", "mousemove", str(place[0]), str(place[1]), "sleep", "0.2", "click", button],
-                           check=True)
+            desk.click_at(place)
 
         click()
         self.until(lambda: not desk.form().visible)
-        time.sleep(0.8)  # else the system takes both for a double click
         click()
         self.until(lambda: desk.form().visible)
         assert (desk.form().left, desk.form().top) == (200, 200)
         desk.click("LineMenu_End")
         assert desk.ended()
-        self.until(lambda: self.tray_icon() is None, 10, "the icon goes")
+        self.until(lambda: self.tray_icon() is None, text="the icon goes")
 
     def test_the_close_of_the_system_and_the_end_of_the_session_save(self):
         for order in ("close", "endsession"):

@@ -1,12 +1,12 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """Every pop-up menu of the real program: chosen by the keyboard, the companions tell what they were started with."""
 import os
+import shutil
 import sys
-import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import Sound  # noqa: E402
+from desk import Desk, Sound  # noqa: E402
 from directory_server_control import DirectoryServer  # noqa: E402
 from program import BY_ID, CHECK_VALUE, IDENTITY, MINIMIZED, NORMAL, WITHOUT_FOCUS, Program  # noqa: E402
 
@@ -14,14 +14,9 @@ OFF = "13=#013:LTautoStart:0"
 
 
 class Menus(Program):
-    def choose(self, *keys):
-        """In the menu that was just opened."""
-        time.sleep(0.5)
-        self.desk.key(*keys)
-
     def from_main_menu(self, *keys):
         self.desk.click("Control_Menu")
-        self.choose(*keys)
+        self.desk.in_menu(*keys)
 
     def right_click_favourite(self, index):
         self.desk.click_at(self.desk.favourite_place(index), 3)
@@ -65,44 +60,62 @@ class TestMainMenu(Menus):
         self.from_main_menu(*["Down"] * 6, "Return")
         self.started("OrbRecorder", recorder + "l", NORMAL)
         desk.click("Control_Rec")
-        self.until(lambda: desk.log("OrbRecorder").count("\\OrbRecorder.exe Rádio Úsvit") == 2, 10)
+        self.until(lambda: desk.log("OrbRecorder").count("\\OrbRecorder.exe Rádio Úsvit") == 2)
         desk.click("Control_ShowUser")
-        self.until(lambda: desk.log("orb").count("text=lts:LUMO01") == 2, 10)
+        self.until(lambda: desk.log("orb").count("text=lts:LUMO01") == 2)
 
     def test_settings_and_skins(self):
-        desk = self.begin()
+        self.desk = desk = Desk(self.folder, self.radio)
+        self.another_skin("Druhý")
+        desk.start()
         self.hear(BY_ID["LUMO01"].hertz)
         self.from_main_menu(*["Down"] * 11, "Right", "Down", "Return")
-        self.until(lambda: desk.form().topmost, 10, "always on top")
+        self.until(lambda: desk.form().topmost, text="always on top")
         self.from_main_menu(*["Down"] * 11, "Right", "Return")
+        assert (desk.form().width, self.play_button()) == (420, (16, 172)), "the skin of the settings"
         self.from_main_menu(*["Down"] * 10, "Right", "Return")
-        time.sleep(1)
+        self.until(lambda: (desk.form().width, self.play_button()) == (450, (26, 162)), text="the other skin")
+        assert desk.text("PlayTL") == "Stop" and desk.visible("InfoName"), "it plays on, and says so"
         desk.click("LineMenu_End")
         assert desk.ended()
         assert desk.options()[11] == "#011:LTTop:1"
         assert desk.options()[13] == "#013:LTautoStart:0", "it was on before"
-        assert desk.options()[21] == "#021:LTskin:Lumo"
+        assert desk.options()[21] == "#021:LTskin:Druhý"
+
+    def another_skin(self, name):
+        """The usual one but for the window's width and a button's place; in the list it comes first."""
+        skins = self.desk.path("Orb_Data", "skins")
+        shutil.copytree(os.path.join(skins, "Lumo"), os.path.join(skins, name))
+        with open(os.path.join(skins, "Lumo.skin"), encoding="cp1250", newline="") as source:
+            text = source.read()
+        for one, other in (("LTform|6300|", "LTform|6750|"), ("Control_Play|show|2580|240", "Control_Play|show|2430|390")):
+            assert one in text
+            text = text.replace(one, other)
+        with open(os.path.join(skins, name + ".skin"), "w", encoding="cp1250", newline="") as out:
+            out.write(text)
+
+    def play_button(self):
+        """Where it is in its window."""
+        now = self.desk.controls()
+        return now["Control_Play"].left - now["Form"].left, now["Control_Play"].top - now["Form"].top
 
     def test_the_console(self):
         desk = self.begin(OFF)
         konzole = [*["Down"] * 11, "Right", "Down", "Down", "Return"]
         self.from_main_menu(*konzole)
-        time.sleep(0.5)
-        desk.type("HELP.")
-        desk.key("Return")
+        desk.into_box("HELP.")
         self.box("vol=(hodnota 0 - 100)")
-        time.sleep(0.5)
-        desk.type(f"url={self.radio.address('/lumo05-128.mp3')}")
-        desk.key("Return")
+        desk.into_box(f"url={self.radio.address('/lumo05-128.mp3')}")
         self.hear(BY_ID["LUMO05"].hertz)
-        self.until(lambda: desk.text("InfoName") == "Orb - Lumotune", 10, desk.text("InfoName"))
+        self.until(lambda: desk.text("InfoName") == "Orb - Lumotune", text=desk.text("InfoName"))
         loud = Sound.level(Sound.record(1))
         self.from_main_menu(*konzole)
-        time.sleep(0.5)
-        desk.type("vol=10")
-        desk.key("Return")
+        desk.into_box("vol=10")
         self.until(lambda: Sound.level(Sound.record(0.5)) < loud / 2, 10, "quieter")
-        assert "LTvolume" in desk.options()[20]
+        assert desk.options()[20] == "#020:LTvolume:60", "the one of the start, until the program ends"
+        desk.click("LineMenu_End")
+        assert desk.ended()
+        assert desk.options()[20] == "#020:LTvolume:10"
 
     def test_without_a_server_the_pages_say_so(self):
         self.desk = None
@@ -122,26 +135,26 @@ class TestOtherMenus(Menus):
         self.hear(BY_ID["LUMO01"].hertz)
         loud = Sound.level(Sound.record(1))
         desk.click("Control_Volume")
-        self.choose("Up", "Return")
+        desk.in_menu("Up", "Return")
         self.until(lambda: Sound.loudest(0.4) == 0, 10, "volume 0")
         desk.click("Control_Volume")
-        self.choose("Down", "Return")
-        self.until(lambda: Sound.level(Sound.record(0.5)) > loud, 10, "volume 100")
+        desk.in_menu("Down", "Return")
+        self.until(lambda: Sound.level(Sound.record(0.5)) > loud, text="volume 100")
 
     def test_the_stations_menu(self):
         desk = self.begin()
         self.hear(BY_ID["LUMO01"].hertz)
         server = DirectoryServer(self.radio.port)
         desk.click("InfoName")
-        self.choose(*["Down"] * 5, "Right", "Down", "Return")
-        self.until(lambda: server.requests("lumo01-64"), 10, "the second quality")
+        desk.in_menu(*["Down"] * 5, "Right", "Down", "Return")
+        self.until(lambda: server.requests("lumo01-64"), text="the second quality")
         self.hear(BY_ID["LUMO01"].hertz)
         desk.click("InfoName")
-        self.choose("Down", "Return")
+        desk.in_menu("Down", "Return")
         self.log_has("explorer", "explorer " + self.base())
         desk.click("InfoName")
-        self.choose("Up", "Return")
-        self.until(lambda: "Form" in desk.controls("ListRadios"), 10, "the directory")
+        desk.in_menu("Up", "Return")
+        self.until(lambda: "Form" in desk.controls("ListRadios"), text="the directory")
         desk.close_window("ListRadios")
         desk.click("LineMenu_End")
         assert desk.ended()
@@ -151,49 +164,48 @@ class TestOtherMenus(Menus):
         desk = self.begin(OFF)
         self.until(lambda: len(desk.items()) == 3, 10, str(desk.items()))
         self.right_click_favourite(1)
-        self.choose("Down", "Return")
+        desk.in_menu("Down", "Return")
         tuned = desk.items()[1]
         station = next(station for station in BY_ID.values() if tuned.startswith(station.name))
         self.hear(station.hertz)
         desk.click("Control_Play")
-        self.until(lambda: desk.visible("Control_List"), 10)
+        self.until(lambda: desk.visible("Control_List"))
         self.right_click_favourite(1)
-        self.choose("Down", "Down", "Down", "Return")
+        desk.in_menu("Down", "Down", "Down", "Return")
         self.log_has("OrbBrowser", f"tid={station.identifier}/@/9000/@/9000/@/Diskuze k rádiové stanici: {station.name} (Orb)")
         self.right_click_favourite(1)
-        self.choose("Down", "Down", "Return")
+        desk.in_menu("Down", "Down", "Return")
         self.log_has("orb", "text=lts:" + station.identifier)
         self.right_click_favourite(1)
-        self.choose("Down", "Down", "Down", "Down", "Return")
+        desk.in_menu("Down", "Down", "Down", "Down", "Return")
         self.log_has("remind", f"RadioOFF/@/{station.identifier}/@/{station.name}/@/")
         self.right_click_favourite(1)
-        self.choose("Up", "Return")
+        desk.in_menu("Up", "Return")
         self.box("Rádio bylo ostraněno z oblíbených.")
         assert len(desk.items()) == 2
 
     def test_a_click_on_a_favourite_tunes_it(self):
         desk = self.begin(OFF)
-        self.until(lambda: len(desk.items()) == 3, 10)
+        self.until(lambda: len(desk.items()) == 3)
         desk.click_at(desk.favourite_place(2))
         station = next(station for station in BY_ID.values() if desk.items()[2].startswith(station.name))
         desk.click("Control_Play")
         self.hear(station.hertz)
-        self.until(lambda: station.name.startswith((desk.text("InfoName") or "?").rstrip(".")), 10, desk.text("InfoName"))
+        self.until(lambda: station.name.startswith((desk.text("InfoName") or "?").rstrip(".")), text=desk.text("InfoName"))
 
     def test_the_trays_menu(self):
         desk = self.begin()
         self.hear(BY_ID["LUMO01"].hertz)
 
         def open_menu():
-            self.until(lambda: self.tray_icon() is not None, 10)
+            self.until(lambda: self.tray_icon() is not None)
             desk.click_at(self.tray_icon(), 3)
-            self.until(desk.menus, 10, "the tray's menu")
+            self.until(desk.menus, text="the tray's menu")
             return desk.menus()[0]
 
         left, top, _, _ = open_menu()
         desk.click_at((left + 30, top + 12))
-        self.until(lambda: desk.text("PlayTL") == "Zapnout", 10, "stopped from the tray")
-        time.sleep(0.8)
+        self.until(lambda: desk.text("PlayTL") == "Zapnout", text="stopped from the tray")
         left, top, _, height = open_menu()
         desk.click_at((left + 30, top + height - 12))
         assert desk.ended(), "ended from the tray"
@@ -203,13 +215,12 @@ class TestOtherMenus(Menus):
         self.hear(BY_ID["LUMO01"].hertz)
         play_pause, stop, mute = 14, 13, 8
         assert desk.app_command(play_pause)
-        self.until(lambda: desk.text("PlayTL") == "Zapnout", 10, "stopped")
+        self.until(lambda: desk.text("PlayTL") == "Zapnout", text="stopped")
         assert desk.app_command(play_pause)
-        self.until(lambda: desk.text("PlayTL") == "Stop", 10, "playing")
+        self.until(lambda: desk.text("PlayTL") == "Stop", text="playing")
         assert desk.app_command(stop)
-        self.until(lambda: desk.text("PlayTL") == "Zapnout", 10, "stopped again")
-        assert desk.app_command(stop)
-        time.sleep(1)
+        self.until(lambda: desk.text("PlayTL") == "Zapnout", text="stopped again")
+        assert desk.app_command(stop)  # which comes back when the program has obeyed
         assert desk.text("PlayTL") == "Zapnout", "stopping twice does not play"
         assert not desk.app_command(mute), "the other keys are left alone"
 
@@ -217,7 +228,7 @@ class TestOtherMenus(Menus):
         desk = self.begin()
         server = DirectoryServer(self.radio.port)
         self.hear(BY_ID["LUMO01"].hertz)
-        self.until(server.reports, 15, "a report")
+        self.until(server.reports, text="a report")
         report = server.reports()[0]
         assert f"/orb/lt_all.php?{IDENTITY}&orbw=on&lt=on&stanice=LUMO01" in report, report
         folder = self.windows_folder()
@@ -233,7 +244,7 @@ class TestOtherMenus(Menus):
         server.set(reply="new:Máte 2 nové zprávy|inf:Od Žofky")
         desk.click("Control_Play")
         self.hear(BY_ID["LUMO01"].hertz)
-        self.until(lambda: any(box[0] == "Nepřečtené zprávy na Orb" for box in desk.boxes()), 20, str(desk.boxes()))
+        self.until(lambda: any(box[0] == "Nepřečtené zprávy na Orb" for box in desk.boxes()), text=str(desk.boxes()))
         text = " ".join(desk.boxes()[0])
         assert "Máte 2 nové zprávy" in text and "Od Žofky" in text and "Chcete zapnout Orb klienta?" in text, text
         desk.key("Return")
@@ -242,7 +253,7 @@ class TestOtherMenus(Menus):
         self.started("load", f"load.exe {self.base()}/orb/lt_all.php?{IDENTITY}&orbw=off&lt=on&stanice=LUMO01"
                      f"/@/{folder}\\orblt.tt", WITHOUT_FOCUS)
         assert desk.log("orb").count("start ") == 1, "only with the program: " + desk.log("orb")
-        self.until(lambda: not os.path.exists(desk.path("orblt.tt")), 10, "the reply is removed")
+        self.until(lambda: not os.path.exists(desk.path("orblt.tt")), text="the reply is removed")
 
 
 if __name__ == "__main__":

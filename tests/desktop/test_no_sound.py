@@ -11,7 +11,7 @@ from test_desktop import Program  # noqa: E402
 class TestNoSound(Program):
     def test_says_that_there_is_no_sound_device(self):
         desk = self.begin()
-        self.until(lambda: desk.text("InfoStatus") == "Zvukové zařízení není k dispozici", 20, desk.text("InfoStatus"))
+        self.until(lambda: desk.text("InfoStatus") == "Zvukové zařízení není k dispozici", text=desk.text("InfoStatus"))
         desk.click("Control_Play")
         self.until(lambda: desk.text("PlayTL") == "Zapnout")
         desk.click("LineMenu_End")

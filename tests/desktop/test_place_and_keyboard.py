@@ -42,15 +42,15 @@ class TestPlace(Program):
         desk = self.begin(OFF, "22=#022:LTpleft:12600", "23=#023:LTptop:8250")
         assert (desk.form().left, desk.form().top) == (840, 550)
         screen(NARROW)
-        self.until(lambda: self.inside(NARROW), 10, str(vars(desk.form())))
+        self.until(lambda: self.inside(NARROW), text=str(vars(desk.form())))
 
     def test_a_hidden_window_comes_back_when_it_is_shown(self):
         desk = self.begin(OFF, "22=#022:LTpleft:12600", "23=#023:LTptop:8250")
         desk.click("LineMenu_Min")
-        self.until(lambda: not desk.form().visible, 10)
+        self.until(lambda: not desk.form().visible)
         screen(NARROW)
         desk.second()
-        self.until(lambda: self.inside(NARROW), 10, str(vars(desk.form())))
+        self.until(lambda: self.inside(NARROW), text=str(vars(desk.form())))
 
     def test_the_root_of_a_drive_is_the_programs_folder(self):
         self.begin(OFF)
@@ -62,21 +62,11 @@ class TestPlace(Program):
         # Another folder of the drive is its current one.
         self.desk.process = subprocess.Popen([WINE, "R:\\lumotune.exe"], cwd=self.desk.path("Orb_Data"), stdin=subprocess.DEVNULL,
                                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        self.until(lambda: self.desk.form() and self.desk.visible("Control_List"), 20, "the skin and the favourites are found")
+        self.until(lambda: self.desk.form() and self.desk.visible("Control_List"), text="the skin and the favourites are found")
         self.log_has("orb", "dir=R:\\ ")
 
 
 class TestKeyboard(Program):
-    def at(self):
-        return next((name for name, control in self.desk.controls().items() if control.focus and name != "Form"), None)
-
-    def tab_to(self, name):
-        for _ in range(20):
-            if self.at() == name:
-                return
-            self.desk.key("Tab")
-        raise AssertionError(f"Tab does not reach {name}")
-
     def begin_with_keyboard(self):
         desk = self.begin(OFF)
         # A window manager may give the keyboard to a window only when it is clicked.
@@ -86,38 +76,38 @@ class TestKeyboard(Program):
 
     def test_tab_goes_the_way_the_eye_reads(self):
         desk = self.begin_with_keyboard()
-        self.tab_to("LineMenu_OnTop")
+        self.desk.tab_to("LineMenu_OnTop")
         for name in ("LineMenu_Min", "LineMenu_End", "Control_List", "Control_Play", "Control_Volume", "Control_Sat", "Control_Rec",
                      "Control_ShowUser", "Control_Menu", "Orbwww", "LineMenu_OnTop"):
             desk.key("Tab")
             if name == "Control_Play" and not desk.controls()["Control_Play"].enabled:
                 continue
-            assert self.at() == name, (self.at(), name)
+            assert self.desk.keyboard_at() == name, (self.desk.keyboard_at(), name)
             if name.startswith("Control_") and name != "Control_List":
                 control = desk.controls()[name]
                 assert colour(control.left, control.top) == "FFFFFF", f"{name} is seen to have the keyboard"
         desk.key("shift+Tab")
-        assert self.at() == "Orbwww", self.at()
+        assert self.desk.keyboard_at() == "Orbwww", self.desk.keyboard_at()
 
     def test_it_survives_a_menu_a_box_and_hiding(self):
         desk = self.begin_with_keyboard()
-        self.tab_to("Control_Menu")
+        self.desk.tab_to("Control_Menu")
         desk.key("space")
-        self.until(desk.menus, 10, "the menu opens")
+        self.until(desk.menus, text="the menu opens")
         desk.key("Escape")
-        self.until(lambda: not desk.menus(), 10)
-        assert self.at() == "Control_Menu", self.at()
-        self.tab_to("Control_List")
+        self.until(lambda: not desk.menus())
+        assert self.desk.keyboard_at() == "Control_Menu", self.desk.keyboard_at()
+        self.desk.tab_to("Control_List")
         desk.key("Down", "Menu")
-        self.until(desk.menus, 10, "the menu of the favourite opens")
+        self.until(desk.menus, text="the menu of the favourite opens")
         desk.key("Up", "Return")
         self.box("Rádio bylo ostraněno z oblíbených.")
-        self.until(lambda: self.at() == "Control_List", 10, str(self.at()))
+        self.until(lambda: self.desk.keyboard_at() == "Control_List", text=str(self.desk.keyboard_at()))
         icon = self.tray_icon()
         desk.click_at(icon)
-        self.until(lambda: not desk.form().visible, 10)
+        self.until(lambda: not desk.form().visible)
         desk.click_at(self.tray_icon())
-        self.until(lambda: desk.form().visible and self.at() == "Control_List", 10, str(self.at()))
+        self.until(lambda: desk.form().visible and self.desk.keyboard_at() == "Control_List", text=str(self.desk.keyboard_at()))
 
 
 if __name__ == "__main__":

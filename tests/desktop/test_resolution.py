@@ -12,7 +12,7 @@ from test_desktop import Program  # noqa: E402
 class TestResolution(Program):
     def test_everything_is_twice_as_large(self):
         desk = self.begin("22=#022:LTpleft:1500", "23=#023:LTptop:1500")
-        wait_for(lambda: desk.text("InfoTime"), 20)
+        wait_for(lambda: desk.text("InfoTime"))
         now = desk.controls()
         form, play = now["Form"], now["Control_Play"]
         picture(os.path.join(TOP, "build", "tour", "192-dots-an-inch.png"))
