@@ -177,6 +177,7 @@ std::wstring Favourites::selected_text() const {
 }
 
 void Favourites::Control_List_Click() {
+  clicked_ = true;
   const std::wstring text = selected_text();
   if (equal_ignoring_case(text, tune_hint)) {
     directory->Naladit();
@@ -193,6 +194,7 @@ void Favourites::Control_List_Click() {
 
 // A click of our own never counts as the second one of a double click.
 void Favourites::Control_List_DblClick() {
+  clicked_ = true;
   if (clicking_)
     return;
   if (const auto item = read_favourite_item(selected_text()))
@@ -200,15 +202,33 @@ void Favourites::Control_List_DblClick() {
 }
 
 void Favourites::Control_List_MouseDown(const platform::MouseEvent& event) {
+  const auto& list = uses_.form.Control_List;
+  if (event.button == platform::MouseButton::left && list.item_at(event.x, event.y) == platform::ListBox::none)
+    clicked_ = true; // beside the rows: no click follows
   if (event.button != platform::MouseButton::right || clicking_)
     return;
-  {
-    const Busy guard(clicking_);
-    uses_.pointer.click_left();
-    uses_.loop.run_pending();
-  }
+  click_row(event);
   if (!uses_.loop.quitting() && uses_.form.Control_List.visible())
     open_menu();
+}
+
+// The click goes through the system's input, which may take its time. Before it is there the menu would be another
+// row's, and a menu that is open already would get it. One that never comes is made up for.
+void Favourites::click_row(const platform::MouseEvent& event) {
+  constexpr std::uint32_t longest_ms = 500;
+  auto& list = uses_.form.Control_List;
+  const Busy guard(clicking_);
+  const std::size_t row = list.item_at(event.x, event.y);
+  const std::uint32_t start = uses_.loop.tick_count_ms();
+  clicked_ = false;
+  uses_.pointer.click_left();
+  uses_.loop.run_pending();
+  while (!clicked_ && list.visible() && uses_.loop.tick_count_ms() - start < longest_ms && uses_.loop.wait_a_little()) {
+  }
+  if (clicked_ || row == platform::ListBox::none || !list.visible() || uses_.loop.quitting())
+    return;
+  list.select(row);
+  Control_List_Click();
 }
 
 void Favourites::open_menu() {

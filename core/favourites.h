@@ -69,7 +69,8 @@ public:
   // The file's part of adding a favourite; the caller shows the list and the box.
   [[nodiscard]] FavouriteAdded add(const std::wstring& line) { return file_.add(line); }
 
-  // Events of the list.
+  // Events of the list. The right button lets events run, half a second at most, until the click that it makes is
+  // there.
   void Control_List_Click();
   void Control_List_DblClick();
   void Control_List_MouseDown(const platform::MouseEvent& event);
@@ -78,6 +79,7 @@ public:
   void open_menu();
 
 private:
+  void click_row(const platform::MouseEvent& event);
   [[nodiscard]] std::wstring selected_text() const;
   void show_entries();
   void show_hint();
@@ -86,8 +88,9 @@ private:
   Uses uses_;
   FavouriteFile file_;
   CodePageFold folding_;
-  std::string List3; // the station file's bytes; the room is used again
-  bool clicking_ = false;
+  std::string List3;      // the station file's bytes; the room is used again
+  bool clicking_ = false; // a click of our own is on its way
+  bool clicked_ = false;  // it has come
 };
 
 } // namespace lumotune::core

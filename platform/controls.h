@@ -109,6 +109,8 @@ public:
   [[nodiscard]] virtual std::wstring item(std::size_t index) const = 0; // empty past the end
   [[nodiscard]] virtual std::size_t selected() const = 0;               // `none` when nothing is
   virtual void select(std::size_t index) = 0;                           // fires nothing
+  // The item at a place in the control, in twips from its corner as MouseEvent tells it; `none` where there is none.
+  [[nodiscard]] virtual std::size_t item_at(int x, int y) const = 0;
   // Only so many characters of each item are drawn; the rest is data.
   virtual void set_shown_columns(std::size_t columns) = 0;
   virtual void set_colours(Colour background, Colour text) = 0;

@@ -61,6 +61,15 @@ void MemoryList::set_colours(Colour background, Colour text) {
   text_colour_ = text;
 }
 
+// Nothing is scrolled here.
+std::size_t MemoryList::item_at(int x, int y) const {
+  constexpr int row_height = 300;
+  if (x < 0 || y < 0 || x >= rect().width || y >= rect().height)
+    return none;
+  const auto row = static_cast<std::size_t>(y / row_height);
+  return row < items_.size() ? row : none;
+}
+
 bool MemoryList::user_pick(std::size_t index) {
   if (!visible() || !enabled() || index >= items_.size())
     return false;

@@ -132,6 +132,7 @@ public:
   [[nodiscard]] std::wstring item(std::size_t index) const override;
   [[nodiscard]] std::size_t selected() const override { return selected_; }
   void select(std::size_t index) override { selected_ = index < items_.size() ? index : none; }
+  [[nodiscard]] std::size_t item_at(int x, int y) const override;
   void set_colours(Colour background, Colour text) override;
   [[nodiscard]] Colour background_colour() const override { return background_; }
   [[nodiscard]] Colour text_colour() const override { return text_colour_; }

@@ -201,6 +201,18 @@ void Win32List::select(std::size_t index) {
   SendMessageW(window_, LB_SETCURSEL, index < count() ? index : static_cast<WPARAM>(-1), 0);
 }
 
+// The class's own answer names the nearest row for a place below the last one, and knows 65,536 rows.
+std::size_t Win32List::item_at(int x, int y) const {
+  const POINT place{pixels(x, surface_.dpi()), pixels(y, surface_.dpi())};
+  RECT room{};
+  GetClientRect(window_, &room);
+  const LRESULT height = SendMessageW(window_, LB_GETITEMHEIGHT, 0, 0);
+  if (PtInRect(&room, place) == FALSE || height <= 0)
+    return none;
+  const auto row = static_cast<std::size_t>(SendMessageW(window_, LB_GETTOPINDEX, 0, 0) + place.y / height);
+  return row < count() ? row : none;
+}
+
 void Win32List::set_shown_columns(std::size_t columns) {
   shown_columns_ = columns;
   redraw();

@@ -82,6 +82,7 @@ public:
   [[nodiscard]] std::wstring item(std::size_t index) const override;
   [[nodiscard]] std::size_t selected() const override;
   void select(std::size_t index) override;
+  [[nodiscard]] std::size_t item_at(int x, int y) const override;
   void set_shown_columns(std::size_t columns) override;
   void set_colours(Colour background, Colour text) override;
   [[nodiscard]] Colour background_colour() const override { return background_; }

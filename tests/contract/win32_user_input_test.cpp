@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The mouse button and the media keys, with the system's real input.
+#include "core/favourites.h"
 #include "platform/win32/user_input.h"
+#include "tests/contract/fixture_player.h"
 #include "tests/contract/fixture_win32.h"
 
 #include <gtest/gtest.h>
@@ -51,6 +53,80 @@ TEST_F(Win32UserInput, AClickHitsWhatLiesUnderThePointer) {
   b.pass(50);
   EXPECT_EQ(list.selected(), 1U);
   EXPECT_EQ(pressed, std::vector<platform::MouseButton>{platform::MouseButton::left});
+}
+
+// A system that is slow to deliver what a program puts into its input.
+class LatePointer final : public platform::Pointer {
+public:
+  explicit LatePointer(platform::EventLoop& loop) : timer_(loop.make_timer(150, [this] { click(); })) {}
+  void click_left() override { timer_->start(); }
+
+private:
+  void click() {
+    timer_->stop();
+    pointer_.click_left();
+  }
+  platform::win32::Win32Pointer pointer_;
+  std::unique_ptr<platform::Timer> timer_;
+};
+
+struct NotingMenu final : core::FavouriteMenuPort {
+  NotingMenu(const core::Settings& settings_used, const int& clicks_used)
+      : settings(settings_used), clicks(clicks_used) {}
+  void set_tune_caption(const std::wstring& /*caption*/) override {}
+  void open_favourite() override { opened.push_back(settings.IDlastRadio + L" after " + std::to_wstring(clicks)); }
+  const core::Settings& settings;
+  const int& clicks;
+  std::vector<std::wstring> opened;
+};
+
+TEST_F(Win32UserInput, TheMenuOfAFavouriteIsForTheRowUnderThePointerHoweverLateTheClickComes) {
+  core::LumotuneForm form(b.window);
+  core::Settings settings;
+  core::Session session;
+  const auto player = contract::make_player(b.loop);
+  player->set_auto_start(false);
+  core::StationLookup stations({b.files, b.codec, b.real.machine});
+  core::Playback playback({settings, session, form, *player, stations});
+  LatePointer late(b.loop);
+  core::Favourites favourites(
+      {b.files, b.codec, b.real.machine, settings, session, form, playback, stations, b.real.dialogs, b.loop, late});
+  int clicks = 0;
+  NotingMenu menu(settings, clicks);
+  favourites.menu.bind(menu);
+  core::NoSkin skin;
+  playback.skin.bind(skin);
+  auto& list = form.Control_List;
+  list.on_click = [&] {
+    ++clicks;
+    favourites.Control_List_Click();
+  };
+  list.on_double_click = [&] { favourites.Control_List_DblClick(); };
+  list.on_mouse_down = [&](const platform::MouseEvent& event) { favourites.Control_List_MouseDown(event); };
+  list.resize(3000, 2000);
+  list.set_items({std::wstring(93, L'a') + L"1RADIO1u", std::wstring(93, L'b') + L"2RADIO2u"});
+  list.select(0);
+  list.set_visible(true);
+  b.pass(100);
+  POINT place{30, 30};
+  ClientToScreen(b.window.handle_of(list), &place);
+  SetCursorPos(place.x, place.y);
+  mouse_event(MOUSEEVENTF_RIGHTDOWN | MOUSEEVENTF_RIGHTUP, 0, 0, 0, 0);
+  b.pass(700);
+  EXPECT_EQ(menu.opened, std::vector<std::wstring>{L"RADIO2 after 1"});
+  EXPECT_EQ(list.selected(), 1U);
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(Win32UserInput, AListThatIsScrolledKnowsWhatIsAtAPlace) {
+  auto& list = b.window.make_list(L"Control_List");
+  list.resize(3000, 900);
+  std::vector<std::wstring> names;
+  for (int i = 0; i < 70000; ++i)
+    names.push_back(std::to_wstring(i));
+  list.set_items(names);
+  SendMessageW(b.window.handle_of(list), LB_SETTOPINDEX, 69990, 0);
+  EXPECT_EQ(list.item_at(30, 330), 69991U);
 }
 
 TEST_F(Win32UserInput, TheKeysAreHeardFromTakingToRelease) {

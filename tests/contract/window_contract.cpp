@@ -267,6 +267,21 @@ TEST_F(WindowContract, AListTakesAllItsItemsAtOnce) {
   EXPECT_EQ(clicks, 0);
 }
 
+TEST_F(WindowContract, AListKnowsWhichItemIsAtAPlace) {
+  auto& list = b.window.make_list(L"Control_List");
+  list.resize(3000, 1500);
+  b.window.set_visible(true);
+  list.set_items({L"První", L"Druhá", L"Třetí"});
+  EXPECT_EQ(list.item_at(30, 30), 0U);
+  EXPECT_EQ(list.item_at(2500, 330), 1U);
+  EXPECT_EQ(list.item_at(30, 870), 2U);
+  EXPECT_EQ(list.item_at(30, 930), platform::ListBox::none) << "below the last one";
+  EXPECT_EQ(list.item_at(30, 1600), platform::ListBox::none) << "below the control";
+  EXPECT_EQ(list.item_at(-30, 30), platform::ListBox::none);
+  EXPECT_EQ(list.item_at(30, -30), platform::ListBox::none);
+  EXPECT_EQ(list.item_at(3100, 30), platform::ListBox::none);
+}
+
 TEST_F(WindowContract, AHiddenButtonCanBePressedADisabledOneNot) {
   auto& button = b.window.make_button(L"PlayTL");
   int pressed = 0;

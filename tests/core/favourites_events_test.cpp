@@ -97,6 +97,42 @@ TEST_F(FavouritesEventsTest, TheRightButtonSelectsFirstAndThenOpensTheMenu) {
   EXPECT_EQ(w.journal, (Journal{L"play picture", L"caption Naladit rádio Druhé", L"favourite menu"}));
 }
 
+TEST_F(FavouritesEventsTest, AClickThatTheSystemDeliversLateStillChoosesTheRow) {
+  show("lt:RADIO1/1\r\nlt:radio2/2\r\n");
+  ASSERT_TRUE(list.user_pick(0));
+  pointer.on_click = [&] {
+    w.loop.at(120, [&] { list.user_mouse_down({MouseButton::left, 30, 330}); });
+    w.loop.at(180, [&] { list.user_pick(1); });
+  };
+  w.journal.clear();
+  const std::uint32_t before = w.loop.tick_count_ms();
+  ASSERT_TRUE(list.user_mouse_down({MouseButton::right, 30, 330}));
+  EXPECT_EQ(w.journal, (Journal{L"play picture", L"caption Naladit rádio Druhé", L"favourite menu"}));
+  EXPECT_GE(w.loop.tick_count_ms() - before, 180U) << "a menu that is open already would get the click";
+}
+
+TEST_F(FavouritesEventsTest, AClickThatNeverComesIsMadeUpFor) {
+  show("lt:RADIO1/1\r\nlt:radio2/2\r\n");
+  ASSERT_TRUE(list.user_pick(0));
+  const std::uint32_t before = w.loop.tick_count_ms();
+  ASSERT_TRUE(list.user_mouse_down({MouseButton::right, 30, 330}));
+  EXPECT_EQ(list.selected(), 1U);
+  EXPECT_EQ(w.settings.IDlastRadio, L"radio2") << "as a click does it";
+  EXPECT_EQ(w.journal.back(), L"favourite menu");
+  EXPECT_EQ(w.journal[w.journal.size() - 2], L"caption Naladit rádio Druhé");
+  EXPECT_LT(w.loop.tick_count_ms() - before, 1000U);
+}
+
+TEST_F(FavouritesEventsTest, ARightClickBesideTheRowsWaitsForNoRow) {
+  show("lt:RADIO1/1\r\n");
+  ASSERT_TRUE(list.user_pick(0));
+  pointer.on_click = [&] { w.loop.at(0, [&] { list.user_mouse_down({MouseButton::left, 30, 1500}); }); };
+  const std::uint32_t before = w.loop.tick_count_ms();
+  ASSERT_TRUE(list.user_mouse_down({MouseButton::right, 30, 1500}));
+  EXPECT_EQ(w.journal.back(), L"favourite menu");
+  EXPECT_LT(w.loop.tick_count_ms() - before, 50U);
+}
+
 TEST_F(FavouritesEventsTest, OtherButtonsDoNothing) {
   show("lt:RADIO1/1\r\n");
   for (const MouseButton button : {MouseButton::left, MouseButton::middle, MouseButton::none})
