@@ -7,6 +7,7 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
 from test_directory import DONE, Directory  # noqa: E402
+from test_place_and_keyboard import WIDE, screen  # noqa: E402
 
 PIXEL = 15  # twips
 INFORMATION = "orb:i:0/@//@/10/@/Zprava/@//@//@/"
@@ -14,24 +15,24 @@ INFORMATION_HEIGHT = 6045
 TALL, USUAL = 9000, 7125
 
 
-def advertisement(height):
-    return f"orb:r:1050/@/{height}/@/1/@/http://127.0.0.1:9/"
+def advertisement(height, area=1050):
+    return f"orb:r:{area}/@/{height}/@/1/@/http://127.0.0.1:9/"
 
 
-class TestOrderedHeights(Directory):
+class Ordered(Directory):
     def open_with_tall_advertisement(self):
         """What an earlier list needed is more than the next one orders."""
-        self.open(advert="none", info="none", orders=advertisement(TALL))
+        self.open(advert="none", info="none", orders=advertisement(TALL, 2925))
         self.updated()
         self.until(lambda: self.control("Form").height == TALL // PIXEL, 10, self.shape())
-        self.shows_advertisement()
+        self.shows_advertisement(2925)
 
     def shape(self):
         return str({name: vars(self.control(name)) for name in ("Form", "WebBrowser1", "Label1", "InfoPanel")})
 
-    def shows_advertisement(self):
+    def shows_advertisement(self, area=1050):
         form, advert, status = (self.control(name) for name in ("Form", "WebBrowser1", "Label1"))
-        assert advert.height == 1050 // PIXEL, self.shape()
+        assert advert.height == area // PIXEL, self.shape()
         assert status.top + status.height <= advert.top, self.shape()
         assert advert.top + advert.height <= form.top + form.height, self.shape()
 
@@ -65,6 +66,8 @@ class TestOrderedHeights(Directory):
         self.until(lambda: self.control("Form").height < before, 10, "it can be shrunk: " + self.shape())
         return self.control("Form").height * PIXEL
 
+
+class TestOrderedHeights(Ordered):
     def advertisement_in(self, state):
         self.open_with_tall_advertisement()
         self.order(advertisement(USUAL), state)
@@ -84,7 +87,7 @@ class TestOrderedHeights(Directory):
         assert line.top + line.height <= form.top + form.height, self.shape()
         self.desk.maximize("ListRadios")
         self.until(lambda: self.control("Form").height > 600, 10, "maximized")
-        self.shows_advertisement()
+        self.shows_advertisement(2925)
 
     def test_an_advertisement_in_the_normal_window(self):
         self.advertisement_in("normal")
@@ -105,5 +108,57 @@ class TestOrderedHeights(Directory):
         self.information_in("minimize")
 
 
+class TestTaskBar(Ordered):
+    """Where the task bar lies above and at the left, the system counts a window's kept place from another corner."""
+    LEFT, TOP = 90, 70
+    EDGE = 2  # pixels by which a window manager may count its own edge otherwise
+
+    def take_room(self, left, top):
+        """The tray host says so of its own window, as a task bar there would."""
+        subprocess.run(["xprop", "-name", "panel", "-f", "_NET_WM_STRUT_PARTIAL", "32c", "-set", "_NET_WM_STRUT_PARTIAL",
+                        f"{left},0,{top},0,0,799,0,0,0,1279,0,0"], check=True)
+        wanted = f"= {left}, {top}, "
+        self.until(lambda: wanted in subprocess.run(["xprop", "-root", "_NET_WORKAREA"], capture_output=True, text=True,
+                                                    check=True).stdout, 10, "the work area")
+        # Wine asks for the work area when the screen changes.
+        screen((1280, 792))
+        screen(WIDE)
+
+    def tear_down(self):
+        self.take_room(0, 0)
+        super().tear_down()
+
+    def place(self):
+        form = self.control("Form")
+        return form.left, form.top
+
+    def kept_place_in(self, state):
+        self.take_room(self.LEFT, self.TOP)
+        self.open_with_tall_advertisement()
+        before = self.place()
+        assert before[0] >= self.LEFT - self.EDGE and before[1] >= self.TOP - self.EDGE, before
+        self.order(advertisement(USUAL), state)
+        self.until(lambda: self.control("Form").height == USUAL // PIXEL, 10, self.shape())
+        assert self.place() == before, (self.place(), before)
+
+    def test_a_height_keeps_the_place_beside_a_task_bar(self):
+        self.kept_place_in("normal")
+
+    def test_a_height_for_the_maximized_window_keeps_the_place_beside_a_task_bar(self):
+        self.kept_place_in("maximize")
+
+    def test_a_height_for_the_minimized_window_keeps_the_place_beside_a_task_bar(self):
+        self.kept_place_in("minimize")
+
+    def test_a_height_that_is_too_much_stays_beside_a_task_bar(self):
+        self.take_room(self.LEFT, self.TOP)
+        self.open(advert="none", info="none", orders=advertisement(200000))
+        self.updated()
+        self.until(lambda: self.control("Form").height > 600, 10, self.shape())
+        left, top = self.place()
+        assert left >= self.LEFT - self.EDGE and top >= self.TOP - self.EDGE, self.shape()
+        assert top + self.control("Form").height <= 800 + self.EDGE, self.shape()
+
+
 if __name__ == "__main__":
-    harness.run(TestOrderedHeights)
+    harness.run(TestOrderedHeights, TestTaskBar)

@@ -61,8 +61,9 @@ TEST_F(ListRadiosPanel, ABadAdvertisementEndsWhereItIsBad) {
 
 TEST_F(ListRadiosPanel, TheOrderedHeightIsTheHeightWhateverWasNeededBefore) {
   for (const int now : {0, 1, 2}) {
-    advert.ZobrazReklamu(L"1050/@/9000/@/1/@/http://server/1");
+    advert.ZobrazReklamu(L"2925/@/9000/@/1/@/http://server/1");
     ASSERT_EQ(window.rect().height, 9000);
+    ASSERT_GT(window.minimum.second, 7125);
     if (now == 1)
       window.user_maximize();
     if (now == 2)
