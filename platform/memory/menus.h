@@ -5,6 +5,7 @@
 #include "platform/connection.h"
 #include "platform/event_loop.h"
 #include "platform/input_box.h"
+#include "platform/memory/modal.h"
 #include "platform/popup_menus.h"
 #include "platform/user_input.h"
 
@@ -31,6 +32,7 @@ public:
 
   std::vector<Opened> opened;
   std::deque<std::wstring> choices;
+  Modal modal; // events while it is open, and then:
   std::function<void()> while_open;
 
 private:
@@ -52,6 +54,7 @@ public:
 
   std::vector<Asked> asked;
   std::deque<std::optional<std::wstring>> answers; // taken in turn; none left cancels
+  Modal modal;                                     // events while it is open, and then:
   std::function<void()> while_open;
 
 private:

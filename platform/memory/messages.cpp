@@ -39,6 +39,7 @@ BoxAnswer MemoryDialogs::message(const std::wstring& text, const std::wstring& t
   if (loop_.ending())
     return unanswered;
   shown.push_back({text, title, icon, buttons});
+  modal.open();
   if (while_open)
     while_open();
   if (answers.empty() || loop_.ending())

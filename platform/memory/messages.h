@@ -6,6 +6,7 @@
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/machine.h"
+#include "platform/memory/modal.h"
 #include "platform/shell.h"
 #include "platform/tray.h"
 #include "platform/window_messages.h"
@@ -64,7 +65,8 @@ public:
 
   std::vector<Shown> shown;
   std::deque<BoxAnswer> answers;    // taken in turn; empty answers ok, or no to a question
-  std::function<void()> while_open; // what happens while a box is open
+  Modal modal;                      // events while a box is open, and then:
+  std::function<void()> while_open; // what else happens
 
 private:
   const EventLoop& loop_;

@@ -27,6 +27,8 @@ struct ProgramWorld : testing::Test, MemoryPlatform {
                        form};
 
   ProgramWorld() {
+    popups.modal.lets_run(loop);
+    input_box.modal.lets_run(loop);
     put(L"Orb_Data\\options.ini", joined(option_lines()));
     put(L"Orb_Data\\skins\\Lumo.skin",
         "Author|nikdo\r\nLTform|6000|3000\r\nLineMenu_OnTop|show|1|2\r\nLineMenu_Min|show|1|2\r\n"

@@ -54,6 +54,26 @@ TEST_F(DialogsContract, TheBeginningOfTheEndClosesABoxAndNoneOpensAfterwards) {
   EXPECT_EQ(opened, 1);
 }
 
+TEST_F(DialogsContract, TimersTickWhileABoxIsOpen) {
+  int ticks = 0;
+  const auto timer = b.loop.make_timer(20, [&] { ++ticks; });
+  timer->start();
+  b.stay_open(300);
+  b.answer(BoxAnswer::ok);
+  (void)b.dialogs.message(L"Text", L"Okno", BoxIcon::information, BoxButtons::ok);
+  EXPECT_GE(ticks, 3);
+}
+
+TEST_F(DialogsContract, WorkOfAnotherThreadIsDoneWhileABoxIsOpen) {
+  int runs = 0;
+  const auto waker = b.loop.make_waker([&] { ++runs; });
+  waker->wake();
+  b.stay_open(100);
+  b.answer(BoxAnswer::ok);
+  (void)b.dialogs.message(L"Text", L"Okno", BoxIcon::none, BoxButtons::ok);
+  EXPECT_EQ(runs, 1);
+}
+
 TEST_F(DialogsContract, TheUsualTitleIsNotTheMainWindowsCaption) {
   EXPECT_NE(std::wstring(platform::Dialogs::default_title), L"Lumotune");
 }

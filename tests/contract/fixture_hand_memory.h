@@ -4,6 +4,7 @@
 #include "platform/memory/menus.h"
 #include "tests/contract/fixture_memory.h"
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -18,6 +19,16 @@ struct HandBackend : Backend {
   platform::memory::MemoryMachine machine;
   platform::memory::MemoryConnection connection;
 
+  HandBackend() {
+    for (platform::memory::Modal* modal : {&popup_menus.modal, &input_box.modal, &dialogs.modal})
+      modal->lets_run(loop);
+  }
+
+  // The user leaves the next menu or box open for so long before anything is done with it.
+  void stay_open(std::uint32_t ms) {
+    for (platform::memory::Modal* modal : {&popup_menus.modal, &input_box.modal, &dialogs.modal})
+      modal->open_for_ms = ms;
+  }
   void choose(const std::wstring& name, const std::wstring& /*caption*/) { popup_menus.choices.push_back(name); }
   void close_menu() {}
   void leave_open() {}

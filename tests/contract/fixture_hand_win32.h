@@ -12,6 +12,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -154,6 +155,8 @@ struct HandBackend : Backend {
     });
   }
   void while_open(const std::function<void()>& work) { while_open_ = work; }
+  // The user leaves the next menu or box open for so long before anything is done with it.
+  void stay_open(std::uint32_t ms) { stay_open_ms_ = ms; }
   // The shell knows the icon by its window and number.
   [[nodiscard]] bool tray_icon_is_there() {
     NOTIFYICONDATAW icon{};
@@ -165,10 +168,20 @@ struct HandBackend : Backend {
 
 private:
   void wait_for_menu() {
-    hand.add([this] { return open_menu() != nullptr && run_while_open(); });
+    hand.add([this] { return open_menu() != nullptr && stayed_open() && run_while_open(); });
   }
   void wait_for_box() {
-    hand.add([this] { return !seen_windows(L"#32770").empty() && run_while_open(); });
+    hand.add([this] { return !seen_windows(L"#32770").empty() && stayed_open() && run_while_open(); });
+  }
+  bool stayed_open() {
+    const DWORD now = GetTickCount();
+    if (!open_since_)
+      open_since_ = now;
+    if (now - *open_since_ < stay_open_ms_)
+      return false;
+    open_since_.reset();
+    stay_open_ms_ = 0;
+    return true;
   }
   bool run_while_open() {
     if (const auto work = std::exchange(while_open_, {}))
@@ -224,6 +237,8 @@ private:
   }
 
   std::function<void()> while_open_;
+  std::optional<DWORD> open_since_;
+  DWORD stay_open_ms_ = 0;
 };
 
 } // namespace lumotune::contract

@@ -43,6 +43,16 @@ TEST_F(InputBoxContract, TheBeginningOfTheEndClosesItAndNoneOpensAfterwards) {
   EXPECT_EQ(opened, 1);
 }
 
+TEST_F(InputBoxContract, TimersTickWhileItIsOpen) {
+  int ticks = 0;
+  const auto timer = b.loop.make_timer(20, [&] { ++ticks; });
+  timer->start();
+  b.stay_open(300);
+  b.enter(L"help");
+  (void)b.input_box.ask(L"Dotaz", L"Okno", L"");
+  EXPECT_GE(ticks, 3);
+}
+
 TEST_F(InputBoxContract, WhileOneIsOpenAnotherDoesNotOpen) {
   std::optional<std::wstring> inner = L"none";
   b.while_open([&] { inner = b.input_box.ask(L"Druhý", L"Okno", L""); });

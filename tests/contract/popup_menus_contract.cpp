@@ -88,6 +88,16 @@ TEST_F(PopupMenusContract, WhileOneIsOpenAnotherDoesNotOpen) {
   EXPECT_EQ(inner, L"");
 }
 
+TEST_F(PopupMenusContract, TimersTickWhileOneIsOpen) {
+  int ticks = 0;
+  const auto timer = b.loop.make_timer(20, [&] { ++ticks; });
+  timer->start();
+  b.stay_open(300);
+  b.close_menu();
+  EXPECT_EQ(b.popup_menus.pop_up(items, nullptr), L"");
+  EXPECT_GE(ticks, 3);
+}
+
 TEST_F(PopupMenusContract, TheTreeMayChangeWhileTheMenuIsOpen) {
   b.while_open([&] { items.clear(); });
   b.choose(L"Last", L"Poslední");

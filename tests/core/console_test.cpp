@@ -16,6 +16,7 @@ struct ConsoleTest : testing::Test {
   core::Console console{{w.session, w.loop, input, w.dialogs, w.playback}};
 
   ConsoleTest() {
+    input.modal.lets_run(w.loop);
     w.player.set_auto_start(false);
     w.player.calls.clear();
   }

@@ -41,6 +41,7 @@ struct MenuWorld : CoreWorld {
   RecordingNeighbours neighbours{journal};
 
   MenuWorld() {
+    popups.modal.lets_run(loop);
     playback.skin.bind(look);
     playback.menus.bind(real_menus);
     look.menus.bind(real_menus);

@@ -67,6 +67,7 @@ struct DirectoryWorld : CoreWorld {
   CountingFavourites refreshed{session};
 
   DirectoryWorld() {
+    popups.modal.lets_run(loop);
     directory.web.bind(web);
     directory.favourites.bind(refreshed);
     write(L"Orb_Data\\options.ini", joined(option_lines()));

@@ -20,6 +20,8 @@ struct MemoryPlatform {
   platform::memory::MemoryDialogs dialogs{loop};
   platform::memory::MemoryTray tray;
   platform::memory::MemoryMediaPlayer player;
+
+  MemoryPlatform() { dialogs.modal.lets_run(loop); }
 };
 
 } // namespace lumotune::test

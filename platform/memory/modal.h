@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What boxes and menus in memory let happen while they are open.
+#pragma once
+
+#include "platform/memory/event_loop.h"
+
+#include <cstdint>
+
+namespace lumotune::platform::memory {
+
+// Without a loop nothing happens: for what has no events at all.
+class Modal {
+public:
+  void lets_run(MemoryEventLoop& loop) { loop_ = &loop; }
+  // What is due runs, and what falls due until the user answers.
+  void open() const {
+    if (loop_ != nullptr)
+      loop_->advance(open_for_ms);
+  }
+
+  std::uint32_t open_for_ms = 0; // of the loop's time
+
+private:
+  MemoryEventLoop* loop_ = nullptr;
+};
+
+} // namespace lumotune::platform::memory
