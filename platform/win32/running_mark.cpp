@@ -48,13 +48,17 @@ RunningMark::RunningMark() {
 }
 
 // Several may wait: one of them becomes the holder, and for the others it is a copy that runs. The holder's event is
-// gone with its process, so it is looked for again and again instead of being kept.
+// gone with its process, so it is looked for again and again instead of being kept. A process that ends loses its
+// objects one after the other: when the event has just gone, the mark follows at once.
 void RunningMark::wait_for_the_end() {
   constexpr DWORD slice_ms = 50;
   const ULONGLONG begun = GetTickCount64();
+  bool was_ending = false;
   while (GetTickCount64() - begun < longest_wait_ms) {
     const KernelHandle ending(OpenEventW(SYNCHRONIZE, FALSE, ending_name));
-    const bool nobody_ends = ending == nullptr && GetLastError() != ERROR_ACCESS_DENIED;
+    const bool ends = ending != nullptr || GetLastError() == ERROR_ACCESS_DENIED;
+    const bool nobody_ends = !ends && !was_ending;
+    was_ending = ends;
     const DWORD got = WaitForSingleObject(mark_.get(), nobody_ends ? 0 : slice_ms);
     if (got == WAIT_OBJECT_0 || got == WAIT_ABANDONED) {
       previous_ = false;

@@ -21,11 +21,19 @@ struct Backend {
 
   std::wstring folder = L"C:\\pokus";
 
-  // Lets so many milliseconds go by, with their events.
+  // Lets so many milliseconds go by, with their events: for what must not happen meanwhile.
   void pass(std::uint32_t ms) { loop.advance(ms); }
+  // Lets events run until that holds; false when it still does not after half a minute.
+  template <typename Fact>
+  [[nodiscard]] bool until(const Fact& fact) {
+    for (int i = 0; i < 3000 && !fact(); ++i)
+      loop.advance(10);
+    return fact();
+  }
   // The user's keyboard: goes to another window, moves by Tab; where it is, as the control's name, empty for none.
   void leave() { window.user_leaves(); }
   void tab(bool back = false) { window.user_tab(back); }
+  [[nodiscard]] bool has_keyboard() const { return window.visible(); }
   [[nodiscard]] std::wstring keyboard_at() { return window.keyboard_at(); }
   // The key for menus, where the keyboard is; the right button over the main window's background.
   void menu_key() { (void)window.user_menu_key(); }

@@ -49,6 +49,16 @@ struct Backend {
         return;
     } while (GetTickCount() - start <= ms);
   }
+  template <typename Fact>
+  [[nodiscard]] bool until(const Fact& fact) {
+    const DWORD start = GetTickCount();
+    loop.run_pending(); // what has been posted comes first
+    while (!fact() && GetTickCount() - start < 30000) {
+      if (!loop.wait_a_little())
+        break;
+    }
+    return fact();
+  }
   // The user's keyboard: goes to another window, moves by Tab; where it is, as the control's name, empty for none.
   void leave() {
     if (other_ == nullptr)
@@ -56,7 +66,13 @@ struct Backend {
           CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr, nullptr, nullptr, nullptr);
     SetForegroundWindow(other_);
     SetFocus(other_);
-    pass(100);
+    (void)until([this] { return GetForegroundWindow() == other_; });
+  }
+  // The window itself, or a control of it.
+  [[nodiscard]] bool has_keyboard() const {
+    const HWND focus = GetFocus();
+    return GetForegroundWindow() == window.handle() && focus != nullptr &&
+           (focus == window.handle() || IsChild(window.handle(), focus) != 0);
   }
   void tab(bool back = false) {
     BYTE keys[256];
@@ -96,7 +112,11 @@ struct Backend {
   }
   void show(platform::FramedWindow& framed, int command) {
     ShowWindow(handle(framed), command);
-    pass(200);
+    (void)until([&] {
+      const bool small = IsIconic(handle(framed)) != 0;
+      const bool large = IsZoomed(handle(framed)) != 0;
+      return small == (command == SW_MINIMIZE) && large == (command == SW_MAXIMIZE);
+    });
   }
   void enter(platform::FramedWindow& framed, const platform::TreeView& tree) {
     const HWND control = dynamic_cast<platform::win32::Win32FramedWindow&>(framed).handle_of(tree);

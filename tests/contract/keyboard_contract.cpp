@@ -24,8 +24,7 @@ struct KeyboardContract : testing::Test {
     (void)made(b.window.make_label(L"Text", LabelKind::text, LabelFont::normal), 0, 0, 300, 300);
     b.window.resize(6300, 3480);
     b.window.set_visible(true);
-    b.window.activate();
-    b.pass(150);
+    come_back();
   }
   template <typename Kind>
   static Kind& made(Kind& control, int x, int y, int width, int height) {
@@ -43,7 +42,7 @@ struct KeyboardContract : testing::Test {
   }
   void come_back() {
     b.window.activate();
-    b.pass(150);
+    EXPECT_TRUE(b.until([this] { return b.has_keyboard(); }));
   }
 };
 
@@ -79,13 +78,13 @@ TEST_F(KeyboardContract, ItIsStillThereAfterAnotherWindow) {
 TEST_F(KeyboardContract, ItIsStillThereAfterHidingAndMinimising) {
   tab_to(L"Konec");
   b.window.set_visible(false);
-  b.pass(100);
+  EXPECT_TRUE(b.until([this] { return !b.has_keyboard(); }));
   b.window.set_visible(true);
   come_back();
   EXPECT_EQ(b.keyboard_at(), L"Konec");
   b.window.set_state(platform::WindowState::minimized);
   b.window.set_visible(false);
-  b.pass(150);
+  EXPECT_TRUE(b.until([this] { return !b.has_keyboard(); }));
   b.window.set_visible(true);
   b.window.set_state(platform::WindowState::normal);
   come_back();

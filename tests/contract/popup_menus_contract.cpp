@@ -76,7 +76,7 @@ TEST_F(PopupMenusContract, WithNothingToBeSeenNothingOpens) {
   b.while_open([&] { opened = true; });
   EXPECT_EQ(b.popup_menus.pop_up({}, nullptr), L"");
   EXPECT_EQ(b.popup_menus.pop_up({hidden(item(L"Hidden", L"Skrytá"))}, nullptr), L"");
-  b.pass(50);
+  b.loop.run_pending();
   EXPECT_FALSE(opened);
 }
 

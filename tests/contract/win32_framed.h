@@ -22,7 +22,7 @@ struct Win32Framed : testing::Test {
   void show() {
     window->set_visible(true);
     window->activate();
-    b.pass(100);
+    EXPECT_TRUE(b.until([this] { return GetForegroundWindow() == form(); }));
   }
   static void place(platform::Control& control, int left, int top, int width, int height) {
     control.move(left, top);
@@ -32,17 +32,17 @@ struct Win32Framed : testing::Test {
   void key(WPARAM code) {
     const HWND target = GetFocus();
     PostMessageW(target, WM_KEYDOWN, code, 1);
-    b.pass(20);
+    b.loop.run_pending();
     PostMessageW(GetFocus(), WM_KEYUP, code, static_cast<LPARAM>(0xc0000001));
-    b.pass(40);
+    b.loop.run_pending();
   }
   void letter(wchar_t character) {
     PostMessageW(GetFocus(), WM_CHAR, character, 1);
-    b.pass(20);
+    b.loop.run_pending();
   }
   void mouse(const platform::Control& control, UINT message, POINT at) {
     PostMessageW(handle(control), message, message == WM_LBUTTONDOWN ? MK_LBUTTON : 0, MAKELPARAM(at.x, at.y));
-    b.pass(30);
+    b.loop.run_pending();
   }
   void click(const platform::Control& control, POINT at) {
     mouse(control, WM_LBUTTONDOWN, at);

@@ -84,12 +84,9 @@ TEST_F(Win32FramedWindowTest, ALargerSizeStaysOnTheMonitor) {
     return area;
   }();
   SetWindowPos(form(), nullptr, room.right - 300, room.bottom - 200, 300, 200, SWP_NOZORDER);
-  b.pass(100);
   window->resize(9000, 6000);
-  b.pass(100);
   RECT place{};
-  GetWindowRect(form(), &place);
-  EXPECT_EQ(place.right - place.left, 600);
+  EXPECT_TRUE(b.until([&] { return GetWindowRect(form(), &place) != 0 && place.right - place.left == 600; }));
   EXPECT_LE(place.right, room.right);
   EXPECT_LE(place.bottom, room.bottom);
   window->resize(2000000000, 2000000000);
@@ -102,13 +99,13 @@ TEST_F(Win32FramedWindowTest, AMaximisedWindowTakesItsSizeWhenItComesBack) {
   window->resize(6000, 4500);
   show();
   ShowWindow(form(), SW_MAXIMIZE);
-  b.pass(200);
+  EXPECT_TRUE(b.until([&] { return IsZoomed(form()) != 0; }));
   window->resize(7500, 5250);
-  b.pass(100);
+  b.loop.run_pending();
   EXPECT_NE(IsZoomed(form()), 0);
   EXPECT_EQ(window->rect().width, 7500);
   ShowWindow(form(), SW_RESTORE);
-  b.pass(200);
+  EXPECT_TRUE(b.until([&] { return IsZoomed(form()) == 0; }));
   EXPECT_EQ(window->rect().width, 7500);
   EXPECT_EQ(window->rect().height, 5250);
 }
@@ -116,11 +113,9 @@ TEST_F(Win32FramedWindowTest, AMaximisedWindowTakesItsSizeWhenItComesBack) {
 TEST_F(Win32FramedWindowTest, MinimisedItComesBackWhenShown) {
   show();
   ShowWindow(form(), SW_MINIMIZE);
-  b.pass(200);
-  EXPECT_TRUE(window->minimized());
+  EXPECT_TRUE(b.until([&] { return window->minimized(); }));
   window->set_visible(true);
-  b.pass(200);
-  EXPECT_FALSE(window->minimized());
+  EXPECT_TRUE(b.until([&] { return !window->minimized(); }));
   EXPECT_TRUE(window->visible());
 }
 
@@ -227,7 +222,7 @@ TEST_F(Win32FramedWindowTest, EscapeDoesNothing) {
     key(VK_ESCAPE);
   }
   SendMessageW(handle(box), WM_KEYDOWN, VK_ESCAPE, 1);
-  b.pass(50);
+  b.loop.run_pending();
   EXPECT_EQ(closed, 0);
   EXPECT_TRUE(window->visible());
 }

@@ -36,13 +36,14 @@ struct Win32Menus : testing::Test {
   }
   void input(UINT message, WPARAM w) {
     PostMessageW(b.window.handle(), message, w, 0);
-    b.pass(50);
+    b.loop.run_pending();
   }
   void show_window() {
     b.window.move(4500, 3000);
     b.window.resize(6000, 3000);
     b.window.set_visible(true);
-    b.pass(300);
+    b.window.activate();
+    EXPECT_TRUE(b.until([this] { return GetForegroundWindow() == b.window.handle(); }));
   }
 };
 
@@ -153,10 +154,10 @@ TEST_F(Win32Menus, AMenuOfAnotherWindowBelongsToThatWindow) {
   list.rows_changed();
   window->resize(6000, 5000);
   window->set_visible(true);
-  b.pass(300);
-  b.window.activate();
-  b.pass(100);
   const HWND control = dynamic_cast<platform::win32::ChildWindow&>(list).handle();
+  EXPECT_TRUE(b.until([&] { return IsWindowVisible(control) != 0; }));
+  b.window.activate();
+  EXPECT_TRUE(b.until([&] { return GetForegroundWindow() == b.window.handle(); }));
   list.select(400);
   input(WM_KEYDOWN, VK_F24);
   HWND front = nullptr;

@@ -112,11 +112,10 @@ TEST(Win32Messages, AHungWindowKeepsNobodyForLong) {
   const Part hung(L"hang", caption);
   ASSERT_TRUE(hung.started());
   auto target = platform::WindowRef::none;
-  for (int i = 0; i < 3000 && target == platform::WindowRef::none; ++i) {
-    b.pass(10);
+  ASSERT_TRUE(b.until([&] {
     target = b.messages.find_by_caption(caption);
-  }
-  ASSERT_NE(target, platform::WindowRef::none);
+    return target != platform::WindowRef::none;
+  }));
   const ULONGLONG start = GetTickCount64();
   b.messages.send_copy_data(target, "orbend");
   EXPECT_LE(GetTickCount64() - start, platform::WindowMessages::send_limit_ms + 1500);

@@ -71,11 +71,10 @@ TEST_F(WindowContract, HidesAndComesBackInPlace) {
   b.window.resize(6000, 3000);
   b.window.move(3000, 3000);
   b.window.set_visible(true);
-  b.pass(300);
+  EXPECT_TRUE(b.until([this] { return b.window.visible(); }));
   b.window.set_state(platform::WindowState::minimized);
   b.window.set_visible(false);
-  b.pass(300);
-  EXPECT_FALSE(b.window.visible());
+  EXPECT_TRUE(b.until([this] { return !b.window.visible(); }));
   EXPECT_EQ(b.window.rect(), (TwipsRect{3000, 3000, 6000, 3000}));
   b.window.set_visible(true);
   b.window.set_state(platform::WindowState::normal);
@@ -103,12 +102,12 @@ TEST_F(WindowContract, AHiddenWindowStaysHidden) {
   b.window.set_state(platform::WindowState::normal);
   b.window.activate();
   b.window.redraw();
-  b.pass(50);
+  b.loop.run_pending();
   EXPECT_FALSE(b.window.visible());
   b.window.set_state(platform::WindowState::minimized);
   b.window.set_visible(true);
-  b.pass(100);
-  EXPECT_EQ(b.window.state(), platform::WindowState::normal) << "showing brings it back from the icon";
+  EXPECT_TRUE(b.until([this] { return b.window.state() == platform::WindowState::normal; }))
+      << "showing brings it back from the icon";
 }
 
 TEST_F(WindowContract, GoesIntoTheTopmostLayerAndBack) {
