@@ -42,6 +42,9 @@ struct Backend {
   platform::win32::Win32Messages& messages = real.messages;
   std::wstring folder = scratch.path();
 
+  // A window manager answers late, and what it says of an earlier wish would be taken for its answer to the next.
+  static constexpr std::uint32_t window_manager_ms = 250;
+
   void pass(std::uint32_t ms) {
     const DWORD start = GetTickCount();
     do {
@@ -67,6 +70,7 @@ struct Backend {
     SetForegroundWindow(other_);
     SetFocus(other_);
     (void)until([this] { return GetForegroundWindow() == other_; });
+    pass(window_manager_ms);
   }
   // The window itself, or a control of it.
   [[nodiscard]] bool has_keyboard() const {
@@ -117,6 +121,7 @@ struct Backend {
       const bool large = IsZoomed(handle(framed)) != 0;
       return small == (command == SW_MINIMIZE) && large == (command == SW_MAXIMIZE);
     });
+    pass(window_manager_ms);
   }
   void enter(platform::FramedWindow& framed, const platform::TreeView& tree) {
     const HWND control = dynamic_cast<platform::win32::Win32FramedWindow&>(framed).handle_of(tree);

@@ -23,6 +23,7 @@ struct Win32Framed : testing::Test {
     window->set_visible(true);
     window->activate();
     EXPECT_TRUE(b.until([this] { return GetForegroundWindow() == form(); }));
+    b.pass(Backend::window_manager_ms);
   }
   static void place(platform::Control& control, int left, int top, int width, int height) {
     control.move(left, top);

@@ -98,22 +98,19 @@ TEST_F(Win32FramedWindowTest, ALargerSizeStaysOnTheMonitor) {
 TEST_F(Win32FramedWindowTest, AMaximisedWindowTakesItsSizeWhenItComesBack) {
   window->resize(6000, 4500);
   show();
-  ShowWindow(form(), SW_MAXIMIZE);
-  EXPECT_TRUE(b.until([&] { return IsZoomed(form()) != 0; }));
+  b.maximize(*window);
   window->resize(7500, 5250);
-  b.loop.run_pending();
+  b.pass(Backend::window_manager_ms);
   EXPECT_NE(IsZoomed(form()), 0);
   EXPECT_EQ(window->rect().width, 7500);
-  ShowWindow(form(), SW_RESTORE);
-  EXPECT_TRUE(b.until([&] { return IsZoomed(form()) == 0; }));
-  EXPECT_EQ(window->rect().width, 7500);
-  EXPECT_EQ(window->rect().height, 5250);
+  b.restore(*window);
+  EXPECT_TRUE(b.until([this] { return window->rect().width == 7500 && window->rect().height == 5250; }));
 }
 
 TEST_F(Win32FramedWindowTest, MinimisedItComesBackWhenShown) {
   show();
-  ShowWindow(form(), SW_MINIMIZE);
-  EXPECT_TRUE(b.until([&] { return window->minimized(); }));
+  b.minimize(*window);
+  EXPECT_TRUE(window->minimized());
   window->set_visible(true);
   EXPECT_TRUE(b.until([&] { return !window->minimized(); }));
   EXPECT_TRUE(window->visible());
