@@ -50,7 +50,8 @@ public:
   [[nodiscard]] HWND handle() const { return window_; }
   [[nodiscard]] bool shown() const { return shown_; }
   [[nodiscard]] const TwipsRect& place() const { return place_; }
-  virtual void dpi_changed(); // the fonts are others, too
+  virtual void dpi_changed();       // the fonts are others, too
+  virtual void colours_changed() {} // those of the system
   // Messages that the control's class sends to its parent.
   virtual void draw(HDC /*target*/, const RECT& /*area*/) {}
   virtual void notified(WORD /*code*/) {}

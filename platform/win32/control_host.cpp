@@ -61,6 +61,12 @@ bool ControlHost::handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT
   }
   if (message == WM_SETTINGCHANGE || message == WM_THEMECHANGED)
     return look_changed(message, w);
+  if (message == WM_SYSCOLORCHANGE) {
+    for (const auto& child : children_)
+      child->colours_changed();
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    return false;
+  }
   if (message == WM_DRAWITEM) {
     const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
     ChildWindow* child = child_of(item.hwndItem);

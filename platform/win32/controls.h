@@ -92,6 +92,7 @@ public:
   [[nodiscard]] bool pressable() const override { return true; }
   void dpi_changed() override;
   void draw_row(const DRAWITEMSTRUCT& item);
+  void colours_changed() override { set_colours(background_, text_colour_); }
   [[nodiscard]] HBRUSH brush() const { return static_cast<HBRUSH>(brush_.get()); }
 
 private:

@@ -118,6 +118,20 @@ TEST_F(Win32Menus, AfterAKeyAMenuWithoutAnAnchorOpensAtThePointer) {
   EXPECT_EQ(seen.left, 333);
 }
 
+TEST_F(Win32Menus, AfterAKeyAMenuWhoseAnchorIsOutOfSightOpensInTheWindowsCorner) {
+  show_window();
+  auto& label = b.window.make_label(L"InfoName", platform::LabelKind::link, platform::LabelFont::normal);
+  label.set_visible(false);
+  SetCursorPos(333, 111);
+  input(WM_KEYDOWN, VK_F24);
+  note_place();
+  EXPECT_EQ(b.popup_menus.pop_up({item(L"A", L"Á")}, &label), L"");
+  RECT place{};
+  GetWindowRect(b.window.handle(), &place);
+  EXPECT_EQ(seen.left, place.left);
+  EXPECT_EQ(seen.top, place.top);
+}
+
 TEST_F(Win32Menus, AfterAKeyAMenuOfAListOpensBelowTheSelectedRow) {
   show_window();
   auto& list = b.window.make_list(L"Control_List");

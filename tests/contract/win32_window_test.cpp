@@ -228,6 +228,41 @@ TEST_F(Win32Only, ABackgroundIsDrawnInItsOwnSizeOverTheWindowsColour) {
   EXPECT_EQ(pixel(4, 6), GetSysColor(COLOR_3DFACE));
 }
 
+// The user chooses other colours for the system's windows.
+class SystemColour {
+public:
+  SystemColour(int index, COLORREF wanted) : index_(index), before_(GetSysColor(index)) {
+    SetSysColors(1, &index_, &wanted);
+  }
+  SystemColour(const SystemColour&) = delete;
+  SystemColour& operator=(const SystemColour&) = delete;
+  ~SystemColour() { SetSysColors(1, &index_, &before_); }
+
+private:
+  int index_;
+  COLORREF before_;
+};
+
+TEST_F(Win32Only, ASystemsColourIsTheOneOfTheMoment) {
+  const auto system = [](std::uint32_t index) { return platform::Colour{platform::system_colour_flag | index}; };
+  b.window.resize(6000, 3000);
+  auto& list = form.Control_List;
+  list.resize(3000, 1500);
+  list.set_colours(system(COLOR_WINDOW), system(COLOR_WINDOWTEXT));
+  b.window.set_visible(true);
+  b.pass(200);
+  const auto ground = [&] {
+    const HDC dc = GetDC(handle(list));
+    const COLORREF colour = GetPixel(dc, 100, 80);
+    ReleaseDC(handle(list), dc);
+    return colour;
+  };
+  EXPECT_EQ(ground(), GetSysColor(COLOR_WINDOW));
+  const SystemColour other(COLOR_WINDOW, RGB(10, 20, 30));
+  b.pass(200);
+  EXPECT_EQ(ground(), RGB(10, 20, 30));
+}
+
 TEST_F(Win32Only, AScreenThatChangesBringsTheWindowIntoViewAndAToolsMoveStays) {
   b.window.resize(3000, 3000);
   b.window.move(1500, 1500);
