@@ -31,7 +31,7 @@ Program::Program(const Platform& p, core::LumotuneForm& form)
       web_pages(p.shell),
       report_programs({settings, p.machine, p.shell}),
       menu_commands({settings, session, form, p.loop, p.machine, p.shell, p.dialogs, options, stations, playback,
-                     client_link, skin, chrome, web_pages, menu_tree}),
+                     client_link, skin, chrome, web_pages, menu_tree, status}),
       menus({settings, form, p.loop, p.popups, stations, skin_menu, menu_tree, menu_commands}),
       chrome_parts(chrome, tray_icon),
       title_to_tray(tray_icon),

@@ -83,8 +83,11 @@ private:
 class WebToPages final : public directory::WebPort {
 public:
   explicit WebToPages(skin::WebPages& pages) : pages_(pages) {}
-  void OpenUrl(const std::wstring& address) override { (void)pages_.OpenUrl(address); } // a failure is silent
-  void open_station_web(const std::wstring& address) override { pages_.open_station_web(address); }
+  [[nodiscard]] bool OpenUrl(const std::wstring& address) override {
+    (void)pages_.OpenUrl(address); // a failure of the system is silent
+    return !skin::WebPages::refuses(address);
+  }
+  [[nodiscard]] bool open_station_web(const std::wstring& address) override { return pages_.open_station_web(address); }
 
 private:
   skin::WebPages& pages_;

@@ -29,8 +29,18 @@ std::wstring elapsed_text(std::uint64_t milliseconds) {
 StatusDisplay::StatusDisplay(const Uses& uses)
     : uses_(uses), aktualizujWMP(uses.loop.make_timer(interval_ms, [this] { tick(); })) {}
 
+void StatusDisplay::tell(const std::wstring& notice) {
+  constexpr int seconds = 5;
+  notice_ = notice;
+  notice_ticks_ = seconds;
+  uses_.form.InfoStatus.set_text(notice);
+  uses_.form.InfoStatus.announce();
+}
+
 void StatusDisplay::tick() {
   auto& session = uses_.session;
+  if (notice_ticks_ > 0 && --notice_ticks_ == 0)
+    notice_.clear();
   session.time_text = elapsed_text(uses_.player.played_ms());
   choose_name();
   show_status();
@@ -49,7 +59,8 @@ void StatusDisplay::show_status() {
   const bool first = equal_ignoring_case(kept.status_mode, L"1") && uses_.session.time_text.empty();
   auto& label = uses_.form.InfoStatus;
   const platform::TwipsRect place = label.rect();
-  label.set_text(std::wstring(mid(uses_.player.Status1(), first ? title_column : quality_column)));
+  label.set_text(notice_.empty() ? std::wstring(mid(uses_.player.Status1(), first ? title_column : quality_column))
+                                 : notice_);
   label.move(place.left, first ? kept.status_top_1 : kept.status_top_2);
   label.resize(place.width, first ? kept.status_height_1 : kept.status_height_2);
 }
@@ -71,7 +82,8 @@ void StatusDisplay::show_name() {
 void StatusDisplay::copy_status() {
   const std::wstring status = uses_.player.status();
   const std::wstring warning = uses_.player.warning();
-  uses_.form.InfoStatus.set_text(status);
+  if (notice_.empty())
+    uses_.form.InfoStatus.set_text(status);
   uses_.form.InfoStatus.set_tooltip(warning.empty() || warning == status ? status : status + L" - " + warning);
 }
 

@@ -24,6 +24,9 @@ struct NoTitle final : TitlePort {
 };
 using TitleSlot = Slot<TitlePort, NoTitle>;
 
+// What a listener is told of an address that is refused.
+inline constexpr const wchar_t* address_refused = L"Tuto adresu nelze otevřít, není to webová stránka.";
+
 // "0:05", "12:03", "1:02:33"; empty for 0: nothing was heard yet.
 [[nodiscard]] std::wstring elapsed_text(std::uint64_t milliseconds);
 
@@ -42,6 +45,8 @@ public:
 
   void start() { aktualizujWMP->start(); }
   void tick(); // once a second
+  // For five seconds the status line shows that in place of the player's text, and screen readers say it.
+  void tell(const std::wstring& notice);
 
   // The player's notifications.
   void PlayStateChange(int new_state);
@@ -54,6 +59,8 @@ private:
   void copy_status();
 
   Uses uses_;
+  std::wstring notice_;
+  int notice_ticks_ = 0; // that it is still shown
   std::unique_ptr<platform::Timer> aktualizujWMP;
 };
 

@@ -89,18 +89,19 @@ void Actions::Label9_Click() {
 }
 
 void Actions::Label4_Click() {
-  uses_.web->open_station_web(uses_.form.Label4.text());
+  tell_refused(uses_.form, uses_.web->open_station_web(uses_.form.Label4.text()));
 }
 
 void Actions::WebRadia_Click() {
-  uses_.web->open_station_web(WebRadia_caption_);
+  tell_refused(uses_.form, uses_.web->open_station_web(WebRadia_caption_));
 }
 
 void Actions::Image3_Click() {
   const std::wstring token = uses_.identity.Heslo(uses_.settings.h);
   if (uses_.loop.quitting())
     return;
-  uses_.web->OpenUrl(skin::login_address(skin::companion_values(uses_.machine, uses_.settings), token, L""));
+  const auto values = skin::companion_values(uses_.machine, uses_.settings);
+  tell_refused(uses_.form, uses_.web->OpenUrl(skin::login_address(values, token, L"")));
 }
 
 std::vector<MenuItem> Actions::quality_items(const wchar_t* suffix) const {

@@ -99,8 +99,8 @@ void InfoPanelLine::open_url() {
   if (uses_.loop.quitting())
     return;
   std::wstring page = panel_parameter_;
-  uses_.web->OpenUrl(
-      skin::login_address(skin::companion_values(uses_.machine, uses_.settings), token, MakePageRe(page)));
+  const auto values = skin::companion_values(uses_.machine, uses_.settings);
+  tell_refused(uses_.form, uses_.web->OpenUrl(skin::login_address(values, token, MakePageRe(page))));
 }
 
 void InfoPanelLine::show_users() {

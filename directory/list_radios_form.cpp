@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/list_radios_form.h"
 
+#include "core/status_display.h"
+
 namespace lumotune::directory {
 
 using platform::LabelFont;
@@ -30,5 +32,12 @@ ListRadiosForm::ListRadiosForm(platform::FramedWindow& window_made)
       WebBrowser1(window.make_browser(L"WebBrowser1")),
       Image1(window.make_picture(L"Image1", PictureKind::decoration)),
       Frame1(window.make_frame(L"Frame1")) {}
+
+void tell_refused(ListRadiosForm& form, bool opened) {
+  if (opened)
+    return;
+  form.Label1.set_text(core::address_refused);
+  form.Label1.announce();
+}
 
 } // namespace lumotune::directory

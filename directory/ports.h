@@ -8,15 +8,15 @@
 
 namespace lumotune::directory {
 
-// Web pages in the system's browser.
+// Web pages in the system's browser. Each answers false where the address is refused.
 struct WebPort {
   virtual ~WebPort() = default;
-  virtual void OpenUrl(const std::wstring& address) = 0;          // an address of our own
-  virtual void open_station_web(const std::wstring& address) = 0; // one that came from outside
+  [[nodiscard]] virtual bool OpenUrl(const std::wstring& address) = 0;          // an address of our own
+  [[nodiscard]] virtual bool open_station_web(const std::wstring& address) = 0; // one that came from outside
 };
 struct NoWeb final : WebPort {
-  void OpenUrl(const std::wstring& /*address*/) override {}
-  void open_station_web(const std::wstring& /*address*/) override {}
+  [[nodiscard]] bool OpenUrl(const std::wstring& /*address*/) override { return true; }
+  [[nodiscard]] bool open_station_web(const std::wstring& /*address*/) override { return true; }
 };
 using WebSlot = core::Slot<WebPort, NoWeb>;
 

@@ -89,6 +89,7 @@ public:
   [[nodiscard]] virtual bool underline() const = 0;
   virtual void set_bold(bool on) = 0;
   [[nodiscard]] virtual bool bold() const = 0;
+  virtual void announce() = 0; // screen readers say the text, wherever the keyboard is
 };
 
 class Button : public Control {

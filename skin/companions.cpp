@@ -155,7 +155,7 @@ Launch station_list_size(const CompanionValues& values) {
 }
 
 std::wstring login_address(const CompanionValues& values, const std::wstring& token, const std::wstring& page) {
-  return values.server + L"/login/" + values.idh + L"/" + token + L"/" + page + L"/1";
+  return values.server + L"/login/" + values.idh + L"/" + token + L"/" + with_harmless_commas(page) + L"/1";
 }
 
 std::wstring help_address(const CompanionValues& values) {

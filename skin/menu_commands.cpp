@@ -49,7 +49,7 @@ const MenuCommands::Row MenuCommands::table[] = {
     {L"LT_MenuRadia_Disk", [](M& m, C&) { m.LT_MenuRadia_Disk_Click(); }},
     {L"LT_MenuRadia_Potize", [](M& m, C&) { m.LT_MenuRadia_Potize_Click(); }},
     {L"LT_MenuRadia_Delete", [](M& m, C&) { m.LT_MenuRadia_Delete_Click(); }},
-    {L"LT_MenuPlRaria_www", [](M& m, C& caption) { m.uses_.web.open_station_web(caption); }},
+    {L"LT_MenuPlRaria_www", [](M& m, C& caption) { m.LT_MenuPlRaria_www_Click(caption); }},
     {L"LT_MenuPlRaria_Users", [](M& m, C&) { m.uses_.client_link.Control_ShowUser_Click(); }},
     {L"LT_MenuPlRaria_Disk", [](M& m, C&) { m.LT_Menu_Disk_Click(); }},
     {L"LT_MenuPlRaria_Err", [](M& m, C&) { m.LT_Menu_Potize_Click(); }},
@@ -99,10 +99,22 @@ void MenuCommands::OrbMelodeon() {
     launch(uses_.shell, skin::OrbMelodeon(values()));
 }
 
+void MenuCommands::open_own(const std::wstring& address) {
+  if (WebPages::refuses(address))
+    uses_.status.tell(core::address_refused);
+  else
+    (void)uses_.web.OpenUrl(address); // a failure of the system is silent
+}
+
+void MenuCommands::LT_MenuPlRaria_www_Click(const std::wstring& address) {
+  if (!uses_.web.open_station_web(address))
+    uses_.status.tell(core::address_refused);
+}
+
 void MenuCommands::open_login() {
   const std::wstring token = identity->Heslo(uses_.settings.h);
   if (!uses_.loop.quitting())
-    uses_.web.OpenUrl(login_address(values(), token, L""));
+    open_own(login_address(values(), token, L""));
 }
 
 void MenuCommands::LT_Menu_Orbcz_Click() {
@@ -157,7 +169,7 @@ void MenuCommands::LT_Menu_LTadd_Click() {
 
 void MenuCommands::LT_Menu_FAQ_Click() {
   uses_.options.LoadOptionsServer();
-  uses_.web.OpenUrl(help_address(values()));
+  open_own(help_address(values()));
 }
 
 // LoadSkin resets what follows the play state, the volume and the favourites: each is shown anew.

@@ -5,6 +5,7 @@
 #include "core/client_link.h"
 #include "core/playback.h"
 #include "core/settings_files.h"
+#include "core/status_display.h"
 #include "platform/dialogs.h"
 #include "skin/chrome.h"
 #include "skin/companions.h"
@@ -36,6 +37,7 @@ public:
     Chrome& chrome;
     WebPages& web;
     MenuTree& tree;
+    core::StatusDisplay& status;
   };
   explicit MenuCommands(const Uses& uses) : uses_(uses) {}
 
@@ -76,6 +78,8 @@ private:
   [[nodiscard]] CompanionValues values() const { return companion_values(uses_.machine, uses_.settings); }
   [[nodiscard]] std::wstring tuned_name();
   void open_login();
+  void open_own(const std::wstring& address);
+  void LT_MenuPlRaria_www_Click(const std::wstring& address);
   void report_problem(const std::wstring& station_name);
   void inform(const std::wstring& text);
 

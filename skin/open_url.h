@@ -8,18 +8,22 @@
 
 namespace lumotune::skin {
 
-// User-interface thread. Failures are silent.
+// User-interface thread. Failures of the system are silent.
 class WebPages {
 public:
   explicit WebPages(platform::Shell& shell) : shell_(shell) {}
 
-  // An address of our own: one that begins with "htt" through the explorer program, any other, in quotation marks,
-  // through the shell. Answers what the shell answers (above 32: opened), 0 where it was not asked. An address that
-  // would not stay one argument, or leads the shell elsewhere than to this machine's files or a host, is not opened.
+  // An address of our own, made of the client's files: one that begins with "htt" through the explorer program, any
+  // other, in quotation marks, through the shell. Answers what the shell answers (above 32: opened), 0 where it was not
+  // asked. One that is refused is not opened.
   int OpenUrl(const std::wstring& address);
+  // Whether OpenUrl would not try: it has what no address has, or leads the shell elsewhere than to this machine's
+  // files or a host.
+  [[nodiscard]] static bool refuses(const std::wstring& address);
 
-  // An address that came from outside: opened only when it is that of a web page. Blanks around it do not count.
-  void open_station_web(const std::wstring& address);
+  // An address that came from outside: opened only when it is that of a web page, false when it is none. Blanks around
+  // it do not count.
+  [[nodiscard]] bool open_station_web(const std::wstring& address);
 
 private:
   platform::Shell& shell_;

@@ -127,17 +127,7 @@ bool is_harmless_argument(std::wstring_view argument) {
          !is_program_ending(ending_of(argument));
 }
 
-} // namespace
-
-bool is_for_explorer(std::wstring_view address) {
-  return core::starts_with_ignoring_case(address, L"htt");
-}
-
-bool stays_one_argument(std::wstring_view address) {
-  if (std::any_of(address.begin(), address.end(), [](wchar_t each) { return each == L'"' || is_control(each); }))
-    return false;
-  if (!is_for_explorer(address))
-    return true;
+bool has_harmless_commas(std::wstring_view address) {
   for (std::size_t comma = address.find(L','); comma != npos;) {
     const std::size_t next = address.find(L',', comma + 1);
     if (!is_harmless_argument(address.substr(comma + 1, next == npos ? npos : next - comma - 1)))
@@ -145,6 +135,29 @@ bool stays_one_argument(std::wstring_view address) {
     comma = next;
   }
   return true;
+}
+
+} // namespace
+
+bool is_for_explorer(std::wstring_view address) {
+  return core::starts_with_ignoring_case(address, L"htt");
+}
+
+bool has_what_no_address_has(std::wstring_view address) {
+  return std::any_of(address.begin(), address.end(), [](wchar_t each) { return each == L'"' || is_control(each); });
+}
+
+bool stays_one_argument(std::wstring_view address) {
+  return !has_what_no_address_has(address) && (!is_for_explorer(address) || has_harmless_commas(address));
+}
+
+std::wstring with_harmless_commas(const std::wstring& part) {
+  if (has_harmless_commas(part))
+    return part;
+  std::wstring coded;
+  for (const wchar_t each : part)
+    coded += each == L',' ? L"%2C" : std::wstring(1, each);
+  return coded;
 }
 
 bool looks_like_web_host(std::wstring_view address) {

@@ -3,6 +3,7 @@
 // trusted: what they open must be a web page, never a program, a file or a folder.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace lumotune::skin {
@@ -13,9 +14,16 @@ inline constexpr std::size_t max_web_address = 2048;
 // Begins with "htt", letter case ignored: opened by the system's explorer program.
 [[nodiscard]] bool is_for_explorer(std::wstring_view address);
 
-// No quotation mark and no control character, and, where it is for the explorer, nothing after a comma that the
-// explorer would take for a switch, a path or a program: commas part its arguments.
+// What an address never has: a quotation mark or a control character.
+[[nodiscard]] bool has_what_no_address_has(std::wstring_view address);
+
+// Has neither, and, where it is for the explorer, nothing after a comma that the explorer would take for a switch, a
+// path or a program: commas part its arguments.
 [[nodiscard]] bool stays_one_argument(std::wstring_view address);
+
+// A part of an address that came from outside: the same, with "%2C" for every comma where the explorer would take what
+// follows one for a switch, a path or a program.
+[[nodiscard]] std::wstring with_harmless_commas(const std::wstring& part);
 
 // A host name with a dot, and perhaps a port and a path behind it. Neither a scheme nor a drive nor a way up the
 // folders; the ending of the host or the path is not that of a program ("com" is a host's behind "www." or before a

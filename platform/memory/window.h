@@ -106,8 +106,11 @@ public:
   [[nodiscard]] bool underline() const override { return underline_; }
   void set_bold(bool on) override { bold_ = on; }
   [[nodiscard]] bool bold() const override { return bold_; }
+  void announce() override { announced.push_back(text()); }
   [[nodiscard]] LabelKind kind() const { return kind_; }
   bool user_double_click() { return user_click() && MemoryControl::user_double_click(); } // its first half is a click
+
+  std::vector<std::wstring> announced; // what screen readers were told
 
 private:
   LabelKind kind_;

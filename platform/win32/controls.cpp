@@ -82,6 +82,11 @@ void Win32Label::set_bold(bool on) {
   redraw();
 }
 
+// The event alone: annotating the window as a live region as well crashes inside Wine's library.
+void Win32Label::announce() {
+  NotifyWinEvent(EVENT_OBJECT_LIVEREGIONCHANGED, window_, OBJID_CLIENT, CHILDID_SELF);
+}
+
 void Win32Label::draw(HDC target, const RECT& area) {
   const HGDIOBJ before = SelectObject(target, surface_.font(font_, underline_, bold_));
   SetBkMode(target, TRANSPARENT);

@@ -41,6 +41,7 @@ public:
   [[nodiscard]] bool underline() const override { return underline_; }
   void set_bold(bool on) override;
   [[nodiscard]] bool bold() const override { return bold_; }
+  void announce() override;
   void draw(HDC target, const RECT& area) override;
   void notified(WORD code) override;
   void pressed_by_key() override { fire(on_click); }
@@ -91,8 +92,8 @@ public:
   void pressed_by_key() override { fire(on_double_click); }
   [[nodiscard]] bool pressable() const override { return true; }
   void dpi_changed() override;
-  void draw_row(const DRAWITEMSTRUCT& item);
   void colours_changed() override { set_colours(background_, text_colour_); }
+  void draw_row(const DRAWITEMSTRUCT& item);
   [[nodiscard]] HBRUSH brush() const { return static_cast<HBRUSH>(brush_.get()); }
 
 private:

@@ -228,6 +228,29 @@ TEST_F(Win32Only, ABackgroundIsDrawnInItsOwnSizeOverTheWindowsColour) {
   EXPECT_EQ(pixel(4, 6), GetSysColor(COLOR_3DFACE));
 }
 
+// A hook has no place for a pointer of ours.
+std::vector<HWND> live_regions_changed;
+
+void CALLBACK note_event(HWINEVENTHOOK /*hook*/, DWORD /*event*/, HWND window, LONG object, LONG /*child*/,
+                         DWORD /*thread*/, DWORD /*time*/) {
+  if (object == OBJID_CLIENT)
+    live_regions_changed.push_back(window);
+}
+
+TEST_F(Win32Only, ANoticeIsToldToScreenReaders) {
+  live_regions_changed.clear();
+  const HWINEVENTHOOK hook = SetWinEventHook(EVENT_OBJECT_LIVEREGIONCHANGED, EVENT_OBJECT_LIVEREGIONCHANGED, nullptr,
+                                             note_event, GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
+  ASSERT_NE(hook, nullptr);
+  form.InfoStatus.set_text(L"Novinka");
+  b.pass(50);
+  EXPECT_TRUE(live_regions_changed.empty());
+  form.InfoStatus.announce();
+  b.pass(50);
+  UnhookWinEvent(hook);
+  EXPECT_EQ(live_regions_changed, std::vector<HWND>{handle(form.InfoStatus)});
+}
+
 // The user chooses other colours for the system's windows.
 class SystemColour {
 public:

@@ -130,5 +130,23 @@ TEST(ElapsedText, CountsHoursOnlyWhenThereAreAny) {
   EXPECT_EQ(core::elapsed_text(3753000), L"1:02:33");
 }
 
+TEST_F(StatusDisplayTest, ANoticeStandsForFiveSecondsAndIsSaid) {
+  auto& line = *w.window.label(L"InfoStatus");
+  w.player.status_text = L"Přehrávání";
+  w.status.StatusChange();
+  w.status.tell(L"Novinka");
+  EXPECT_EQ(line.announced, std::vector<std::wstring>{L"Novinka"});
+  for (int second = 0; second < 5; ++second) {
+    EXPECT_EQ(line.text(), L"Novinka") << second;
+    w.status.StatusChange();
+    w.status.PlayStateChange(1);
+    EXPECT_EQ(line.text(), L"Novinka") << second;
+    w.status.tick();
+  }
+  EXPECT_NE(line.text(), L"Novinka");
+  w.status.StatusChange();
+  EXPECT_EQ(line.text(), L"Přehrávání");
+}
+
 } // namespace
 } // namespace lumotune::test

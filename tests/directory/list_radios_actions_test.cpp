@@ -172,5 +172,27 @@ TEST_F(ListRadiosActions, OpensWebPages) {
                                L"http://server/login/idhhodnota/" + identity.Heslo(L"tajne") + L"//1"}));
 }
 
+TEST_F(ListRadiosActions, ARefusedAddressIsToldInTheStatusLine) {
+  const std::wstring told = L"Tuto adresu nelze otevřít, není to webová stránka.";
+  (void)list().user_pick(1, MouseButton::left);
+  web.refuses = true;
+  std::size_t times = 0;
+  const auto expect_told = [&] {
+    EXPECT_EQ(status(), told);
+    EXPECT_EQ(label(L"Label1").announced, Lines(++times, told));
+    label(L"Label1").set_text(L"");
+  };
+  (void)label(L"Label4").user_click();
+  expect_told();
+  choose(L"WebRadia");
+  (void)list().user_pick(1, MouseButton::right);
+  expect_told();
+  (void)part<platform::memory::MemoryPicture>(L"Image3").user_click();
+  expect_told();
+  web.refuses = false;
+  (void)label(L"Label4").user_click();
+  EXPECT_EQ(status(), L"");
+}
+
 } // namespace
 } // namespace lumotune::directory

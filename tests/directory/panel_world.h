@@ -19,8 +19,15 @@
 namespace lumotune::directory {
 
 struct Pages final : WebPort {
-  void OpenUrl(const std::wstring& address) override { opened.push_back(address); }
-  void open_station_web(const std::wstring& address) override { opened.push_back(L"station " + address); }
+  [[nodiscard]] bool OpenUrl(const std::wstring& address) override {
+    opened.push_back(address);
+    return !refuses;
+  }
+  [[nodiscard]] bool open_station_web(const std::wstring& address) override {
+    opened.push_back(L"station " + address);
+    return !refuses;
+  }
+  bool refuses = false;
   std::vector<std::wstring> opened;
 };
 

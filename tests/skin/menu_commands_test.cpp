@@ -203,6 +203,27 @@ TEST_F(MenuCommandsTest, AStationsWebPageThatIsNoneIsNotOpened) {
   }
 }
 
+TEST_F(MenuCommandsTest, ARefusedAddressIsTold) {
+  auto& line = *w.window.label(L"InfoStatus");
+  const std::vector<std::wstring> told = {L"Tuto adresu nelze otevřít, není to webová stránka."};
+  w.put(L"radios.tt", "RADIO1/@/P/@/t/@/x/@/z/@/k/@/1/@/2/@/3/@/4/@/5/@/1/@/2/@/3/@/4/@/5/@/-");
+  w.use(L"LT_MenuPlRaria_www");
+  EXPECT_TRUE(w.shell.started.empty() && w.shell.opened.empty());
+  EXPECT_EQ(line.announced, told);
+  EXPECT_EQ(line.text(), told.front());
+  line.announced.clear();
+  w.settings.idh = L"a\"b";
+  w.use(L"LT_Menu_Orbcz");
+  EXPECT_TRUE(w.shell.started.empty());
+  EXPECT_EQ(line.announced, told);
+  line.announced.clear();
+  w.settings.idh = L"a,b:c";
+  w.use(L"LT_Menu_Orbcz");
+  w.use(L"LT_Menu_FAQ");
+  EXPECT_EQ(w.shell.started.size(), 2U);
+  EXPECT_TRUE(line.announced.empty());
+}
+
 // What an item did can be seen in one of these.
 std::size_t traces(const MenuWorld& w) {
   return w.shell.started.size() + w.shell.opened.size() + w.messages.sent.size() + w.player.calls.size() +

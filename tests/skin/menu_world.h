@@ -36,7 +36,7 @@ struct MenuWorld : CoreWorld {
   skin::WebPages web{shell};
   skin::MenuTree tree;
   skin::MenuCommands items{{settings, session, form, loop, machine, shell, dialogs, options, stations, playback,
-                            client_link, look, frame, web, tree}};
+                            client_link, look, frame, web, tree, status}};
   skin::Menus real_menus{{settings, form, loop, popups, stations, skin_menu, tree, items}};
   RecordingNeighbours neighbours{journal};
 
