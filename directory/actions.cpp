@@ -201,7 +201,7 @@ void Actions::tune_row() {
   const auto offered = [](const QualityEntry& entry) { return entry.visible; };
   const auto count = std::count_if(qualities.begin(), qualities.end(), offered);
   const auto first = std::find_if(qualities.begin(), qualities.end(), offered);
-  if (uses_.list.selected_id().empty())
+  if (!uses_.list.row_selected())
     return;
   if (count == 0)
     uses_.form.Label1.set_text(L"Toto rádio nemá žádnou kvalitu k poslechu.");

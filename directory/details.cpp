@@ -54,8 +54,11 @@ void Details::NaladitRadio(const std::wstring& Kvalita) {
   MenuRadia();
   auto& settings = uses_.settings;
   const std::wstring id = uses_.list.selected_id();
-  if (id.empty())
-    return uses_.advert.ReklamaTest(); // no row is selected any more: what is tuned stays
+  if (id.empty()) { // what is tuned stays
+    if (uses_.list.row_selected())
+      uses_.form.Label1.set_text(L"Toto rádio nelze naladit.");
+    return uses_.advert.ReklamaTest();
+  }
   const auto before = std::pair(settings.IDlastRadio, settings.KvalitaLT);
   settings.IDlastRadio = id;
   settings.KvalitaLT = Kvalita;

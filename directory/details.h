@@ -55,7 +55,7 @@ public:
   void MenuRadia();
   void NactiInfoRadio(); // Label2, Label3, Label4, Text1; they stay where the station is not found
   // Plays the selected station in a quality "1".."5"; a television station goes to its own player.
-  // Without a selected row nothing is tuned.
+  // Without a selected row nothing is tuned; one without an identifier cannot be, which the status line says.
   void NaladitRadio(const std::wstring& Kvalita);
   void KvalitaInfo_Click();
 

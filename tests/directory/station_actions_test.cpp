@@ -132,6 +132,12 @@ TEST_F(StationActions, ARowWithoutAnIdentifierShowsWhatItHas) {
   popups.choices = {L"Kvalita1play"};
   actions.Label7_Click();
   EXPECT_EQ(settings.IDlastRadio, L"RADIO2") << "what is tuned stays";
+  EXPECT_EQ(bare_form.Label1.text(), L"Toto rádio nelze naladit.");
+  bare_form.Label1.set_text(L"");
+  actions.tune_row();
+  EXPECT_EQ(bare_form.Label1.text(), L"Toto rádio nelze naladit.") << "nor by Enter or a double click";
+  EXPECT_EQ(settings.IDlastRadio, L"RADIO2");
+  EXPECT_TRUE(player.url().empty());
 }
 
 TEST_F(StationActions, ANamelessStationIsNotReported) {
