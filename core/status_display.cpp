@@ -3,6 +3,8 @@
 
 #include "core/text.h"
 
+#include <algorithm>
+
 namespace lumotune::core {
 namespace {
 
@@ -51,7 +53,8 @@ void StatusDisplay::tick() {
   title->show_title(session.title_text);
 }
 
-// The first layout leaves out the state and the quality of the player's columns, the second the state alone.
+// The first layout leaves out the state and the quality of the player's columns, the second the state alone. Where
+// there is no quality its column is blank: what follows begins at the label's edge, where a notification puts it too.
 void StatusDisplay::show_status() {
   constexpr std::size_t title_column = 55;
   constexpr std::size_t quality_column = 33;
@@ -59,7 +62,9 @@ void StatusDisplay::show_status() {
   const bool first = equal_ignoring_case(kept.status_mode, L"1") && uses_.session.time_text.empty();
   auto& label = uses_.form.InfoStatus;
   const platform::TwipsRect place = label.rect();
-  label.set_text(notice_.empty() ? std::wstring(mid(uses_.player.Status1(), first ? title_column : quality_column))
+  const std::wstring columns = uses_.player.Status1();
+  const std::wstring_view shown = mid(columns, first ? title_column : quality_column);
+  label.set_text(notice_.empty() ? std::wstring(shown.substr(std::min(shown.find_first_not_of(L' '), shown.size())))
                                  : notice_);
   label.move(place.left, first ? kept.status_top_1 : kept.status_top_2);
   label.resize(place.width, first ? kept.status_height_1 : kept.status_height_2);

@@ -61,6 +61,26 @@ TEST_F(StatusDisplayTest, BothLayoutsKeepTheLabelsLeftEdgeAndWidth) {
   EXPECT_EQ(w.form.InfoStatus.rect(), (platform::TwipsRect{33, 300, 444, 400}));
 }
 
+TEST_F(StatusDisplayTest, WhatIsNotPlayingBeginsAtTheSamePlaceInBothLayoutsAndInNotifications) {
+  const auto say = [&](const std::wstring& state) {
+    w.player.status_text = state;
+    std::wstring columns = state;
+    columns.resize(32, L' ');
+    w.player.status_columns = columns + std::wstring(22, L' ') + state;
+  };
+  for (const std::wstring state : {L"Stanice neodpovídá, další pokus za 10 s",
+                                   L"Stanice neodpovídá, další pokus za 9 s", L"Zastaveno", L"Připojování..."}) {
+    say(state);
+    for (const std::uint64_t played : {0U, 5000U}) {
+      w.player.played = played;
+      w.status.tick();
+      EXPECT_EQ(w.form.InfoStatus.text(), state) << played;
+      w.status.StatusChange();
+      EXPECT_EQ(w.form.InfoStatus.text(), state) << "it does not jump between the two";
+    }
+  }
+}
+
 TEST_F(StatusDisplayTest, NamesOfFifteenCharactersGetDots) {
   w.session.station_name = L"čtrnáct znaků.";
   w.status.tick();
