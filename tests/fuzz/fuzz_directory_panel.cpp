@@ -21,8 +21,8 @@ using fuzz::demand;
 
 struct Pages final : directory::WebPort {
   explicit Pages(platform::Shell& shell) : web(shell) {}
-  void OpenUrl(const std::wstring& address) override { (void)web.OpenUrl(address); }
-  void open_station_web(const std::wstring& address) override { web.open_station_web(address); }
+  bool OpenUrl(const std::wstring& address) override { return web.OpenUrl(address); }
+  bool open_station_web(const std::wstring& address) override { return web.open_station_web(address); }
   skin::WebPages web;
 };
 
