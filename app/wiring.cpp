@@ -13,6 +13,7 @@ void bind_ports(Program& program) {
   program.playback.directory.bind(program.directory);
   program.playback.report.bind(program.client_link);
   program.playback.menus.bind(program.menus);
+  program.playback.playable.bind(program.media_keys);
   program.startup.skin.bind(program.skin);
   program.startup.chrome.bind(program.chrome_parts);
   program.startup.menus.bind(program.menus);

@@ -8,7 +8,14 @@ void MediaKeyRule::start(platform::MediaKeys& keys, bool on) {
     return;
   keys.on_play_pause = [this] { play_pause(); };
   keys.on_stop = [this] { stop(); };
-  keys.take();
+  keys_ = &keys;
+  if (uses_.form.PlayTL.enabled())
+    keys.take();
+}
+
+void MediaKeyRule::can_be_pressed() {
+  if (keys_ != nullptr)
+    keys_->take();
 }
 
 // The stop key never starts anything.

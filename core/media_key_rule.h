@@ -10,8 +10,8 @@ namespace lumotune::core {
 // Off leaves the keys to other programs.
 inline constexpr bool media_keys_on = true;
 
-// User-interface thread. The keys press PlayTL, which does nothing while it is disabled.
-class MediaKeyRule {
+// User-interface thread. The keys press PlayTL; until it is enabled they are left to other programs.
+class MediaKeyRule final : public PlayablePort {
 public:
   struct Uses {
     LumotuneForm& form;
@@ -19,14 +19,17 @@ public:
   };
   explicit MediaKeyRule(const Uses& uses) : uses_(uses) {}
 
-  // Takes the keys and answers them from now on; this object outlives `keys`' handlers.
+  // Answers the keys from now on, and takes them once something can be played. `keys` outlives this object's use, and
+  // this object the handlers of `keys`.
   void start(platform::MediaKeys& keys, bool on = media_keys_on);
+  void can_be_pressed() override;
 
   void play_pause() { uses_.form.PlayTL.press(); }
   void stop();
 
 private:
   Uses uses_;
+  platform::MediaKeys* keys_ = nullptr;
 };
 
 } // namespace lumotune::core

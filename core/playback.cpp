@@ -24,6 +24,7 @@ void Playback::prepare(std::wstring URL, platform::AddressOrigin origin) {
   uses_.player.set_url(URL, origin);
   uses_.form.PlayTL.set_enabled(true);
   uses_.form.Control_Play.set_enabled(true);
+  playable->can_be_pressed();
   if (!uses_.player.playing())
     skin->load_play_picture();
 }

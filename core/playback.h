@@ -30,6 +30,7 @@ public:
   DirectorySlot directory;
   PlayReportSlot report;
   MenuSlot menus;
+  PlayableSlot playable;
 
   // Prepares an address, or the pending one-shot address when it is empty; that one is used up in every case. Who does
   // not say where the address comes from gets what a station may reach: the network.

@@ -126,6 +126,16 @@ struct NoPlayReport final : PlayReportPort {
 };
 using PlayReportSlot = Slot<PlayReportPort, NoPlayReport>;
 
+// Who hears that there is something to be played or stopped: from now on PlayTL can be pressed.
+struct PlayablePort {
+  virtual ~PlayablePort() = default;
+  virtual void can_be_pressed() = 0;
+};
+struct NoPlayable final : PlayablePort {
+  void can_be_pressed() override {}
+};
+using PlayableSlot = Slot<PlayablePort, NoPlayable>;
+
 // The programs that the play report starts; by the values of the moment, and nobody is told when one is missing.
 struct ReportProgramsPort {
   virtual ~ReportProgramsPort() = default;

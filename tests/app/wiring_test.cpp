@@ -203,6 +203,15 @@ TEST_F(WiringTest, RecorderListenersAndLogo) {
   EXPECT_EQ(shell.started.size(), 2U);
 }
 
+TEST_F(WiringTest, TheMediaKeysAreTakenWhenSomethingCanBePlayed) {
+  put(L"radios.tt", "");
+  start_with("");
+  EXPECT_FALSE(media_keys.taken);
+  (void)messages.deliver("p:http://klient");
+  loop.run_pending();
+  EXPECT_TRUE(media_keys.taken);
+}
+
 TEST_F(WiringTest, TheMediaKeysPressThePlayButton) {
   start_with("");
   ASSERT_TRUE(media_keys.taken);

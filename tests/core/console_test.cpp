@@ -149,12 +149,17 @@ struct MediaKeyTest : testing::Test {
   CoreWorld w;
   platform::memory::MemoryMediaKeys keys;
   core::MediaKeyRule rule{{w.form, w.playback}};
+  MediaKeyTest() {
+    w.player.set_auto_start(false);
+    w.player.calls.clear();
+    w.playback.playable.bind(rule);
+  }
 };
 
 TEST_F(MediaKeyTest, PlayPressesTheButtonEitherWay) {
+  w.playback.PripravHrani(L"http://a");
   rule.start(keys);
   ASSERT_TRUE(keys.taken);
-  w.form.PlayTL.set_enabled(true);
   keys.on_play_pause();
   EXPECT_EQ(w.form.PlayTL.text(), L"Stop");
   keys.on_play_pause();
@@ -163,7 +168,8 @@ TEST_F(MediaKeyTest, PlayPressesTheButtonEitherWay) {
 
 TEST_F(MediaKeyTest, StopStopsAndNeverStarts) {
   rule.start(keys);
-  w.form.PlayTL.set_enabled(true);
+  w.playback.PripravHrani(L"http://a");
+  w.player.calls.clear();
   keys.on_stop();
   EXPECT_TRUE(w.player.calls.empty());
   w.playback.Play();
@@ -177,8 +183,20 @@ TEST_F(MediaKeyTest, NothingPreparedNothingPlays) {
   EXPECT_TRUE(w.player.calls.empty());
 }
 
+TEST_F(MediaKeyTest, TheKeysAreLeftToOthersUntilSomethingCanBePlayed) {
+  rule.start(keys);
+  EXPECT_FALSE(keys.taken);
+  w.playback.PripravHrani(L"http://a");
+  EXPECT_TRUE(keys.taken);
+  platform::memory::MemoryMediaKeys later;
+  core::MediaKeyRule second{{w.form, w.playback}};
+  second.start(later);
+  EXPECT_TRUE(later.taken) << "something could be played before";
+}
+
 TEST_F(MediaKeyTest, OffLeavesTheKeysAlone) {
   rule.start(keys, false);
+  w.playback.PripravHrani(L"http://a");
   EXPECT_FALSE(keys.taken || keys.on_play_pause || keys.on_stop);
 }
 

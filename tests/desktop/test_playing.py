@@ -47,5 +47,16 @@ class TestListThatStays(Program):
         assert desk.text("PlayTL") == "Stop" and desk.visible("InfoName")
 
 
+class TestMediaKeys(Program):
+    def test_the_media_keys_are_left_to_others_until_something_can_be_played(self):
+        desk = self.begin("12=#012:LTLast:NIKDE1/1", "13=#013:LTautoStart:0")
+        play_pause = 14
+        self.until(lambda: len(desk.items()) == 3)
+        assert not desk.app_command(play_pause)
+        desk.click_at(desk.favourite_place(0))
+        assert desk.app_command(play_pause)
+        self.hear(BY_ID["LUMO01"].hertz)
+
+
 if __name__ == "__main__":
-    harness.run(TestListThatStays)
+    harness.run(TestListThatStays, TestMediaKeys)
