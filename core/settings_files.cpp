@@ -6,6 +6,10 @@
 namespace lumotune::core {
 namespace {
 
+// Lines of the client's that the play report reads.
+constexpr std::size_t check_line = 6;
+constexpr std::size_t link_line = 18;
+
 std::wstring options_file(const platform::Machine& machine) {
   return machine.program_folder() + L"\\Orb_Data\\options.ini";
 }
@@ -42,13 +46,19 @@ void SettingsFiles::LoadOptions() {
 
 void SettingsFiles::LoadClientValues() {
   const auto lines = read_options_lines(uses_.files, uses_.machine);
-  if (!lines.has_value() || lines->size() < options_line_count)
+  // The last line of a file that grows may be half a one.
+  if (!lines.has_value() ||
+      (lines->size() < options_line_count && uses_.files.being_written(options_file(uses_.machine))))
     return;
   Settings written;
   read_settings(*lines, uses_.codec, written);
-  uses_.settings.client_link = written.client_link;
+  if (lines->size() > link_line)
+    uses_.settings.client_link = written.client_link;
+  if (written.idh.empty())
+    return; // nobody is logged in just now
   uses_.settings.idh = written.idh;
-  uses_.settings.h = written.h;
+  if (lines->size() > check_line)
+    uses_.settings.h = written.h;
 }
 
 void SettingsFiles::read_values() {

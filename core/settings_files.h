@@ -48,7 +48,8 @@ public:
   [[nodiscard]] bool logged_in() const; // whether the client has written its login line
 
   // Reads only what the client writes: client_link, idh and h. The player's own values of this run are newer than those
-  // of the file. A file that is missing or has fewer than 24 lines changes nothing; List4 stays as it is.
+  // of the file. A line that is missing changes nothing, nor does an empty login line change idh and h; a file that is
+  // missing, or short and being written, changes nothing at all. List4 stays as it is.
   void LoadClientValues();
 
   // Reads options.ini once more, so that no line is lost that the client wrote meanwhile, replaces the player's lines

@@ -103,6 +103,63 @@ TEST_F(ClientLinkTest, ReadsWhatTheClientWroteLast) {
   EXPECT_EQ(w.settings.LTvolume, L"77");
 }
 
+TEST_F(ClientLinkTest, AShortFileGivesTheSwitchAndWhatItLacksKeepsItsValue) {
+  for (std::size_t count = 19; count < 24; ++count) {
+    auto lines = option_lines();
+    lines[5] = "#005:AAAAA:nove";
+    lines[18] = "#018:DDD:off";
+    lines.resize(count);
+    w.settings.client_link = L"on";
+    w.put(L"Orb_Data\\options.ini", joined(lines));
+    w.journal.clear();
+    link.enable_Timer1();
+    w.loop.advance(3000);
+    EXPECT_EQ(w.journal, (Journal{L"off RADIO1"})) << count;
+    EXPECT_EQ(programs.idh, L"nove");
+  }
+  auto lines = option_lines();
+  lines[5] = "#005:AAAAA:jeste novejsi";
+  lines[6] = "#006:BBBBBBB:jine";
+  w.settings.h = L"heslo";
+  for (const std::size_t count : {18U, 6U, 5U}) {
+    lines.resize(count);
+    w.put(L"Orb_Data\\options.ini", joined(lines));
+    w.journal.clear();
+    link.enable_Timer1();
+    w.loop.advance(3000);
+    EXPECT_EQ(w.journal, (Journal{L"off RADIO1"})) << "the switch is not there: " << count;
+    EXPECT_EQ(programs.idh, L"jeste novejsi");
+    EXPECT_EQ(programs.h, L"jine");
+  }
+}
+
+TEST_F(ClientLinkTest, AShortFileThatTheClientIsWritingGivesNothing) {
+  auto lines = option_lines();
+  lines[18] = "#018:DDD:o";
+  lines.resize(19);
+  w.settings.client_link = L"off";
+  w.put(L"Orb_Data\\options.ini", joined(lines));
+  w.files.set_being_written(w.path(L"Orb_Data\\options.ini"), true);
+  link.enable_Timer1();
+  w.loop.advance(3000);
+  EXPECT_EQ(w.journal, (Journal{L"off RADIO1"}));
+}
+
+TEST_F(ClientLinkTest, AnEmptyLoginLineMeanwhileChangesNothing) {
+  w.settings.idh = L"stare";
+  w.settings.h = L"heslo";
+  w.settings.client_link = L"off";
+  auto lines = option_lines();
+  lines[5] = "#005:AAAAA:";
+  lines[6] = "#006:BBBBBBB:";
+  w.put(L"Orb_Data\\options.ini", joined(lines));
+  link.enable_Timer1();
+  w.loop.advance(3000);
+  EXPECT_EQ(programs.idh, L"stare");
+  EXPECT_EQ(programs.h, L"heslo");
+  EXPECT_EQ(w.journal, (Journal{L"client", L"on RADIO1"})) << "the switch is read all the same";
+}
+
 TEST_F(ClientLinkTest, WithoutSettingsTheValuesStayAndTheReportGoes) {
   w.settings.idh = L"stare";
   w.settings.client_link = L"off";
