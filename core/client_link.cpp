@@ -31,6 +31,7 @@ void ClientLink::report() {
     return;
   const bool link_on = !equal_ignoring_case(uses_.settings.client_link, L"off");
   if (link_on) {
+    Timer2->stop(); // the reply to an earlier report is nobody's business any more
     programs->start_client();
     programs->start_report(true);
   } else {

@@ -220,6 +220,17 @@ TEST_F(ClientLinkTest, WithTheLinkOnNoReplyIsReadNorRemoved) {
   EXPECT_TRUE(reply_there());
 }
 
+TEST_F(ClientLinkTest, OnceTheLinkIsOnTheReplyToAnEarlierReportIsNotLookedFor) {
+  report_off();
+  w.set_option(18, "#018:DDD:on");
+  link.enable_Timer1();
+  w.loop.advance(3000);
+  reply("inf:zprava\r\n");
+  w.loop.advance(5000);
+  EXPECT_TRUE(w.dialogs.shown.empty());
+  EXPECT_TRUE(reply_there());
+}
+
 TEST_F(ClientLinkTest, AReplyAsksAndIsRemoved) {
   report_off();
   w.loop.advance(7000); // it keeps looking
