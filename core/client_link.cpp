@@ -65,15 +65,13 @@ void ClientLink::look_for_reply() {
 
 void ClientLink::read_reply(std::string_view bytes) {
   std::wstring new_messages;
-  int questions = 0;
   for (const std::string& line : split_text_lines(bytes)) {
     const std::wstring text = uses_.codec.decode(line);
     if (starts_with_ignoring_case(text, L"new:"))
-      new_messages = mid(text, 5, max_shown);
-    if (!starts_with_ignoring_case(text, L"inf:") || questions == max_questions)
+      new_messages = mid(text, 5);
+    if (!starts_with_ignoring_case(text, L"inf:"))
       continue;
-    ++questions;
-    ask_about(new_messages, mid(text, 5, max_shown));
+    ask_about(new_messages, mid(text, 5));
     if (uses_.loop.quitting())
       return;
   }

@@ -21,10 +21,7 @@ namespace lumotune::core {
 // User-interface thread. Failures are silent.
 class ClientLink final : public PlayReportPort {
 public:
-  // A reply asks the user so many times at most, each time with so many characters of its own.
-  static constexpr int max_questions = 20;
-  static constexpr std::size_t max_shown = 1000;
-  // A longer reply is removed unread.
+  // A longer reply is removed unread. Of the others each line that asks is shown, whole.
   static constexpr std::uint64_t max_reply_bytes = 64 * 1024;
 
   struct Uses {
