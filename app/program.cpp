@@ -12,7 +12,7 @@ Program::Program(const Platform& p, core::LumotuneForm& form)
       playback({settings, session, form, p.player, stations}),
       status({session, form, p.player, p.loop}),
       sender({p.loop, p.messages, p.shell, p.codec}),
-      commands({settings, session, form, p.loop, p.messages, p.codec, playback}),
+      commands({settings, session, form, p.loop, p.messages, p.dialogs, p.codec, playback}),
       startup({settings, session, form, p.loop, p.files, p.machine, p.messages, p.shell, p.dialogs, p.player, options,
                playback, commands, sender}),
       shutdown({session, p.loop, p.machine, p.messages, p.player, options, commands, sender}),

@@ -49,7 +49,13 @@ void ClientCommands::receive(const platform::CopyData& data) {
   bytes = bytes.substr(0, bytes.find('\0'));
   if (bytes.size() > max_command)
     return;
-  waiting_.push_back(uses_.codec.decode(bytes));
+  take(uses_.codec.decode(bytes));
+}
+
+void ClientCommands::take(const std::wstring& text) {
+  if (held_ && equal_ignoring_case(text, L"fmax") && uses_.dialogs.bring_forward())
+    return;
+  waiting_.push_back(text);
   if (!held_ && !more_->running()) // which takes this one as well
     waker_->wake();
 }
@@ -97,8 +103,10 @@ void ClientCommands::execute(const std::wstring& text) {
     remote_play(text);
   if (equal_ignoring_case(text, L"play"))
     uses_.playback.AutoStart(uses_.settings.IDlastRadio, uses_.settings.KvalitaLT);
-  if (equal_ignoring_case(text, L"fmax"))
+  if (equal_ignoring_case(text, L"fmax")) {
     chrome->FormMax();
+    (void)uses_.dialogs.bring_forward(); // the window does not answer while a box is open
+  }
 }
 
 void ClientCommands::remote_play(const std::wstring& text) {

@@ -5,6 +5,7 @@
 #include "core/playback.h"
 #include "core/ports.h"
 #include "platform/ansi_codec.h"
+#include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/window_messages.h"
 
@@ -31,6 +32,7 @@ public:
     LumotuneForm& form;
     platform::EventLoop& loop;
     platform::WindowMessages& messages;
+    platform::Dialogs& dialogs;
     const platform::AnsiCodec& codec;
     Playback& playback;
   };
@@ -43,7 +45,8 @@ public:
   void Hook(bool enable);
 
   // While the program starts, commands are taken in and wait: what the start tunes and plays comes before them, and
-  // they have the last word. `release` lets them run from the top of the loop.
+  // they have the last word. `release` lets them run from the top of the loop. Only "fmax" does not wait while the
+  // start asks something: it brings the box forward, for there is no window to be shown yet.
   void hold() { held_ = true; }
   void release();
 
@@ -53,6 +56,7 @@ public:
 private:
   void run_waiting();
   void run_more();
+  void take(const std::wstring& text);
   void execute(const std::wstring& text);
   void remote_play(const std::wstring& text);
 

@@ -21,6 +21,9 @@ public:
   Dialogs& operator=(const Dialogs&) = delete;
   virtual ~Dialogs() = default;
 
+  // Brings the box that is open to the front, with the keyboard; false when none is.
+  [[nodiscard]] virtual bool bring_forward() = 0;
+
   virtual BoxAnswer message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) = 0;
 };
 

@@ -33,15 +33,24 @@ int MemoryMessages::deliver(const std::string& bytes, std::uint32_t kind) {
   return -1;
 }
 
+bool MemoryDialogs::bring_forward() {
+  if (open_ == 0)
+    return false;
+  ++brought_forward;
+  return true;
+}
+
 BoxAnswer MemoryDialogs::message(const std::wstring& text, const std::wstring& title, BoxIcon icon,
                                  BoxButtons buttons) {
   const BoxAnswer unanswered = buttons == BoxButtons::ok ? BoxAnswer::ok : BoxAnswer::no;
   if (loop_.ending())
     return unanswered;
   shown.push_back({text, title, icon, buttons});
+  ++open_;
   modal.open();
   if (while_open)
     while_open();
+  --open_;
   if (answers.empty() || loop_.ending())
     return unanswered;
   const BoxAnswer answer = answers.front();

@@ -61,8 +61,10 @@ public:
     BoxButtons buttons = BoxButtons::ok;
   };
   explicit MemoryDialogs(const EventLoop& loop) : loop_(loop) {}
+  [[nodiscard]] bool bring_forward() override;
   BoxAnswer message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) override;
 
+  int brought_forward = 0;
   std::vector<Shown> shown;
   std::deque<BoxAnswer> answers;    // taken in turn; empty answers ok, or no to a question
   Modal modal;                      // events while a box is open, and then:
@@ -70,6 +72,7 @@ public:
 
 private:
   const EventLoop& loop_;
+  int open_ = 0;
 };
 
 class MemoryShell final : public Shell {

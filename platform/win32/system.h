@@ -21,10 +21,12 @@ public:
   [[nodiscard]] int open(const std::wstring& quoted_target) override;
 };
 
-// The end of the program closes a box as "no" does, or as "OK", and no other one opens.
+// The end of the program closes a box as "no" does, or as "OK", and no other one opens. Without a window of ours in
+// sight a box has none for its owner, and with that a button of its own in the task bar.
 class Win32Dialogs final : public Dialogs {
 public:
   Win32Dialogs(EventLoop& loop, HWND owner);
+  [[nodiscard]] bool bring_forward() override;
   BoxAnswer message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) override;
 
 private:

@@ -39,6 +39,16 @@ TEST_F(DialogsContract, EventsRunWhileABoxIsOpen) {
   EXPECT_EQ(runs, 1);
 }
 
+TEST_F(DialogsContract, ABoxThatIsOpenCanBeBroughtForward) {
+  EXPECT_FALSE(b.dialogs.bring_forward());
+  bool brought = false;
+  b.while_open([&] { brought = b.dialogs.bring_forward(); });
+  b.answer(BoxAnswer::ok);
+  (void)b.dialogs.message(L"Zpráva", L"Okno", BoxIcon::none, BoxButtons::ok);
+  EXPECT_TRUE(brought);
+  EXPECT_FALSE(b.dialogs.bring_forward());
+}
+
 TEST_F(DialogsContract, TheBeginningOfTheEndClosesABoxAndNoneOpensAfterwards) {
   int opened = 0;
   b.while_open([&] {

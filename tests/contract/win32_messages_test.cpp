@@ -140,7 +140,7 @@ TEST(Win32Messages, AFloodLeavesTheWindowAnswering) {
   core::StationLookup stations{{b.files, b.codec, b.real.machine}};
   const auto player = make_player(b.loop);
   core::Playback playback{{settings, session, form, *player, stations}};
-  core::ClientCommands commands{{settings, session, form, b.loop, b.messages, b.codec, playback}};
+  core::ClientCommands commands{{settings, session, form, b.loop, b.messages, b.real.dialogs, b.codec, playback}};
   SlowFavourites favourites;
   commands.favourites.bind(favourites);
   std::size_t got = 0;

@@ -44,6 +44,15 @@ TEST_F(ClientCommandsTest, EachAddressSaysWhereItComesFrom) {
   EXPECT_EQ(w.player.url(), L"file:///C:/x");
 }
 
+TEST_F(ClientCommandsTest, ABoxThatIsOpenComesBeforeTheWindowThatIsShown) {
+  w.dialogs.while_open = [&] { w.command("fmax"); };
+  (void)w.dialogs.message(L"Zpráva", L"Okno", platform::BoxIcon::information, platform::BoxButtons::ok);
+  EXPECT_TRUE(w.did(L"FormMax"));
+  EXPECT_EQ(w.dialogs.brought_forward, 1);
+  w.command("fmax");
+  EXPECT_EQ(w.dialogs.brought_forward, 1) << "none is open any more";
+}
+
 TEST_F(ClientCommandsTest, IsAnsweredBeforeItIsCarriedOut) {
   EXPECT_EQ(w.messages.deliver("play"), -1);
   EXPECT_FALSE(w.called(L"play"));

@@ -13,6 +13,22 @@ struct StartupTest : testing::Test {
   CoreWorld w;
 };
 
+// A skin whose load lets a command of the client's in, as the loop does between its lines.
+struct SkinDuringWhichAClientSends final : core::SkinPort {
+  SkinDuringWhichAClientSends(CoreWorld& world, std::vector<std::string> texts)
+      : w(world), commands(std::move(texts)) {}
+  void LoadSkin(const std::wstring& /*name*/) override {
+    for (const std::string& text : commands)
+      EXPECT_EQ(w.command(text), -1) << text;
+  }
+  void ZobrazCoMas(const std::wstring& text) override { look = text; }
+  void SkinVolume(int /*percent*/) override {}
+  void load_play_picture() override {}
+  CoreWorld& w;
+  std::vector<std::string> commands;
+  std::wstring look;
+};
+
 TEST_F(StartupTest, DoesItsStepsInOrder) {
   w.set_option(13, "#013:LTautoStart:1");
   EXPECT_TRUE(w.startup.Form_Load());
@@ -70,6 +86,24 @@ TEST_F(StartupTest, WithoutALoginTheClientIsStartedAndTheProgramEnds) {
   EXPECT_EQ(w.shell.started[0].show, ShowWindow::normal_focus);
   EXPECT_TRUE(w.loop.quitting());
   EXPECT_FALSE(w.did(L"LoadSkin Lumo"));
+}
+
+TEST_F(StartupTest, ASecondStartBringsTheBoxForwardAndNoEmptyWindow) {
+  w.set_option(5, "#005:AAAAA:");
+  w.dialogs.while_open = [&] { EXPECT_EQ(w.command("fmax"), -1); };
+  EXPECT_FALSE(w.startup.Form_Load());
+  EXPECT_EQ(w.dialogs.brought_forward, 1);
+  EXPECT_FALSE(w.did(L"FormMax"));
+  EXPECT_FALSE(w.window.visible());
+}
+
+TEST_F(StartupTest, ASecondStartWhileTheSkinLoadsShowsTheWindowAfterwards) {
+  SkinDuringWhichAClientSends sending(w, {"fmax"});
+  w.startup.skin.bind(sending);
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_FALSE(w.did(L"FormMax"));
+  w.loop.run_pending();
+  EXPECT_TRUE(w.did(L"FormMax"));
 }
 
 TEST_F(StartupTest, AMissingSettingsFileCountsAsNoLogin) {
@@ -215,22 +249,6 @@ TEST_F(StartupTest, AnEndDuringTheLoadEndsTheLoad) {
   EXPECT_FALSE(w.did(L"Tray")) << "an icon that nobody would remove";
   EXPECT_TRUE(w.shell.started.empty());
 }
-
-// A skin whose load lets a command of the client's in, as the loop does between its lines.
-struct SkinDuringWhichAClientSends final : core::SkinPort {
-  SkinDuringWhichAClientSends(CoreWorld& world, std::vector<std::string> texts)
-      : w(world), commands(std::move(texts)) {}
-  void LoadSkin(const std::wstring& /*name*/) override {
-    for (const std::string& text : commands)
-      EXPECT_EQ(w.command(text), -1) << text;
-  }
-  void ZobrazCoMas(const std::wstring& text) override { look = text; }
-  void SkinVolume(int /*percent*/) override {}
-  void load_play_picture() override {}
-  CoreWorld& w;
-  std::vector<std::string> commands;
-  std::wstring look;
-};
 
 TEST_F(StartupTest, WhatTheClientPlaysWhileTheSkinLoadsIsHeardAfterwards) {
   struct Case {

@@ -114,7 +114,7 @@ struct CoreWorld : MemoryPlatform {
   core::Playback playback{{settings, session, form, player, stations}};
   core::StatusDisplay status{{session, form, player, loop}};
   core::CommandSender sender{{loop, messages, shell, codec}};
-  core::ClientCommands commands{{settings, session, form, loop, messages, codec, playback}};
+  core::ClientCommands commands{{settings, session, form, loop, messages, dialogs, codec, playback}};
   core::Startup startup{{settings, session, form, loop, files, machine, messages, shell, dialogs, player, options,
                          playback, commands, sender}};
   core::Shutdown shutdown{{session, loop, machine, messages, player, options, commands, sender}};
