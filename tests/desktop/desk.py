@@ -233,8 +233,8 @@ class Desk:
         if not wait_for(lambda: not self.menus()):
             raise RuntimeError("the menu stays open")
 
-    def into_box(self, text):
-        """Types into the input box, once it waits for that."""
+    def into_box(self, text, look=None):
+        """Types into the input box, once it waits for that; what is typed can be looked at before it is sent."""
         def field():
             return self.controls("InputBox").get("Text")
         if not wait_for(lambda: (box := field()) and box.focus and not box.text):
@@ -242,6 +242,8 @@ class Desk:
         self.type(text)
         if not wait_for(lambda: (box := field()) and box.text == text):
             raise RuntimeError(f"{field().text!r} instead of {text!r} in the input box")
+        if look:
+            look()
         self.key("Return")
 
     def send(self, text):

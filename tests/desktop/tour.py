@@ -1,9 +1,10 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """A short tour of the program: prints what is heard and seen, leaves pictures, and fails when no sound flows."""
 import os
+import re
 import shutil
+import subprocess
 import sys
-import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from desk import PROBE, STATIONS, TOP, Desk, Radio, Sound, picture, wait_for, wine  # noqa: E402
@@ -38,29 +39,42 @@ class Tour:
         picture(os.path.join(self.folder, f"{self.pictures:02}-{name}.png"))
 
     def hear(self, station, text):
-        heard = wait_for(lambda: Sound.loudest() == station.hertz, 20)
+        heard = wait_for(lambda: Sound.loudest() == station.hertz)
         self.check(heard, f"{text}, {station.hertz} Hz heard", f"NO SOUND: {text}")
 
-    def menu(self, name, *, keys=(), opened=True):
-        """A picture of the menu that was just opened, which is then closed."""
-        menus = wait_for(self.desk.menus, 5)
-        if keys:
+    def menu(self, name, *, keys=()):
+        """A picture of the menu that was just opened, and of the one that the keys open in it; both are then closed."""
+        seen = wait_for(self.desk.menus)
+        if seen and keys:
             self.desk.key(*keys)
-        time.sleep(0.4)
+            seen = wait_for(lambda: len(self.desk.menus()) == 2)
+        self.painted(self.desk.menus())
         self.show(name)
-        self.check(bool(menus) == opened, f"menu seen: {name}", f"NO MENU: {name}")
-        for _ in range(4):
-            if not self.desk.menus():
-                break
-            wine(PROBE, "cancel")
-            time.sleep(0.3)
+        self.check(seen, f"menu seen: {name}", f"NO MENU: {name}")
+        def closed():
+            if self.desk.menus():
+                wine(PROBE, "cancel")
+            return not self.desk.menus()
+        wait_for(closed)
+
+    @staticmethod
+    def painted(places):
+        """These parts of the screen have been drawn: they look the same twice, and not of one colour."""
+        def shots():
+            return [subprocess.run(["import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "rgb:-"],
+                                   capture_output=True, check=False).stdout for left, top, width, height in places]
+
+        def still():
+            first = shots()
+            return all(len(set(shot)) > 3 for shot in first) and first == shots()
+        wait_for(still)
 
     def box(self, text, name):
-        seen = wait_for(lambda: any(text in part for box in self.desk.boxes() for part in box), 10)
+        seen = wait_for(lambda: any(text in part for box in self.desk.boxes() for part in box))
         self.show(name)
         self.check(seen, f"box seen: '{text}'", f"NO BOX: '{text}'")
         self.desk.press("OK")
-        time.sleep(0.5)
+        wait_for(lambda: not any(text in part for box in self.desk.boxes() for part in box))
 
     def in_directory(self, name):
         return self.desk.controls("ListRadios")[name]
@@ -70,7 +84,7 @@ class Tour:
         desk.start()
         first = STATIONS[0]
         self.hear(first, "the last station plays")
-        wait_for(lambda: desk.text("InfoTime"), 5)
+        wait_for(lambda: desk.text("InfoTime"))
         now = desk.controls()
         self.say(f"seen: name '{now['InfoName'].text}', time '{now['InfoTime'].text}', status '{now['InfoStatus'].text}'")
         self.good &= now["InfoName"].text == first.name
@@ -78,10 +92,8 @@ class Tour:
         desk.click("Control_Menu")
         self.menu("menu")
         desk.click("Control_Menu")
-        time.sleep(0.4)
         self.menu("menu-settings", keys=["Down"] * 11 + ["Right"])
         desk.click("Control_Menu")
-        time.sleep(0.4)
         self.menu("menu-skins", keys=["Down"] * 10 + ["Right"])
         self.skins(first)
         self.console()
@@ -90,9 +102,9 @@ class Tour:
         desk.click("InfoName")
         self.menu("menu-station", keys=["Down"] * 5 + ["Right"])
         desk.click("Control_Play")
-        silent = wait_for(lambda: Sound.loudest() == 0, 5)
+        silent = wait_for(lambda: Sound.loudest() == 0)
         self.check(silent, "stopped by the mouse, silence", "NOT SILENT after stop")
-        wait_for(lambda: desk.visible("Control_List"), 5)
+        wait_for(lambda: desk.visible("Control_List"))
         self.check(len(desk.items()) == 3, f"favourites listed: {len(desk.items())}", f"FAVOURITES: {desk.items()}")
         self.show("favourites")
         desk.click_at(desk.favourite_place(1), 3)
@@ -104,10 +116,7 @@ class Tour:
         for place, name, size, file in ((0, "Denní", (560, 124), "skin-light"), (2, "Sloupek", (200, 420), "skin-tall"),
                                         (1, "Lumo", (420, 232), "skin-lumo")):
             desk.click("Control_Menu")
-            wait_for(desk.menus, 5)
-            desk.key(*["Down"] * 10, "Right")
-            wait_for(lambda: len(desk.menus()) == 2, 5)
-            desk.key(*["Down"] * place, "Return")
+            desk.in_menu(*["Down"] * 10, "Right", *["Down"] * place, "Return")
             changed = wait_for(lambda: (desk.form().width, desk.form().height) == size, 10)  # pylint: disable=cell-var-from-loop
             self.check(changed, f"the skin is changed to '{name}' while '{station.name}' plays", f"THE SKIN IS NOT '{name}'")
             self.hear(station, "it plays on")
@@ -115,32 +124,27 @@ class Tour:
 
     def console(self):
         self.desk.click("Control_Menu")
-        time.sleep(0.4)
-        self.desk.key(*["Down"] * 11, "Right", "Down", "Down", "Return")
-        time.sleep(0.6)
-        self.desk.type("help")
-        self.show("console")
-        self.desk.key("Return")
+        self.desk.in_menu(*["Down"] * 11, "Right", "Down", "Down", "Return")
+        self.desk.into_box("help", lambda: self.show("console"))
         self.box("vol=(hodnota 0 - 100)", "box-console-help")
 
     def browsing(self):
         desk = self.desk
         self.server.set(seconds="4")
         desk.click("Control_Sat")
-        wait_for(lambda: self.in_directory("Label1").text.startswith("Aktualizuji seznam rádií ("), 15)
-        time.sleep(1)
+        wait_for(lambda: re.search(r"\([1-9][0-9]+%\)|Hotovo", self.in_directory("Label1").text))
         self.show("directory-download")
         self.say(f"the directory is downloaded: '{self.in_directory('Label1').text}'")
-        done = wait_for(lambda: self.in_directory("Label1").text == "Hotovo, připraven...", 30)
+        done = wait_for(lambda: self.in_directory("Label1").text == "Hotovo, připraven...")
         self.check(done, f"stations in the directory: {len(desk.rows())}", "THE DOWNLOAD DOES NOT END")
-        wait_for(lambda: self.in_directory("InfoPanel").text.endswith("."), 15)
+        wait_for(lambda: self.in_directory("InfoPanel").text.endswith("."))
         self.show("directory")
         desk.click_at(next(node for node in desk.nodes() if node.text == "Slovenské rádiá").place)
-        wait_for(lambda: self.in_directory("Label1").text.startswith("Zobrazeno"), 5)
+        wait_for(lambda: self.in_directory("Label1").text.startswith("Zobrazeno"))
         self.say(f"a category is chosen: '{self.in_directory('Label1').text}'")
         station = STATIONS[5]
         desk.click_at(next(row for row in desk.rows() if row.text == station.name).place)
-        wait_for(lambda: self.in_directory("Label2").text == station.name, 5)
+        wait_for(lambda: self.in_directory("Label2").text == station.name)
         self.show("directory-details")
         desk.click_at(next(row for row in desk.rows() if row.text == station.name).place, 3)
         self.menu("menu-directory")
@@ -150,28 +154,25 @@ class Tour:
         desk.click("Label5", window="ListRadios")
         self.menu("menu-add")
         desk.click("Label5", window="ListRadios")
-        time.sleep(0.5)
-        desk.key("Up", "Return")
+        desk.in_menu("Up", "Return")
         self.box("Zvolte kvalitu úměrnou k rychlosti", "box-quality-advice")
         desk.click("Label5", window="ListRadios")
-        time.sleep(0.5)
-        desk.key("Down", "Return")
+        desk.in_menu("Down", "Return")
         self.box("Rádio bylo přidáno k oblíbeným.", "box-favourite-added")
         desk.click("Label7", window="ListRadios")
-        time.sleep(0.5)
-        desk.key("Down", "Return")
+        desk.in_menu("Down", "Return")
         self.hear(station, f"'{station.name}' of the directory plays")
         desk.close_window("ListRadios")
-        wait_for(lambda: "Form" not in desk.controls("ListRadios"), 5)
+        wait_for(lambda: "Form" not in desk.controls("ListRadios"))
         self.show("directory-closed")
 
     def companions(self):
         desk = self.desk
         desk.click("Control_Rec")
-        started = wait_for(lambda: "OrbRecorder.exe" in desk.log("OrbRecorder"), 10)
+        started = wait_for(lambda: "OrbRecorder.exe" in desk.log("OrbRecorder"))
         self.check(started, "the recorder is told: " + desk.log("OrbRecorder").strip().rpartition("line=")[2].rpartition("\\")[2],
                    "THE RECORDER IS NOT STARTED")
-        reported = wait_for(self.server.reports, 10)
+        reported = wait_for(self.server.reports)
         self.check(reported, "the community hears what plays", "NO REPORT of what plays")
 
     def storms(self):
@@ -180,7 +181,7 @@ class Tour:
         self.hear(second, f"the client tunes '{second.name}'")
         self.show("tuned-by-the-client")
         self.radio.stop()
-        lost = wait_for(lambda: (desk.text("InfoStatus") or "").startswith(("Spojení ztraceno", "Stanice neodpovídá")), 25)
+        lost = wait_for(lambda: (desk.text("InfoStatus") or "").startswith(("Spojení ztraceno", "Stanice neodpovídá")))
         self.check(lost, f"the radio goes away: '{desk.text('InfoStatus')}'", "A LOST RADIO IS NOT TOLD")
         self.show("radio-gone")
         self.radio.start()
@@ -189,15 +190,16 @@ class Tour:
     def window(self):
         desk = self.desk
         desk.click("LineMenu_OnTop")
+        wait_for(lambda: desk.form().topmost)
         self.show("always-on-top")
         desk.click("LineMenu_Min")
-        hidden = not desk.form().visible
+        hidden = wait_for(lambda: not desk.form().visible)
         self.check(hidden, "hidden in the tray", "NOT HIDDEN")
         self.show("hidden-in-the-tray")
-        desk.click_at(wait_for(Program.tray_icon, 10), 3)
+        desk.click_at(wait_for(Program.tray_icon), 3)
         self.menu("menu-tray")
         desk.second()
-        back = wait_for(lambda: desk.form().visible, 5)
+        back = wait_for(lambda: desk.form().visible)
         self.check(back, "a second start brings it back", "A SECOND START DOES NOT BRING IT BACK")
         desk.click("LineMenu_End")
         self.check(desk.ended(), f"ended, settings saved: {desk.options()[12]}", "DOES NOT END")
