@@ -75,9 +75,13 @@ TEST(SkinFile, TakesEveryKindOfLineEnd) {
 }
 
 TEST(SkinFile, AHugeLineHasFewFields) {
-  const auto line = SkinLine::parse(std::wstring(1'000'000, L'|'));
+  std::wstring huge;
+  for (int i = 0; i < 500'000; ++i)
+    huge += L"x|";
+  const auto line = SkinLine::parse(huge);
   ASSERT_TRUE(line);
-  EXPECT_EQ(line->field(70), L"");
+  EXPECT_EQ(line->field(63), L"x");
+  EXPECT_EQ(line->field(64), L"");
 }
 
 } // namespace
