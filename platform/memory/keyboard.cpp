@@ -8,9 +8,8 @@
 namespace lumotune::platform::memory {
 
 // One without a size cannot be seen.
-bool Keyboard::reachable(const Control& control) {
-  const TwipsRect place = control.rect();
-  return control.visible() && control.enabled() && place.width > 0 && place.height > 0;
+bool Keyboard::reachable(const Control& control) const {
+  return control.visible() && control.enabled() && unsized_.count(&control) == 0;
 }
 
 // Where the keyboard can go, and `from`, in reading order.
@@ -34,7 +33,8 @@ void Keyboard::window_active(bool active) {
   if (!active)
     return;
   if (at_ == nullptr) {
-    const auto first = std::find_if(stops_.begin(), stops_.end(), [](const auto* each) { return reachable(*each); });
+    const auto first =
+        std::find_if(stops_.begin(), stops_.end(), [this](const auto* each) { return reachable(*each); });
     at_ = first == stops_.end() ? nullptr : *first;
   } else if (!reachable(*at_)) {
     leave(*at_);
@@ -62,6 +62,14 @@ void Keyboard::leave(const Control& control) {
   const auto here = static_cast<std::size_t>(std::find(order.begin(), order.end(), &control) - order.begin());
   stand_in_ = order.size() < 2 ? nullptr : order[(here + 1) % order.size()];
   at_ = stand_in_;
+}
+
+void Keyboard::resized(const Control& control, bool to_something) {
+  if (to_something)
+    unsized_.erase(&control);
+  else
+    unsized_.insert(&control);
+  reach_changed(control);
 }
 
 void Keyboard::reach_changed(const Control& control) {

@@ -4,6 +4,7 @@
 
 #include "platform/controls.h"
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,14 +25,16 @@ public:
   void window_active(bool active);
   [[nodiscard]] bool active() const { return active_; }
   void tab(bool back);
-  void reach_changed(const Control& control); // it was shown, hidden, enabled, disabled or resized
+  void reach_changed(const Control& control); // it was shown, hidden, enabled or disabled
+  void resized(const Control& control, bool to_something);
 
 private:
-  [[nodiscard]] static bool reachable(const Control& control);
+  [[nodiscard]] bool reachable(const Control& control) const;
   [[nodiscard]] std::vector<const Control*> round(const Control* from) const;
   void leave(const Control& control);
 
   std::vector<const Control*> stops_;
+  std::set<const Control*> unsized_; // were made as small as nothing
   const Control* at_ = nullptr;
   const Control* awaited_ = nullptr; // went out of reach with the keyboard, which waits for it at the stand-in
   const Control* stand_in_ = nullptr;

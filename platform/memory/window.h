@@ -43,7 +43,7 @@ public:
     rect_.width = width < 0 ? 0 : width;
     rect_.height = height < 0 ? 0 : height;
     if (keyboard_ != nullptr)
-      keyboard_->reach_changed(*this);
+      keyboard_->resized(*this, rect_.width > 0 && rect_.height > 0);
   }
   [[nodiscard]] TwipsRect rect() const override { return rect_; }
   void set_text(const std::wstring& text) override { text_ = text; }

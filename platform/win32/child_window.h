@@ -50,8 +50,9 @@ public:
   [[nodiscard]] HWND handle() const { return window_; }
   [[nodiscard]] bool shown() const { return shown_; }
   [[nodiscard]] const TwipsRect& place() const { return place_; }
-  virtual void dpi_changed();       // the fonts are others, too
-  virtual void colours_changed() {} // those of the system
+  [[nodiscard]] bool sized() const { return sized_; } // it was not made as small as nothing
+  virtual void dpi_changed();                         // the fonts are others, too
+  virtual void colours_changed() {}                   // those of the system
   // Messages that the control's class sends to its parent.
   virtual void draw(HDC /*target*/, const RECT& /*area*/) {}
   virtual void notified(WORD /*code*/) {}
@@ -84,6 +85,7 @@ protected:
   HWND window_ = nullptr;
   TwipsRect place_;
   bool shown_ = true;
+  bool sized_ = true;
 
 private:
   void settle();
@@ -118,14 +120,15 @@ public:
   void resize(int width, int height) override {
     width = width < 0 ? 0 : width;
     height = height < 0 ? 0 : height;
-    if (place_.width == width && place_.height == height)
-      return;
-    const bool could_be_seen = place_.width > 0 && place_.height > 0;
-    place_.width = width;
-    place_.height = height;
-    apply_place();
-    if (could_be_seen != (width > 0 && height > 0))
-      reach_changed(!could_be_seen);
+    const bool sized_before = sized_;
+    sized_ = width > 0 && height > 0;
+    if (place_.width != width || place_.height != height) {
+      place_.width = width;
+      place_.height = height;
+      apply_place();
+    }
+    if (sized_before != sized_)
+      reach_changed(sized_);
   }
   [[nodiscard]] TwipsRect rect() const override { return place_; }
   void set_text(const std::wstring& text) override {

@@ -11,8 +11,7 @@ namespace {
 // One without a size cannot be seen.
 bool can_take_keyboard(const ChildWindow& child) {
   const LONG_PTR style = GetWindowLongPtrW(child.handle(), GWL_STYLE);
-  return (style & WS_TABSTOP) != 0 && (style & WS_DISABLED) == 0 && child.shown() && child.place().width > 0 &&
-         child.place().height > 0;
+  return (style & WS_TABSTOP) != 0 && (style & WS_DISABLED) == 0 && child.shown() && child.sized();
 }
 
 LRESULT dialog_code(HWND control) {

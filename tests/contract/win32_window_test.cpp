@@ -68,7 +68,7 @@ TEST_F(Win32Only, TabSpaceAndEnterReachTheButtons) {
   b.window.resize(6000, 3000);
   b.window.set_visible(true);
   for (platform::Control* control :
-       std::initializer_list<platform::Control*>{&form.Control_Play, &form.Control_List, &form.InfoNaladit}) {
+       {static_cast<platform::Control*>(&form.Control_Play), static_cast<platform::Control*>(&form.InfoNaladit)}) {
     control->resize(600, 300);
     control->set_enabled(true);
   }
