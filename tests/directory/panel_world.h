@@ -8,28 +8,17 @@
 #include "platform/memory/files.h"
 #include "platform/memory/framed_window.h"
 #include "platform/memory/messages.h"
+#include "tests/support/directory_world.h"
 #include "tests/support/memory_platform.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <string>
-#include <vector>
 
 namespace lumotune::directory {
 
-struct Pages final : WebPort {
-  [[nodiscard]] bool OpenUrl(const std::wstring& address) override {
-    opened.push_back(address);
-    return !refuses;
-  }
-  [[nodiscard]] bool open_station_web(const std::wstring& address) override {
-    opened.push_back(L"station " + address);
-    return !refuses;
-  }
-  bool refuses = false;
-  std::vector<std::wstring> opened;
-};
+using Pages = test::RecordingWeb;
 
 struct Scrambler final : skin::IdentitySource {
   std::wstring Heslo(const std::wstring& text) override {
