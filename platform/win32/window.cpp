@@ -206,18 +206,22 @@ WindowState Win32Window::state() const {
 }
 
 // Just after it was shown, or brought back into view, a window may be put somewhere else by a window manager that did
-// not ask the user: it goes back. Whatever else moves it is right: the user, and tools, which are other programs and
-// send their wish.
+// not ask the user: it goes back. A busy one takes longer to answer a new screen; what it then leaves in sight is no
+// more than a corner. Whatever else moves the window is right: the user, and tools, which are other programs and send
+// their wish.
 void Win32Window::note_place() {
   RECT place{};
   constexpr LONG far_off = -30000; // where a minimised window is kept
   constexpr DWORD settling_ms = 400;
+  constexpr DWORD settling_on_screen_ms = 10000;
   if (!placed_ || IsIconic(window_) != 0 || GetWindowRect(window_, &place) == 0 || place.left <= far_off ||
       place.top <= far_off)
     return;
-  const bool settling = visible() && !dragging_ && GetTickCount() - settling_since_ < settling_ms &&
-                        InSendMessageEx(nullptr) == ISMEX_NOSEND;
-  if (!settling)
+  const bool unasked = visible() && !dragging_ && InSendMessageEx(nullptr) == ISMEX_NOSEND;
+  const DWORD now = GetTickCount();
+  const bool settling = now - settling_since_ < settling_ms || (now - came_into_view_ < settling_on_screen_ms &&
+                                                                !mostly_in_view(area_at({place.left, place.top})));
+  if (!unasked || !settling)
     place_ = {place.left, place.top};
   else if (place.left != place_.x || place.top != place_.y)
     SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -283,7 +287,7 @@ void Win32Window::come_into_view() {
   if (in_view(area, pixels(piece_to_hold, dpi_)) && (chosen || mostly_in_view(area)))
     return;
   place_ = place_in_view(area);
-  settling_since_ = GetTickCount(); // a window manager answers a new screen with a place of its own
+  came_into_view_ = settling_since_ = GetTickCount(); // a window manager answers a new screen with a place of its own
   if (placed_ && IsIconic(window_) == 0)
     SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

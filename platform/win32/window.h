@@ -76,6 +76,7 @@ private:
   std::wstring background_path_;
   bool topmost_ = false;
   DWORD settling_since_ = 0;    // tick count
+  DWORD came_into_view_ = 0;    // tick count
   RECT screen_{};               // of all monitors: corner and size
   bool screen_changed_ = false; // since it last came into view
   bool dragging_ = false;
