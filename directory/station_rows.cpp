@@ -48,7 +48,7 @@ std::wstring StationRows::key(std::size_t row) const {
 
 std::size_t StationRows::find(const std::wstring& IDradia) const {
   const auto id = core::exact_bytes(codec_, IDradia);
-  return id.has_value() ? keys_.find(*id) : 0;
+  return id.has_value() && !id->empty() ? keys_.find(*id) : 0;
 }
 
 void StationRows::clear() {

@@ -34,9 +34,10 @@ public:
   // stations whose category code goes on so after six characters, another text those whose code begins so.
   void ZobrazKategoriiRadii(const std::shared_ptr<const StationLines>& List1, std::wstring& Kategorie);
 
-  [[nodiscard]] std::wstring key(std::size_t row) const;             // empty outside 1..count
-  [[nodiscard]] std::string_view line(std::size_t row) const;        // the same
-  [[nodiscard]] std::size_t find(const std::wstring& IDradia) const; // the station's row, 0 when it is not shown
+  [[nodiscard]] std::wstring key(std::size_t row) const;      // empty outside 1..count
+  [[nodiscard]] std::string_view line(std::size_t row) const; // the same
+  // The station's row, 0 when it is not shown. An empty identifier is no station's.
+  [[nodiscard]] std::size_t find(const std::wstring& IDradia) const;
 
 private:
   void PridejDoSeznamu(std::size_t line_number);

@@ -172,6 +172,21 @@ TEST_F(StationListTest, ReloadingListsEverythingFirstOnlyWithoutATree) {
   EXPECT_EQ(tree.count(), 2U);
 }
 
+TEST_F(StationListTest, AnUpdateSelectsNoOtherRowWithoutAnIdentifier) {
+  put(L"radios.tt", station("RADIO1", "100001") + "/@/Bez/@//@//@//@/100001\r\n");
+  put(L"kategories.tt", "new//100000/@/A\r\n");
+  load(false);
+  stations->NactiKategorie();
+  (void)list.user_pick(2, platform::MouseButton::left);
+  ASSERT_EQ(stations->selected_text(), L"Bez");
+  put(L"radios.tt", "/@/Jina/@//@//@//@/100001\r\n" + station("RADIO1", "100001"));
+  stations->reload();
+  EXPECT_EQ(list.count(), 2U);
+  EXPECT_EQ(list.selected(), 0U);
+  stations->select_station(L"");
+  EXPECT_EQ(list.selected(), 0U);
+}
+
 TEST_F(StationListTest, TheListLetsGoOfItsRowsWithThem) {
   load(false);
   stations.reset();
