@@ -89,7 +89,9 @@ void Actions::Label9_Click() {
 }
 
 void Actions::Label4_Click() {
-  tell_refused(uses_.form, uses_.web->open_station_web(uses_.form.Label4.text()));
+  const std::wstring address = uses_.form.Label4.text();
+  if (address.find_first_not_of(L" \t") != std::wstring::npos)
+    tell_refused(uses_.form, uses_.web->open_station_web(address));
 }
 
 void Actions::WebRadia_Click() {

@@ -172,6 +172,17 @@ TEST_F(ListRadiosActions, OpensWebPages) {
                                L"http://server/login/idhhodnota/" + identity.Heslo(L"tajne") + L"//1"}));
 }
 
+TEST_F(ListRadiosActions, AStationWithoutAWebAddressHasNothingToOpen) {
+  label(L"Label1").set_text(L"");
+  web.refuses = true;
+  for (const wchar_t* blank : {L"", L" ", L" \t "}) {
+    label(L"Label4").set_text(blank);
+    (void)label(L"Label4").user_click();
+    EXPECT_TRUE(web.opened.empty());
+    EXPECT_EQ(status(), L"");
+  }
+}
+
 TEST_F(ListRadiosActions, ARefusedAddressIsToldInTheStatusLine) {
   const std::wstring told = L"Tuto adresu nelze otevřít, není to webová stránka.";
   (void)list().user_pick(1, MouseButton::left);
