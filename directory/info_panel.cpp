@@ -43,6 +43,8 @@ InfoPanelLine::InfoPanelLine(const Uses& uses)
     : uses_(uses), TimerInPan(uses.loop.make_timer(1, [this] { TimerInPan_Timer(); })) {}
 
 void InfoPanelLine::ZobrazInfoPanel(const std::wstring& CommandsG) {
+  if (closed_)
+    return;
   auto& line = uses_.form.InfoPanel;
   {
     const Layout::Hold hold(uses_.layout);
@@ -51,6 +53,8 @@ void InfoPanelLine::ZobrazInfoPanel(const std::wstring& CommandsG) {
     uses_.form.ImageInPan.set_visible(true);
   }
   uses_.loop.run_pending();
+  if (closed_)
+    return;
   const auto fields = core::split_record(CommandsG);
   line.set_bold(fields[0] == L"1");
   if (const auto colour = number_of(fields, 1, largest_colour))
@@ -72,6 +76,11 @@ void InfoPanelLine::ZobrazInfoPanel(const std::wstring& CommandsG) {
   typing_position_ = 0;
   line.set_text(L"");
   TimerInPan->start();
+}
+
+void InfoPanelLine::close() {
+  closed_ = true;
+  TimerInPan->stop();
 }
 
 void InfoPanelLine::TimerInPan_Timer() {

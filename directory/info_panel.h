@@ -54,7 +54,7 @@ public:
   void InfoPanel_MouseMove() { uses_.form.InfoPanel.set_underline(true); }
   void InfoPanel_MouseDown() { uses_.form.InfoPanel.set_underline(false); }
   void ImageInPan_MouseMove() { uses_.form.InfoPanel.set_underline(false); }
-  void stop() { TimerInPan->stop(); }
+  void close(); // what was being typed stops, and no order is taken any more
 
 private:
   void TimerInPan_Timer();
@@ -68,6 +68,7 @@ private:
   std::wstring panel_action_;
   std::wstring panel_parameter_;
   std::size_t typing_position_ = 0;
+  bool closed_ = false;
 };
 
 } // namespace lumotune::directory

@@ -60,7 +60,7 @@ bool ListRadios::Form_Load() {
 void ListRadios::Form_Unload() {
   closed_ = true;
   updater_.close();
-  panel_.stop();
+  panel_.close();
   window_->set_visible(false);
 }
 
@@ -79,6 +79,16 @@ void ListRadios::NajdiIndexRadia(const std::wstring& IDradia) {
   list_.select_station(IDradia);
   details_.show_all();
   details_.NactiInfoRadio();
+}
+
+void ListRadios::ZobrazReklamu(const std::wstring& text) {
+  if (!closed_)
+    advert_.take_order(text);
+}
+
+void ListRadios::orders_end() {
+  if (!closed_)
+    advert_.request_page();
 }
 
 void ListRadios::set_texts() {

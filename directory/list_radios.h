@@ -72,10 +72,11 @@ public:
   [[nodiscard]] bool in_use() const { return in_use_ != 0; }
   std::function<void()> on_unload; // the user closed it; called after Form_Unload
 
-  // What the downloaded list says beside its stations.
-  void ZobrazReklamu(const std::wstring& text) override { advert_.take_order(text); }
+  // What the downloaded list says beside its stations. An information line lets events run: what follows once the
+  // window is closed is ignored.
+  void ZobrazReklamu(const std::wstring& text) override;
   void ZobrazInfoPanel(const std::wstring& text) override { panel_.ZobrazInfoPanel(text); }
-  void orders_end() override { advert_.request_page(); }
+  void orders_end() override;
 
 private:
   void LoadOptions(); // the server address

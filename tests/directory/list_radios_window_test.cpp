@@ -297,6 +297,39 @@ TEST_F(ListRadiosWindow, ClosingWhileTheListIsConvertedIsHarmless) {
   EXPECT_EQ(names(), Names{L"Nová"});
 }
 
+TEST_F(ListRadiosWindow, AClosedWindowTakesNoFurtherOrders) {
+  directory.Naladit();
+  serve("orb:r:1050/@/9000/@/1/@/http://server/1\r\norb:i:0/@//@/10/@/Zpr\xe1va\r\n"
+        "orb:r:1050/@/9000/@/1/@/http://server/2\r\norb:i:0/@//@/10/@/Druh\xe1\r\n");
+  bool closing = false;
+  bool looked = false;
+  const auto look = [&] { // before the closed window is destroyed
+    looked = true;
+    EXPECT_EQ(label(L"InfoPanel").text(), L"") << "nothing is typed";
+    EXPECT_TRUE(part<platform::memory::MemoryBrowser>(L"WebBrowser1").visited.empty());
+    EXPECT_FALSE(window_shown().visible());
+  };
+  int height = 0;
+  files.before_read = [&](const std::wstring& path) {
+    if (closing || !path.ends_with(L"seznam.tt"))
+      return;
+    closing = true;
+    loop.at(0, [&] {
+      window_shown().user_resize(9000, 9900);
+      window_shown().user_close();
+      height = window_shown().rect().height;
+      loop.at(50, [&] {
+        look();
+        EXPECT_EQ(window_shown().rect().height, height);
+      });
+    });
+  };
+  part<platform::memory::MemoryButton>(L"Command1").press();
+  loop.advance(2000);
+  EXPECT_TRUE(looked);
+  EXPECT_FALSE(directory.open());
+}
+
 TEST_F(ListRadiosWindow, LinksAreUnderlinedUnderTheMouse) {
   directory.Naladit();
   const std::array links{L"Label5", L"Label6", L"Label7", L"Label9", L"Label10", L"Label4"};
