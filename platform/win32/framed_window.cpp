@@ -267,6 +267,8 @@ void Win32FramedWindow::set_normal_place(const RECT& place) {
   WINDOWPLACEMENT changed = placement();
   changed.rcNormalPosition = place;
   OffsetRect(&changed.rcNormalPosition, -count_from_.x, -count_from_.y);
+  if (!visible())
+    changed.showCmd = SW_HIDE; // the state that was read would show the window
   SetWindowPlacement(window_, &changed);
 }
 

@@ -114,6 +114,32 @@ TEST_F(FramedWindowContract, ASizeGivenMeanwhileIsTakenWhenItComesBack) {
   EXPECT_GE(told, 1);
 }
 
+TEST_F(FramedWindowContract, ASizeShowsNoHiddenWindow) {
+  window->resize(6000, 4500);
+  for (const bool icon : {false, true}) {
+    window->set_visible(true);
+    b.pass(250); // a window manager has its say first
+    if (icon)
+      b.minimize(*window);
+    else
+      b.maximize(*window);
+    const int inside = window->client_width();
+    window->set_visible(false);
+    window->resize(icon ? 6300 : 7500, 5250);
+    EXPECT_FALSE(window->visible()) << icon;
+    b.pass(250);
+    EXPECT_FALSE(window->visible()) << icon;
+    EXPECT_EQ(window->minimized(), icon);
+    EXPECT_EQ(window->client_width(), inside) << "the state is kept";
+    EXPECT_EQ(window->rect().width, icon ? 6300 : 7500);
+    window->set_visible(true);
+    EXPECT_TRUE(b.until([this] { return window->visible() && !window->minimized(); })) << icon;
+    b.restore(*window);
+    EXPECT_TRUE(b.until([&] { return window->rect().width == (icon ? 6300 : 7500); })) << icon;
+    EXPECT_EQ(window->rect().height, 5250);
+  }
+}
+
 TEST_F(FramedWindowContract, ItsFrameIsKnownInEveryState) {
   window->resize(6000, 4500);
   window->set_visible(true);
