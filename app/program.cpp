@@ -9,7 +9,7 @@ Program::Program(const Platform& p, core::LumotuneForm& form)
     : error_log({p.files, p.codec, p.machine}),
       options({p.files, p.codec, p.machine, p.loop, p.window, error_log, settings, session}),
       stations({p.files, p.codec, p.machine}),
-      playback({settings, session, form, p.player, stations}),
+      playback({settings, session, form, p.player, stations, p.loop}),
       status({session, form, p.player, p.loop}),
       sender({p.loop, p.messages, p.shell, p.codec}),
       commands({settings, session, form, p.loop, p.messages, p.dialogs, p.codec, playback}),

@@ -24,10 +24,12 @@ std::wstring ClientLink::reply_file() const {
 }
 
 void ClientLink::report() {
+  if (uses_.loop.ending())
+    return;
   uses_.options.LoadClientValues();
   uses_.options.LoadOptionsServer();
   uses_.loop.run_pending();
-  if (uses_.loop.quitting())
+  if (uses_.loop.ending())
     return;
   const bool link_on = !equal_ignoring_case(uses_.settings.client_link, L"off");
   if (link_on) {
@@ -37,7 +39,7 @@ void ClientLink::report() {
   } else {
     (void)uses_.files.remove(reply_file()); // there may be none
     uses_.loop.run_pending();
-    if (uses_.loop.quitting())
+    if (uses_.loop.ending())
       return;
     programs->start_report(false);
     Timer2->start();
@@ -46,10 +48,14 @@ void ClientLink::report() {
 }
 
 void ClientLink::look_for_reply() {
+  if (uses_.loop.ending())
+    return;
   if (!uses_.files.exists(reply_file()) || uses_.files.being_written(reply_file()))
     return;
   Timer2->stop();
   uses_.loop.run_pending();
+  if (uses_.loop.ending())
+    return;
   const bool too_long = uses_.files.size(reply_file()).value_or(0) > max_reply_bytes;
   std::string bytes;
   if (!too_long && !uses_.files.read_at_most(reply_file(), bytes, max_reply_bytes)) {
@@ -58,6 +64,8 @@ void ClientLink::look_for_reply() {
   }
   read_reply(bytes);
   uses_.loop.run_pending();
+  if (uses_.loop.ending())
+    return; // perhaps with questions that nobody saw
   // A report that was made meanwhile has its own reply coming, which is not to be lost.
   if (!Timer2->running())
     (void)uses_.files.remove(reply_file()); // the next report removes what cannot be removed now
@@ -72,7 +80,7 @@ void ClientLink::read_reply(std::string_view bytes) {
     if (!starts_with_ignoring_case(text, L"inf:"))
       continue;
     ask_about(new_messages, mid(text, 5));
-    if (uses_.loop.quitting())
+    if (uses_.loop.ending())
       return;
   }
 }
@@ -81,7 +89,7 @@ void ClientLink::ask_about(const std::wstring& new_messages, std::wstring_view t
   const std::wstring question = new_messages + L"\r\n" + std::wstring(text) + L"\r\n\r\nChcete zapnout Orb klienta?";
   const auto answer = uses_.dialogs.message(question, L"Nepřečtené zprávy na Orb", platform::BoxIcon::information,
                                             platform::BoxButtons::yes_no);
-  if (answer == platform::BoxAnswer::yes && !uses_.loop.quitting())
+  if (answer == platform::BoxAnswer::yes && !uses_.loop.ending())
     uses_.sender.SendCommand(client_program, client_caption, L"lt:" + uses_.settings.IDlastRadio, L"1");
 }
 

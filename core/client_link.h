@@ -18,7 +18,7 @@
 
 namespace lumotune::core {
 
-// User-interface thread. Failures are silent.
+// User-interface thread. Failures are silent. Once the program ends nothing is reported, asked or removed.
 class ClientLink final : public PlayReportPort {
 public:
   // A longer reply is removed unread. Of the others each line that asks is shown, whole.

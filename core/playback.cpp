@@ -39,6 +39,8 @@ void Playback::PripravHrani(std::wstring URL, platform::AddressOrigin origin) {
 }
 
 void Playback::Play() {
+  if (uses_.loop.ending())
+    return;
   uses_.player.play();
   set_play_caption(caption_stop);
   skin->ZobrazCoMas(uses_.form.PlayTL.text());

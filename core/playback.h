@@ -7,6 +7,7 @@
 #include "core/ports.h"
 #include "core/session.h"
 #include "core/station_lookup.h"
+#include "platform/event_loop.h"
 #include "platform/media_player.h"
 
 #include <string>
@@ -22,6 +23,7 @@ public:
     LumotuneForm& form;
     platform::MediaPlayer& player; // WindowsMediaPlayer1
     StationLookup& stations;
+    const platform::EventLoop& loop;
   };
   explicit Playback(const Uses& uses) : uses_(uses) {}
 
@@ -37,7 +39,7 @@ public:
   // Another address than the one that plays ends what plays: the window then shows the stopped state, its list as it
   // is.
   void PripravHrani(std::wstring URL, platform::AddressOrigin origin = platform::AddressOrigin::station);
-  void Play();
+  void Play(); // not once the program ends
   void PlayStop();
   // Prepares and plays.
   void PlayAll(const std::wstring& URL, platform::AddressOrigin origin = platform::AddressOrigin::station);

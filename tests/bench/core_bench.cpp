@@ -117,7 +117,7 @@ int bench_favourites(DiskFiles& files) {
   core::Settings settings;
   core::Session session;
   core::StationLookup stations({files, codec, machine});
-  core::Playback playback({settings, session, form, player, stations});
+  core::Playback playback({settings, session, form, player, stations, loop});
   core::Favourites favourites(
       {files, codec, machine, settings, session, form, playback, stations, dialogs, loop, pointer});
   favourites.ZobrazOblibene();

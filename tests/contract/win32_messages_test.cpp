@@ -139,7 +139,7 @@ TEST(Win32Messages, AFloodLeavesTheWindowAnswering) {
   core::LumotuneForm form{b.window};
   core::StationLookup stations{{b.files, b.codec, b.real.machine}};
   const auto player = make_player(b.loop);
-  core::Playback playback{{settings, session, form, *player, stations}};
+  core::Playback playback{{settings, session, form, *player, stations, b.loop}};
   core::ClientCommands commands{{settings, session, form, b.loop, b.messages, b.real.dialogs, b.codec, playback}};
   SlowFavourites favourites;
   commands.favourites.bind(favourites);

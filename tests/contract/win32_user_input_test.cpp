@@ -93,7 +93,7 @@ TEST_F(Win32UserInput, TheMenuOfAFavouriteIsForTheRowUnderThePointerHoweverLateT
   const auto player = contract::make_player(b.loop);
   player->set_auto_start(false);
   core::StationLookup stations({b.files, b.codec, b.real.machine});
-  core::Playback playback({settings, session, form, *player, stations});
+  core::Playback playback({settings, session, form, *player, stations, b.loop});
   LatePointer late(b.loop);
   core::Favourites favourites(
       {b.files, b.codec, b.real.machine, settings, session, form, playback, stations, b.real.dialogs, b.loop, late});

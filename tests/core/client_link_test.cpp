@@ -399,6 +399,46 @@ TEST_F(ClientLinkTest, NoReportWhenTheProgramEnds) {
   EXPECT_TRUE(w.journal.empty());
 }
 
+TEST_F(ClientLinkTest, NothingIsReportedOrAskedWhileTheLastSaveWaits) {
+  report_off();
+  link.enable_Timer1();
+  w.loop.advance(2900);
+  w.put(L"orblt.tt", "inf:a\r\n");
+  w.files.set_being_written(w.path(L"Orb_Data\\options.ini"), true);
+  const auto begun = w.loop.tick_count_ms();
+  w.shutdown.Konec();
+  ASSERT_GE(w.loop.tick_count_ms() - begun, 600U) << "both timers were due";
+  EXPECT_EQ(w.journal, (Journal{L"remove tray", L"OnTopNO"}));
+  EXPECT_TRUE(w.dialogs.shown.empty());
+  EXPECT_TRUE(reply_there());
+}
+
+TEST_F(ClientLinkTest, AReportThatRunsWhenTheEndBeginsStartsNothing) {
+  link.enable_Timer1();
+  w.loop.at(3000, [&] { w.loop.begin_end(); });
+  w.loop.advance(3000);
+  EXPECT_TRUE(w.journal.empty());
+}
+
+TEST_F(ClientLinkTest, AReplyThatIsFoundWhenTheEndBeginsStays) {
+  report_off();
+  w.put(L"orblt.tt", "inf:a\r\n");
+  w.loop.at(500, [&] { w.loop.begin_end(); });
+  w.loop.advance(500);
+  EXPECT_TRUE(w.dialogs.shown.empty());
+  EXPECT_TRUE(reply_there());
+}
+
+TEST_F(ClientLinkTest, AReplyWhoseQuestionTheEndClosesStays) {
+  report_off();
+  w.dialogs.answers = {platform::BoxAnswer::yes};
+  w.dialogs.while_open = [&] { w.loop.begin_end(); };
+  reply("inf:a\r\ninf:b\r\n");
+  EXPECT_EQ(w.dialogs.shown.size(), 1U);
+  EXPECT_TRUE(w.messages.sent.empty());
+  EXPECT_TRUE(reply_there());
+}
+
 TEST_F(ClientLinkTest, AsksTheClientToShowTheListeners) {
   link.Control_ShowUser_Click();
   ASSERT_EQ(w.messages.sent.size(), 1U);

@@ -61,8 +61,22 @@ TEST_F(ShutdownTest, APressThatStillWaitedIsNotHeard) {
   start();
   w.loop.at(0, [&] { w.form.PlayTL.press(); });
   w.shutdown.Konec();
-  EXPECT_TRUE(w.called(L"play"));
+  EXPECT_FALSE(w.called(L"play"));
   EXPECT_FALSE(w.player.playing());
+}
+
+TEST_F(ShutdownTest, APressWhileTheSettingsAreWaitedForIsNotHeard) {
+  start();
+  w.files.set_being_written(w.path(L"Orb_Data\\options.ini"), true);
+  bool pressed = false;
+  w.loop.at(200, [&] {
+    w.form.PlayTL.press();
+    pressed = true;
+  });
+  w.shutdown.Konec();
+  EXPECT_TRUE(pressed);
+  EXPECT_FALSE(w.called(L"play"));
+  EXPECT_EQ(w.journal, (Journal{L"remove tray", L"OnTopNO"})) << "neither a report nor the playing state";
 }
 
 TEST_F(ShutdownTest, WhatWaitsForTheUserClosesAndNothingOpensAnyMore) {

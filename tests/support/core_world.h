@@ -111,7 +111,7 @@ struct CoreWorld : MemoryPlatform {
   core::ErrorLog error_log{{files, codec, machine}};
   core::SettingsFiles options{{files, codec, machine, loop, window, error_log, settings, session}};
   core::StationLookup stations{{files, codec, machine}};
-  core::Playback playback{{settings, session, form, player, stations}};
+  core::Playback playback{{settings, session, form, player, stations, loop}};
   core::StatusDisplay status{{session, form, player, loop}};
   core::CommandSender sender{{loop, messages, shell, codec}};
   core::ClientCommands commands{{settings, session, form, loop, messages, dialogs, codec, playback}};
