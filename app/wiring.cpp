@@ -63,7 +63,13 @@ void bind_events(Program& program, const Platform& platform, core::LumotuneForm&
   form.Control_List.on_click = [&] { program.favourites.Control_List_Click(); };
   form.Control_List.on_double_click = [&] { program.favourites.Control_List_DblClick(); };
   form.Control_List.on_mouse_down = [&](const MouseEvent& event) { program.favourites.Control_List_MouseDown(event); };
-  form.Control_List.on_menu_key = [&] { program.favourites.open_menu(); };
+  // Without the menu button nothing else that the keyboard reaches may lead to the main menu.
+  form.Control_List.on_menu_key = [&] {
+    if (form.Control_List.selected() != platform::ListBox::none && form.Control_Menu.visible())
+      program.favourites.open_menu();
+    else
+      program.menus.open_main();
+  };
   form.InfoName.on_click = [&] { playback.InfoName_Click(); };
   form.InfoName.on_mouse_move = [&](const MouseEvent&) { chrome.InfoName_MouseMove(); };
   form.InfoNaladit.on_click = [&] { playback.InfoNaladit_Click(); };

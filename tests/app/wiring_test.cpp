@@ -188,6 +188,23 @@ TEST_F(WiringTest, TheMenuKeyOpensTheMenuOfTheSelectedFavourite) {
   EXPECT_EQ(player.calls.back(), L"play");
 }
 
+TEST_F(WiringTest, WithoutASelectedFavouriteTheMenuKeyOfTheListOpensTheMainMenu) {
+  start_with("lt:RADIO1/1\r\n");
+  ASSERT_EQ(list.selected(), platform::ListBox::none);
+  ASSERT_TRUE(list.user_menu_key());
+  EXPECT_EQ(anchor(), &form.Control_Menu);
+}
+
+// After a skin that could not be loaded the list may be all that the keyboard reaches.
+TEST_F(WiringTest, WithoutTheMenuButtonTheMenuKeyOfTheListOpensTheMainMenu) {
+  start_with("lt:RADIO1/1\r\n");
+  ASSERT_TRUE(list.user_pick(0));
+  form.Control_Menu.set_visible(false);
+  ASSERT_TRUE(list.user_menu_key());
+  EXPECT_EQ(anchor(), &form.Control_Menu);
+  EXPECT_EQ(item(L"LT_Menu_Skins_SKIN(0)").caption, L"Lumo");
+}
+
 TEST_F(WiringTest, RecorderListenersAndLogo) {
   start_with("");
   shell.started.clear();
