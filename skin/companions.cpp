@@ -76,7 +76,8 @@ Launch download(const CompanionValues& values, const std::wstring& path_and_quer
 } // namespace
 
 CompanionValues companion_values(const platform::Machine& machine, const core::Settings& settings) {
-  return {machine.program_folder(), settings.server_address, settings.idh, settings.h};
+  return {machine.program_folder(), std::wstring(without_blanks_around(settings.server_address)), settings.idh,
+          settings.h};
 }
 
 std::wstring companion_program(const std::wstring& program_folder, std::wstring_view name) {

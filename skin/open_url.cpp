@@ -6,27 +6,26 @@
 namespace lumotune::skin {
 
 bool WebPages::refuses(const std::wstring& address) {
-  return has_what_no_address_has(address) || (!is_for_explorer(address) && is_foreign_target(address));
+  const std::wstring_view bare = without_blanks_around(address);
+  return has_what_no_address_has(bare) || (!is_for_explorer(bare) && is_foreign_target(bare));
 }
 
 int WebPages::OpenUrl(const std::wstring& address) {
-  if (refuses(address))
+  const std::wstring bare(without_blanks_around(address));
+  if (refuses(bare))
     return 0;
-  if (!is_for_explorer(address))
-    return shell_.open(L"\"" + address + L"\"");
+  if (!is_for_explorer(bare))
+    return shell_.open(L"\"" + bare + L"\"");
   // Unquoted, as the explorer program has always been given addresses. One that it does not open is no error of ours.
-  (void)shell_.start(L"explorer " + address, L"", platform::ShowWindow::minimized_focus);
+  (void)shell_.start(L"explorer " + bare, L"", platform::ShowWindow::minimized_focus);
   return 0;
 }
 
 bool WebPages::open_station_web(const std::wstring& address) {
-  const std::size_t first = address.find_first_not_of(L' ');
-  if (first == std::wstring::npos)
+  const std::wstring bare(without_blanks_around(address));
+  if (!is_station_web(bare))
     return false;
-  const std::wstring trimmed = address.substr(first, address.find_last_not_of(L' ') - first + 1);
-  if (!is_station_web(trimmed))
-    return false;
-  (void)OpenUrl(trimmed); // a failure of the system is silent
+  (void)OpenUrl(bare); // a failure of the system is silent
   return true;
 }
 

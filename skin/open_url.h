@@ -14,8 +14,8 @@ public:
   explicit WebPages(platform::Shell& shell) : shell_(shell) {}
 
   // An address of our own, made of the client's files: one that begins with "htt" through the explorer program, any
-  // other, in quotation marks, through the shell. Answers what the shell answers (above 32: opened), 0 where it was not
-  // asked. One that is refused is not opened.
+  // other, in quotation marks, through the shell; blanks around it do not count. Answers what the shell answers (above
+  // 32: opened), 0 where it was not asked. One that is refused is not opened.
   int OpenUrl(const std::wstring& address);
   // Whether OpenUrl would not try: it has what no address has, or leads the shell elsewhere than to this machine's
   // files or a host.

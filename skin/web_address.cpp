@@ -139,6 +139,11 @@ bool has_harmless_commas(std::wstring_view address) {
 
 } // namespace
 
+std::wstring_view without_blanks_around(std::wstring_view address) {
+  address.remove_prefix(std::min(address.find_first_not_of(L' '), address.size()));
+  return address.substr(0, address.find_last_not_of(L' ') + 1);
+}
+
 bool is_for_explorer(std::wstring_view address) {
   return core::starts_with_ignoring_case(address, L"htt");
 }

@@ -95,6 +95,17 @@ TEST(CompanionsTest, AddressesOfTheSite) {
   EXPECT_EQ(skin::help_address(values), L"http://s.example/faq");
 }
 
+TEST(CompanionsTest, BlanksAroundTheServersAddressAreLeftOut) {
+  const platform::memory::MemoryMachine machine;
+  core::Settings settings;
+  settings.server_address = L"  http://s.example ";
+  settings.idh = L"IDH1";
+  const CompanionValues blank = skin::companion_values(machine, settings);
+  EXPECT_EQ(skin::help_address(blank), L"http://s.example/faq");
+  EXPECT_EQ(skin::login_address(blank, L"75-", L""), L"http://s.example/login/IDH1/75-//1");
+  EXPECT_TRUE(skin::station_list(blank).command_line.starts_with(L"load.exe http://s.example/lumotune.brelt/"));
+}
+
 TEST(CompanionsTest, EmptyValuesLeaveTheRestAsItIs) {
   const CompanionValues nothing = {L"C:\\Orb", L"", L"", L""};
   EXPECT_EQ(skin::station_list(nothing).command_line, L"load.exe /lumotune.brelt/lt_list.php?idh=/@/C:\\Orb/seznam.tt");

@@ -108,6 +108,16 @@ TEST_F(OpenUrlTest, OwnAddressesOpenWithWhateverIsLegalInOne) {
   EXPECT_EQ(shell.opened.at(0), L"\"soubor,/root.txt\"");
 }
 
+TEST_F(OpenUrlTest, BlanksAroundAnOwnAddressDoNotCount) {
+  EXPECT_FALSE(skin::WebPages::refuses(L" http://a/faq"));
+  EXPECT_EQ(web.OpenUrl(L" http://a/faq  "), 0);
+  ASSERT_EQ(shell.started.size(), 1U);
+  EXPECT_EQ(shell.started[0].command_line, L"explorer http://a/faq");
+  (void)web.OpenUrl(L" www.a.example ");
+  EXPECT_EQ(shell.opened, std::vector<std::wstring>{L"\"www.a.example\""});
+  EXPECT_TRUE(skin::WebPages::refuses(L"  file://host/share"));
+}
+
 // A page that the server names in the address of the login page.
 TEST_F(OpenUrlTest, CommasOfAPartFromOutsideAreCodedWhereTheyCouldPartArguments) {
   EXPECT_EQ(skin::with_harmless_commas(L"clanek,12"), L"clanek,12");
