@@ -39,6 +39,11 @@ void StatusDisplay::tell(const std::wstring& notice) {
   uses_.form.InfoStatus.announce();
 }
 
+bool StatusDisplay::can_tell() const {
+  const platform::TwipsRect place = uses_.form.InfoStatus.rect();
+  return uses_.form.InfoStatus.visible() && place.width > 0 && place.height > 0;
+}
+
 void StatusDisplay::tick() {
   auto& session = uses_.session;
   if (notice_ticks_ > 0 && --notice_ticks_ == 0)

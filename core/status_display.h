@@ -47,6 +47,8 @@ public:
   void tick(); // once a second
   // For five seconds the status line shows that in place of the player's text, and screen readers say it.
   void tell(const std::wstring& notice);
+  // Whether anybody would see it: the line is hidden while nothing plays, and a skin may give it no size.
+  [[nodiscard]] bool can_tell() const;
 
   // The player's notifications.
   void PlayStateChange(int new_state);

@@ -74,6 +74,13 @@ void MenuCommands::inform(const std::wstring& text) {
                               platform::BoxButtons::ok);
 }
 
+void MenuCommands::tell_refused() {
+  if (uses_.status.can_tell())
+    uses_.status.tell(core::address_refused);
+  else
+    inform(core::address_refused);
+}
+
 // Until the server's address is known there is no page to open.
 bool MenuCommands::ready() {
   uses_.options.LoadOptionsServer();
@@ -101,14 +108,14 @@ void MenuCommands::OrbMelodeon() {
 
 void MenuCommands::open_own(const std::wstring& address) {
   if (WebPages::refuses(address))
-    uses_.status.tell(core::address_refused);
+    tell_refused();
   else
     (void)uses_.web.OpenUrl(address); // a failure of the system is silent
 }
 
 void MenuCommands::LT_MenuPlRaria_www_Click(const std::wstring& address) {
   if (!uses_.web.open_station_web(address))
-    uses_.status.tell(core::address_refused);
+    tell_refused();
 }
 
 void MenuCommands::open_login() {

@@ -82,6 +82,7 @@ private:
   void LT_MenuPlRaria_www_Click(const std::wstring& address);
   void report_problem(const std::wstring& station_name);
   void inform(const std::wstring& text);
+  void tell_refused(); // in the status line, or by a box where nobody would see that
 
   Uses uses_;
 };

@@ -205,6 +205,7 @@ TEST_F(MenuCommandsTest, AStationsWebPageThatIsNoneIsNotOpened) {
 
 TEST_F(MenuCommandsTest, ARefusedAddressIsTold) {
   auto& line = *w.window.label(L"InfoStatus");
+  line.resize(3000, 200);
   const std::vector<std::wstring> told = {L"Tuto adresu nelze otevřít, není to webová stránka."};
   w.put(L"radios.tt", "RADIO1/@/P/@/t/@/x/@/z/@/k/@/1/@/2/@/3/@/4/@/5/@/1/@/2/@/3/@/4/@/5/@/-");
   w.use(L"LT_MenuPlRaria_www");
@@ -222,6 +223,29 @@ TEST_F(MenuCommandsTest, ARefusedAddressIsTold) {
   w.use(L"LT_Menu_FAQ");
   EXPECT_EQ(w.shell.started.size(), 2U);
   EXPECT_TRUE(line.announced.empty());
+  EXPECT_TRUE(w.dialogs.shown.empty());
+}
+
+TEST_F(MenuCommandsTest, WithoutAStatusLineARefusedAddressIsToldByABox) {
+  auto& line = *w.window.label(L"InfoStatus");
+  w.settings.idh = L"a\"b";
+  const auto expect_box = [&](const char* why) {
+    w.dialogs.shown.clear();
+    w.use(L"LT_Menu_Orbcz");
+    ASSERT_EQ(w.dialogs.shown.size(), 1U) << why;
+    EXPECT_EQ(w.dialogs.shown[0].text, L"Tuto adresu nelze otevřít, není to webová stránka.") << why;
+    EXPECT_EQ(w.dialogs.shown[0].icon, platform::BoxIcon::information) << why;
+    EXPECT_TRUE(line.announced.empty()) << why;
+  };
+  line.resize(3000, 200);
+  line.set_visible(false);
+  expect_box("stopped");
+  line.set_visible(true);
+  line.resize(3000, 0);
+  expect_box("no height");
+  line.resize(0, 200);
+  expect_box("no width");
+  EXPECT_TRUE(w.shell.started.empty() && w.shell.opened.empty());
 }
 
 // What an item did can be seen in one of these.
