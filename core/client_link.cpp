@@ -32,6 +32,7 @@ void ClientLink::report() {
   if (uses_.loop.ending())
     return;
   const bool link_on = !equal_ignoring_case(uses_.settings.client_link, L"off");
+  awaiting_ = !link_on;
   if (link_on) {
     Timer2->stop(); // the reply to an earlier report is nobody's business any more
     programs->start_client();
@@ -54,7 +55,8 @@ void ClientLink::look_for_reply() {
     return;
   Timer2->stop();
   uses_.loop.run_pending();
-  if (uses_.loop.ending())
+  // A report that was made meanwhile wants no reply any more, or looks for its own.
+  if (uses_.loop.ending() || !awaiting_ || Timer2->running())
     return;
   const bool too_long = uses_.files.size(reply_file()).value_or(0) > max_reply_bytes;
   std::string bytes;

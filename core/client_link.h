@@ -52,6 +52,7 @@ private:
   [[nodiscard]] std::wstring reply_file() const;
 
   Uses uses_;
+  bool awaiting_ = false;                  // the last report has a reply that is wanted
   std::unique_ptr<platform::Timer> Timer1; // the report
   std::unique_ptr<platform::Timer> Timer2; // looks for the reply
 };

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace lumotune::test {
 namespace {
 
@@ -18,8 +20,11 @@ struct RecordingPrograms final : core::ReportProgramsPort {
     idh = w.settings.idh;
     h = w.settings.h;
     reply_there = w.files.exists(w.path(L"orblt.tt"));
+    if (during)
+      during();
   }
   CoreWorld& w;
+  std::function<void()> during;
   std::wstring server;
   std::wstring idh;
   std::wstring h;
@@ -46,6 +51,17 @@ struct ClientLinkTest : testing::Test {
   void reply(const std::string& bytes) {
     w.put(L"orblt.tt", bytes);
     w.loop.advance(500);
+  }
+  // The reply is there, and both timers are due when the loop comes to them.
+  void late_reports() {
+    w.loop.advance(10);
+    link.enable_Timer1();
+    w.loop.at(2985, [&] {
+      w.put(L"orblt.tt", "inf:a\r\n");
+      w.loop.set_wait_step(20);
+      (void)w.loop.wait_a_little();
+    });
+    w.loop.advance(2985);
   }
   [[nodiscard]] bool reply_there() const { return w.files.exists(w.path(L"orblt.tt")); }
 };
@@ -359,6 +375,28 @@ TEST_F(ClientLinkTest, TheReplyToAReportMadeMeanwhileIsNotLost) {
   w.loop.advance(500);
   ASSERT_EQ(w.dialogs.shown.size(), 2U);
   EXPECT_EQ(w.dialogs.shown[1].text.substr(0, 3), L"\r\nb");
+  EXPECT_FALSE(reply_there());
+}
+
+// Timer1 falls due behind Timer2, in whose tick it is handled: nobody came to either for a while.
+TEST_F(ClientLinkTest, AReplyIsNotAskedAboutWhenTheReportBeneathFindsTheLinkOn) {
+  report_off();
+  w.set_option(18, "#018:DDD:on");
+  late_reports();
+  w.loop.advance(5000);
+  EXPECT_EQ(w.journal, (Journal{L"client", L"on RADIO1"}));
+  EXPECT_TRUE(w.dialogs.shown.empty());
+  EXPECT_TRUE(reply_there());
+}
+
+TEST_F(ClientLinkTest, AReplyThatCameToTheReportBeneathIsAskedAboutOnce) {
+  report_off();
+  programs.during = [&] { w.put(L"orblt.tt", "inf:b\r\n"); };
+  late_reports();
+  w.loop.advance(5000);
+  EXPECT_EQ(w.journal, (Journal{L"off RADIO1"}));
+  ASSERT_EQ(w.dialogs.shown.size(), 1U);
+  EXPECT_EQ(w.dialogs.shown[0].text.substr(0, 3), L"\r\nb");
   EXPECT_FALSE(reply_there());
 }
 
