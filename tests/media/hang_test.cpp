@@ -126,7 +126,7 @@ TEST_F(Hang, PilesUpNoThreads) {
   make();
   std::size_t most = 0;
   for (int i = 0; i < 8; ++i) {
-    play(radio.url("/stuck"));
+    play(radio.url("/stuck?" + std::to_string(i))); // the one that plays already would play on
     // So many there may be; for what comes after them it is waited as long as a worker takes to count as stuck.
     (void)until([&] { return *stuck > i; }, i < 5 ? patience_ms : 1500);
     most = std::max(most, threads() - before);
