@@ -83,10 +83,7 @@ private:
 class WebToPages final : public directory::WebPort {
 public:
   explicit WebToPages(skin::WebPages& pages) : pages_(pages) {}
-  [[nodiscard]] bool OpenUrl(const std::wstring& address) override {
-    (void)pages_.OpenUrl(address); // a failure of the system is silent
-    return !skin::WebPages::refuses(address);
-  }
+  [[nodiscard]] bool OpenUrl(const std::wstring& address) override { return pages_.open_own(address); }
   [[nodiscard]] bool open_station_web(const std::wstring& address) override { return pages_.open_station_web(address); }
 
 private:

@@ -4,8 +4,6 @@
 #include "core/busy.h"
 #include "core/text.h"
 
-#include <algorithm>
-
 namespace lumotune::core {
 namespace {
 
@@ -15,7 +13,7 @@ bool begins_with_number(std::wstring_view text) {
     if (!text.empty() && characters.find(text.front()) != std::wstring_view::npos)
       text.remove_prefix(1);
   };
-  text.remove_prefix(std::min(text.find_first_not_of(L" \t"), text.size()));
+  text = trimmed(text);
   skip(L"+-");
   skip(L".");
   return !text.empty() && text.front() >= L'0' && text.front() <= L'9';

@@ -50,12 +50,14 @@ public:
   // Whether anybody would see it: the line is hidden while nothing plays, and a skin may give it no size.
   [[nodiscard]] bool can_tell() const;
 
+  // The player's text in the layout and the place that the skin gives it.
+  void show_status();
+
   // The player's notifications.
   void PlayStateChange(int new_state);
   void StatusChange();
 
 private:
-  void show_status();
   void choose_name();
   void show_name();
   void copy_status();

@@ -45,9 +45,10 @@ std::size_t number_length(std::wstring_view text) {
   return digits == 0 ? 0 : at;
 }
 
-std::wstring_view without_leading_blanks(std::wstring_view text) {
-  const std::size_t first = text.find_first_not_of(L" \t");
-  return first == std::wstring_view::npos ? std::wstring_view() : text.substr(first);
+template <typename View>
+View without(View text, View blanks) {
+  text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+  return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
 } // namespace
@@ -110,6 +111,14 @@ std::vector<std::wstring> split_text(std::wstring_view text, std::wstring_view s
   return fields;
 }
 
+std::wstring_view trimmed(std::wstring_view text) {
+  return without<std::wstring_view>(text, L" \t");
+}
+
+std::string_view trimmed(std::string_view text) {
+  return without<std::string_view>(text, " \t");
+}
+
 std::vector<std::wstring> split_record(std::wstring_view text, std::size_t max_fields) {
   return split_text(text, record_delimiter, max_fields);
 }
@@ -129,7 +138,7 @@ std::wstring replace_ignoring_case(std::wstring_view text, std::wstring_view wha
 }
 
 double number_value(std::wstring_view text) {
-  text = without_leading_blanks(text);
+  text = trimmed(text);
   text = text.substr(0, number_length(text));
   double number = 0;
   double place = 0; // 0 before the decimal point, then the worth of the next digit
@@ -146,7 +155,7 @@ double number_value(std::wstring_view text) {
 }
 
 std::optional<double> whole_text_number(std::wstring_view text) {
-  text = without_leading_blanks(text);
+  text = trimmed(text);
   text = text.substr(0, text.find_last_not_of(L" \t") + 1);
   if (text.empty() || number_length(text) != text.size())
     return std::nullopt;
@@ -161,7 +170,7 @@ std::optional<int> twips_value(std::wstring_view text) {
 }
 
 int volume_value(std::wstring_view text) {
-  text = without_leading_blanks(text);
+  text = trimmed(text);
   if (number_length(text) == 0)
     return 50;
   return static_cast<int>(std::lround(std::clamp(number_value(text), 0.0, 100.0)));

@@ -22,6 +22,10 @@ inline constexpr std::wstring_view record_delimiter = L"/@/";
 [[nodiscard]] std::wstring_view mid(std::wstring_view text, std::size_t position,
                                     std::size_t length = std::wstring_view::npos);
 
+// Without the blanks (spaces and tabs) around it.
+[[nodiscard]] std::wstring_view trimmed(std::wstring_view text);
+[[nodiscard]] std::string_view trimmed(std::string_view text);
+
 // Cuts before each delimiter and goes on after it: n delimiters make n + 1 fields, at most `max_fields`.
 [[nodiscard]] std::vector<std::wstring> split_record(std::wstring_view text, std::size_t max_fields = 64);
 

@@ -90,12 +90,13 @@ void Actions::Label9_Click() {
 
 void Actions::Label4_Click() {
   const std::wstring address = uses_.form.Label4.text();
-  if (address.find_first_not_of(L" \t") != std::wstring::npos)
-    tell_refused(uses_.form, uses_.web->open_station_web(address));
+  if (!core::trimmed(address).empty() && !uses_.web->open_station_web(address))
+    tell_refused(uses_.form);
 }
 
 void Actions::WebRadia_Click() {
-  tell_refused(uses_.form, uses_.web->open_station_web(WebRadia_caption_));
+  if (!uses_.web->open_station_web(WebRadia_caption_))
+    tell_refused(uses_.form);
 }
 
 void Actions::Image3_Click() {
@@ -103,7 +104,8 @@ void Actions::Image3_Click() {
   if (uses_.loop.quitting())
     return;
   const auto values = skin::companion_values(uses_.machine, uses_.settings);
-  tell_refused(uses_.form, uses_.web->OpenUrl(skin::login_address(values, token, L"")));
+  if (!uses_.web->OpenUrl(skin::login_address(values, token, L"")))
+    tell_refused(uses_.form);
 }
 
 std::vector<MenuItem> Actions::quality_items(const wchar_t* suffix) const {
@@ -192,8 +194,8 @@ void Actions::Label7_Click() {
 void Actions::pop_up_station_menu() {
   uses_.details.MenuRadia();
   const std::wstring& web = uses_.details.selected().web;
-  WebRadia_enabled_ = !web.empty();
-  WebRadia_caption_ = web.empty() ? std::wstring(L"Web rádia") : web;
+  WebRadia_enabled_ = !core::trimmed(web).empty();
+  WebRadia_caption_ = WebRadia_enabled_ ? web : L"Web rádia";
   offer(SkryteMenu(), uses_.form.ListView1);
 }
 

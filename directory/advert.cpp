@@ -43,10 +43,9 @@ bool has_scheme(std::wstring_view address) {
 } // namespace
 
 std::wstring page_address(std::wstring_view address) {
-  const std::size_t first = address.find_first_not_of(L" \t");
-  if (first == std::wstring_view::npos)
+  address = core::trimmed(address);
+  if (address.empty())
     return {};
-  address = address.substr(first, address.find_last_not_of(L" \t") - first + 1);
   return (has_scheme(address) ? L"" : L"http://") + std::wstring(address);
 }
 

@@ -109,7 +109,8 @@ void InfoPanelLine::open_url() {
     return;
   std::wstring page = panel_parameter_;
   const auto values = skin::companion_values(uses_.machine, uses_.settings);
-  tell_refused(uses_.form, uses_.web->OpenUrl(skin::login_address(values, token, MakePageRe(page))));
+  if (!uses_.web->OpenUrl(skin::login_address(values, token, MakePageRe(page))))
+    tell_refused(uses_.form);
 }
 
 void InfoPanelLine::show_users() {

@@ -33,9 +33,7 @@ ListRadiosForm::ListRadiosForm(platform::FramedWindow& window_made)
       Image1(window.make_picture(L"Image1", PictureKind::decoration)),
       Frame1(window.make_frame(L"Frame1")) {}
 
-void tell_refused(ListRadiosForm& form, bool opened) {
-  if (opened)
-    return;
+void tell_refused(ListRadiosForm& form) {
   form.Label1.set_text(core::address_refused);
   form.Label1.announce();
 }

@@ -36,7 +36,7 @@ struct ListRadiosForm {
   platform::Frame& Frame1;          // around the details
 };
 
-// Says in the status line, and to screen readers, that an address was refused, where it was not opened.
-void tell_refused(ListRadiosForm& form, bool opened);
+// Says in the status line, and to screen readers, that an address was refused.
+void tell_refused(ListRadiosForm& form);
 
 } // namespace lumotune::directory

@@ -14,9 +14,7 @@ namespace {
 
 // A length in bytes, with blanks around it; nothing for anything else: a length misread would be waited for in vain.
 std::optional<std::uint64_t> length_value(std::string_view text) {
-  constexpr std::string_view blanks = " \t";
-  text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-  text = text.substr(0, text.find_last_not_of(blanks) + 1);
+  text = core::trimmed(text);
   if (text.empty())
     return std::nullopt;
   std::uint64_t number = 0;

@@ -76,15 +76,13 @@ Launch download(const CompanionValues& values, const std::wstring& path_and_quer
 } // namespace
 
 CompanionValues companion_values(const platform::Machine& machine, const core::Settings& settings) {
-  return {machine.program_folder(), std::wstring(without_blanks_around(settings.server_address)), settings.idh,
-          settings.h};
+  return {machine.program_folder(), std::wstring(core::trimmed(settings.server_address)), settings.idh, settings.h};
 }
 
 std::wstring companion_program(const std::wstring& program_folder, std::wstring_view name) {
   static constexpr std::array<std::wstring_view, 6> programs = {L"orb.exe",    L"OrbBrowser.exe", L"OrbRecorder.exe",
                                                                 L"Telvix.exe", L"remind.exe",     L"load.exe"};
-  name.remove_prefix(std::min(name.find_first_not_of(L' '), name.size()));
-  name = name.substr(0, name.find_last_not_of(L' ') + 1);
+  name = core::trimmed(name);
   for (const std::wstring_view program : programs) {
     if (core::equal_ignoring_case(name, program))
       return program_folder + L"\\" + std::wstring(program);

@@ -107,10 +107,8 @@ void MenuCommands::OrbMelodeon() {
 }
 
 void MenuCommands::open_own(const std::wstring& address) {
-  if (WebPages::refuses(address))
+  if (!uses_.web.open_own(address))
     tell_refused();
-  else
-    (void)uses_.web.OpenUrl(address); // a failure of the system is silent
 }
 
 void MenuCommands::LT_MenuPlRaria_www_Click(const std::wstring& address) {
@@ -187,6 +185,7 @@ void MenuCommands::LT_Menu_Skins_SKIN_Click(const std::wstring& name) {
   uses_.skin.ZobrazCoMas(uses_.form.PlayTL.text());
   uses_.skin.SkinVolume(core::volume_value(uses_.settings.LTvolume));
   favourites->ZobrazOblibene();
+  uses_.status.show_status();
 }
 
 void MenuCommands::LT_Menu_Nastaveni_AutoStart_Click() {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "skin/menus.h"
 
+#include "core/text.h"
+
 #include <array>
 
 namespace lumotune::skin {
@@ -60,8 +62,8 @@ void Menus::prepare_station() {
   const std::wstring& station = uses_.settings.IDlastRadio;
   const std::wstring address = uses_.stations.RadioInfo(station, L"www");
   MenuItem& www = uses_.tree.item(L"LT_MenuPlRaria_www");
-  www.caption = address.empty() ? L"Web rádia" : address;
-  www.enabled = !address.empty();
+  www.enabled = !core::trimmed(address).empty();
+  www.caption = www.enabled ? address : L"Web rádia";
   for (const std::wstring quality : qualities) {
     const std::wstring rate = uses_.stations.RadioInfo(station, L"k" + quality);
     MenuItem& item = uses_.tree.item(L"LT_MenuPlRaria_K_" + quality);

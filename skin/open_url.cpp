@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "skin/open_url.h"
 
+#include "core/text.h"
 #include "skin/web_address.h"
 
 namespace lumotune::skin {
 
 bool WebPages::refuses(const std::wstring& address) {
-  const std::wstring_view bare = without_blanks_around(address);
+  const std::wstring_view bare = core::trimmed(address);
   return has_what_no_address_has(bare) || (!is_for_explorer(bare) && is_foreign_target(bare));
 }
 
 int WebPages::OpenUrl(const std::wstring& address) {
-  const std::wstring bare(without_blanks_around(address));
+  const std::wstring bare(core::trimmed(address));
   if (refuses(bare))
     return 0;
   if (!is_for_explorer(bare))
@@ -21,8 +22,15 @@ int WebPages::OpenUrl(const std::wstring& address) {
   return 0;
 }
 
+bool WebPages::open_own(const std::wstring& address) {
+  if (refuses(address))
+    return false;
+  (void)OpenUrl(address);
+  return true;
+}
+
 bool WebPages::open_station_web(const std::wstring& address) {
-  const std::wstring bare(without_blanks_around(address));
+  const std::wstring bare(core::trimmed(address));
   if (!is_station_web(bare))
     return false;
   (void)OpenUrl(bare); // a failure of the system is silent

@@ -20,6 +20,8 @@ public:
   // Whether OpenUrl would not try: it has what no address has, or leads the shell elsewhere than to this machine's
   // files or a host.
   [[nodiscard]] static bool refuses(const std::wstring& address);
+  // OpenUrl where a failure of the system is silent; false when the address is refused.
+  [[nodiscard]] bool open_own(const std::wstring& address);
 
   // An address that came from outside: opened only when it is that of a web page, false when it is none. Blanks around
   // it do not count.

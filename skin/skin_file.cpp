@@ -67,7 +67,7 @@ bool SkinLine::shows() const {
 }
 
 bool SkinLine::blank(std::size_t index) const {
-  return field(index).find_first_not_of(L' ') == std::wstring::npos;
+  return core::trimmed(field(index)).empty();
 }
 
 std::optional<int> SkinLine::number(std::size_t index) const {

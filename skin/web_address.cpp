@@ -139,11 +139,6 @@ bool has_harmless_commas(std::wstring_view address) {
 
 } // namespace
 
-std::wstring_view without_blanks_around(std::wstring_view address) {
-  address.remove_prefix(std::min(address.find_first_not_of(L' '), address.size()));
-  return address.substr(0, address.find_last_not_of(L' ') + 1);
-}
-
 bool is_for_explorer(std::wstring_view address) {
   return core::starts_with_ignoring_case(address, L"htt");
 }
@@ -196,7 +191,7 @@ bool is_stream_address(std::wstring_view address) {
 
 bool is_foreign_target(std::wstring_view address) {
   constexpr std::wstring_view slashes = L"\\/";
-  address.remove_prefix(std::min(address.find_first_not_of(L' '), address.size()));
+  address = core::trimmed(address);
   if (address.size() >= 2 && slashes.find(address[0]) != npos && slashes.find(address[1]) != npos)
     return true;
   const std::wstring_view head = address.substr(0, address.find_first_of(L":\\/?#."));

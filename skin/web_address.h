@@ -8,9 +8,6 @@
 
 namespace lumotune::skin {
 
-// Without the blanks around it: they are no part of an address.
-[[nodiscard]] std::wstring_view without_blanks_around(std::wstring_view address);
-
 // A longer address is none that a browser takes.
 inline constexpr std::size_t max_web_address = 2048;
 

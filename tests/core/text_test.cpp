@@ -24,6 +24,14 @@ TEST(Text, MidCountsFromOne) {
   EXPECT_EQ(mid(L"abc", 0), L"");
 }
 
+TEST(Text, TrimsSpacesAndTabs) {
+  EXPECT_EQ(trimmed(L" \ta b\t "), L"a b");
+  EXPECT_EQ(trimmed(" \ta b\t "), "a b");
+  EXPECT_EQ(trimmed(L"\r\na"), L"\r\na");
+  EXPECT_EQ(trimmed(L" \t "), L"");
+  EXPECT_EQ(trimmed(L""), L"");
+}
+
 TEST(Text, CutsRecordsAtEachDelimiter) {
   EXPECT_EQ(split_record(L"a/@//@/b"), (std::vector<std::wstring>{L"a", L"", L"b"}));
   EXPECT_EQ(split_record(L""), (std::vector<std::wstring>{L""}));

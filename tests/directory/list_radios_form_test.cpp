@@ -172,6 +172,14 @@ TEST_F(ListRadiosForm, ARightClickIsRememberedToo) {
   EXPECT_EQ(list().selected(), 3U);
 }
 
+TEST_F(ListRadiosForm, ABlankWebAddressIsNotOffered) {
+  write(L"radios.tt", Record{"BLANK1", "Bez webu", "", "", "", {}, {}, "  \t"}.line());
+  open_again();
+  (void)list().user_pick(1, MouseButton::right);
+  EXPECT_EQ(platform::memory::find_item(popups.opened.back().items, L"WebRadia")->caption, L"Web rádia");
+  EXPECT_FALSE(platform::memory::find_item(popups.opened.back().items, L"WebRadia")->enabled);
+}
+
 TEST_F(ListRadiosForm, ARowWithoutAnIdentifierHasItsDetailsAndItsMenu) {
   write(L"radios.tt", Record{"", "Bez", "", "Polsko", "", {}, {}, "www.b"}.line());
   open_again();

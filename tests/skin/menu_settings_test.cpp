@@ -79,9 +79,12 @@ TEST_F(MenuSettingsTest, AutoStartTurns) {
 TEST_F(MenuSettingsTest, ASkinIsLoadedAndShownByTheStateOfTheProgram) {
   for (const wchar_t* picture : {L"form", L"play", L"stop", L"vol0", L"vol3", L"vol5"})
     w.put(L"Orb_Data\\skins\\Tmava\\" + std::wstring(picture) + L".gif", gif(20, 10));
-  w.put(L"Orb_Data\\skins\\Tmava.skin", "LTform|7000|2000\r\nControl_Volume|show|0|0\r\nControl_Play|show|0|0\r\n");
+  w.put(L"Orb_Data\\skins\\Tmava.skin", "LTform|7000|2000\r\nControl_Volume|show|0|0\r\nControl_Play|show|0|0\r\n"
+                                        "InfoStatus|1|100|200|300|400|500|600\r\n");
   w.settings.LTvolume = L"60";
   w.playback.PlayAll(L"http://radio.example/a");
+  w.player.played = 5000;
+  w.status.tick();
   w.journal.clear();
   w.use(L"LT_Menu_Skins_SKIN(1)");
   EXPECT_EQ(w.settings.LTskin, L"Tmava");
@@ -89,6 +92,9 @@ TEST_F(MenuSettingsTest, ASkinIsLoadedAndShownByTheStateOfTheProgram) {
   EXPECT_EQ(SkinWorld::file_name(w.form.Control_Play.picture()), L"stop.gif");
   EXPECT_EQ(SkinWorld::file_name(w.form.Control_Volume.picture()), L"vol3.gif");
   EXPECT_EQ(w.journal, Journal{L"ZobrazOblibene"});
+  EXPECT_EQ(w.form.InfoStatus.rect().top, w.session.skin.status_top_2) << "the layout of a station that sounds";
+  EXPECT_EQ(w.form.InfoStatus.rect().height, w.session.skin.status_height_2);
+  EXPECT_NE(w.session.skin.status_top_1, w.session.skin.status_top_2);
 }
 
 TEST_F(MenuSettingsTest, NothingIsShownWhenTheProgramEndsDuringTheSkin) {

@@ -91,6 +91,17 @@ TEST_F(MenusTest, AnUnknownStationHasNoQualityAndNoAddress) {
     EXPECT_FALSE(w.shown(std::wstring(L"LT_MenuPlRaria_K_") + digit).visible);
 }
 
+TEST_F(MenusTest, AStationWhoseAddressIsBlankHasNoPageToOpen) {
+  std::string line = "BLANK1";
+  for (int field = 2; field <= 16; ++field)
+    line += "/@/";
+  w.put(L"radios.tt", line + "/@/  \t\r\n");
+  w.settings.IDlastRadio = L"BLANK1";
+  w.real_menus.open_station();
+  EXPECT_EQ(w.shown(L"LT_MenuPlRaria_www").caption, L"Web rádia");
+  EXPECT_FALSE(w.shown(L"LT_MenuPlRaria_www").enabled);
+}
+
 TEST_F(MenusTest, AnEarlierQualityKeepsItsMarkUntilTheMenuIsPrepared) {
   w.use(L"LT_MenuPlRaria_K_1");
   w.use(L"LT_MenuPlRaria_K_3");
