@@ -34,7 +34,7 @@ int run() {
   // Two companion programs are started from the current directory.
   // With the backslash a drive alone is its root, not whatever folder is the current one on it.
   SetCurrentDirectoryW((backend.machine.program_folder() + L"\\").c_str());
-  core::LumotuneForm form(backend.window);
+  base::LumotuneForm form(backend.window);
   platform::win32::Win32Tray tray(backend.window, form.TrayIcon);
   media::PlayerOptions options;
   options.user_agent = "Lumotune/" LUMOTUNE_VERSION;

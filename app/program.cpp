@@ -5,7 +5,7 @@
 
 namespace lumotune::app {
 
-Program::Program(const Platform& p, core::LumotuneForm& form)
+Program::Program(const Platform& p, base::LumotuneForm& form)
     : error_log({p.files, p.codec, p.machine}),
       options({p.files, p.codec, p.machine, p.loop, p.window, error_log, settings, session}),
       stations({p.files, p.codec, p.machine}),

@@ -2,27 +2,27 @@
 // The program: owns every room and binds them together. Knows no backend.
 #pragma once
 
-#include "core/client_link.h"
-#include "core/console.h"
-#include "core/favourites.h"
-#include "core/media_key_rule.h"
-#include "core/shutdown.h"
-#include "core/startup.h"
-#include "core/status_display.h"
+#include "companions/identity.h"
+#include "companions/open_url.h"
 #include "directory/directory.h"
-#include "directory/identity.h"
+#include "menus/menu_commands.h"
+#include "menus/menus.h"
+#include "menus/skin_menu.h"
 #include "platform/connection.h"
 #include "platform/framed_window.h"
 #include "platform/input_box.h"
 #include "platform/popup_menus.h"
 #include "platform/user_input.h"
+#include "player/client_link.h"
+#include "player/console.h"
+#include "player/favourites.h"
+#include "player/media_key_rule.h"
+#include "player/report_programs.h"
+#include "player/shutdown.h"
+#include "player/startup.h"
+#include "player/status_display.h"
 #include "skin/chrome.h"
-#include "skin/menu_commands.h"
-#include "skin/menus.h"
-#include "skin/open_url.h"
-#include "skin/report_programs.h"
 #include "skin/skin.h"
-#include "skin/skin_menu.h"
 #include "skin/tray_icon.h"
 
 namespace lumotune::app {
@@ -48,7 +48,7 @@ struct Platform {
 };
 
 // The ports that rooms above or beside implement, made of the rooms.
-class ChromeParts final : public core::ChromePort {
+class ChromeParts final : public player::ChromePort {
 public:
   ChromeParts(skin::Chrome& chrome, skin::TrayIcon& tray) : chrome_(chrome), tray_(tray) {}
   void OnTopYES() override { chrome_.OnTopYES(); }
@@ -62,7 +62,7 @@ private:
   skin::TrayIcon& tray_;
 };
 
-class TitleToTray final : public core::TitlePort {
+class TitleToTray final : public player::TitlePort {
 public:
   explicit TitleToTray(skin::TrayIcon& tray) : tray_(tray) {}
   void show_title(const std::wstring& title) override { tray_.show_title(title); }
@@ -73,59 +73,59 @@ private:
 
 class ExitToShutdown final : public skin::ExitPort {
 public:
-  explicit ExitToShutdown(core::Shutdown& shutdown) : shutdown_(shutdown) {}
+  explicit ExitToShutdown(player::Shutdown& shutdown) : shutdown_(shutdown) {}
   void Konec() override { shutdown_.Konec(); }
 
 private:
-  core::Shutdown& shutdown_;
+  player::Shutdown& shutdown_;
 };
 
 class WebToPages final : public directory::WebPort {
 public:
-  explicit WebToPages(skin::WebPages& pages) : pages_(pages) {}
+  explicit WebToPages(companions::WebPages& pages) : pages_(pages) {}
   [[nodiscard]] bool OpenUrl(const std::wstring& address) override { return pages_.open_own(address); }
   [[nodiscard]] bool open_station_web(const std::wstring& address) override { return pages_.open_station_web(address); }
 
 private:
-  skin::WebPages& pages_;
+  companions::WebPages& pages_;
 };
 
 class Program {
 public:
   // The form's controls are made by the caller, because the tray needs one of them.
-  Program(const Platform& platform, core::LumotuneForm& form);
+  Program(const Platform& platform, base::LumotuneForm& form);
 
   // Loads the main window and shows it. False when this run is over already; then the loop was told to quit.
   [[nodiscard]] bool start();
 
-  core::Settings settings;
-  core::Session session;
+  base::Settings settings;
+  base::Session session;
 
-  core::ErrorLog error_log;
-  core::SettingsFiles options;
-  core::StationLookup stations;
-  core::Playback playback;
-  core::StatusDisplay status;
-  core::CommandSender sender;
-  core::ClientCommands commands;
-  core::Startup startup;
-  core::Shutdown shutdown;
+  base::ErrorLog error_log;
+  base::SettingsFiles options;
+  stations::StationLookup stations;
+  player::Playback playback;
+  player::StatusDisplay status;
+  companions::CommandSender sender;
+  player::ClientCommands commands;
+  player::Startup startup;
+  player::Shutdown shutdown;
   skin::Skin skin;
-  skin::SkinMenu skin_menu;
+  menus::SkinMenu skin_menu;
   skin::Chrome chrome;
   skin::TrayIcon tray_icon;
 
-  core::Favourites favourites;
-  core::ClientLink client_link;
-  core::Console console;
-  core::MediaKeyRule media_keys;
-  directory::Identity identity;
+  player::Favourites favourites;
+  player::ClientLink client_link;
+  player::Console console;
+  player::MediaKeyRule media_keys;
+  companions::Identity identity;
   directory::Directory directory;
-  skin::WebPages web_pages;
-  skin::ReportPrograms report_programs;
-  skin::MenuTree menu_tree;
-  skin::MenuCommands menu_commands;
-  skin::Menus menus;
+  companions::WebPages web_pages;
+  player::ReportPrograms report_programs;
+  base::MenuTree menu_tree;
+  menus::MenuCommands menu_commands;
+  menus::Menus menus;
 
   ChromeParts chrome_parts;
   TitleToTray title_to_tray;

@@ -40,7 +40,7 @@ void bind_ports(Program& program) {
   program.directory.favourites.bind(program.favourites);
 }
 
-void bind_events(Program& program, const Platform& platform, core::LumotuneForm& form) {
+void bind_events(Program& program, const Platform& platform, base::LumotuneForm& form) {
   auto& playback = program.playback;
   auto& chrome = program.chrome;
   auto& window = form.window;

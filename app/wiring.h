@@ -2,7 +2,7 @@
 // Who calls whom: every port and every event of the program in one readable place.
 #pragma once
 
-namespace lumotune::core {
+namespace lumotune::base {
 struct LumotuneForm;
 }
 
@@ -12,6 +12,6 @@ class Program;
 struct Platform;
 
 void bind_ports(Program& program);
-void bind_events(Program& program, const Platform& platform, core::LumotuneForm& form);
+void bind_events(Program& program, const Platform& platform, base::LumotuneForm& form);
 
 } // namespace lumotune::app

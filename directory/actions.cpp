@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/actions.h"
 
-#include "core/text.h"
-#include "skin/companions.h"
+#include "base/text.h"
+#include "companions/command_lines.h"
 
 #include <algorithm>
 
@@ -36,11 +36,11 @@ void Actions::PridejRadioDoFAST(const std::wstring& Kvalita) {
                                          : L"Vyberte prosím rádio, které chcete přidat k oblíbeným.");
   if (is_quality(Kvalita))
     line = L"lt:" + record->at(1) + L"/" + Kvalita;
-  const core::FavouriteAdded result = uses_.favourites.add(line);
-  if (result == core::FavouriteAdded::failed)
-    return say(core::favourites_not_saved);
+  const stations::FavouriteAdded result = uses_.favourites.add(line);
+  if (result == stations::FavouriteAdded::failed)
+    return say(stations::favourites_not_saved);
   uses_.favourites.ZobrazOblibene();
-  if (result == core::FavouriteAdded::already_there)
+  if (result == stations::FavouriteAdded::already_there)
     say(L"Rádio se v oblíbených již nachází.");
   else
     say(L"Rádio bylo přidáno k oblíbeným.\r\nMělo by se zobrazit v seznanu Lumotune.");
@@ -48,19 +48,20 @@ void Actions::PridejRadioDoFAST(const std::wstring& Kvalita) {
 
 void Actions::Diskuze_Click() {
   const SelectedStation& station = uses_.details.selected();
-  skin::launch(uses_.shell,
-               skin::discussion(skin::companion_values(uses_.machine, uses_.settings), station.id, station.name));
+  companions::launch(uses_.shell, companions::discussion(companions::companion_values(uses_.machine, uses_.settings),
+                                                         station.id, station.name));
 }
 
 void Actions::Label10_Click() {
-  skin::launch(uses_.shell, skin::discussion(skin::companion_values(uses_.machine, uses_.settings),
-                                             uses_.list.selected_id(), uses_.list.selected_text()));
+  companions::launch(uses_.shell, companions::discussion(companions::companion_values(uses_.machine, uses_.settings),
+                                                         uses_.list.selected_id(), uses_.list.selected_text()));
 }
 
 void Actions::Potize_Click() {
   const SelectedStation& station = uses_.details.selected();
-  skin::launch(uses_.shell,
-               skin::problem_report(skin::companion_values(uses_.machine, uses_.settings), station.id, station.name));
+  companions::launch(uses_.shell,
+                     companions::problem_report(companions::companion_values(uses_.machine, uses_.settings), station.id,
+                                                station.name));
 }
 
 void Actions::Label6_Click() {
@@ -68,7 +69,8 @@ void Actions::Label6_Click() {
   const std::wstring name = uses_.list.selected_text();
   if (id.empty() || name.empty())
     return say(L"Vyberte prosím rádio, s jehož poslechem máte potíže.");
-  skin::launch(uses_.shell, skin::problem_report(skin::companion_values(uses_.machine, uses_.settings), id, name));
+  companions::launch(uses_.shell,
+                     companions::problem_report(companions::companion_values(uses_.machine, uses_.settings), id, name));
 }
 
 void Actions::show_users(const std::wstring& id) {
@@ -90,7 +92,7 @@ void Actions::Label9_Click() {
 
 void Actions::Label4_Click() {
   const std::wstring address = uses_.form.Label4.text();
-  if (!core::trimmed(address).empty() && !uses_.web->open_station_web(address))
+  if (!base::trimmed(address).empty() && !uses_.web->open_station_web(address))
     tell_refused(uses_.form);
 }
 
@@ -103,8 +105,8 @@ void Actions::Image3_Click() {
   const std::wstring token = uses_.identity.Heslo(uses_.settings.h);
   if (uses_.loop.quitting())
     return;
-  const auto values = skin::companion_values(uses_.machine, uses_.settings);
-  if (!uses_.web->OpenUrl(skin::login_address(values, token, L"")))
+  const auto values = companions::companion_values(uses_.machine, uses_.settings);
+  if (!uses_.web->OpenUrl(companions::login_address(values, token, L"")))
     tell_refused(uses_.form);
 }
 
@@ -153,7 +155,7 @@ void Actions::offer(const std::vector<MenuItem>& items, const platform::Control&
 
 // An update may have landed while the menu was open: another row may be selected, the quality may be gone.
 bool Actions::still_offers(const std::wstring& id, std::size_t quality) {
-  if (!core::equal_ignoring_case(uses_.list.selected_id(), id))
+  if (!base::equal_ignoring_case(uses_.list.selected_id(), id))
     return false;
   uses_.details.MenuRadia();
   return uses_.details.qualities()[quality - 1].visible;
@@ -194,7 +196,7 @@ void Actions::Label7_Click() {
 void Actions::pop_up_station_menu() {
   uses_.details.MenuRadia();
   const std::wstring& web = uses_.details.selected().web;
-  WebRadia_enabled_ = !core::trimmed(web).empty();
+  WebRadia_enabled_ = !base::trimmed(web).empty();
   WebRadia_caption_ = WebRadia_enabled_ ? web : L"Web rádia";
   offer(SkryteMenu(), uses_.form.ListView1);
 }

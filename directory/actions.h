@@ -2,14 +2,14 @@
 // What a listener does with the selected station besides playing it, and the menus that offer it.
 #pragma once
 
-#include "core/favourites.h"
-#include "core/send_command.h"
-#include "core/session.h"
+#include "base/session.h"
+#include "companions/identity.h"
+#include "companions/send_command.h"
 #include "directory/details.h"
-#include "directory/identity.h"
 #include "directory/ports.h"
 #include "platform/event_loop.h"
 #include "platform/popup_menus.h"
+#include "player/favourites.h"
 
 #include <cstddef>
 #include <string>
@@ -24,10 +24,10 @@ public:
     ListRadiosForm& form;
     StationList& list;
     Details& details;
-    Identity& identity;
-    core::Settings& settings;
-    core::Favourites& favourites;
-    core::CommandSender& sender;
+    companions::Identity& identity;
+    base::Settings& settings;
+    player::Favourites& favourites;
+    companions::CommandSender& sender;
     platform::PopupMenus& menus;
     const platform::EventLoop& loop;
     platform::Shell& shell;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/advert.h"
 
-#include "core/text.h"
+#include "base/text.h"
 
 #include <optional>
 #include <utility>
@@ -15,7 +15,7 @@ constexpr int collapsed_top = 10280; // out of sight, though it counts as visibl
 // No window of the system is taller than 16,383 pixels.
 std::optional<int> height_value(std::wstring_view text) {
   constexpr int tallest = 16383 * 15;
-  const auto height = core::twips_value(text);
+  const auto height = base::twips_value(text);
   return height.has_value() && *height >= 0 && *height <= tallest ? height : std::nullopt;
 }
 
@@ -43,7 +43,7 @@ bool has_scheme(std::wstring_view address) {
 } // namespace
 
 std::wstring page_address(std::wstring_view address) {
-  address = core::trimmed(address);
+  address = base::trimmed(address);
   if (address.empty())
     return {};
   return (has_scheme(address) ? L"" : L"http://") + std::wstring(address);
@@ -55,7 +55,7 @@ void Advert::ZobrazReklamu(const std::wstring& CommandsG) {
 }
 
 void Advert::take_order(const std::wstring& CommandsG) {
-  const auto fields = core::split_record(CommandsG);
+  const auto fields = base::split_record(CommandsG);
   if (fields.size() < 3)
     return;
   const Layout::Hold hold(uses_.layout);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/details.h"
 
-#include "core/text.h"
-#include "skin/companions.h"
+#include "base/text.h"
+#include "companions/command_lines.h"
 
 #include <utility>
 
@@ -47,7 +47,7 @@ void Details::NactiInfoRadio() {
 }
 
 bool Details::is_television(const std::wstring& id) {
-  return core::mid(uses_.stations.RadioInfo(id, L"kk"), 1, 6) == television_category;
+  return base::mid(uses_.stations.RadioInfo(id, L"kk"), 1, 6) == television_category;
 }
 
 void Details::NaladitRadio(const std::wstring& Kvalita) {
@@ -63,10 +63,10 @@ void Details::NaladitRadio(const std::wstring& Kvalita) {
   settings.IDlastRadio = id;
   settings.KvalitaLT = Kvalita;
   if (is_television(id)) {
-    const auto player =
-        skin::television(skin::companion_values(uses_.machine, settings), uses_.stations.RadioInfo(id, L"u" + Kvalita));
+    const auto player = companions::television(companions::companion_values(uses_.machine, settings),
+                                               uses_.stations.RadioInfo(id, L"u" + Kvalita));
     if (player.has_value())
-      skin::launch(uses_.shell, *player);
+      companions::launch(uses_.shell, *player);
     settings.IDlastRadio = before.first;
     settings.KvalitaLT = before.second;
   } else {

@@ -2,16 +2,16 @@
 // The details of the selected station, the qualities in which it can be heard, and tuning it.
 #pragma once
 
-#include "core/lumotune_form.h"
-#include "core/playback.h"
-#include "core/session.h"
-#include "core/station_lookup.h"
+#include "base/lumotune_form.h"
+#include "base/session.h"
 #include "directory/advert.h"
 #include "directory/list_radios_form.h"
 #include "directory/station_list.h"
 #include "platform/dialogs.h"
 #include "platform/machine.h"
 #include "platform/shell.h"
+#include "player/playback.h"
+#include "stations/station_lookup.h"
 
 #include <array>
 #include <cstddef>
@@ -41,10 +41,10 @@ public:
   struct Uses {
     ListRadiosForm& form;
     StationList& list;
-    core::LumotuneForm& main_form;
-    core::Settings& settings;
-    core::StationLookup& stations; // of the main window
-    core::Playback& playback;
+    base::LumotuneForm& main_form;
+    base::Settings& settings;
+    stations::StationLookup& stations; // of the main window
+    player::Playback& playback;
     platform::Shell& shell;
     const platform::Machine& machine;
     platform::Dialogs& dialogs;

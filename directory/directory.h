@@ -2,9 +2,9 @@
 // The station directory: makes its window when it is first wanted, and forgets it when it is closed.
 #pragma once
 
-#include "core/ports.h"
 #include "directory/list_radios.h"
 #include "platform/event_loop.h"
+#include "player/ports.h"
 
 #include <memory>
 #include <vector>
@@ -12,12 +12,12 @@
 namespace lumotune::directory {
 
 // User-interface thread.
-class Directory final : public core::DirectoryPort {
+class Directory final : public player::DirectoryPort {
 public:
   explicit Directory(const DirectoryUses& uses);
 
   WebSlot web;
-  core::FavouritesSlot favourites;
+  player::FavouritesSlot favourites;
 
   // Shows the window, made and loaded when there is none, and selects the tuned station in it.
   void Naladit() override;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/info_panel.h"
 
-#include "core/lumotune_form.h"
-#include "core/text.h"
+#include "base/lumotune_form.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <array>
@@ -15,7 +15,7 @@
 namespace lumotune::directory {
 namespace {
 
-using core::replace_ignoring_case;
+using base::replace_ignoring_case;
 
 constexpr int height_with_line = 6045; // of the window, twips
 constexpr double longest_interval_ms = 65535;
@@ -23,7 +23,7 @@ constexpr double largest_colour = 0xffffff;
 
 // A field that is a number from 0 on, halves rounded to the even neighbour; nothing where it is missing or too large.
 std::optional<std::uint32_t> number_of(const std::vector<std::wstring>& fields, std::size_t index, double largest) {
-  const auto number = index < fields.size() ? core::whole_text_number(fields[index]) : std::nullopt;
+  const auto number = index < fields.size() ? base::whole_text_number(fields[index]) : std::nullopt;
   if (!number.has_value() || !(*number >= 0 && *number <= largest))
     return std::nullopt;
   return static_cast<std::uint32_t>(std::nearbyint(*number));
@@ -55,7 +55,7 @@ void InfoPanelLine::ZobrazInfoPanel(const std::wstring& CommandsG) {
   uses_.loop.run_pending();
   if (closed_)
     return;
-  const auto fields = core::split_record(CommandsG);
+  const auto fields = base::split_record(CommandsG);
   line.set_bold(fields[0] == L"1");
   if (const auto colour = number_of(fields, 1, largest_colour))
     line.set_text_colour(static_cast<platform::Colour>(*colour));
@@ -94,11 +94,11 @@ void InfoPanelLine::TimerInPan_Timer() {
 }
 
 void InfoPanelLine::InfoPanel_Click() {
-  if (core::equal_ignoring_case(panel_action_, L"openurl"))
+  if (base::equal_ignoring_case(panel_action_, L"openurl"))
     open_url();
-  else if (core::equal_ignoring_case(panel_action_, L"showusers"))
+  else if (base::equal_ignoring_case(panel_action_, L"showusers"))
     show_users();
-  else if (core::equal_ignoring_case(panel_action_, L"opengbrowser"))
+  else if (base::equal_ignoring_case(panel_action_, L"opengbrowser"))
     open_browser();
 }
 
@@ -108,22 +108,22 @@ void InfoPanelLine::open_url() {
   if (uses_.loop.quitting())
     return;
   std::wstring page = panel_parameter_;
-  const auto values = skin::companion_values(uses_.machine, uses_.settings);
-  if (!uses_.web->OpenUrl(skin::login_address(values, token, MakePageRe(page))))
+  const auto values = companions::companion_values(uses_.machine, uses_.settings);
+  if (!uses_.web->OpenUrl(companions::login_address(values, token, MakePageRe(page))))
     tell_refused(uses_.form);
 }
 
 void InfoPanelLine::show_users() {
-  auto pieces = core::split_text(panel_parameter_, L"||");
+  auto pieces = base::split_text(panel_parameter_, L"||");
   if (pieces.size() < 4)
     return;
   // What this program's own window is told may reach the listener's files.
-  if (pieces[1].empty() || core::equal_ignoring_case(pieces[1], core::main_caption))
+  if (pieces[1].empty() || base::equal_ignoring_case(pieces[1], base::main_caption))
     return;
   pieces[0] = replace_ignoring_case(pieces[0], L"..", L"");
   // A program that we do not know is not started, wherever it lies: the downloader writes files into the program
   // folder. The message still reaches a window that is there.
-  const std::wstring program = skin::companion_program(uses_.machine.program_folder(), pieces[0]);
+  const std::wstring program = companions::companion_program(uses_.machine.program_folder(), pieces[0]);
   const bool known = !program.empty() && uses_.files.exists(program);
   uses_.sender.show_users(pieces[0], pieces[1], pieces[2], known ? pieces[3] : L"x", program);
 }
@@ -136,16 +136,17 @@ void InfoPanelLine::open_browser() {
   text = replace_ignoring_case(text, L"*.!Orbh*", token);
   text = replace_ignoring_case(text, L"*.l*", L"/");
   panel_parameter_ = text;
-  auto pieces = core::split_text(text, L"|=|");
+  auto pieces = base::split_text(text, L"|=|");
   if (pieces.size() < 2)
     return;
   const std::wstring page = pieces[0];
-  const std::wstring fields = replace_ignoring_case(pieces[1], L"||", core::record_delimiter);
+  const std::wstring fields = replace_ignoring_case(pieces[1], L"||", base::record_delimiter);
   (void)uses_.dialogs.message(page + L"\r\n" + fields, platform::Dialogs::default_title, platform::BoxIcon::none,
                               platform::BoxButtons::ok);
   if (uses_.loop.quitting())
     return;
-  skin::launch(uses_.shell, skin::browser_page(skin::companion_values(uses_.machine, settings), page, fields));
+  companions::launch(uses_.shell,
+                     companions::browser_page(companions::companion_values(uses_.machine, settings), page, fields));
 }
 
 } // namespace lumotune::directory

@@ -2,8 +2,9 @@
 // The information line of the directory window: types out a message of the server's and obeys a command when clicked.
 #pragma once
 
-#include "core/send_command.h"
-#include "core/session.h"
+#include "base/session.h"
+#include "companions/command_lines.h"
+#include "companions/send_command.h"
 #include "directory/layout.h"
 #include "directory/list_radios_form.h"
 #include "directory/ports.h"
@@ -12,7 +13,6 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/shell.h"
-#include "skin/companions.h"
 
 #include <cstddef>
 #include <memory>
@@ -30,14 +30,14 @@ public:
   struct Uses {
     ListRadiosForm& form;
     Layout& layout;
-    core::Settings& settings;
+    base::Settings& settings;
     platform::EventLoop& loop;
     platform::Dialogs& dialogs;
     platform::Shell& shell;
     const platform::Files& files;
     const platform::Machine& machine;
-    core::CommandSender& sender;
-    skin::IdentitySource& identity;
+    companions::CommandSender& sender;
+    companions::IdentitySource& identity;
     WebSlot& web;
   };
   explicit InfoPanelLine(const Uses& uses);

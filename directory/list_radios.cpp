@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/list_radios.h"
 
-#include "core/server_file.h"
+#include "base/server_file.h"
 #include "directory/counted.h"
 
 namespace lumotune::directory {
@@ -12,7 +12,7 @@ constexpr wchar_t enter_key = 13;
 
 } // namespace
 
-ListRadios::ListRadios(const DirectoryUses& uses, WebSlot& web, core::FavouritesSlot& favourites,
+ListRadios::ListRadios(const DirectoryUses& uses, WebSlot& web, player::FavouritesSlot& favourites,
                        AdvertState& advert_state)
     : uses_(uses),
       window_(uses.windows.make(window_name)),
@@ -65,7 +65,7 @@ void ListRadios::Form_Unload() {
 }
 
 void ListRadios::LoadOptions() {
-  core::read_server_file({uses_.files, uses_.codec, uses_.machine, uses_.error_log}, L"LoadOptions", List2,
+  base::read_server_file({uses_.files, uses_.codec, uses_.machine, uses_.error_log}, L"LoadOptions", List2,
                          uses_.settings.server_address);
 }
 

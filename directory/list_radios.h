@@ -2,17 +2,14 @@
 // The station directory window `ListRadios`: its parts, its opening and closing, and who hears its events.
 #pragma once
 
-#include "core/favourites.h"
-#include "core/lumotune_form.h"
-#include "core/playback.h"
-#include "core/send_command.h"
-#include "core/session.h"
-#include "core/settings_files.h"
-#include "core/station_lookup.h"
+#include "base/lumotune_form.h"
+#include "base/session.h"
+#include "base/settings_files.h"
+#include "companions/identity.h"
+#include "companions/send_command.h"
 #include "directory/actions.h"
 #include "directory/advert.h"
 #include "directory/details.h"
-#include "directory/identity.h"
 #include "directory/info_panel.h"
 #include "directory/layout.h"
 #include "directory/list_radios_form.h"
@@ -22,6 +19,9 @@
 #include "platform/connection.h"
 #include "platform/framed_window.h"
 #include "platform/popup_menus.h"
+#include "player/favourites.h"
+#include "player/playback.h"
+#include "stations/station_lookup.h"
 
 #include <functional>
 #include <memory>
@@ -31,15 +31,15 @@ namespace lumotune::directory {
 
 // What the directory is built on; everything outlives it.
 struct DirectoryUses {
-  core::Settings& settings;
-  core::Session& session;
-  core::LumotuneForm& main_form;
-  core::ErrorLog& error_log;
-  core::StationLookup& stations;
-  core::Playback& playback;
-  core::Favourites& favourites;
-  core::CommandSender& sender;
-  Identity& identity;
+  base::Settings& settings;
+  base::Session& session;
+  base::LumotuneForm& main_form;
+  base::ErrorLog& error_log;
+  stations::StationLookup& stations;
+  player::Playback& playback;
+  player::Favourites& favourites;
+  companions::CommandSender& sender;
+  companions::Identity& identity;
   platform::EventLoop& loop;
   platform::Files& files;
   const platform::AnsiCodec& codec;
@@ -52,9 +52,9 @@ struct DirectoryUses {
 };
 
 // User-interface thread. Destroyed from the top level of the loop, and only while `in_use` is false.
-class ListRadios final : public ConversionPort {
+class ListRadios final : public stations::ConversionPort {
 public:
-  ListRadios(const DirectoryUses& uses, WebSlot& web, core::FavouritesSlot& favourites, AdvertState& advert_state);
+  ListRadios(const DirectoryUses& uses, WebSlot& web, player::FavouritesSlot& favourites, AdvertState& advert_state);
   ListRadios(const ListRadios&) = delete;
   ListRadios& operator=(const ListRadios&) = delete;
   ~ListRadios() override;
@@ -97,7 +97,7 @@ private:
   InfoPanelLine panel_;
   Details details_;
   Actions actions_;
-  core::TextLines List2; // the lines of the server file
+  base::TextLines List2; // the lines of the server file
   Updater updater_;
   platform::MouseButton pressed_ = platform::MouseButton::none; // on the list, for the next click
   int in_use_ = 0;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/list_radios_form.h"
 
-#include "core/status_display.h"
+#include "player/status_display.h"
 
 namespace lumotune::directory {
 
@@ -34,7 +34,7 @@ ListRadiosForm::ListRadiosForm(platform::FramedWindow& window_made)
       Frame1(window.make_frame(L"Frame1")) {}
 
 void tell_refused(ListRadiosForm& form) {
-  form.Label1.set_text(core::address_refused);
+  form.Label1.set_text(player::address_refused);
   form.Label1.announce();
 }
 

@@ -2,7 +2,7 @@
 // What the directory asks of the rooms beside and above it. Synchronous, on the user-interface thread.
 #pragma once
 
-#include "core/slot.h"
+#include "base/slot.h"
 
 #include <string>
 
@@ -18,6 +18,6 @@ struct NoWeb final : WebPort {
   [[nodiscard]] bool OpenUrl(const std::wstring& /*address*/) override { return true; }
   [[nodiscard]] bool open_station_web(const std::wstring& /*address*/) override { return true; }
 };
-using WebSlot = core::Slot<WebPort, NoWeb>;
+using WebSlot = base::Slot<WebPort, NoWeb>;
 
 } // namespace lumotune::directory

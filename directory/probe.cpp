@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/probe.h"
 
-#include "core/code_page_fold.h"
-#include "core/line_walk.h"
-#include "core/site.h"
-#include "core/station_limits.h"
-#include "core/text.h"
+#include "base/code_page_fold.h"
+#include "base/line_walk.h"
+#include "base/site.h"
+#include "base/text.h"
+#include "stations/station_limits.h"
 
 #include <optional>
 
@@ -14,7 +14,7 @@ namespace {
 
 // A length in bytes, with blanks around it; nothing for anything else: a length misread would be waited for in vain.
 std::optional<std::uint64_t> length_value(std::string_view text) {
-  text = core::trimmed(text);
+  text = base::trimmed(text);
   if (text.empty())
     return std::nullopt;
   std::uint64_t number = 0;
@@ -22,7 +22,7 @@ std::optional<std::uint64_t> length_value(std::string_view text) {
     if (digit < '0' || digit > '9')
       return std::nullopt;
     number = number * 10 + static_cast<std::uint64_t>(digit - '0');
-    if (number > core::max_station_bytes)
+    if (number > stations::max_station_bytes)
       return std::nullopt;
   }
   return number == 0 ? std::nullopt : std::optional(number);
@@ -30,7 +30,7 @@ std::optional<std::uint64_t> length_value(std::string_view text) {
 
 // At the beginning of a line, whole, however long the host's name is.
 bool is_error_marker(std::string_view line, const std::wstring& host, const platform::AnsiCodec& codec,
-                     const core::CodePageFold& fold) {
+                     const base::CodePageFold& fold) {
   return !host.empty() && fold.starts_with(line, codec.encode(host + L":error"));
 }
 
@@ -41,7 +41,7 @@ std::wstring host_of(std::wstring_view address) {
   if (scheme != std::wstring_view::npos)
     address.remove_prefix(scheme + 3);
   address = address.substr(0, address.find_first_of(L"/\\?#"));
-  if (core::starts_with_ignoring_case(address, L"www."))
+  if (base::starts_with_ignoring_case(address, L"www."))
     address.remove_prefix(4);
   const std::size_t bracket = address.starts_with(L'[') ? address.find(L']') : std::wstring_view::npos;
   if (bracket != std::wstring_view::npos)
@@ -52,15 +52,15 @@ std::wstring host_of(std::wstring_view address) {
 Probe parse_probe(std::string_view bytes, const std::wstring& server_address, const platform::AnsiCodec& codec,
                   const std::function<bool()>& after_line) {
   constexpr std::string_view size_marker = "size:";
-  const core::CodePageFold fold(codec);
+  const base::CodePageFold fold(codec);
   const std::wstring host = host_of(server_address);
   Probe probe;
-  core::LineWalk walk(bytes);
+  base::LineWalk walk(bytes);
   while (walk.next()) {
     const std::string_view line = walk.line();
-    if (is_error_marker(line, host, codec, fold) || is_error_marker(line, core::site_host, codec, fold))
+    if (is_error_marker(line, host, codec, fold) || is_error_marker(line, base::site_host, codec, fold))
       return {Probe::Kind::refused, 0};
-    if (core::starts_with_marker(line, size_marker)) {
+    if (base::starts_with_marker(line, size_marker)) {
       const auto length = length_value(line.substr(size_marker.size()));
       probe = length.has_value() ? Probe{Probe::Kind::size, *length} : Probe{};
     }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/station_list.h"
 
-#include "core/station_limits.h"
-#include "core/text.h"
-#include "directory/categories.h"
-#include "directory/file_names.h"
+#include "base/text.h"
+#include "stations/categories.h"
+#include "stations/file_names.h"
+#include "stations/station_limits.h"
 
 namespace lumotune::directory {
 namespace {
@@ -32,9 +32,9 @@ void StationList::NactiKategorie() {
   tree.clear();
   std::string bytes;
   // A file that cannot be read is an empty one.
-  (void)uses_.files.read_at_most(uses_.machine.program_folder() + L"\\" + categories_file, bytes,
-                                 core::max_station_bytes);
-  for (const CategoryNode& node : read_categories(bytes, uses_.codec))
+  (void)uses_.files.read_at_most(uses_.machine.program_folder() + L"\\" + stations::categories_file, bytes,
+                                 stations::max_station_bytes);
+  for (const stations::CategoryNode& node : stations::read_categories(bytes, uses_.codec))
     (void)tree.add(node.key, node.parent_key, node.name); // a refused node is left out
   tree.select(remembered_node_);
 }
@@ -68,7 +68,7 @@ void StationList::choose_category() {
   if (node == 0)
     return;
   remembered_node_ = node;
-  std::wstring category = category_of_node(uses_.form.TreeView1.key(node));
+  std::wstring category = stations::category_of_node(uses_.form.TreeView1.key(node));
   ZobrazKategoriiRadii(category);
 }
 
@@ -82,7 +82,7 @@ void StationList::reload() {
   NactiKategorie();
   if (remembered_node_ == 0 || remembered_node_ > tree.count())
     remembered_node_ = 1;
-  std::wstring category = category_of_node(tree.key(remembered_node_));
+  std::wstring category = stations::category_of_node(tree.key(remembered_node_));
   ZobrazKategoriiRadii(category);
   if (!selected)
     return;
@@ -105,15 +105,15 @@ void StationList::select_station(const std::wstring& IDradia) {
 }
 
 std::wstring StationList::selected_id() const {
-  return std::wstring(core::mid(rows_.key(uses_.form.ListView1.selected()), key_prefix));
+  return std::wstring(base::mid(rows_.key(uses_.form.ListView1.selected()), key_prefix));
 }
 
-std::optional<StationRecord> StationList::selected_record() const {
+std::optional<stations::StationRecord> StationList::selected_record() const {
   const std::size_t row = uses_.form.ListView1.selected();
   if (row == 0)
     return std::nullopt;
   const std::wstring id = selected_id();
-  return id.empty() ? StationRecord(rows_.line(row), uses_.codec) : table_.last_of(id);
+  return id.empty() ? stations::StationRecord(rows_.line(row), uses_.codec) : table_.last_of(id);
 }
 
 std::wstring StationList::selected_text() const {

@@ -2,14 +2,14 @@
 // The category tree and the station list of the directory window.
 #pragma once
 
-#include "core/ports.h"
-#include "core/session.h"
+#include "base/session.h"
 #include "directory/list_radios_form.h"
 #include "directory/station_rows.h"
-#include "directory/station_table.h"
 #include "platform/ansi_codec.h"
 #include "platform/files.h"
 #include "platform/machine.h"
+#include "player/ports.h"
+#include "stations/station_table.h"
 
 #include <cstddef>
 #include <optional>
@@ -25,8 +25,8 @@ public:
     const platform::Files& files;
     const platform::AnsiCodec& codec;
     const platform::Machine& machine;
-    core::Session& session;
-    core::FavouritesSlot& favourites;
+    base::Session& session;
+    player::FavouritesSlot& favourites;
   };
   explicit StationList(const Uses& uses);
   StationList(const StationList&) = delete;
@@ -53,14 +53,14 @@ public:
   [[nodiscard]] std::wstring selected_text() const; // the row's first column
   // What is known of the selected station: nothing without a row, or when the table has it no more. A row without an
   // identifier stands for its own line.
-  [[nodiscard]] std::optional<StationRecord> selected_record() const;
-  [[nodiscard]] const StationTable& table() const { return table_; }
+  [[nodiscard]] std::optional<stations::StationRecord> selected_record() const;
+  [[nodiscard]] const stations::StationTable& table() const { return table_; }
 
 private:
   void show_rows();
 
   Uses uses_;
-  StationTable table_;
+  stations::StationTable table_;
   StationRows rows_;
   std::size_t remembered_node_ = 0; // the node clicked last, 0 for none
   std::size_t remembered_row_ = 0;  // the row selected or found last, 0 for none

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/station_rows.h"
 
-#include "core/record_bytes.h"
-#include "core/text.h"
-#include "directory/station_record.h"
+#include "base/record_bytes.h"
+#include "base/text.h"
+#include "stations/station_record.h"
 
 namespace lumotune::directory {
 namespace {
@@ -20,7 +20,7 @@ std::string_view rest_of(std::string_view text, std::size_t from) {
 StationRows::StationRows(const platform::AnsiCodec& codec)
     : codec_(codec),
       fold_(codec),
-      keys_(fold_, [this](std::size_t row) { return core::record_field(line(row), field_id); }) {}
+      keys_(fold_, [this](std::size_t row) { return base::record_field(line(row), stations::field_id); }) {}
 
 std::string_view StationRows::line(std::size_t row) const {
   return row == 0 || row > rows_.size() ? std::string_view() : lines_->line(rows_[row - 1]);
@@ -29,25 +29,25 @@ std::string_view StationRows::line(std::size_t row) const {
 std::wstring StationRows::text(std::size_t row, std::size_t column) const {
   const std::string_view record = line(row);
   if (column == 1)
-    return codec_.decode(core::record_field(record, field_country));
+    return codec_.decode(base::record_field(record, stations::field_country));
   if (column != 0)
     return {};
-  std::string name(core::record_field(record, field_name));
-  return codec_.decode(name.append(rest_of(core::record_field(record, field_marker), appended_from)));
+  std::string name(base::record_field(record, stations::field_name));
+  return codec_.decode(name.append(rest_of(base::record_field(record, stations::field_marker), appended_from)));
 }
 
 bool StationRows::bold(std::size_t row) const {
-  return core::starts_with_marker(core::record_field(line(row), field_marker), "tip");
+  return base::starts_with_marker(base::record_field(line(row), stations::field_marker), "tip");
 }
 
 std::wstring StationRows::key(std::size_t row) const {
   if (row == 0 || row > rows_.size())
     return {};
-  return L"orb" + codec_.decode(core::record_field(line(row), field_id));
+  return L"orb" + codec_.decode(base::record_field(line(row), stations::field_id));
 }
 
 std::size_t StationRows::find(const std::wstring& IDradia) const {
-  const auto id = core::exact_bytes(codec_, IDradia);
+  const auto id = base::exact_bytes(codec_, IDradia);
   return id.has_value() && !id->empty() ? keys_.find(*id) : 0;
 }
 
@@ -58,12 +58,12 @@ void StationRows::clear() {
 }
 
 void StationRows::PridejDoSeznamu(std::size_t line_number) {
-  if (keys_.add(rows_.size() + 1, core::record_field(lines_->line(line_number), field_id)))
+  if (keys_.add(rows_.size() + 1, base::record_field(lines_->line(line_number), stations::field_id)))
     rows_.push_back(static_cast<std::uint32_t>(line_number));
 }
 
 template <typename Wanted>
-void StationRows::fill(const std::shared_ptr<const StationLines>& List1, const Wanted& wanted) {
+void StationRows::fill(const std::shared_ptr<const stations::StationLines>& List1, const Wanted& wanted) {
   clear();
   lines_ = List1;
   for (std::size_t i = 0; lines_ && i < lines_->count(); ++i) {
@@ -73,26 +73,28 @@ void StationRows::fill(const std::shared_ptr<const StationLines>& List1, const W
   }
 }
 
-void StationRows::show_all(const std::shared_ptr<const StationLines>& List1) {
+void StationRows::show_all(const std::shared_ptr<const stations::StationLines>& List1) {
   fill(List1, [](std::string_view) { return true; });
 }
 
-void StationRows::ZobrazKategoriiRadii(const std::shared_ptr<const StationLines>& List1, std::wstring& Kategorie) {
+void StationRows::ZobrazKategoriiRadii(const std::shared_ptr<const stations::StationLines>& List1,
+                                       std::wstring& Kategorie) {
   // Seven characters on purpose: only the whole identifier stands for every station.
-  if (core::equal_ignoring_case(core::mid(Kategorie, 1, 7), L"100000"))
+  if (base::equal_ignoring_case(base::mid(Kategorie, 1, 7), L"100000"))
     Kategorie.clear();
   if (Kategorie.empty())
     return show_all(List1);
-  const auto wanted = core::exact_bytes(codec_, Kategorie);
+  const auto wanted = base::exact_bytes(codec_, Kategorie);
   if (!wanted.has_value())
     return clear(); // no code has a character that the code page lacks
   const std::string_view category = *wanted;
-  if (core::starts_with_marker(category, "x"))
+  if (base::starts_with_marker(category, "x"))
     return fill(List1, [&](std::string_view record) {
-      return fold_.equal(rest_of(core::record_field(record, field_category), top_level_length), category.substr(1));
+      return fold_.equal(rest_of(base::record_field(record, stations::field_category), top_level_length),
+                         category.substr(1));
     });
   fill(List1, [&](std::string_view record) {
-    return fold_.starts_with(core::record_field(record, field_category), category);
+    return fold_.starts_with(base::record_field(record, stations::field_category), category);
   });
 }
 

@@ -3,11 +3,11 @@
 // identifier, its text the name with what the marker appends, its second column the country.
 #pragma once
 
-#include "core/code_page_fold.h"
-#include "directory/station_keys.h"
-#include "directory/station_lines.h"
+#include "base/code_page_fold.h"
 #include "platform/ansi_codec.h"
 #include "platform/directory_controls.h"
+#include "stations/station_keys.h"
+#include "stations/station_lines.h"
 
 #include <cstdint>
 #include <memory>
@@ -29,10 +29,10 @@ public:
 
   void clear();
   // Every station of the lines, in the place of the old rows. A second station of one identifier is not added.
-  void show_all(const std::shared_ptr<const StationLines>& List1);
+  void show_all(const std::shared_ptr<const stations::StationLines>& List1);
   // The rows of one category: "100000" (which becomes empty) and an empty text mean every station, "x" and a text the
   // stations whose category code goes on so after six characters, another text those whose code begins so.
-  void ZobrazKategoriiRadii(const std::shared_ptr<const StationLines>& List1, std::wstring& Kategorie);
+  void ZobrazKategoriiRadii(const std::shared_ptr<const stations::StationLines>& List1, std::wstring& Kategorie);
 
   [[nodiscard]] std::wstring key(std::size_t row) const;      // empty outside 1..count
   [[nodiscard]] std::string_view line(std::size_t row) const; // the same
@@ -42,13 +42,13 @@ public:
 private:
   void PridejDoSeznamu(std::size_t line_number);
   template <typename Wanted>
-  void fill(const std::shared_ptr<const StationLines>& List1, const Wanted& wanted);
+  void fill(const std::shared_ptr<const stations::StationLines>& List1, const Wanted& wanted);
 
   const platform::AnsiCodec& codec_;
-  core::CodePageFold fold_;
-  std::shared_ptr<const StationLines> lines_;
+  base::CodePageFold fold_;
+  std::shared_ptr<const stations::StationLines> lines_;
   std::vector<std::uint32_t> rows_; // line numbers
-  StationKeys keys_;
+  stations::StationKeys keys_;
 };
 
 } // namespace lumotune::directory

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/update.h"
 
-#include "directory/file_names.h"
+#include "stations/file_names.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,8 +42,8 @@ UpdateSteps Update::LoadAktualizaceRadii() {
   return steps({{Step::Timer1_off},
                 {Step::Timer3_off},
                 {Step::hide_progress},
-                {Step::remove_file, probe_file},
-                {Step::remove_file, download_file},
+                {Step::remove_file, stations::probe_file},
+                {Step::remove_file, stations::download_file},
                 status(L"Připojování k databázi rádií..."),
                 {Step::start_probe},
                 {Step::Timer3_on}});
@@ -101,16 +101,17 @@ UpdateSteps Update::Timer1_Timer(const FileFacts& list) {
 
 // A list that cannot be read yet, or is no longer as long as announced, is tried again at the next tick. The button
 // stays as it is when the update fails: the next opening of the window begins with it enabled, and with an update.
-UpdateSteps Update::converted(unsigned run, Conversion result) {
+UpdateSteps Update::converted(unsigned run, stations::Conversion result) {
   if (run != run_ || state_ != State::converting)
     return steps({});
-  if (result == Conversion::unreadable) {
+  if (result == stations::Conversion::unreadable) {
     state_ = State::downloading;
     return steps({{Step::Timer1_on}});
   }
   state_ = State::idle;
-  if (result != Conversion::done)
-    return steps({status(result == Conversion::not_written ? not_written_text : refused_text), {Step::hide_progress}});
+  if (result != stations::Conversion::done)
+    return steps(
+        {status(result == stations::Conversion::not_written ? not_written_text : refused_text), {Step::hide_progress}});
   return steps(
       {{Step::reload}, {Step::repaint}, status(L"Hotovo, připraven..."), {Step::hide_progress}, {Step::Command1_on}});
 }

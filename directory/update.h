@@ -2,8 +2,8 @@
 // The update from the server as a state machine: facts go in, the steps to be carried out come out. Pure.
 #pragma once
 
-#include "directory/conversion.h"
 #include "directory/probe.h"
+#include "stations/conversion.h"
 
 #include <cstdint>
 #include <optional>
@@ -71,7 +71,7 @@ public:
   [[nodiscard]] UpdateSteps probe_read(unsigned run, const std::optional<Probe>& probe);
 
   [[nodiscard]] UpdateSteps Timer1_Timer(const FileFacts& list);
-  [[nodiscard]] UpdateSteps converted(unsigned run, Conversion result);
+  [[nodiscard]] UpdateSteps converted(unsigned run, stations::Conversion result);
 
   [[nodiscard]] UpdateSteps Timer2_Timer(const FileFacts& new_categories);
 

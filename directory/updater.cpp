@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/updater.h"
 
+#include "companions/command_lines.h"
 #include "directory/counted.h"
-#include "directory/file_names.h"
-#include "skin/companions.h"
+#include "stations/file_names.h"
 
 namespace lumotune::directory {
 namespace {
@@ -16,9 +16,10 @@ constexpr std::uint32_t categories_ms = 500;
 Updater::Updater(const Uses& uses)
     : uses_(uses),
       Timer1(uses.loop.make_timer(watch_ms, [this] { carry_out(update_.Timer1_Timer(list_facts())); })),
-      Timer2(uses.loop.make_timer(categories_ms,
-                                  [this] { carry_out(update_.Timer2_Timer(facts(path(new_categories_file)))); })),
-      Timer3(uses.loop.make_timer(watch_ms, [this] { carry_out(update_.Timer3_Timer(facts(path(probe_file)))); })) {}
+      Timer2(uses.loop.make_timer(
+          categories_ms, [this] { carry_out(update_.Timer2_Timer(facts(path(stations::new_categories_file)))); })),
+      Timer3(uses.loop.make_timer(watch_ms,
+                                  [this] { carry_out(update_.Timer3_Timer(facts(path(stations::probe_file)))); })) {}
 
 std::wstring Updater::path(const wchar_t* name) const {
   return uses_.machine.program_folder() + L"\\" + name;
@@ -33,13 +34,13 @@ FileFacts Updater::facts(const std::wstring& file) const {
 
 // The downloader is told this very path, forward slash and all.
 FileFacts Updater::list_facts() const {
-  const std::wstring file = uses_.machine.program_folder() + L"/" + download_file;
+  const std::wstring file = uses_.machine.program_folder() + L"/" + stations::download_file;
   const auto length = uses_.files.size(file);
   return {length, length == update_.announced_size() && uses_.files.being_written(file)};
 }
 
 void Updater::watch_for_categories() {
-  if (!uses_.files.exists(path(new_categories_file)))
+  if (!uses_.files.exists(path(stations::new_categories_file)))
     Timer2->start();
 }
 
@@ -59,8 +60,8 @@ void Updater::carry_out(const UpdateStep& step, unsigned run) {
     carry_out(update_.probe_read(run, read_probe(run)));
     return;
   case Step::convert:
-    carry_out(update_.converted(run, convert_files(uses_.files, uses_.machine.program_folder(),
-                                                   update_.announced_size(), uses_.codec, uses_.shows)));
+    carry_out(update_.converted(run, stations::convert_files(uses_.files, uses_.machine.program_folder(),
+                                                             update_.announced_size(), uses_.codec, uses_.shows)));
     return;
   case Step::TestOnLine:
     carry_out(update_.online(run, TestOnLine() == L"true"));
@@ -94,9 +95,11 @@ void Updater::carry_out_own(const UpdateStep& step) {
   case Step::hide_progress:
     return form.Progress.set_visible(false);
   case Step::start_probe:
-    return skin::launch(uses_.shell, skin::station_list_size(skin::companion_values(uses_.machine, uses_.settings)));
+    return companions::launch(
+        uses_.shell, companions::station_list_size(companions::companion_values(uses_.machine, uses_.settings)));
   case Step::start_list:
-    return skin::launch(uses_.shell, skin::station_list(skin::companion_values(uses_.machine, uses_.settings)));
+    return companions::launch(uses_.shell,
+                              companions::station_list(companions::companion_values(uses_.machine, uses_.settings)));
   case Step::repaint:
     return uses_.loop.run_pending();
   case Step::reload:
@@ -120,10 +123,10 @@ void Updater::carry_out_own(const UpdateStep& step) {
 
 // The window repaints after each line, however many a server sends; nobody waits for the rest once the update is over.
 std::optional<Probe> Updater::read_probe(unsigned run) {
-  if (uses_.files.size(path(probe_file)).value_or(0) > max_probe_bytes)
+  if (uses_.files.size(path(stations::probe_file)).value_or(0) > max_probe_bytes)
     return Probe{};
   std::string bytes;
-  if (!uses_.files.read_at_most(path(probe_file), bytes, max_probe_bytes))
+  if (!uses_.files.read_at_most(path(stations::probe_file), bytes, max_probe_bytes))
     return std::nullopt;
   return parse_probe(bytes, uses_.settings.server_address, uses_.codec, [this, run] {
     uses_.loop.run_pending();

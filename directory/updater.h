@@ -2,9 +2,8 @@
 // Carries out the steps of the update: timers, files, the downloader, the status line.
 #pragma once
 
-#include "core/session.h"
-#include "core/settings_files.h"
-#include "directory/conversion.h"
+#include "base/session.h"
+#include "base/settings_files.h"
 #include "directory/list_radios_form.h"
 #include "directory/station_list.h"
 #include "directory/update.h"
@@ -14,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/shell.h"
+#include "stations/conversion.h"
 
 #include <memory>
 #include <string>
@@ -26,8 +26,8 @@ public:
   struct Uses {
     ListRadiosForm& form;
     StationList& list;
-    ConversionPort& shows; // what the list says beside its stations
-    core::Settings& settings;
+    stations::ConversionPort& shows; // what the list says beside its stations
+    base::Settings& settings;
     platform::EventLoop& loop;
     platform::Files& files;
     const platform::AnsiCodec& codec;

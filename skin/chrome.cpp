@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "skin/chrome.h"
 
-#include "core/text.h"
+#include "base/text.h"
 
 namespace lumotune::skin {
 
@@ -64,7 +64,7 @@ void Chrome::Form_MouseMove(const platform::MouseEvent& event) {
 }
 
 void Chrome::LineMenu_OnTop_Click() {
-  if (core::number_value(uses_.settings.LTTop) == 1.0)
+  if (base::number_value(uses_.settings.LTTop) == 1.0)
     OnTopNO();
   else
     OnTopYES();

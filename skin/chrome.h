@@ -2,10 +2,10 @@
 // The frame of the borderless main window: dragging, the topmost layer, hiding and showing, the links' underlines.
 #pragma once
 
-#include "core/lumotune_form.h"
-#include "core/ports.h"
-#include "core/session.h"
+#include "base/lumotune_form.h"
+#include "base/session.h"
 #include "platform/machine.h"
+#include "player/ports.h"
 #include "skin/ports.h"
 
 namespace lumotune::skin {
@@ -14,14 +14,14 @@ namespace lumotune::skin {
 class Chrome {
 public:
   struct Uses {
-    core::Settings& settings;
-    core::Session& session;
-    core::LumotuneForm& form;
+    base::Settings& settings;
+    base::Session& session;
+    base::LumotuneForm& form;
     const platform::Machine& machine;
   };
   explicit Chrome(const Uses& uses) : uses_(uses) {}
 
-  core::MenuSlot menus;
+  player::MenuSlot menus;
   ExitSlot exit;
 
   void OnTopYES();

@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "skin/play_look.h"
 
-#include "core/lumotune_form.h"
-#include "core/text.h"
+#include "base/lumotune_form.h"
+#include "base/text.h"
 
 namespace lumotune::skin {
 
-PlayLook play_look(std::wstring_view play_button_text, const core::KeptSkinFields& kept) {
+PlayLook play_look(std::wstring_view play_button_text, const base::KeptSkinFields& kept) {
   const auto is = [](const std::wstring& field, std::wstring_view word) {
-    return core::equal_ignoring_case(field, word);
+    return base::equal_ignoring_case(field, word);
   };
   const bool list_show = is(kept.list_show, L"show");
   const bool display_show = is(kept.display_show, L"show");
   const bool logo_show = is(kept.logo_show, L"show");
   PlayLook look;
-  look.playing = core::equal_ignoring_case(play_button_text, core::caption_stop);
+  look.playing = base::equal_ignoring_case(play_button_text, base::caption_stop);
   if (look.playing) {
     look.list = list_show && !is(kept.list_mode, L"hideplay");
     // While playing, the display and the logo are seen even where the skin does not say "show": deliberately so.

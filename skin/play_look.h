@@ -2,7 +2,7 @@
 // What is seen while a stream plays and while none does. Pure.
 #pragma once
 
-#include "core/session.h"
+#include "base/session.h"
 
 #include <string_view>
 
@@ -16,6 +16,6 @@ struct PlayLook {
 };
 
 // By the play button's text ("Stop" means playing, letter case ignored) and the kept fields of the skin's lines.
-[[nodiscard]] PlayLook play_look(std::wstring_view play_button_text, const core::KeptSkinFields& kept);
+[[nodiscard]] PlayLook play_look(std::wstring_view play_button_text, const base::KeptSkinFields& kept);
 
 } // namespace lumotune::skin

@@ -2,7 +2,7 @@
 // What the skin room asks of the rooms above it and of the menus. Synchronous, on the user-interface thread.
 #pragma once
 
-#include "core/slot.h"
+#include "base/slot.h"
 
 #include <cstddef>
 #include <string>
@@ -20,7 +20,7 @@ struct NoSkinMenu final : SkinMenuPort {
   void unload_above_0() override {}
   void set_element(std::size_t /*index*/, const std::wstring& /*caption*/, bool /*checked*/) override {}
 };
-using SkinMenuSlot = core::Slot<SkinMenuPort, NoSkinMenu>;
+using SkinMenuSlot = base::Slot<SkinMenuPort, NoSkinMenu>;
 
 // The tray's pop-up menu; events run while it is open.
 struct TrayMenuPort {
@@ -32,7 +32,7 @@ struct NoTrayMenu final : TrayMenuPort {
   void show_volume_submenu() override {}
   void pop_up() override {}
 };
-using TrayMenuSlot = core::Slot<TrayMenuPort, NoTrayMenu>;
+using TrayMenuSlot = base::Slot<TrayMenuPort, NoTrayMenu>;
 
 // The end of the program.
 struct ExitPort {
@@ -42,6 +42,6 @@ struct ExitPort {
 struct NoExit final : ExitPort {
   void Konec() override {}
 };
-using ExitSlot = core::Slot<ExitPort, NoExit>;
+using ExitSlot = base::Slot<ExitPort, NoExit>;
 
 } // namespace lumotune::skin

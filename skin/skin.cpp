@@ -70,7 +70,7 @@ void Skin::forget_ground() const {
 void Skin::LoadSkin(const std::wstring& name) {
   const unsigned turn = ++turn_;
   uses_.settings.LTskin = name;
-  uses_.session.skin = core::KeptSkinFields{};
+  uses_.session.skin = base::KeptSkinFields{};
   sized_ = grounded_ = false;
   forget_pictures();
   forget_labels();

@@ -2,14 +2,14 @@
 // The look of the main window: applies skin files and the looks that follow the play state and the volume.
 #pragma once
 
-#include "core/error_log.h"
-#include "core/lumotune_form.h"
-#include "core/ports.h"
-#include "core/session.h"
+#include "base/error_log.h"
+#include "base/lumotune_form.h"
+#include "base/session.h"
 #include "platform/ansi_codec.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/machine.h"
+#include "player/ports.h"
 #include "skin/skin_file.h"
 
 #include <optional>
@@ -19,21 +19,21 @@
 namespace lumotune::skin {
 
 // User-interface thread. Nothing shows a message: what was wrong with a skin goes to the error log.
-class Skin final : public core::SkinPort {
+class Skin final : public player::SkinPort {
 public:
   struct Uses {
-    core::Settings& settings;
-    core::Session& session;
-    core::LumotuneForm& form;
+    base::Settings& settings;
+    base::Session& session;
+    base::LumotuneForm& form;
     const platform::Files& files;
     const platform::AnsiCodec& codec;
     const platform::Machine& machine;
     platform::EventLoop& loop;
-    core::ErrorLog& error_log;
+    base::ErrorLog& error_log;
   };
   explicit Skin(const Uses& uses) : uses_(uses) {}
 
-  core::MenuSlot menus;
+  player::MenuSlot menus;
 
   // Applies the skin of that name, line by line, letting pending events run after each. Ends at the first missing file,
   // picture or number; controls not yet reached then stay hidden. Of a skin that asks for more than `over_limits`

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "skin/skin_file.h"
 
-#include "core/text.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -59,15 +59,15 @@ const std::wstring& SkinLine::field(std::size_t index) const {
 }
 
 bool SkinLine::names(std::wstring_view control) const {
-  return core::equal_ignoring_case(field(0), control);
+  return base::equal_ignoring_case(field(0), control);
 }
 
 bool SkinLine::shows() const {
-  return core::equal_ignoring_case(field(1), L"show");
+  return base::equal_ignoring_case(field(1), L"show");
 }
 
 bool SkinLine::blank(std::size_t index) const {
-  return core::trimmed(field(index)).empty();
+  return base::trimmed(field(index)).empty();
 }
 
 std::optional<int> SkinLine::number(std::size_t index) const {

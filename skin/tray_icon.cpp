@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "skin/tray_icon.h"
 
-#include "core/busy.h"
+#include "base/busy.h"
 
 #include <cmath>
 
@@ -23,7 +23,7 @@ void TrayIcon::show_title(const std::wstring& title) {
 void TrayIcon::TrayIcon_MouseMove(const platform::MouseEvent& event) {
   if (busy_)
     return;
-  const core::Busy guard(busy_);
+  const base::Busy guard(busy_);
   const auto message = std::lround(event.x / uses_.form.window.twips_per_pixel_x());
   if (message == left_button_down) {
     uses_.chrome.OrbMinMax();

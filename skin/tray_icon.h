@@ -2,7 +2,7 @@
 // What the notification-area icon does.
 #pragma once
 
-#include "core/lumotune_form.h"
+#include "base/lumotune_form.h"
 #include "platform/tray.h"
 #include "skin/chrome.h"
 #include "skin/ports.h"
@@ -15,7 +15,7 @@ namespace lumotune::skin {
 class TrayIcon {
 public:
   struct Uses {
-    core::LumotuneForm& form;
+    base::LumotuneForm& form;
     platform::Tray& tray;
     Chrome& chrome;
   };

@@ -27,7 +27,7 @@ struct AccountTest : ProgramWorld {
     files.make_readonly(machine.folder + L"\\list.tt");
   }
   void serve() { put(L"Orb_Data\\orb_server.tt", "a\r\nb\r\nc\r\nd\r\ne\r\nf\r\n123456789012345http://s.example\r\n"); }
-  void use(const wchar_t* item, void (skin::Menus::*open)()) {
+  void use(const wchar_t* item, void (menus::Menus::*open)()) {
     popups.choices = {item};
     (program.menus.*open)();
   }
@@ -35,11 +35,11 @@ struct AccountTest : ProgramWorld {
     for (const wchar_t* item :
          {L"LT_Menu_Orbcz", L"LT_Menu_ShowUsers", L"LT_Menu_Disk", L"LT_Menu_Potize", L"LT_Menu_Mp3rec", L"LT_Menu_OM",
           L"LT_Menu_LTadd", L"LT_Menu_FAQ", L"LT_Menu_Skins_SKIN(0)"})
-      use(item, &skin::Menus::open_main);
+      use(item, &menus::Menus::open_main);
     for (const wchar_t* item : {L"LT_MenuRadia_Naladit", L"LT_MenuRadia_Disk", L"LT_MenuRadia_Potize"})
-      use(item, &skin::Menus::open_favourite);
+      use(item, &menus::Menus::open_favourite);
     for (const wchar_t* item : {L"LT_MenuPlRaria_www", L"LT_MenuPlRaria_Disk", L"LT_MenuPlRaria_Err"})
-      use(item, &skin::Menus::open_station);
+      use(item, &menus::Menus::open_station);
     loop.advance(5000); // the report of what plays
   }
   void use_the_directory() {

@@ -5,8 +5,8 @@
 #include "app/program.h"
 #include "platform/memory/framed_window.h"
 #include "platform/memory/menus.h"
-#include "tests/support/core_world.h"
 #include "tests/support/memory_platform.h"
+#include "tests/support/player_world.h"
 #include "tests/support/skin_world.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ namespace lumotune::test {
 
 struct ProgramWorld : testing::Test, MemoryPlatform {
   platform::memory::MemoryWindow window{files};
-  core::LumotuneForm form{window};
+  base::LumotuneForm form{window};
   platform::memory::MemoryPopupMenus popups{loop};
   platform::memory::MemoryInputBox input_box{loop};
   platform::memory::MemoryPointer pointer;
@@ -39,7 +39,7 @@ struct ProgramWorld : testing::Test, MemoryPlatform {
     for (const wchar_t* name : {L"form", L"ot", L"otn", L"min", L"end", L"play", L"stop", L"menu", L"display", L"orb",
                                 L"vol0", L"vol1", L"vol2", L"vol3", L"vol4", L"vol5"})
       put(std::wstring(L"Orb_Data\\skins\\Lumo\\") + name + L".gif", gif(20, 10));
-    put(L"radios.tt", CoreWorld::record("RADIO1", "Prvn\xed", "u1a", "u2a"));
+    put(L"radios.tt", PlayerWorld::record("RADIO1", "Prvn\xed", "u1a", "u2a"));
     messages.add_window(L"Orb - Lumotune", platform::WindowRef{77});
   }
   void put(const std::wstring& name, const std::string& bytes) {

@@ -13,8 +13,8 @@ struct WiringTest : ProgramWorld {
 
   WiringTest() {
     put(L"Orb_Data\\orb_server.tt", "a\r\nb\r\nc\r\nd\r\ne\r\nf\r\n123456789012345http://server.example\r\n");
-    put(L"radios.tt",
-        CoreWorld::record("RADIO1", "Prvn\xed", "u1a", "u2a") + CoreWorld::record("radio2", "Druh\xe9", "u1b", "u2b"));
+    put(L"radios.tt", PlayerWorld::record("RADIO1", "Prvn\xed", "u1a", "u2a") +
+                          PlayerWorld::record("radio2", "Druh\xe9", "u1b", "u2b"));
   }
   void start_with(const std::string& favourites) {
     put(L"list.tt", favourites);
@@ -140,7 +140,7 @@ TEST_F(WiringTest, EveryWayToTheDirectory) {
   choose(L"LT_TrayMenu_RadioList");
   tray_event(517);
   expect_directory("the tray's menu");
-  list.add(core::tune_hint);
+  list.add(player::tune_hint);
   list.set_visible(true);
   ASSERT_TRUE(list.user_pick(list.count() - 1));
   expect_directory("the hint among the favourites");

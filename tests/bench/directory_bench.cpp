@@ -2,12 +2,12 @@
 // How fast 50,000 stations are converted, loaded and filtered, and what memory they take, measured against copying and
 // reading their files. Prints a row a measurement, "name | ours | reference | ratio | limit", and ends with 1 when a
 // limit is passed.
-#include "directory/conversion.h"
-#include "directory/file_names.h"
 #include "directory/station_rows.h"
-#include "directory/station_table.h"
 #include "platform/memory/files.h"
 #include "platform/memory/messages.h"
+#include "stations/conversion.h"
+#include "stations/file_names.h"
+#include "stations/station_table.h"
 #include "tests/bench/measure.h"
 
 #include <malloc.h>
@@ -52,7 +52,7 @@ constexpr int station_count = 50000;
 constexpr int rounds = 100;
 constexpr double frame_ms = 1000.0 / 60.0;
 
-struct Silent final : directory::ConversionPort {
+struct Silent final : stations::ConversionPort {
   void ZobrazReklamu(const std::wstring& /*text*/) override {}
   void ZobrazInfoPanel(const std::wstring& /*text*/) override {}
   void orders_end() override {}
@@ -82,7 +82,7 @@ std::string downloaded_list() {
 }
 
 // The frame is filled with the first rows as a window does it.
-double slowest_category_ms(directory::StationRows& rows, const directory::StationTable& table) {
+double slowest_category_ms(directory::StationRows& rows, const stations::StationTable& table) {
   double slowest = 0;
   for (const wchar_t* category : {L"100000", L"100003", L"100003s4", L"xs4"}) {
     const auto show = [&] {
@@ -103,21 +103,21 @@ int run(DiskFiles& files) {
   const std::wstring folder = machine.program_folder();
   const std::string list = downloaded_list();
   const std::uint64_t size = list.size();
-  if (!files.replace(directory::download_file, list))
+  if (!files.replace(stations::download_file, list))
     return fail("the list was not written");
-  const auto convert = [&] { return directory::convert_files(files, folder, size, codec, silent); };
-  if (convert() != directory::Conversion::done)
+  const auto convert = [&] { return stations::convert_files(files, folder, size, codec, silent); };
+  if (convert() != stations::Conversion::done)
     return fail("the list was not converted");
   const Times conversion = bench::best_ms(
-      rounds, [&] { (void)convert(); }, [&] { (void)files.copy(directory::download_file, L"copy"); });
+      rounds, [&] { (void)convert(); }, [&] { (void)files.copy(stations::download_file, L"copy"); });
 
   std::string buffer;
   std::size_t lines = 0;
   const std::size_t held_before = live_bytes;
-  directory::StationTable table({files, codec, machine});
+  stations::StationTable table({files, codec, machine});
   directory::StationRows rows(codec);
   const Times loading = bench::best_ms(
-      rounds, [&] { table.load(); }, [&] { lines = bench::read_lines(files, directory::stations_file, buffer); });
+      rounds, [&] { table.load(); }, [&] { lines = bench::read_lines(files, stations::stations_file, buffer); });
   const double file_size = static_cast<double>(buffer.size());
   std::string().swap(buffer);
   rows.show_all(table.lines());
@@ -139,7 +139,7 @@ int run(DiskFiles& files) {
 int main() {
   DiskFiles files;
   const int result = run(files);
-  for (const wchar_t* name : {directory::download_file, directory::stations_file, directory::categories_file, L"copy"})
+  for (const wchar_t* name : {stations::download_file, stations::stations_file, stations::categories_file, L"copy"})
     (void)files.remove(name); // a left-over is written anew by the next run
   return result;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "core/lumotune_form.h"
+#include "base/lumotune_form.h"
 #include "platform/win32/connection.h"
 #include "platform/win32/input_box.h"
 #include "platform/win32/popup_menus.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Commands between real programs: this one, a second time, which hangs or floods.
-#include "core/client_commands.h"
+#include "player/client_commands.h"
 #include "tests/contract/fixture_player.h"
 
 #include <gtest/gtest.h>
@@ -123,7 +123,7 @@ TEST(Win32Messages, AHungWindowKeepsNobodyForLong) {
 }
 
 // Each command takes a while, as "list" does when the station file is long.
-struct SlowFavourites final : core::FavouritesPort {
+struct SlowFavourites final : player::FavouritesPort {
   void show_in_place() override {}
   void ZobrazOblibene() override {
     Sleep(5);
@@ -134,13 +134,13 @@ struct SlowFavourites final : core::FavouritesPort {
 
 TEST(Win32Messages, AFloodLeavesTheWindowAnswering) {
   Backend b;
-  core::Settings settings;
-  core::Session session;
-  core::LumotuneForm form{b.window};
-  core::StationLookup stations{{b.files, b.codec, b.real.machine}};
+  base::Settings settings;
+  base::Session session;
+  base::LumotuneForm form{b.window};
+  stations::StationLookup stations{{b.files, b.codec, b.real.machine}};
   const auto player = make_player(b.loop);
-  core::Playback playback{{settings, session, form, *player, stations, b.loop}};
-  core::ClientCommands commands{{settings, session, form, b.loop, b.messages, b.real.dialogs, b.codec, playback}};
+  player::Playback playback{{settings, session, form, *player, stations, b.loop}};
+  player::ClientCommands commands{{settings, session, form, b.loop, b.messages, b.real.dialogs, b.codec, playback}};
   SlowFavourites favourites;
   commands.favourites.bind(favourites);
   std::size_t got = 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The record of the notification area: its tip in any code page, its icon in the right size.
-#include "core/lumotune_form.h"
+#include "base/lumotune_form.h"
 #include "tests/contract/fixture_win32.h"
 
 #include <gtest/gtest.h>
@@ -48,7 +48,7 @@ std::vector<COLORREF> drawn(HICON icon, int side) {
 // This program has no icon of its own: the system's general one stands for it.
 TEST(TrayIconPicture, IsTheOneDrawnForTheSizeOfTheTray) {
   Backend b;
-  core::LumotuneForm form(b.window);
+  base::LumotuneForm form(b.window);
   const Win32Tray tray(b.window, form.TrayIcon);
   ICONINFO info{};
   ASSERT_NE(GetIconInfo(tray.icon(), &info), 0);

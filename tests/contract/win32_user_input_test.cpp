@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The mouse button and the media keys, with the system's real input.
-#include "core/favourites.h"
 #include "platform/win32/user_input.h"
+#include "player/favourites.h"
 #include "tests/contract/fixture_player.h"
 #include "tests/contract/fixture_win32.h"
 
@@ -76,31 +76,31 @@ private:
   std::unique_ptr<platform::Timer> timer_;
 };
 
-struct NotingMenu final : core::FavouriteMenuPort {
-  NotingMenu(const core::Settings& settings_used, const int& clicks_used)
+struct NotingMenu final : player::FavouriteMenuPort {
+  NotingMenu(const base::Settings& settings_used, const int& clicks_used)
       : settings(settings_used), clicks(clicks_used) {}
   void set_tune_caption(const std::wstring& /*caption*/) override {}
   void open_favourite() override { opened.push_back(settings.IDlastRadio + L" after " + std::to_wstring(clicks)); }
-  const core::Settings& settings;
+  const base::Settings& settings;
   const int& clicks;
   std::vector<std::wstring> opened;
 };
 
 TEST_F(Win32UserInput, TheMenuOfAFavouriteIsForTheRowUnderThePointerHoweverLateTheClickComes) {
-  core::LumotuneForm form(b.window);
-  core::Settings settings;
-  core::Session session;
+  base::LumotuneForm form(b.window);
+  base::Settings settings;
+  base::Session session;
   const auto player = contract::make_player(b.loop);
   player->set_auto_start(false);
-  core::StationLookup stations({b.files, b.codec, b.real.machine});
-  core::Playback playback({settings, session, form, *player, stations, b.loop});
+  stations::StationLookup stations({b.files, b.codec, b.real.machine});
+  player::Playback playback({settings, session, form, *player, stations, b.loop});
   LatePointer late(b.loop);
-  core::Favourites favourites(
+  player::Favourites favourites(
       {b.files, b.codec, b.real.machine, settings, session, form, playback, stations, b.real.dialogs, b.loop, late});
   int clicks = 0;
   NotingMenu menu(settings, clicks);
   favourites.menu.bind(menu);
-  core::NoSkin skin;
+  player::NoSkin skin;
   playback.skin.bind(skin);
   auto& list = form.Control_List;
   list.on_click = [&] {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // What only the real backend has: window classes, properties, keys, the system's own messages.
-#include "core/lumotune_form.h"
+#include "base/lumotune_form.h"
 #include "platform/win32/dpi.h"
 #include "tests/contract/fixture_win32.h"
 
@@ -28,7 +28,7 @@ std::wstring text_of(HWND window) {
 
 struct Win32Only : testing::Test {
   Backend b;
-  core::LumotuneForm form{b.window};
+  base::LumotuneForm form{b.window};
   [[nodiscard]] HWND handle(const platform::Control& control) const { return b.window.handle_of(control); }
   void key(HWND target, WPARAM code) {
     PostMessageW(target, WM_KEYDOWN, code, 1);

@@ -2,7 +2,7 @@
 // What a listener does with a station of the directory besides playing it: favourites, companions, pages.
 #include "tests/support/directory_world.h"
 
-#include "core/client_link.h"
+#include "player/client_link.h"
 
 #include <gtest/gtest.h>
 
@@ -129,7 +129,7 @@ TEST_F(ListRadiosActions, AMissingClientIsStartedAtEveryMissAndAskedOnce) {
 
 // From the main window, the directory or its information line: the client hears one wish at a time.
 TEST_F(ListRadiosActions, WhileOneWindowAsksForListenersNoOtherOneDoes) {
-  core::ClientLink link{{files, codec, machine, loop, dialogs, settings, options, sender}};
+  player::ClientLink link{{files, codec, machine, loop, dialogs, settings, options, sender}};
   messages.remove_window(L"Orb - Lumotune");
   (void)files.replace(machine.folder + L"\\orb.exe", "x");
   AdvertState state;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The information line of the directory window.
-#include "core/text.h"
+#include "base/text.h"
 #include "tests/directory/panel_world.h"
 
 namespace lumotune::directory {
@@ -163,7 +163,7 @@ TEST_F(ListRadiosPanel, ShowsUsersThroughTheClientsOwnProgramsOnly) {
     ASSERT_EQ(shell.started.size(), 1U) << testing::PrintToString(std::wstring(name));
     EXPECT_TRUE(shell.started[0].application.starts_with(machine.folder + L"\\"));
     EXPECT_TRUE(shell.started[0].application.ends_with(L".exe")) << "as we know it, whole";
-    EXPECT_EQ(shell.started[0].command_line, core::replace_ignoring_case(name, L"..", L"")) << "as it came";
+    EXPECT_EQ(shell.started[0].command_line, base::replace_ignoring_case(name, L"..", L"")) << "as it came";
   }
   shell.started.clear();
   for (const wchar_t* name : {L"seznam.tt",

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The update seen from the window: what a server, a downloader and the files between them may do.
-#include "core/station_limits.h"
+#include "stations/station_limits.h"
 #include "tests/directory/update_world.h"
 
 #include <functional>
@@ -165,7 +165,7 @@ TEST_F(QualityMenu, DoesNothingForAnotherRowThatIsSelectedMeanwhile) {
 
 TEST_F(ListRadiosUpdate, AListOfTooManyLinesChangesNothing) {
   std::string list = "orb:i:0/@//@/1/@/zprava\r\n";
-  list.append(core::max_station_lines, '\n');
+  list.append(stations::max_station_lines, '\n');
   bring(list);
   EXPECT_EQ(status(), refused);
   EXPECT_EQ(content(L"radios.tt"), before);
@@ -361,10 +361,10 @@ TEST_F(ListRadiosUpdate, FilesThatCannotBeWrittenLeaveTheOldOnes) {
 // Whatever an update ended with after the button was pressed, opening the window anew brings the button and an update.
 TEST_F(ListRadiosUpdate, ClosingAndOpeningBringsTheButtonBackWhateverHappened) {
   const std::vector<std::function<void()>> ends = {
-      [this] { write(L"orb_test_size.tt", "orb.cz:error"); },            // refused
-      [this] { connection.now.connected = false; },                      // asked below
-      [this] { announce(100); },                                         // a list that never comes
-      [this] { bring(std::string(core::max_station_lines + 1, '\n')); }, // of too many lines
+      [this] { write(L"orb_test_size.tt", "orb.cz:error"); },                // refused
+      [this] { connection.now.connected = false; },                          // asked below
+      [this] { announce(100); },                                             // a list that never comes
+      [this] { bring(std::string(stations::max_station_lines + 1, '\n')); }, // of too many lines
       [this] {
         files.make_readonly(path(L"radios.tt"));
         bring(stations_text());

@@ -20,7 +20,7 @@ namespace lumotune::directory {
 
 using Pages = test::RecordingWeb;
 
-struct Scrambler final : skin::IdentitySource {
+struct Scrambler final : companions::IdentitySource {
   std::wstring Heslo(const std::wstring& text) override {
     if (during)
       during();
@@ -34,8 +34,8 @@ struct ListRadiosPanel : testing::Test, test::MemoryPlatform {
   ListRadiosForm form{window};
   Layout layout{form};
   AdvertState state;
-  core::Settings settings;
-  core::CommandSender sender{{loop, messages, shell, codec}};
+  base::Settings settings;
+  companions::CommandSender sender{{loop, messages, shell, codec}};
   Scrambler identity;
   Pages pages;
   WebSlot web;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "core/station_limits.h"
 #include "directory/probe.h"
 #include "platform/memory/files.h"
+#include "stations/station_limits.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +45,7 @@ TEST(Probe, ASizeThatIsNoLengthIsUnusable) {
 }
 
 TEST(Probe, AListLongerThanAnyFileThatIsReadIsNotWaitedFor) {
-  const auto longest = core::max_station_bytes;
+  const auto longest = stations::max_station_bytes;
   EXPECT_EQ(longest, 256U * 1024 * 1024);
   EXPECT_EQ(probe("size:" + std::to_string(longest)), std::to_string(longest));
   EXPECT_EQ(probe("size:" + std::to_string(longest + 1)), "unusable");

@@ -14,7 +14,7 @@ struct StationActions : testing::Test, test::DirectoryWorld {
   Layout layout{bare_form};
   AdvertState state;
   Advert advert{{bare_form, layout, state}};
-  core::FavouritesSlot slot;
+  player::FavouritesSlot slot;
   WebSlot pages;
   StationList stations_shown{{bare_form, files, codec, machine, session, slot}};
   Details details{{bare_form, stations_shown, form, settings, stations, playback, shell, machine, dialogs, advert}};

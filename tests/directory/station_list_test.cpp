@@ -22,8 +22,8 @@ struct StationListTest : testing::Test {
   platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
   platform::memory::MemoryMachine machine;
-  core::Session session;
-  core::FavouritesSlot favourites;
+  base::Session session;
+  player::FavouritesSlot favourites;
   platform::memory::MemoryFramedWindow window{L"ListRadios", files};
   directory::ListRadiosForm form{window};
   std::unique_ptr<directory::StationList> stations = std::make_unique<directory::StationList>(

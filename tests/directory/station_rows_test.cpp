@@ -22,7 +22,7 @@ std::string station(const std::string& id, const std::string& name, const std::s
 struct RowsWorld {
   platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
-  std::shared_ptr<directory::StationLines> lines = std::make_shared<directory::StationLines>();
+  std::shared_ptr<stations::StationLines> lines = std::make_shared<stations::StationLines>();
   directory::StationRows rows{codec};
 
   void put(const std::string& bytes) {
@@ -162,7 +162,7 @@ TEST(StationRows, OnlyTheWholeSpecialIdentifierMeansEveryStation) {
 TEST(StationRows, ShowWhatTheyWereMadeOfWhileTheTableIsLoadedAnew) {
   RowsWorld w;
   w.all(station("RADIO1", "Stare", "tip", "100001"));
-  w.lines = std::make_shared<directory::StationLines>();
+  w.lines = std::make_shared<stations::StationLines>();
   w.put("");
   EXPECT_EQ(w.rows.text(1, 0), L"Stare");
   EXPECT_EQ(w.rows.key(1), L"orbRADIO1");

@@ -10,12 +10,12 @@
 namespace lumotune::test {
 namespace {
 
-using directory::Conversion;
 using directory::FileFacts;
 using directory::Probe;
 using directory::Step;
 using directory::Update;
 using directory::UpdateSteps;
+using stations::Conversion;
 using Texts = std::vector<std::wstring>;
 
 std::wstring step_text(const directory::UpdateStep& step) {

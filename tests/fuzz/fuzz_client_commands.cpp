@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Any bytes sent to the main window: always answered, always bounded, and the next real command still works.
-#include "tests/support/core_world.h"
+#include "tests/support/player_world.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  lumotune::test::CoreWorld world;
+  lumotune::test::PlayerWorld world;
   world.commands.Hook(true);
   world.player.set_auto_start(false);
   const std::string bytes(reinterpret_cast<const char*>(data), size);

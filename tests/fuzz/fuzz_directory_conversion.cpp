@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Any downloaded list: every line goes where its kind belongs, in order and byte for byte.
-#include "core/options_lines.h"
-#include "core/text.h"
-#include "directory/conversion.h"
+#include "base/options_lines.h"
+#include "base/text.h"
 #include "platform/memory/files.h"
+#include "stations/conversion.h"
 #include "tests/fuzz/fuzzing.h"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ constexpr const char* const words[] = {"orb:k:", "orb:r:", "orb:i:",     "<end>"
                                        "\r",     "ORB:K:", "Orb:I:",     "<END>",    "orb:", "/@/",
                                        "new//",  "\n\n",   "\r\norb:k:", "\n<end>\n"};
 
-struct Heard final : directory::ConversionPort {
+struct Heard final : stations::ConversionPort {
   void ZobrazReklamu(const std::wstring& text) override { said.push_back(L"r" + text); }
   void ZobrazInfoPanel(const std::wstring& text) override { said.push_back(L"i" + text); }
   void orders_end() override { ++ends; }
@@ -38,27 +38,27 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string categories;
   std::size_t category_count = 0;
   std::vector<std::wstring> said;
-  for (const std::string& line : core::split_text_lines(bytes)) {
+  for (const std::string& line : base::split_text_lines(bytes)) {
     const std::wstring text = codec.decode(line);
-    const std::wstring rest(core::mid(text, 7));
-    const auto begins = [&](const wchar_t* prefix) { return core::starts_with_ignoring_case(text, prefix); };
-    if (line.empty() || core::equal_ignoring_case(text, L"<end>"))
+    const std::wstring rest(base::mid(text, 7));
+    const auto begins = [&](const wchar_t* prefix) { return base::starts_with_ignoring_case(text, prefix); };
+    if (line.empty() || base::equal_ignoring_case(text, L"<end>"))
       continue;
     if (begins(L"orb:k:")) {
-      if (++category_count <= directory::max_categories)
+      if (++category_count <= stations::max_categories)
         categories += line.substr(6) + "\r\n";
     } else if (begins(L"orb:r:") || begins(L"orb:i:")) {
-      const wchar_t kind = core::fold(text[4]);
+      const wchar_t kind = base::fold(text[4]);
       const auto of_kind = [&](const std::wstring& order) { return order[0] == kind; };
       const auto before = static_cast<std::size_t>(std::count_if(said.begin(), said.end(), of_kind));
-      if (before < directory::max_orders && line.size() - 6 <= directory::max_order_bytes)
+      if (before < stations::max_orders && line.size() - 6 <= stations::max_order_bytes)
         said.push_back(kind + rest);
     } else {
       stations += line + "\r\n";
     }
   }
   Heard heard;
-  const auto converted = directory::convert(bytes, codec, heard);
+  const auto converted = stations::convert(bytes, codec, heard);
   demand(converted.has_value());
   demand(converted->stations == stations + "\r\n");
   demand(converted->categories == categories + "\r\n");

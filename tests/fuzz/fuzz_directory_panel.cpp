@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Any commands of the server's for the information line and the advertisement, and clicks on the line: what is started
 // is a program of the folder or the browser, what is opened is a page of the site.
-#include "core/text.h"
+#include "base/text.h"
+#include "companions/open_url.h"
 #include "directory/advert.h"
 #include "directory/info_panel.h"
 #include "platform/memory/event_loop.h"
 #include "platform/memory/files.h"
 #include "platform/memory/framed_window.h"
 #include "platform/memory/messages.h"
-#include "skin/open_url.h"
 #include "tests/fuzz/fuzzing.h"
 #include "tests/support/memory_platform.h"
 
@@ -23,10 +23,10 @@ struct Pages final : directory::WebPort {
   explicit Pages(platform::Shell& shell) : web(shell) {}
   bool OpenUrl(const std::wstring& address) override { return web.OpenUrl(address); }
   bool open_station_web(const std::wstring& address) override { return web.open_station_web(address); }
-  skin::WebPages web;
+  companions::WebPages web;
 };
 
-struct Scrambler final : skin::IdentitySource {
+struct Scrambler final : companions::IdentitySource {
   std::wstring Heslo(const std::wstring& /*text*/) override { return L"1-2-"; }
 };
 
@@ -35,8 +35,8 @@ struct Panel : test::MemoryPlatform {
   directory::ListRadiosForm form{window};
   directory::Layout layout{form};
   directory::AdvertState state;
-  core::Settings settings;
-  core::CommandSender sender{{loop, messages, shell, codec}};
+  base::Settings settings;
+  companions::CommandSender sender{{loop, messages, shell, codec}};
   Scrambler identity;
   Pages pages{shell};
   directory::WebSlot web;
@@ -66,7 +66,7 @@ void check(const Panel& panel) {
   for (const auto& started : panel.shell.started) {
     const std::wstring& line = started.command_line;
     demand(is_clean(line));
-    const bool known = core::equal_ignoring_case(line.substr(line.find_first_not_of(L' ')).substr(0, 7), L"orb.exe") &&
+    const bool known = base::equal_ignoring_case(line.substr(line.find_first_not_of(L' ')).substr(0, 7), L"orb.exe") &&
                        started.application == L"C:\\Orb\\orb.exe";
     const bool page = line.starts_with(L"explorer http://s.example/login/ja/1-2-/") && line.ends_with(L"/1");
     const bool browser = line.starts_with(L"C:\\Orb\\OrbBrowser.exe http://s.example/") &&

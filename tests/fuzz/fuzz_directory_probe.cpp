@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Any answer to the probe: a size is one that a list can have, and nothing else is taken for one.
-#include "core/station_limits.h"
 #include "directory/probe.h"
 #include "platform/files.h"
 #include "platform/memory/files.h"
+#include "stations/station_limits.h"
 #include "tests/fuzz/fuzzing.h"
 
 #include <cstddef>
@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::wstring address = codec.decode(bytes.substr(0, bytes.size() / 4));
   const std::wstring server = bytes.size() % 2 == 0 ? std::wstring(L"http://www.a.cz:80/") : address;
   const auto probe = directory::parse_probe(bytes, server, codec);
-  demand(probe.kind == Kind::size ? probe.size >= 1 && probe.size <= core::max_station_bytes : probe.size == 0);
+  demand(probe.kind == Kind::size ? probe.size >= 1 && probe.size <= stations::max_station_bytes : probe.size == 0);
   // Whatever it is, a good last line makes it usable, and a marker refuses it; a refusal stays one.
   const auto better = directory::parse_probe(bytes + "\r\nsize:12\r\n", server, codec);
   demand(probe.kind == Kind::refused ? better.kind == Kind::refused : better.kind == Kind::size && better.size == 12);

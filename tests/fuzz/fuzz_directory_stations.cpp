@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Any station file: lines, fields, rows and look-ups agree with the plain way of finding them.
-#include "core/options_lines.h"
-#include "core/record_bytes.h"
-#include "core/text.h"
+#include "base/options_lines.h"
+#include "base/record_bytes.h"
+#include "base/text.h"
 #include "directory/station_rows.h"
-#include "directory/station_table.h"
 #include "platform/memory/files.h"
 #include "platform/memory/messages.h"
+#include "stations/station_table.h"
 #include "tests/fuzz/fuzzing.h"
 
 #include <cstddef>
@@ -27,20 +27,20 @@ constexpr const char* const words[] = {"/@/", "\r\n", "\n",     "\r",     "tip",
 
 std::wstring folded(std::wstring text) {
   for (wchar_t& character : text)
-    character = core::fold(character);
+    character = base::fold(character);
   return text;
 }
 
 std::wstring plain_field(const std::wstring& line, std::size_t number) {
-  const auto fields = core::split_record(line, line.size() + 1);
+  const auto fields = base::split_record(line, line.size() + 1);
   return number < fields.size() ? fields[number] : std::wstring();
 }
 
 void check_record(const std::string& line) {
   const std::wstring text = codec.decode(line);
-  const directory::StationRecord record(line, codec);
+  const stations::StationRecord record(line, codec);
   for (std::size_t number = 0; number < 17; ++number) {
-    demand(codec.decode(core::record_field(line, number)) == plain_field(text, number));
+    demand(codec.decode(base::record_field(line, number)) == plain_field(text, number));
     demand(record.at(number + 1) == plain_field(text, number));
   }
 }
@@ -50,11 +50,11 @@ bool plainly_shown(const std::wstring& line, const std::wstring& category) {
   if (category.empty() || category == L"100000")
     return true;
   if (category[0] == L'x')
-    return std::wstring(core::mid(code, 7)) == folded(category.substr(1));
+    return std::wstring(base::mid(code, 7)) == folded(category.substr(1));
   return code.substr(0, category.size()) == folded(category);
 }
 
-void check_rows(const directory::StationTable& table, const core::TextLines& lines, std::wstring category) {
+void check_rows(const stations::StationTable& table, const base::TextLines& lines, std::wstring category) {
   std::set<std::wstring> ids;
   std::vector<std::wstring> expected;
   for (const std::string& bytes : lines) {
@@ -79,11 +79,11 @@ void check_rows(const directory::StationTable& table, const core::TextLines& lin
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string bytes = fuzz::expanded(data, size, words);
   static platform::memory::MemoryFiles files;
-  static directory::StationTable table({files, codec, machine});
+  static stations::StationTable table({files, codec, machine});
   demand(files.replace(machine.program_folder() + L"\\radios.tt", bytes));
   files.forget_changes();
   table.load();
-  const core::TextLines lines = core::split_text_lines(bytes);
+  const base::TextLines lines = base::split_text_lines(bytes);
   demand(table.lines()->count() == lines.size());
   std::wstring last_name;
   for (std::size_t i = 0; i < lines.size(); ++i) {

@@ -74,7 +74,7 @@ void tick_Timer1(Carrier& carrier, std::uint8_t byte) {
 }
 
 void answer_conversion(Carrier& carrier, std::uint8_t byte) {
-  using directory::Conversion;
+  using stations::Conversion;
   const auto result = byte % 3 == 0   ? Conversion::done
                       : byte % 3 == 1 ? Conversion::unreadable
                       : byte % 2 == 0 ? Conversion::too_long

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Any favourites file and any station file: every item carries a favourite of the file behind 93 columns, and a removed
 // favourite is gone while every other line stays.
-#include "core/favourites.h"
-#include "core/options_lines.h"
-#include "core/text.h"
+#include "base/options_lines.h"
+#include "base/text.h"
 #include "platform/memory/menus.h"
+#include "player/favourites.h"
 #include "tests/fuzz/fuzzing.h"
-#include "tests/support/core_world.h"
+#include "tests/support/player_world.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -15,9 +15,9 @@ using namespace lumotune;
 using fuzz::demand;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  test::CoreWorld w;
+  test::PlayerWorld w;
   platform::memory::MemoryPointer pointer;
-  core::Favourites favourites(
+  player::Favourites favourites(
       {w.files, w.codec, w.machine, w.settings, w.session, w.form, w.playback, w.stations, w.dialogs, w.loop, pointer});
   // The first byte says where the station file begins. One favourite is there whatever the rest is.
   const std::string bytes(reinterpret_cast<const char*>(data), size);
@@ -27,12 +27,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   w.put(L"radios.tt", "RADIO1/@/" + bytes.substr(cut));
   favourites.ZobrazOblibene();
 
-  const core::TextLines before = core::without_empty_lines(core::split_text_lines(list));
+  const base::TextLines before = base::without_empty_lines(base::split_text_lines(list));
   auto& shown = w.form.Control_List;
   demand(shown.count() > 0 && shown.count() <= before.size());
   demand(shown.item(shown.count() - 1).substr(93, 7) == L"2RADIO1");
   for (std::size_t i = 0; i < shown.count(); ++i) {
-    const auto item = core::read_favourite_item(shown.item(i));
+    const auto item = player::read_favourite_item(shown.item(i));
     demand(item.has_value() && item->id.size() == 6 && item->quality >= L"1" && item->quality <= L"5");
     demand(w.stations.RadioInfo(item->id, L"u" + item->quality).size() == item->address.size());
     shown.select(i);
@@ -45,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string after = w.get(L"list.tt");
   std::string expected = "\r\n";
   for (const std::string& line : before) {
-    if (!core::equal_ignoring_case(w.codec.decode(line), gone))
+    if (!base::equal_ignoring_case(w.codec.decode(line), gone))
       expected += line + "\r\n";
   }
   demand(after == expected);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Any address of a station and any text in a command line: what is started stays one program with one argument text,
 // and what the shell is given to open is a web host.
+#include "companions/command_lines.h"
+#include "companions/open_url.h"
 #include "platform/memory/files.h"
 #include "platform/memory/messages.h"
-#include "skin/companions.h"
-#include "skin/open_url.h"
 #include "tests/fuzz/fuzzing.h"
 
 #include <algorithm>
@@ -23,7 +23,7 @@ bool is_clean(const std::wstring& text) {
 
 void try_station_web(const std::wstring& address) {
   platform::memory::MemoryShell shell;
-  skin::WebPages web(shell);
+  companions::WebPages web(shell);
   const bool opens = web.open_station_web(address);
   demand(shell.started.size() + shell.opened.size() <= (opens ? 1U : 0U));
   for (const auto& started : shell.started)
@@ -41,21 +41,23 @@ void try_station_web(const std::wstring& address) {
 }
 
 void try_command_lines(const std::wstring& text) {
-  const skin::CompanionValues values = {L"C:\\Orb", text, text, text};
-  for (const skin::Launch& launch :
-       {skin::discussion(values, text, text), skin::browser_page(values, text, text), skin::recorder(values, text),
-        skin::problem_report(values, text, text), skin::play_report(values, true, text), skin::station_list(values)})
+  const companions::CompanionValues values = {L"C:\\Orb", text, text, text};
+  for (const companions::Launch& launch :
+       {companions::discussion(values, text, text), companions::browser_page(values, text, text),
+        companions::recorder(values, text), companions::problem_report(values, text, text),
+        companions::play_report(values, true, text), companions::station_list(values)})
     demand(is_clean(launch.command_line));
-  for (const auto& [launch, file] : {std::pair(skin::play_report(values, true, text), L"/@/C:\\Orb\\orblt.tt"),
-                                     std::pair(skin::station_list(values), L"/@/C:\\Orb/seznam.tt"),
-                                     std::pair(skin::station_list_size(values), L"/@/C:\\Orb\\orb_test_size.tt")}) {
+  for (const auto& [launch, file] :
+       {std::pair(companions::play_report(values, true, text), L"/@/C:\\Orb\\orblt.tt"),
+        std::pair(companions::station_list(values), L"/@/C:\\Orb/seznam.tt"),
+        std::pair(companions::station_list_size(values), L"/@/C:\\Orb\\orb_test_size.tt")}) {
     demand(launch.command_line.ends_with(file));
     demand(launch.command_line.find(L"/@/") == launch.command_line.size() - std::wstring_view(file).size());
   }
-  if (const auto player = skin::television(values, text))
+  if (const auto player = companions::television(values, text))
     demand(is_clean(player->command_line) && player->command_line.find(L' ') == player->command_line.rfind(L' '));
-  const skin::CompanionValues own = {L"C:\\Orb", L"s", L"i", L"h"};
-  const std::wstring record = skin::problem_report(own, text, text).command_line;
+  const companions::CompanionValues own = {L"C:\\Orb", L"s", L"i", L"h"};
+  const std::wstring record = companions::problem_report(own, text, text).command_line;
   std::size_t delimiters = 0;
   for (std::size_t at = record.find(L"/@/"); at != std::wstring::npos; at = record.find(L"/@/", at + 3))
     ++delimiters;

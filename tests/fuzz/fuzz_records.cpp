@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Any text: records are cut without loss, numbers stay in their ranges.
-#include "core/station_lookup.h"
-#include "core/text.h"
+#include "base/text.h"
 #include "platform/common/code_page_1250.h"
+#include "stations/station_lookup.h"
 #include "tests/fuzz/fuzzing.h"
 
 #include <cmath>
@@ -15,18 +15,18 @@ using fuzz::demand;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::wstring text = platform::decode_1250({reinterpret_cast<const char*>(data), size});
   std::wstring joined;
-  for (const std::wstring& field : core::split_record(text, size + 1)) {
-    demand(field.find(core::record_delimiter) == std::wstring::npos);
-    joined.append(field).append(core::record_delimiter);
+  for (const std::wstring& field : base::split_record(text, size + 1)) {
+    demand(field.find(base::record_delimiter) == std::wstring::npos);
+    joined.append(field).append(base::record_delimiter);
   }
-  demand(joined == text + std::wstring(core::record_delimiter));
-  demand(core::split_record(text, 5).size() <= 5);
-  demand(std::isfinite(core::number_value(text)) || size > 300);
-  const int volume = core::volume_value(text);
+  demand(joined == text + std::wstring(base::record_delimiter));
+  demand(base::split_record(text, 5).size() <= 5);
+  demand(std::isfinite(base::number_value(text)) || size > 300);
+  const int volume = base::volume_value(text);
   demand(volume >= 0 && volume <= 100);
-  if (const auto twips = core::twips_value(text))
+  if (const auto twips = base::twips_value(text))
     demand(*twips >= -2000000 && *twips <= 2000000);
-  demand(core::equal_ignoring_case(text, text) && core::starts_with_ignoring_case(text, core::mid(text, 1, 3)));
-  demand(core::station_field_index(text) <= 16);
+  demand(base::equal_ignoring_case(text, text) && base::starts_with_ignoring_case(text, base::mid(text, 1, 3)));
+  demand(stations::station_field_index(text) <= 16);
   return 0;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Any reply to the report of what plays: a bounded number of bounded questions, and the file goes.
-#include "core/client_link.h"
+#include "player/client_link.h"
 #include "tests/fuzz/fuzzing.h"
 #include "tests/support/memory_platform.h"
 
@@ -12,12 +12,12 @@ using fuzz::demand;
 // No more of the program than the reply needs: the rest would take most of each run.
 struct ReplyWorld : test::MemoryPlatform {
   platform::memory::MemoryWindow window{files};
-  core::Settings settings;
-  core::Session session;
-  core::ErrorLog error_log{{files, codec, machine}};
-  core::SettingsFiles options{{files, codec, machine, loop, window, error_log, settings, session}};
-  core::CommandSender sender{{loop, messages, shell, codec}};
-  core::ClientLink link{{files, codec, machine, loop, dialogs, settings, options, sender}};
+  base::Settings settings;
+  base::Session session;
+  base::ErrorLog error_log{{files, codec, machine}};
+  base::SettingsFiles options{{files, codec, machine, loop, window, error_log, settings, session}};
+  companions::CommandSender sender{{loop, messages, shell, codec}};
+  player::ClientLink link{{files, codec, machine, loop, dialogs, settings, options, sender}};
 };
 
 } // namespace
@@ -37,13 +37,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   w.dialogs.while_open = [&] {
     ++questions;
     const auto& text = w.dialogs.shown.back().text;
-    demand(text.size() <= core::ClientLink::max_reply_bytes + 40 && text.ends_with(L"Chcete zapnout Orb klienta?"));
+    demand(text.size() <= player::ClientLink::max_reply_bytes + 40 && text.ends_with(L"Chcete zapnout Orb klienta?"));
     w.dialogs.shown.clear();
   };
   demand(w.files.replace(reply, fuzz::expanded(data, size, words)));
   w.loop.advance(500);
   demand(!w.files.exists(reply));
-  demand(questions <= core::ClientLink::max_reply_bytes / 4); // "inf:"
+  demand(questions <= player::ClientLink::max_reply_bytes / 4); // "inf:"
   demand(w.messages.sent.size() <= questions);
   return 0;
 }

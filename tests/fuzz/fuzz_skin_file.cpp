@@ -90,7 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   w.skin.LoadSkin(L"Tmava");
   check_limits(w);
   const std::string log = w.log();
-  demand(log.size() < 2 * core::ErrorLog::max_text && std::count(log.begin(), log.end(), '\n') <= 1);
+  demand(log.size() < 2 * base::ErrorLog::max_text && std::count(log.begin(), log.end(), '\n') <= 1);
   w.skin.ZobrazCoMas(size % 2 == 0 ? L"Stop" : L"Zapnout");
   w.skin.LoadSkin(L"Dobra");
   demand(w.settings.saved_skin == L"Dobra" && w.form.LTDisplay.picture().empty() &&

@@ -6,8 +6,8 @@
 namespace lumotune::skin {
 namespace {
 
-core::KeptSkinFields fields(const std::wstring& show, const std::wstring& mode) {
-  core::KeptSkinFields kept;
+base::KeptSkinFields fields(const std::wstring& show, const std::wstring& mode) {
+  base::KeptSkinFields kept;
   kept.list_show = kept.display_show = kept.logo_show = show;
   kept.list_mode = kept.display_mode = kept.logo_mode = mode;
   return kept;

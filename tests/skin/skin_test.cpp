@@ -425,26 +425,5 @@ TEST_F(SkinLimitsTest, WithoutAMonitorTheSizeIsTaken) {
   EXPECT_EQ(w.window.rect().width, 6300);
 }
 
-TEST(SkinMenuTest, ListsTheSkinsAndChecksTheCurrentOne) {
-  struct Menu final : skin::SkinMenuPort {
-    void unload_above_0() override { ++unloaded; }
-    void set_element(std::size_t index, const std::wstring& caption, bool checked) override {
-      rows.push_back(std::to_wstring(index) + caption + (checked ? L"!" : L""));
-    }
-    int unloaded = 0;
-    std::vector<std::wstring> rows;
-  } menu;
-  SkinWorld w;
-  w.skin_menu.menu.bind(menu);
-  w.skin_menu.NactiSeznamSkinu(L"");
-  EXPECT_EQ(menu.unloaded, 1);
-  EXPECT_TRUE(menu.rows.empty());
-  w.description(L"Dark", "");
-  w.description(L"Darkness", "");
-  w.description(L"Modrá", "");
-  w.skin_menu.NactiSeznamSkinu(L"dARK");
-  EXPECT_EQ(menu.rows, (std::vector<std::wstring>{L"0Dark!", L"1Darkness", L"2Modrá"}));
-}
-
 } // namespace
 } // namespace lumotune::test

@@ -5,7 +5,7 @@
 #include "directory/directory.h"
 #include "platform/memory/framed_window.h"
 #include "platform/memory/menus.h"
-#include "tests/support/core_world.h"
+#include "tests/support/player_world.h"
 
 #include <string>
 #include <vector>
@@ -25,11 +25,11 @@ struct RecordingWeb final : directory::WebPort {
   std::vector<std::wstring> opened;
 };
 
-struct CountingFavourites final : core::FavouritesPort {
+struct CountingFavourites final : player::FavouritesPort {
   void show_in_place() override {}
-  explicit CountingFavourites(const core::Session& session_used) : session(session_used) {}
+  explicit CountingFavourites(const base::Session& session_used) : session(session_used) {}
   void ZobrazOblibene() override { flags.push_back(session.refresh_favourites); }
-  const core::Session& session;
+  const base::Session& session;
   std::vector<std::wstring> flags; // the flag at each call
 };
 
@@ -60,14 +60,14 @@ struct Record {
   }
 };
 
-struct DirectoryWorld : CoreWorld {
+struct DirectoryWorld : PlayerWorld {
   platform::memory::MemoryPointer pointer;
   platform::memory::MemoryConnection connection;
   platform::memory::MemoryPopupMenus popups{loop};
   platform::memory::MemoryFramedWindowMaker windows{files};
-  core::Favourites favourite_list{
+  player::Favourites favourite_list{
       {files, codec, machine, settings, session, form, playback, stations, dialogs, loop, pointer}};
-  directory::Identity identity{{files, codec, machine, loop, settings}};
+  companions::Identity identity{{files, codec, machine, loop, settings}};
   directory::Directory directory{{settings, session, form, error_log, stations, playback, favourite_list, sender,
                                   identity, loop, files, codec, machine, shell, dialogs, connection, popups, windows}};
   RecordingWeb web;

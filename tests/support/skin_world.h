@@ -8,7 +8,6 @@
 #include "platform/memory/window.h"
 #include "skin/chrome.h"
 #include "skin/skin.h"
-#include "skin/skin_menu.h"
 #include "skin/tray_icon.h"
 #include "tests/support/memory_platform.h"
 
@@ -25,7 +24,7 @@ inline std::string gif(int width, int height) {
          std::string("\x80\0\0\0\0\0\xff\xff\xff,\0\0\0\0\x01\0\x01\0\0\x02\x02\x44\x01\0;", 25);
 }
 
-struct MenuMarks final : core::MenuPort {
+struct MenuMarks final : player::MenuPort {
   void check_auto_start(bool on) override { auto_start = on; }
   void check_on_top(bool on) override { on_top = on; }
   void check_volume(int level) override { volume = level; }
@@ -38,12 +37,11 @@ struct MenuMarks final : core::MenuPort {
 
 struct SkinWorld : MemoryPlatform {
   platform::memory::MemoryWindow window{files};
-  core::LumotuneForm form{window};
-  core::Settings settings;
-  core::Session session;
-  core::ErrorLog error_log{{files, codec, machine}};
+  base::LumotuneForm form{window};
+  base::Settings settings;
+  base::Session session;
+  base::ErrorLog error_log{{files, codec, machine}};
   skin::Skin skin{{settings, session, form, files, codec, machine, loop, error_log}};
-  skin::SkinMenu skin_menu{{files, machine}};
   skin::Chrome chrome{{settings, session, form, machine}};
   skin::TrayIcon tray_icon{{form, tray, chrome}};
   MenuMarks marks;

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Bytes of the system's code page compared without regard to letter case. Pure.
+#pragma once
+
+#include "base/record_bytes.h"
+#include "platform/ansi_codec.h"
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace lumotune::base {
+
+// Eight ASCII characters at once, no highest bit set: each capital letter becomes its small one.
+[[nodiscard]] constexpr std::uint64_t small_letters(std::uint64_t word) {
+  constexpr std::uint64_t each_byte = 0x0101010101010101ULL;
+  const std::uint64_t above_at = word + (0x80 - 'A') * each_byte;
+  const std::uint64_t above_z = word + (0x80 - 'Z' - 1) * each_byte;
+  return word | (above_at & ~above_z & 0x80 * each_byte) >> 2;
+}
+[[nodiscard]] constexpr bool all_ascii(std::uint64_t word) {
+  return (word & 0x8080808080808080ULL) == 0;
+}
+
+class CodePageFold {
+public:
+  explicit CodePageFold(const platform::AnsiCodec& codec);
+
+  // The byte whose character is the small letter of this byte's character.
+  [[nodiscard]] std::uint8_t fold(char byte) const { return folded_[static_cast<std::uint8_t>(byte)]; }
+  [[nodiscard]] bool equal(std::string_view a, std::string_view b) const;
+  [[nodiscard]] bool starts_with(std::string_view text, std::string_view prefix) const;
+
+  // One number for all spellings of the identifier that the bytes begin with; there are at least
+  // `station_id_length` of them.
+  [[nodiscard]] std::uint64_t id_key(std::string_view bytes) const {
+    const std::uint64_t word = packed(bytes.data());
+    if (all_ascii(word))
+      return small_letters(word);
+    std::array<char, station_id_length> folded{};
+    for (std::size_t i = 0; i < folded.size(); ++i)
+      folded[i] = static_cast<char>(fold(bytes[i]));
+    return packed(folded.data());
+  }
+
+private:
+  // An identifier's bytes as one word: its first and its last four, which overlap. Two loads, nothing through memory.
+  static std::uint64_t packed(const char* id) {
+    std::uint32_t first = 0;
+    std::uint32_t last = 0;
+    std::memcpy(&first, id, sizeof first);
+    std::memcpy(&last, id + station_id_length - sizeof last, sizeof last);
+    return first | std::uint64_t{last} << 32;
+  }
+
+  std::array<std::uint8_t, 256> folded_{};
+};
+
+// A text as the bytes that stand for exactly it; nothing when the code page lacks one of its characters.
+[[nodiscard]] std::optional<std::string> exact_bytes(const platform::AnsiCodec& codec, const std::wstring& text);
+
+// ASCII letters only, for the markers of the files.
+[[nodiscard]] bool starts_with_marker(std::string_view text, std::string_view marker);
+
+} // namespace lumotune::base

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The error log of the data folder, append only: error.log, and error.log.old with the lines before.
+#pragma once
+
+#include "platform/ansi_codec.h"
+#include "platform/files.h"
+#include "platform/machine.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace lumotune::base {
+
+class ErrorLog {
+public:
+  // Neither file grows larger, and no line says more, in characters.
+  static constexpr std::uint64_t max_bytes = 1024ULL * 1024;
+  static constexpr std::size_t max_text = 1000;
+
+  struct Uses {
+    platform::Files& files;
+    const platform::AnsiCodec& codec;
+    const platform::Machine& machine;
+  };
+  explicit ErrorLog(const Uses& uses) : uses_(uses) {}
+
+  // Appends one line: date and time, " Lumotune (", the procedure, ") ", what was wrong. A log that cannot be written
+  // is given up silently. Account values never go here. User-interface thread.
+  void add(const std::wstring& procedure, const std::wstring& what);
+
+private:
+  Uses uses_;
+};
+
+} // namespace lumotune::base

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "base/pause.h"
+
+namespace lumotune::base {
+
+// Differences of the tick count stay right when it wraps round.
+bool Pause(platform::EventLoop& loop, std::uint32_t milliseconds) {
+  const std::uint32_t start = loop.tick_count_ms();
+  do {
+    if (!loop.wait_a_little())
+      return false;
+  } while (loop.tick_count_ms() - start <= milliseconds);
+  return !loop.quitting();
+}
+
+} // namespace lumotune::base

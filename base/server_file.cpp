@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "base/server_file.h"
+
+namespace lumotune::base {
+
+void read_server_file(const ServerFileUses& uses, const wchar_t* procedure, TextLines& lines, std::wstring& address) {
+  constexpr std::size_t address_line = 6;
+  constexpr std::size_t address_position = 16;
+  lines.clear();
+  const std::wstring path = uses.machine.program_folder() + L"\\Orb_Data\\orb_server.tt";
+  if (const auto bytes = uses.files.read(path))
+    lines = split_text_lines(*bytes);
+  if (lines.size() > address_line) {
+    address = line_value(lines, address_line, address_position, uses.codec);
+    return;
+  }
+  // Without a backup the file stays as it is; the log line below tells.
+  (void)uses.files.copy(path + L".tmp", path);
+  uses.error_log.add(procedure, L"orb_server.tt");
+}
+
+} // namespace lumotune::base

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "base/settings_files.h"
+
+#include "base/server_file.h"
+
+namespace lumotune::base {
+namespace {
+
+// Lines of the client's that the play report reads.
+constexpr std::size_t check_line = 6;
+constexpr std::size_t link_line = 18;
+
+std::wstring options_file(const platform::Machine& machine) {
+  return machine.program_folder() + L"\\Orb_Data\\options.ini";
+}
+
+} // namespace
+
+std::optional<TextLines> read_options_lines(const platform::Files& files, const platform::Machine& machine) {
+  const auto bytes = files.read(options_file(machine));
+  if (!bytes.has_value())
+    return std::nullopt;
+  return without_empty_lines(split_text_lines(*bytes));
+}
+
+// The client deletes its file and writes it anew line by line: for a moment there is none, or a short one, which looks
+// finished between two lines. Fewer lines than last time are believed only when they stay.
+bool SettingsFiles::read_whole() {
+  const std::uint32_t start = uses_.loop.tick_count_ms();
+  for (;;) {
+    const auto lines = read_options_lines(uses_.files, uses_.machine);
+    const std::size_t count = lines.has_value() ? lines->size() : 0;
+    const bool full = count >= options_line_count && !uses_.files.being_written(options_file(uses_.machine));
+    if ((full && count >= known_lines_) || uses_.loop.tick_count_ms() - start >= max_wait_ms ||
+        !uses_.loop.wait_a_little()) {
+      List4 = lines.value_or(TextLines());
+      known_lines_ = full ? count : known_lines_;
+      return full;
+    }
+  }
+}
+
+void SettingsFiles::LoadOptions() {
+  (void)read_whole(); // what is there serves: a short file has no login, and is never written
+}
+
+void SettingsFiles::LoadClientValues() {
+  const auto lines = read_options_lines(uses_.files, uses_.machine);
+  // The last line of a file that grows may be half a one.
+  if (!lines.has_value() ||
+      (lines->size() < options_line_count && uses_.files.being_written(options_file(uses_.machine))))
+    return;
+  Settings written;
+  read_settings(*lines, uses_.codec, written);
+  if (lines->size() > link_line)
+    uses_.settings.client_link = written.client_link;
+  if (written.idh.empty())
+    return; // nobody is logged in just now
+  uses_.settings.idh = written.idh;
+  if (lines->size() > check_line)
+    uses_.settings.h = written.h;
+}
+
+void SettingsFiles::read_values() {
+  values_read_ = true;
+  read_settings(List4, uses_.codec, uses_.settings);
+}
+
+bool SettingsFiles::logged_in() const {
+  return !line_value(List4, 5, 12, uses_.codec).empty();
+}
+
+void SettingsFiles::SaveOptions() {
+  auto& settings = uses_.settings;
+  if (!values_read_)
+    return; // the program ends before it has any values: they would all be empty
+  // A minimised or hidden window keeps the place read at start.
+  const bool shown_normally = uses_.session.window_shown == L"1" || uses_.session.window_shown.empty();
+  if (shown_normally) {
+    const platform::TwipsRect place = uses_.window.rect();
+    settings.LTpleft = std::to_wstring(place.left);
+    settings.LTptop = std::to_wstring(place.top);
+  }
+  if (List4.size() < options_line_count)
+    return;
+  // The client may have written since. When the disk is full or the file is held the old one stays whole: the settings
+  // of the last run are kept.
+  if (!read_whole() || !write_settings(List4, uses_.codec, settings) ||
+      !uses_.files.replace(options_file(uses_.machine), join_lines(List4)))
+    uses_.error_log.add(L"SaveOptions", L"options.ini");
+}
+
+void SettingsFiles::LoadOptionsServer() {
+  read_server_file({uses_.files, uses_.codec, uses_.machine, uses_.error_log}, L"LoadOptionsServer", List4,
+                   uses_.settings.server_address);
+}
+
+} // namespace lumotune::base

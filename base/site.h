@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The community site, by the names that texts and replies of its server bear. Its address comes from the server file.
+#pragma once
+
+namespace lumotune::base {
+
+inline constexpr const wchar_t* site_name = L"Orb";
+inline constexpr const wchar_t* site_host = L"orb.cz";
+
+} // namespace lumotune::base

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "companions/send_command.h"
+
+#include "base/busy.h"
+#include "base/pause.h"
+
+namespace lumotune::companions {
+
+using platform::WindowRef;
+
+void CommandSender::SendCommand(const std::wstring& ProgramFile, const std::wstring& WindowCaption,
+                                const std::wstring& Text, std::wstring Mode, const std::wstring& application) {
+  constexpr int give_up_at = 10;
+  constexpr std::uint32_t retry_after_ms = 1500;
+  if (Mode.empty())
+    Mode = L"1";
+  WindowRef target = WindowRef::none;
+  for (int tries = 1;; ++tries) {
+    if (tries == give_up_at)
+      return;
+    uses_.loop.run_pending();
+    if (uses_.loop.quitting() && Mode == L"2")
+      return;
+    target = uses_.messages.find_by_caption(WindowCaption);
+    if (target != WindowRef::none)
+      break;
+    // A program that is not there cannot be started; the look-ups go on all the same.
+    if (Mode == L"1" || Mode == L"2")
+      (void)uses_.shell.start(ProgramFile, application, platform::ShowWindow::normal_focus);
+    uses_.loop.run_pending();
+    if (Mode != L"2")
+      break;
+    if (!base::Pause(uses_.loop, retry_after_ms))
+      return;
+  }
+  uses_.messages.send_copy_data(target, uses_.codec.encode(Text));
+}
+
+void CommandSender::show_users(const std::wstring& ProgramFile, const std::wstring& WindowCaption,
+                               const std::wstring& Text, const std::wstring& Mode, const std::wstring& application) {
+  if (showing_users_)
+    return;
+  const base::Busy guard(showing_users_);
+  SendCommand(ProgramFile, WindowCaption, Text, Mode, application);
+}
+
+void CommandSender::send_to(WindowRef target, const std::wstring& Text) {
+  uses_.loop.run_pending();
+  uses_.messages.send_copy_data(target, uses_.codec.encode(Text));
+}
+
+} // namespace lumotune::companions

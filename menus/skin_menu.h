@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The submenu of installed skins.
+#pragma once
+
+#include "platform/files.h"
+#include "platform/machine.h"
+#include "skin/ports.h"
+
+#include <string>
+
+namespace lumotune::menus {
+
+class SkinMenu {
+public:
+  struct Uses {
+    const platform::Files& files;
+    const platform::Machine& machine;
+  };
+  explicit SkinMenu(const Uses& uses) : uses_(uses) {}
+
+  skin::SkinMenuSlot menu;
+
+  // Rebuilds the submenu from the skin folder, in the file system's order; the current skin is checked, letter case
+  // ignored. With no skins element 0 stays as it is. User-interface thread.
+  void NactiSeznamSkinu(const std::wstring& current_skin);
+
+private:
+  Uses uses_;
+};
+
+} // namespace lumotune::menus

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The link to the messenger client and, through its downloader, to the community service: the report of what plays, the
+// reply to it, and the wish to see who listens.
+#pragma once
+
+#include "base/session.h"
+#include "base/settings_files.h"
+#include "companions/send_command.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "player/ports.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace lumotune::player {
+
+// User-interface thread. Failures are silent. Once the program ends nothing is reported, asked or removed.
+class ClientLink final : public PlayReportPort {
+public:
+  // A longer reply is removed unread. Of the others each line that asks is shown, whole.
+  static constexpr std::uint64_t max_reply_bytes = 64 * 1024;
+
+  struct Uses {
+    platform::Files& files;
+    const platform::AnsiCodec& codec;
+    const platform::Machine& machine;
+    platform::EventLoop& loop;
+    platform::Dialogs& dialogs;
+    base::Settings& settings;
+    base::SettingsFiles& options;
+    companions::CommandSender& sender;
+  };
+  explicit ClientLink(const Uses& uses);
+
+  ReportProgramsSlot programs;
+
+  // One report, 3 s from now: of the station that is tuned then. A report that is already due keeps its time.
+  void enable_Timer1() override { Timer1->start(); }
+
+  // Asks the client to show who listens to the tuned station. Events run meanwhile.
+  void Control_ShowUser_Click();
+
+private:
+  void report();
+  void look_for_reply();
+  void read_reply(std::string_view bytes);
+  void ask_about(const std::wstring& new_messages, std::wstring_view text);
+  [[nodiscard]] std::wstring reply_file() const;
+
+  Uses uses_;
+  bool awaiting_ = false;                  // the last report has a reply that is wanted
+  std::unique_ptr<platform::Timer> Timer1; // the report
+  std::unique_ptr<platform::Timer> Timer2; // looks for the reply
+};
+
+} // namespace lumotune::player

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The console: plays an address or sets the volume by typing.
+#pragma once
+
+#include "base/session.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/input_box.h"
+#include "player/playback.h"
+#include "player/ports.h"
+
+#include <string>
+
+namespace lumotune::player {
+
+// User-interface thread.
+class Console final : public ConsolePort {
+public:
+  struct Uses {
+    base::Session& session;
+    platform::EventLoop& loop;
+    platform::InputBox& input;
+    platform::Dialogs& dialogs;
+    Playback& playback;
+  };
+  explicit Console(const Uses& uses) : uses_(uses) {}
+
+  // "help", "vol=" and a number, "url=" and an address; letter case ignored, anything else too. A dot at the end is
+  // taken off and opens the console again afterwards. Only one is open at a time; events run meanwhile.
+  void LTconsole() override;
+
+private:
+  void execute(const std::wstring& command);
+  void show_help();
+
+  Uses uses_;
+  bool busy_ = false;
+};
+
+} // namespace lumotune::player

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The list of the favourite stations in the main window.
+#pragma once
+
+#include "base/code_page_fold.h"
+#include "base/lumotune_form.h"
+#include "base/session.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/user_input.h"
+#include "player/playback.h"
+#include "player/ports.h"
+#include "stations/favourite_file.h"
+#include "stations/station_lookup.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumotune::player {
+
+// An entry that is no station but the hint to tune one.
+inline constexpr const wchar_t* tune_hint = L"Klikněte na naladit...";
+
+// An item of Control_List is one text that carries its own data behind the shown columns.
+struct FavouriteItem {
+  std::wstring id;      // columns 95-100
+  std::wstring quality; // column 94, "1".."5"
+  std::wstring address; // from column 101, may be empty
+};
+// Nothing for a text that carries no identifier.
+[[nodiscard]] std::optional<FavouriteItem> read_favourite_item(std::wstring_view item);
+
+// The items for a favourites file and a station file, in the order of the favourites. One pass over the stations, of
+// which a later record of an identifier wins. A favourite without a station, or with no quality 1..5, has no item.
+[[nodiscard]] std::vector<std::wstring> favourite_items(std::string_view favourites, std::string_view stations,
+                                                        const base::CodePageFold& folding,
+                                                        const platform::AnsiCodec& codec);
+
+// User-interface thread.
+class Favourites final : public FavouritesPort, public FavouritesDeletePort {
+public:
+  struct Uses {
+    platform::Files& files;
+    const platform::AnsiCodec& codec;
+    const platform::Machine& machine;
+    base::Settings& settings;
+    base::Session& session;
+    base::LumotuneForm& form;
+    Playback& playback;
+    stations::StationLookup& stations;
+    platform::Dialogs& dialogs;
+    platform::EventLoop& loop;
+    platform::Pointer& pointer;
+  };
+  explicit Favourites(const Uses& uses);
+
+  DirectorySlot directory;
+  FavouriteMenuSlot menu;
+
+  // Fills Control_List anew. While nothing plays and no address of the client's waits, it also shows the list, or the
+  // hint where there is no favourite.
+  void ZobrazOblibene() override;
+  void show_in_place() override;
+
+  // Nothing is said when the line is not there or the file cannot be changed.
+  void DeleteFromOblibene(const std::wstring& RadioDelete) override;
+
+  // The file's part of adding a favourite; the caller shows the list and the box.
+  [[nodiscard]] stations::FavouriteAdded add(const std::wstring& line) { return file_.add(line); }
+
+  // Events of the list. The right button lets events run, half a second at most, until the click that it makes is
+  // there.
+  void Control_List_Click();
+  void Control_List_DblClick();
+  void Control_List_MouseDown(const platform::MouseEvent& event);
+
+  // The menu of the selected entry, without a click first: for the keyboard. Events run while it is open.
+  void open_menu();
+
+private:
+  void click_row(const platform::MouseEvent& event);
+  [[nodiscard]] std::wstring selected_text() const;
+  void show_entries();
+  void show_hint();
+  void hide_station_labels();
+
+  Uses uses_;
+  stations::FavouriteFile file_;
+  base::CodePageFold folding_;
+  std::string List3;      // the station file's bytes; the room is used again
+  bool clicking_ = false; // a click of our own is on its way
+  bool clicked_ = false;  // it has come
+};
+
+} // namespace lumotune::player

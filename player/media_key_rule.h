@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// What the keyboard's keys for players do.
+#pragma once
+
+#include "platform/user_input.h"
+#include "player/playback.h"
+
+namespace lumotune::player {
+
+// Off leaves the keys to other programs.
+inline constexpr bool media_keys_on = true;
+
+// User-interface thread. The keys press PlayTL; until it is enabled they are left to other programs.
+class MediaKeyRule final : public PlayablePort {
+public:
+  struct Uses {
+    base::LumotuneForm& form;
+    const Playback& playback;
+  };
+  explicit MediaKeyRule(const Uses& uses) : uses_(uses) {}
+
+  // Answers the keys from now on, and takes them once something can be played. `keys` outlives this object's use, and
+  // this object the handlers of `keys`.
+  void start(platform::MediaKeys& keys, bool on = media_keys_on);
+  void can_be_pressed() override;
+
+  void play_pause() { uses_.form.PlayTL.press(); }
+  void stop();
+
+private:
+  Uses uses_;
+  platform::MediaKeys* keys_ = nullptr;
+};
+
+} // namespace lumotune::player

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "player/playback.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace lumotune::player {
+
+// The picture button says to a screen reader what the hidden button says.
+void Playback::set_play_caption(const std::wstring& caption) {
+  uses_.form.PlayTL.set_text(caption);
+  uses_.form.Control_Play.set_text(caption);
+  uses_.form.Control_Play.set_tooltip(caption);
+}
+
+void Playback::prepare(std::wstring URL, platform::AddressOrigin origin) {
+  if (URL.empty()) {
+    URL = uses_.session.OverrideURL;
+    origin = platform::AddressOrigin::station; // "remoteplay" gave it, whoever asks now
+  }
+  uses_.session.OverrideURL.clear();
+  uses_.player.set_url(URL, origin);
+  uses_.form.PlayTL.set_enabled(true);
+  uses_.form.Control_Play.set_enabled(true);
+  playable->can_be_pressed();
+  if (!uses_.player.playing())
+    skin->load_play_picture();
+}
+
+void Playback::PripravHrani(std::wstring URL, platform::AddressOrigin origin) {
+  prepare(std::move(URL), origin);
+  if (stopped() || uses_.player.playing())
+    return;
+  set_play_caption(base::caption_play);
+  skin->ZobrazCoMas(uses_.form.PlayTL.text());
+  favourites->show_in_place();
+}
+
+void Playback::Play() {
+  if (uses_.loop.ending())
+    return;
+  uses_.player.play();
+  set_play_caption(base::caption_stop);
+  skin->ZobrazCoMas(uses_.form.PlayTL.text());
+  uses_.form.InfoTime.set_visible(true);
+  uses_.form.InfoName.set_visible(true);
+  uses_.form.InfoStatus.set_visible(true);
+  uses_.form.InfoNaladit.set_visible(false);
+  uses_.session.station_name = uses_.stations.RadioInfo(uses_.settings.IDlastRadio, L"name");
+  report->enable_Timer1();
+}
+
+void Playback::PlayStop() {
+  uses_.player.stop();
+  set_play_caption(base::caption_play);
+  skin->ZobrazCoMas(uses_.form.PlayTL.text());
+  favourites->ZobrazOblibene();
+}
+
+void Playback::PlayAll(const std::wstring& URL, platform::AddressOrigin origin) {
+  prepare(URL, origin);
+  Play();
+}
+
+std::wstring Playback::tuned_address() {
+  const auto& settings = uses_.settings;
+  return uses_.stations.RadioInfo(settings.IDlastRadio,
+                                  L"u" + (settings.KvalitaLT.empty() ? L"1" : settings.KvalitaLT));
+}
+
+void Playback::AutoStart(const std::wstring& IDlastRadio, const std::wstring& KvalitaLT) {
+  // Copies first: the arguments may be the very values that are written.
+  std::wstring quality = KvalitaLT.empty() ? L"1" : KvalitaLT;
+  uses_.settings.IDlastRadio = std::wstring(IDlastRadio);
+  uses_.settings.KvalitaLT = std::move(quality);
+  PlayAll(tuned_address());
+}
+
+void Playback::VolumeSet(int VolValue) {
+  const int percent = std::clamp(VolValue, 0, 100);
+  uses_.player.set_volume(percent);
+  uses_.settings.LTvolume = std::to_wstring(percent);
+  skin->SkinVolume(percent);
+}
+
+bool Playback::stopped() const {
+  return base::equal_ignoring_case(uses_.form.PlayTL.text(), base::caption_play);
+}
+
+void Playback::PlayTL_Click() {
+  if (stopped())
+    Play();
+  else
+    PlayStop();
+}
+
+} // namespace lumotune::player

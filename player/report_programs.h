@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The programs of the play report.
+#pragma once
+
+#include "base/session.h"
+#include "platform/machine.h"
+#include "platform/shell.h"
+#include "player/ports.h"
+
+namespace lumotune::player {
+
+// User-interface thread. Failures are silent.
+class ReportPrograms final : public player::ReportProgramsPort {
+public:
+  struct Uses {
+    const base::Settings& settings;
+    const platform::Machine& machine;
+    platform::Shell& shell;
+  };
+  explicit ReportPrograms(const Uses& uses) : uses_(uses) {}
+
+  void start_client() override;
+  void start_report(bool client_link_on) override;
+
+private:
+  Uses uses_;
+};
+
+} // namespace lumotune::player

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "player/shutdown.h"
+
+#include "player/startup.h"
+
+namespace lumotune::player {
+
+void Shutdown::Konec() {
+  if (begun_)
+    return;
+  begun_ = true;
+  uses_.machine.begin_end();
+  uses_.loop.begin_end();
+  uses_.commands.Hook(false);
+  uses_.loop.run_pending();
+  uses_.player.stop(); // what is left to do may take a moment, in which nothing should be heard any more
+  chrome->remove_tray();
+  uses_.options.LoadOptions(); // keeps what the client wrote meanwhile
+  uses_.options.SaveOptions();
+  chrome->OnTopNO();
+  if (uses_.session.ClientStartedByUs && uses_.messages.find_by_caption(client_caption) != platform::WindowRef::none)
+    uses_.sender.SendCommand(client_program, client_caption, L"orbend", L"x");
+  uses_.loop.quit();
+}
+
+} // namespace lumotune::player

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The end of the program.
+#pragma once
+
+#include "base/settings_files.h"
+#include "companions/send_command.h"
+#include "platform/machine.h"
+#include "player/client_commands.h"
+#include "player/ports.h"
+
+namespace lumotune::player {
+
+// User-interface thread.
+class Shutdown {
+public:
+  struct Uses {
+    const base::Session& session;
+    platform::EventLoop& loop;
+    platform::Machine& machine;
+    platform::WindowMessages& messages;
+    platform::MediaPlayer& player;
+    base::SettingsFiles& options;
+    ClientCommands& commands;
+    companions::CommandSender& sender;
+  };
+  explicit Shutdown(const Uses& uses) : uses_(uses) {}
+
+  ChromeSlot chrome;
+
+  // Saves and ends. Runs once, whoever asks: the close picture, the menus, the system's close, the end of the session.
+  void Konec();
+  // The window is unloaded by the system.
+  void Form_Unload() { Konec(); }
+
+private:
+  Uses uses_;
+  bool begun_ = false;
+};
+
+} // namespace lumotune::player

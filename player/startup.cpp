@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "player/startup.h"
+
+#include "base/crash_leftovers.h"
+#include "base/text.h"
+
+namespace lumotune::player {
+
+using platform::WindowRef;
+
+bool Startup::Form_Load() {
+  if (uses_.machine.previous_instance()) {
+    forward_to_previous();
+    uses_.loop.quit();
+    return false;
+  }
+  base::settle_leftovers(uses_.files, uses_.machine.program_folder());
+  uses_.commands.hold();
+  uses_.commands.Hook(true);
+  uses_.player.set_auto_start(false);
+  uses_.options.LoadOptions();
+  if (!LoadOptionsWorkIt() || uses_.loop.quitting()) {
+    uses_.loop.quit();
+    return false;
+  }
+  // Everything that is seen is in place: the rest need not be waited for.
+  uses_.form.window.set_visible(true);
+  uses_.form.window.activate();
+  chrome->Tray();
+  play_command_line();
+  start_client_if_missing();
+  uses_.commands.release();
+  read_only_check_ = uses_.loop.make_timer(1, [this] { tell_what_cannot_be_saved(); });
+  read_only_check_->start();
+  return true;
+}
+
+// Once, when all is up: a box in the middle of the start would keep the rest of it waiting.
+void Startup::tell_what_cannot_be_saved() {
+  read_only_check_->stop();
+  const std::wstring names = base::files_that_cannot_be_saved(uses_.files, uses_.machine.program_folder());
+  if (!names.empty())
+    (void)uses_.dialogs.message(L"Tyto soubory nelze zapsat, změny v nich se neuloží:" + names,
+                                platform::Dialogs::default_title, platform::BoxIcon::information,
+                                platform::BoxButtons::ok);
+}
+
+// Our own caption changes first, so that the look-up cannot find this window. It is for the window of the other copy,
+// and only without one for any that is captioned like it: another program's must not get the command in its place.
+void Startup::forward_to_previous() {
+  uses_.form.window.set_caption(L"Lumotune...");
+  const WindowRef first = uses_.messages.find_copy(base::main_caption);
+  uses_.messages.let_take_foreground(first);
+  uses_.sender.send_to(first, L"fmax");
+}
+
+bool Startup::LoadOptionsWorkIt() {
+  if (!uses_.options.logged_in()) {
+    (void)uses_.dialogs.message(L"Nejprve zapněte Orb klienta.", platform::Dialogs::default_title,
+                                platform::BoxIcon::information, platform::BoxButtons::ok);
+    // A client that cannot be started is for the user to find; the box has told what is needed.
+    (void)uses_.shell.start(client_program, L"", platform::ShowWindow::normal_focus);
+    return false;
+  }
+  uses_.options.read_values();
+  load_skin_of_settings();
+  if (uses_.loop.quitting())
+    return false; // events ran meanwhile, and one of them ended the program
+  if (uses_.settings.LTautoStart == L"1")
+    uses_.playback.AutoStart(uses_.settings.IDlastRadio, uses_.settings.KvalitaLT);
+  else
+    tune_last_station();
+  menus->check_auto_start(uses_.settings.LTautoStart == L"1");
+  if (uses_.settings.LTTop == L"1")
+    chrome->OnTopYES();
+  else
+    chrome->OnTopNO();
+  place_window();
+  return true;
+}
+
+void Startup::load_skin_of_settings() {
+  const std::wstring chosen = uses_.settings.LTskin;
+  const bool there = uses_.files.exists(uses_.machine.program_folder() + L"\\Orb_Data\\skins\\" + chosen + L".skin");
+  skin->LoadSkin(there ? chosen : default_skin);
+  if (!there)
+    uses_.settings.saved_skin = chosen; // the default serves this run only
+  skin->ZobrazCoMas(uses_.form.PlayTL.text());
+  uses_.playback.VolumeSet(base::volume_value(uses_.settings.LTvolume)); // shows the volume picture too
+  favourites->ZobrazOblibene();
+}
+
+// Nothing plays, but one press of the play button will.
+void Startup::tune_last_station() {
+  const std::wstring address = uses_.playback.tuned_address();
+  if (!address.empty())
+    uses_.playback.PripravHrani(address);
+}
+
+// Each edge by itself: a bad value leaves that edge where it is. A place that no monitor shows any more is a bad one.
+void Startup::place_window() {
+  auto& window = uses_.form.window;
+  const platform::TwipsRect now = window.rect();
+  const int left = base::twips_value(uses_.settings.LTpleft).value_or(now.left);
+  const int top = base::twips_value(uses_.settings.LTptop).value_or(now.top);
+  if (window.on_some_monitor(left, top))
+    window.move(left, top);
+}
+
+void Startup::play_command_line() {
+  const std::wstring address = uses_.machine.command_line();
+  if (address.empty())
+    return;
+  uses_.playback.PlayAll(address, platform::AddressOrigin::listener);
+}
+
+void Startup::start_client_if_missing() {
+  const bool missing = uses_.messages.find_by_caption(client_caption) == WindowRef::none;
+  uses_.session.ClientStartedByUs = missing;
+  if (!missing)
+    return;
+  const std::wstring program = uses_.machine.program_folder() + L"\\" + client_program;
+  // The player works without the client as well; nothing more is to be done when it cannot be started.
+  (void)uses_.shell.start(program + L" m", program, platform::ShowWindow::normal_no_focus);
+}
+
+} // namespace lumotune::player

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "player/status_display.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+
+namespace lumotune::player {
+namespace {
+
+constexpr std::uint32_t interval_ms = 1000;
+constexpr std::size_t name_characters = 15;
+
+std::wstring two_digits(std::uint64_t number) {
+  const std::wstring digits = std::to_wstring(number);
+  return digits.size() < 2 ? L"0" + digits : digits;
+}
+
+} // namespace
+
+std::wstring elapsed_text(std::uint64_t milliseconds) {
+  if (milliseconds == 0)
+    return {};
+  const std::uint64_t seconds = milliseconds / 1000;
+  const std::wstring tail = L":" + two_digits(seconds % 60);
+  if (seconds < 3600)
+    return std::to_wstring(seconds / 60) + tail;
+  return std::to_wstring(seconds / 3600) + L":" + two_digits(seconds / 60 % 60) + tail;
+}
+
+StatusDisplay::StatusDisplay(const Uses& uses)
+    : uses_(uses), aktualizujWMP(uses.loop.make_timer(interval_ms, [this] { tick(); })) {}
+
+void StatusDisplay::tell(const std::wstring& notice) {
+  constexpr int seconds = 5;
+  notice_ = notice;
+  notice_ticks_ = seconds;
+  uses_.form.InfoStatus.set_text(notice);
+  uses_.form.InfoStatus.announce();
+}
+
+bool StatusDisplay::can_tell() const {
+  const platform::TwipsRect place = uses_.form.InfoStatus.rect();
+  return uses_.form.InfoStatus.visible() && place.width > 0 && place.height > 0;
+}
+
+void StatusDisplay::tick() {
+  auto& session = uses_.session;
+  if (notice_ticks_ > 0 && --notice_ticks_ == 0)
+    notice_.clear();
+  session.time_text = elapsed_text(uses_.player.played_ms());
+  choose_name();
+  show_status();
+  show_name();
+  uses_.form.InfoTime.set_text(session.time_text);
+  const std::wstring& named = session.station_name.empty() ? session.shown_name : session.station_name;
+  session.title_text = named.empty() ? std::wstring(base::main_caption) : named + L" - " + base::main_caption;
+  title->show_title(session.title_text);
+}
+
+// The first layout leaves out the state and the quality of the player's columns, the second the state alone. Where
+// there is no quality its column is blank: what follows begins at the label's edge, where a notification puts it too.
+void StatusDisplay::show_status() {
+  constexpr std::size_t title_column = 55;
+  constexpr std::size_t quality_column = 33;
+  const auto& kept = uses_.session.skin;
+  const bool first = base::equal_ignoring_case(kept.status_mode, L"1") && uses_.session.time_text.empty();
+  auto& label = uses_.form.InfoStatus;
+  const platform::TwipsRect place = label.rect();
+  const std::wstring columns = uses_.player.Status1();
+  const std::wstring_view shown = base::mid(columns, first ? title_column : quality_column);
+  label.set_text(notice_.empty() ? std::wstring(shown.substr(std::min(shown.find_first_not_of(L' '), shown.size())))
+                                 : notice_);
+  label.move(place.left, first ? kept.status_top_1 : kept.status_top_2);
+  label.resize(place.width, first ? kept.status_height_1 : kept.status_height_2);
+}
+
+void StatusDisplay::choose_name() {
+  auto& session = uses_.session;
+  session.shown_name = session.station_name.empty() ? session.OverrideName : session.station_name;
+}
+
+void StatusDisplay::show_name() {
+  const std::wstring& name = uses_.session.shown_name;
+  std::wstring shown = name.substr(0, name_characters);
+  if (name.size() >= name_characters)
+    shown += L"...";
+  uses_.form.InfoName.set_text(shown);
+  uses_.form.InfoName.set_tooltip(name);
+}
+
+void StatusDisplay::copy_status() {
+  const std::wstring status = uses_.player.status();
+  const std::wstring warning = uses_.player.warning();
+  if (notice_.empty())
+    uses_.form.InfoStatus.set_text(status);
+  uses_.form.InfoStatus.set_tooltip(warning.empty() || warning == status ? status : status + L" - " + warning);
+}
+
+// The name follows a change of station at once; everything else waits for the tick.
+void StatusDisplay::PlayStateChange(int /*new_state*/) {
+  copy_status();
+  choose_name();
+  show_name();
+}
+
+void StatusDisplay::StatusChange() {
+  copy_status();
+}
+
+} // namespace lumotune::player

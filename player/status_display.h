@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The status display: keeps the labels of the main window in step with the player.
+#pragma once
+
+#include "base/lumotune_form.h"
+#include "base/session.h"
+#include "base/slot.h"
+#include "platform/event_loop.h"
+#include "platform/media_player.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace lumotune::player {
+
+// Who shows the title text: the tip of the notification-area icon.
+struct TitlePort {
+  virtual ~TitlePort() = default;
+  virtual void show_title(const std::wstring& title) = 0;
+};
+struct NoTitle final : TitlePort {
+  void show_title(const std::wstring& /*title*/) override {}
+};
+using TitleSlot = base::Slot<TitlePort, NoTitle>;
+
+// What a listener is told of an address that is refused.
+inline constexpr const wchar_t* address_refused = L"Tuto adresu nelze otevřít, není to webová stránka.";
+
+// "0:05", "12:03", "1:02:33"; empty for 0: nothing was heard yet.
+[[nodiscard]] std::wstring elapsed_text(std::uint64_t milliseconds);
+
+// User-interface thread.
+class StatusDisplay {
+public:
+  struct Uses {
+    base::Session& session;
+    base::LumotuneForm& form;
+    platform::MediaPlayer& player;
+    platform::EventLoop& loop;
+  };
+  explicit StatusDisplay(const Uses& uses);
+
+  TitleSlot title;
+
+  void start() { aktualizujWMP->start(); }
+  void tick(); // once a second
+  // For five seconds the status line shows that in place of the player's text, and screen readers say it.
+  void tell(const std::wstring& notice);
+  // Whether anybody would see it: the line is hidden while nothing plays, and a skin may give it no size.
+  [[nodiscard]] bool can_tell() const;
+
+  // The player's text in the layout and the place that the skin gives it.
+  void show_status();
+
+  // The player's notifications.
+  void PlayStateChange(int new_state);
+  void StatusChange();
+
+private:
+  void choose_name();
+  void show_name();
+  void copy_status();
+
+  Uses uses_;
+  std::wstring notice_;
+  int notice_ticks_ = 0; // that it is still shown
+  std::unique_ptr<platform::Timer> aktualizujWMP;
+};
+
+} // namespace lumotune::player

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "stations/conversion.h"
+
+#include "base/code_page_fold.h"
+#include "base/line_walk.h"
+#include "base/text.h"
+#include "stations/file_names.h"
+#include "stations/station_limits.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace lumotune::stations {
+namespace {
+
+constexpr std::string_view line_end = "\r\n";
+constexpr std::size_t marker_length = 6; // "orb:k:" and its like
+
+enum class Kind { nothing, category, advertisement, information, station };
+
+Kind kind_of(std::string_view line) {
+  if (line.empty() || (line.size() == 5 && base::starts_with_marker(line, "<end>")))
+    return Kind::nothing;
+  if (base::starts_with_marker(line, "orb:k:"))
+    return Kind::category;
+  if (base::starts_with_marker(line, "orb:r:"))
+    return Kind::advertisement;
+  return base::starts_with_marker(line, "orb:i:") ? Kind::information : Kind::station;
+}
+
+// The advertisements and information lines of a list, carried out once it is known that the list is good.
+class Orders {
+public:
+  void add(Kind kind, std::string_view text) {
+    std::size_t& count = kind == Kind::advertisement ? advertisements_ : information_;
+    if (count == max_orders || text.size() > max_order_bytes)
+      return;
+    ++count;
+    orders_.emplace_back(kind, text);
+  }
+  void carry_out(const platform::AnsiCodec& codec, ConversionPort& port) const {
+    for (const auto& [kind, text] : orders_) {
+      if (kind == Kind::advertisement)
+        port.ZobrazReklamu(codec.decode(text));
+      else
+        port.ZobrazInfoPanel(codec.decode(text));
+    }
+    if (!orders_.empty())
+      port.orders_end();
+  }
+
+private:
+  std::vector<std::pair<Kind, std::string_view>> orders_;
+  std::size_t advertisements_ = 0;
+  std::size_t information_ = 0;
+};
+
+} // namespace
+
+// Station lines that follow each other and end as they shall are copied at one go.
+std::optional<Converted> convert(std::string_view list, const platform::AnsiCodec& codec, ConversionPort& port) {
+  Converted result;
+  result.stations.reserve(list.size() + line_end.size());
+  std::size_t copied = 0; // up to here the list is dealt with
+  std::size_t categories = 0;
+  Orders orders;
+  const auto copy_up_to = [&](std::size_t end) { result.stations.append(list, copied, end - copied); };
+  base::LineWalk walk(list, stations::max_station_lines);
+  while (walk.next()) {
+    const Kind kind = kind_of(walk.line());
+    if (kind == Kind::station && list.substr(0, walk.after()).ends_with(line_end))
+      continue;
+    copy_up_to(walk.start());
+    copied = walk.after();
+    const std::string_view text = walk.line().substr(std::min(marker_length, walk.line().size()));
+    if (kind == Kind::category && ++categories <= max_categories)
+      result.categories.append(text).append(line_end);
+    else if (kind == Kind::advertisement || kind == Kind::information)
+      orders.add(kind, text);
+    else if (kind == Kind::station)
+      result.stations.append(walk.line()).append(line_end);
+  }
+  if (walk.after() < list.size())
+    return std::nullopt;
+  copy_up_to(list.size());
+  result.stations.append(line_end);
+  result.categories.append(line_end);
+  orders.carry_out(codec, port);
+  return result;
+}
+
+// Forward slash on purpose: the downloader is told this very path, and its growth is watched under it. A list that is
+// still written may have grown since its length was asked.
+Conversion convert_files(platform::Files& files, const std::wstring& program_folder, std::uint64_t announced_size,
+                         const platform::AnsiCodec& codec, ConversionPort& port) {
+  std::string list;
+  if (!files.read_at_most(program_folder + L"/" + download_file, list, announced_size) || list.size() != announced_size)
+    return Conversion::unreadable;
+  const auto converted = convert(list, codec, port);
+  if (!converted)
+    return Conversion::too_long;
+  const bool written = files.replace_both(program_folder + L"\\" + stations_file, converted->stations,
+                                          program_folder + L"\\" + categories_file, converted->categories);
+  return written ? Conversion::done : Conversion::not_written;
+}
+
+} // namespace lumotune::stations

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "stations/favourite_file.h"
+
+#include "base/options_lines.h"
+#include "base/text.h"
+
+namespace lumotune::stations {
+namespace {
+
+constexpr const char* line_end = "\r\n";
+
+std::string lines_with_ends(const base::TextLines& lines) {
+  std::string bytes;
+  for (const std::string& line : lines)
+    bytes.append(line).append(line_end);
+  return bytes;
+}
+
+} // namespace
+
+std::wstring FavouriteFile::path() const {
+  return uses_.machine.program_folder() + L"\\list.tt";
+}
+
+std::string FavouriteFile::read() const {
+  return uses_.files.read(path()).value_or(std::string());
+}
+
+FavouriteAdded FavouriteFile::add(const std::wstring& line) {
+  if (line.find_first_of(std::wstring_view(L"\r\n\0", 3)) != std::wstring::npos)
+    return FavouriteAdded::failed;
+  // A file that is there but cannot be read is never written: it would lose what it holds.
+  const bool exists = uses_.files.exists(path());
+  const auto bytes = exists ? uses_.files.read(path()) : std::string();
+  if (!bytes.has_value())
+    return FavouriteAdded::failed;
+  base::TextLines List3 = base::without_empty_lines(base::split_text_lines(*bytes));
+  bool there = false;
+  for (const std::string& kept : List3)
+    there = there || base::equal_ignoring_case(uses_.codec.decode(kept), line);
+  if (!there && !line.empty())
+    List3.push_back(uses_.codec.encode(line));
+  const std::string fresh = lines_with_ends(List3);
+  if (fresh.empty()) {
+    if (exists)
+      (void)uses_.files.remove(path()); // it holds no favourite: one that stays does no harm
+    return FavouriteAdded::added;
+  }
+  if (fresh != *bytes && !uses_.files.replace(path(), fresh) && !there)
+    return FavouriteAdded::failed;
+  return there ? FavouriteAdded::already_there : FavouriteAdded::added;
+}
+
+FavouriteRemoved FavouriteFile::remove(const std::wstring& line) {
+  const auto bytes = uses_.files.read(path());
+  if (!bytes.has_value() && uses_.files.exists(path()))
+    return FavouriteRemoved::failed;
+  base::TextLines List5 = base::without_empty_lines(base::split_text_lines(bytes.value_or(std::string())));
+  const std::size_t removed = std::erase_if(
+      List5, [&](const std::string& kept) { return base::equal_ignoring_case(uses_.codec.decode(kept), line); });
+  if (!uses_.files.replace(path(), line_end + lines_with_ends(List5)))
+    return FavouriteRemoved::failed;
+  return removed == 0 ? FavouriteRemoved::not_there : FavouriteRemoved::removed;
+}
+
+} // namespace lumotune::stations

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Which identifiers the rows of the station list have: each one at most once. Pure.
+#pragma once
+
+#include "base/code_page_fold.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+namespace lumotune::stations {
+
+// A hash table of row numbers; the identifiers themselves stay where they are. Letter case is ignored. The hash starts
+// from a value of its own in each object: a server cannot choose identifiers that fall together.
+class StationKeys {
+public:
+  // The identifier of a row, from 1.
+  using IdOf = std::function<std::string_view(std::size_t row)>;
+
+  StationKeys(const base::CodePageFold& fold, IdOf id_of);
+
+  void clear();
+  // Adds the row unless a row with its identifier is there: then false.
+  [[nodiscard]] bool add(std::size_t row, std::string_view id);
+  [[nodiscard]] std::size_t find(std::string_view id) const; // 0 when there is none
+
+private:
+  [[nodiscard]] std::uint64_t hash(std::string_view id) const;
+  [[nodiscard]] std::uint64_t folded_word(std::string_view bytes) const;
+  [[nodiscard]] std::size_t slot_of(std::uint64_t hash, std::string_view id) const;
+  void put(std::size_t slot, std::uint64_t hash, std::size_t row);
+  void grow();
+
+  const base::CodePageFold& fold_;
+  IdOf id_of_;
+  std::uint64_t seed_;
+  // Slots, a power of two of them. The tags alone are small enough to stay in the processor's cache.
+  std::vector<std::uint8_t> tags_;  // some bits of the hash, 0 for an empty slot
+  std::vector<std::uint32_t> rows_; // of the slots that are not empty
+  std::size_t used_ = 0;
+};
+
+} // namespace lumotune::stations

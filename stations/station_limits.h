@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// How much of a station file, or of a list that becomes one, is used.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace lumotune::stations {
+
+// A longer file counts as unreadable.
+inline constexpr std::uint64_t max_station_bytes = 256ULL * 1024 * 1024;
+// The lines behind these are no stations.
+inline constexpr std::size_t max_station_lines = 2'000'000;
+
+} // namespace lumotune::stations

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Menu items that change what plays, how loud, a setting, the skin or the favourites.
+#include "tests/menus/menu_world.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::test {
+namespace {
+
+struct MenuSettingsTest : testing::Test {
+  MenuWorld w;
+};
+
+TEST_F(MenuSettingsTest, VolumeItemsSetTheVolume) {
+  for (const auto& [item, percent] : {std::pair{L"Volume0", 0},
+                                      {L"Volume1", 20},
+                                      {L"Volume2", 40},
+                                      {L"Volume3", 60},
+                                      {L"Volume4", 80},
+                                      {L"Volume5", 100}}) {
+    w.use(item);
+    EXPECT_EQ(w.player.volume(), percent);
+    EXPECT_EQ(w.settings.LTvolume, std::to_wstring(percent));
+    EXPECT_TRUE(w.tree.item(item).checked);
+  }
+  w.choose(L"Volume1");
+  w.real_menus.pop_up();
+  EXPECT_EQ(w.player.volume(), 20) << "chosen in the submenu of the tray's menu";
+}
+
+TEST_F(MenuSettingsTest, QualitiesPlayFirstAndAreKeptThen) {
+  const std::vector<std::wstring> addresses = {L"u1a", L"u2a", L"u3", L"u4", L"u5"};
+  for (int number = 1; number <= 5; ++number) {
+    const std::wstring digit = std::to_wstring(number);
+    w.settings.KvalitaLT = L"?";
+    w.form.PlayTL.set_text(L"Zapnout");
+    w.use(L"LT_MenuPlRaria_K_" + digit);
+    EXPECT_EQ(w.player.url(), addresses[static_cast<std::size_t>(number) - 1]);
+    EXPECT_EQ(w.player.origin(), platform::AddressOrigin::station);
+    EXPECT_EQ(w.player.calls.back(), L"play");
+    EXPECT_EQ(w.settings.KvalitaLT, digit);
+    EXPECT_TRUE(w.tree.item(L"LT_MenuPlRaria_K_" + digit).checked);
+  }
+}
+
+TEST_F(MenuSettingsTest, TheQualityIsSetAfterThePlayingBegan) {
+  struct Report final : player::PlayReportPort {
+    explicit Report(const base::Settings& settings_used) : settings(settings_used) {}
+    void enable_Timer1() override { quality = settings.KvalitaLT; }
+    const base::Settings& settings;
+    std::wstring quality;
+  } report(w.settings);
+  w.playback.report.bind(report);
+  w.use(L"LT_MenuPlRaria_K_4");
+  EXPECT_EQ(report.quality, L"2");
+  EXPECT_EQ(w.settings.KvalitaLT, L"4");
+}
+
+TEST_F(MenuSettingsTest, AlwaysOnTopTurns) {
+  for (const auto& [before, after] :
+       {std::pair{L"0", L"1"}, {L"1", L"0"}, {L"1.0", L"0"}, {L"11", L"1"}, {L"", L"1"}}) {
+    w.settings.LTTop = before;
+    w.use(L"LT_Menu_Nastaveni_OnTop");
+    EXPECT_EQ(w.settings.LTTop, after);
+    EXPECT_EQ(w.window.topmost(), w.settings.LTTop == L"1");
+    EXPECT_EQ(w.tree.item(L"LT_Menu_Nastaveni_OnTop").checked, w.settings.LTTop == L"1");
+  }
+}
+
+TEST_F(MenuSettingsTest, AutoStartTurns) {
+  for (const auto& [before, after] : {std::pair{L"0", L"1"}, {L"1", L"0"}, {L"", L"1"}, {L"1.0", L"1"}}) {
+    w.settings.LTautoStart = before;
+    w.use(L"LT_Menu_Nastaveni_AutoStart");
+    EXPECT_EQ(w.settings.LTautoStart, after);
+    EXPECT_EQ(w.tree.item(L"LT_Menu_Nastaveni_AutoStart").checked, w.settings.LTautoStart == L"1");
+  }
+}
+
+TEST_F(MenuSettingsTest, ASkinIsLoadedAndShownByTheStateOfTheProgram) {
+  for (const wchar_t* picture : {L"form", L"play", L"stop", L"vol0", L"vol3", L"vol5"})
+    w.put(L"Orb_Data\\skins\\Tmava\\" + std::wstring(picture) + L".gif", gif(20, 10));
+  w.put(L"Orb_Data\\skins\\Tmava.skin", "LTform|7000|2000\r\nControl_Volume|show|0|0\r\nControl_Play|show|0|0\r\n"
+                                        "InfoStatus|1|100|200|300|400|500|600\r\n");
+  w.settings.LTvolume = L"60";
+  w.playback.PlayAll(L"http://radio.example/a");
+  w.player.played = 5000;
+  w.status.tick();
+  w.journal.clear();
+  w.use(L"LT_Menu_Skins_SKIN(1)");
+  EXPECT_EQ(w.settings.LTskin, L"Tmava");
+  EXPECT_EQ(w.window.rect().width, 7000);
+  EXPECT_EQ(SkinWorld::file_name(w.form.Control_Play.picture()), L"stop.gif");
+  EXPECT_EQ(SkinWorld::file_name(w.form.Control_Volume.picture()), L"vol3.gif");
+  EXPECT_EQ(w.journal, Journal{L"ZobrazOblibene"});
+  EXPECT_EQ(w.form.InfoStatus.rect().top, w.session.skin.status_top_2) << "the layout of a station that sounds";
+  EXPECT_EQ(w.form.InfoStatus.rect().height, w.session.skin.status_height_2);
+  EXPECT_NE(w.session.skin.status_top_1, w.session.skin.status_top_2);
+}
+
+TEST_F(MenuSettingsTest, NothingIsShownWhenTheProgramEndsDuringTheSkin) {
+  w.put(L"Orb_Data\\skins\\Lumo.skin", "Nic|x\r\n");
+  w.loop.at(0, [this] { w.loop.quit(); });
+  w.use(L"LT_Menu_Skins_SKIN(0)");
+  EXPECT_EQ(w.journal, Journal{});
+}
+
+TEST_F(MenuSettingsTest, TheSelectedFavouriteIsRemoved) {
+  for (const wchar_t* none : {L"lt:/", L""}) {
+    w.session.favourite_line = none;
+    w.use(L"LT_MenuRadia_Delete");
+    EXPECT_EQ(w.journal, Journal{}) << "no favourite was clicked yet";
+  }
+  w.session.favourite_line = L"lt:RADIO1/3";
+  w.use(L"LT_MenuRadia_Delete");
+  EXPECT_EQ(w.journal, Journal{L"delete lt:RADIO1/3"});
+}
+
+TEST_F(MenuSettingsTest, TheFavouritesTuneItemPressesThePlayButton) {
+  w.use(L"LT_MenuRadia_Naladit");
+  EXPECT_EQ(w.player.calls, std::vector<std::wstring>{L"play"});
+}
+
+} // namespace
+} // namespace lumotune::test

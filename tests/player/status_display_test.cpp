@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "tests/support/player_world.h"
+
+#include <gtest/gtest.h>
+
+namespace lumotune::test {
+namespace {
+
+struct Title final : player::TitlePort {
+  void show_title(const std::wstring& title) override { shown.push_back(title); }
+  std::vector<std::wstring> shown;
+};
+
+struct StatusDisplayTest : testing::Test {
+  PlayerWorld w;
+  Title title;
+  StatusDisplayTest() {
+    w.status.title.bind(title);
+    w.player.status_columns = L"Stav je zde" + std::wstring(21, L' ') + L"MP3 128 kbps 44,1 kHz " + L"Umělec - Píseň";
+    w.session.skin.status_mode = L"1";
+    w.session.skin.status_top_1 = 100;
+    w.session.skin.status_height_1 = 200;
+    w.session.skin.status_top_2 = 300;
+    w.session.skin.status_height_2 = 400;
+  }
+};
+
+TEST_F(StatusDisplayTest, TheFirstLayoutShowsTheTextFromColumn55) {
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Umělec - Píseň");
+  EXPECT_EQ(w.form.InfoStatus.rect().top, 100);
+  EXPECT_EQ(w.form.InfoStatus.rect().height, 200);
+}
+
+TEST_F(StatusDisplayTest, WithATimeTheSecondLayoutShowsItFromColumn33) {
+  w.player.played = 5000;
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoStatus.text(), L"MP3 128 kbps 44,1 kHz Umělec - Píseň");
+  EXPECT_EQ(w.form.InfoStatus.rect().top, 300);
+  EXPECT_EQ(w.form.InfoStatus.rect().height, 400);
+  EXPECT_EQ(w.form.InfoTime.text(), L"0:05");
+}
+
+TEST_F(StatusDisplayTest, AnotherModeAlwaysTakesTheSecondLayout) {
+  w.session.skin.status_mode = L"2";
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoStatus.rect().top, 300);
+  w.player.status_columns = L"kratky";
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoStatus.text(), L"");
+}
+
+// The layouts differ in height alone: where the label begins, and how wide it is, is the skin's for both.
+TEST_F(StatusDisplayTest, BothLayoutsKeepTheLabelsLeftEdgeAndWidth) {
+  w.form.InfoStatus.move(33, 7);
+  w.form.InfoStatus.resize(444, 5);
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoStatus.rect(), (platform::TwipsRect{33, 100, 444, 200}));
+  w.player.played = 5000;
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoStatus.rect(), (platform::TwipsRect{33, 300, 444, 400}));
+}
+
+TEST_F(StatusDisplayTest, WhatIsNotPlayingBeginsAtTheSamePlaceInBothLayoutsAndInNotifications) {
+  const auto say = [&](const std::wstring& state) {
+    w.player.status_text = state;
+    std::wstring columns = state;
+    columns.resize(32, L' ');
+    w.player.status_columns = columns + std::wstring(22, L' ') + state;
+  };
+  for (const std::wstring state : {L"Stanice neodpovídá, další pokus za 10 s",
+                                   L"Stanice neodpovídá, další pokus za 9 s", L"Zastaveno", L"Připojování..."}) {
+    say(state);
+    for (const std::uint64_t played : {0U, 5000U}) {
+      w.player.played = played;
+      w.status.tick();
+      EXPECT_EQ(w.form.InfoStatus.text(), state) << played;
+      w.status.StatusChange();
+      EXPECT_EQ(w.form.InfoStatus.text(), state) << "it does not jump between the two";
+    }
+  }
+}
+
+TEST_F(StatusDisplayTest, NamesOfFifteenCharactersGetDots) {
+  w.session.station_name = L"čtrnáct znaků.";
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoName.text(), L"čtrnáct znaků.");
+  w.session.station_name = L"patnáct znaků..";
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoName.text(), L"patnáct znaků.....");
+  w.session.station_name = L"mnohem více než patnáct znaků";
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoName.text(), L"mnohem více než...");
+  EXPECT_EQ(w.form.InfoName.tooltip(), L"mnohem více než patnáct znaků");
+}
+
+TEST_F(StatusDisplayTest, TheTitleIsTheStationThenTheOverrideThenTheProgram) {
+  w.status.tick();
+  w.session.OverrideName = L"Z klienta";
+  w.status.tick();
+  EXPECT_EQ(w.form.InfoName.text(), L"Z klienta");
+  w.session.station_name = L"První";
+  w.status.tick();
+  EXPECT_EQ(title.shown, (std::vector<std::wstring>{L"Lumotune", L"Z klienta - Lumotune", L"První - Lumotune"}));
+  EXPECT_EQ(w.window.caption(), L"Lumotune") << "the title never becomes the caption";
+}
+
+TEST_F(StatusDisplayTest, TicksEverySecondOnceStarted) {
+  w.status.start();
+  w.loop.advance(999);
+  EXPECT_TRUE(title.shown.empty());
+  w.loop.advance(2001);
+  EXPECT_EQ(title.shown.size(), 3U);
+}
+
+TEST_F(StatusDisplayTest, NotificationsCopyTheFullStatus) {
+  w.player.status_text = L"Přehrávání: Umělec - Píseň (128 kbps)";
+  w.session.station_name = L"Nová";
+  w.status.PlayStateChange(3);
+  EXPECT_EQ(w.form.InfoName.text(), L"Nová") << "a change of station is seen at once";
+  EXPECT_EQ(w.form.InfoStatus.text(), w.player.status_text);
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), w.player.status_text);
+  w.player.status_text = L"Zastaveno";
+  w.status.StatusChange();
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Zastaveno");
+}
+
+TEST_F(StatusDisplayTest, TheToolTipWarnsForAsLongAsItPlays) {
+  w.player.warning_text = L"Neověřený server";
+  w.player.status_text = L"Neověřený server";
+  w.status.PlayStateChange(6);
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Neověřený server");
+  w.player.status_text = L"Přehrávání: Umělec - Píseň";
+  w.status.StatusChange();
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Přehrávání: Umělec - Píseň");
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Přehrávání: Umělec - Píseň - Neověřený server");
+  w.status.tick(); // which shows the columns
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Přehrávání: Umělec - Píseň - Neověřený server");
+  w.player.warning_text.clear();
+  w.player.status_text = L"Zastaveno";
+  w.status.StatusChange();
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Zastaveno");
+}
+
+TEST(ElapsedText, CountsHoursOnlyWhenThereAreAny) {
+  EXPECT_EQ(player::elapsed_text(0), L"");
+  EXPECT_EQ(player::elapsed_text(1), L"0:00");
+  EXPECT_EQ(player::elapsed_text(65000), L"1:05");
+  EXPECT_EQ(player::elapsed_text(3599999), L"59:59");
+  EXPECT_EQ(player::elapsed_text(3753000), L"1:02:33");
+}
+
+TEST_F(StatusDisplayTest, ANoticeStandsForFiveSecondsAndIsSaid) {
+  auto& line = *w.window.label(L"InfoStatus");
+  w.player.status_text = L"Přehrávání";
+  w.status.StatusChange();
+  w.status.tell(L"Novinka");
+  EXPECT_EQ(line.announced, std::vector<std::wstring>{L"Novinka"});
+  for (int second = 0; second < 5; ++second) {
+    EXPECT_EQ(line.text(), L"Novinka") << second;
+    w.status.StatusChange();
+    w.status.PlayStateChange(1);
+    EXPECT_EQ(line.text(), L"Novinka") << second;
+    w.status.tick();
+  }
+  EXPECT_NE(line.text(), L"Novinka");
+  w.status.StatusChange();
+  EXPECT_EQ(line.text(), L"Přehrávání");
+}
+
+} // namespace
+} // namespace lumotune::test

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The player on the backend in memory, with ports that record what they are asked.
+#pragma once
+
+#include "platform/memory/event_loop.h"
+#include "platform/memory/files.h"
+#include "platform/memory/media_player.h"
+#include "platform/memory/messages.h"
+#include "platform/memory/window.h"
+#include "player/shutdown.h"
+#include "player/startup.h"
+#include "player/status_display.h"
+#include "tests/support/stations_world.h"
+
+#include <string>
+#include <vector>
+
+namespace lumotune::test {
+
+using Journal = std::vector<std::wstring>;
+
+struct RecordingSkin final : player::SkinPort {
+  explicit RecordingSkin(Journal& journal_used) : journal(journal_used) {}
+  void LoadSkin(const std::wstring& name) override { journal.push_back(L"LoadSkin " + name); }
+  void ZobrazCoMas(const std::wstring& text) override { journal.push_back(L"ZobrazCoMas " + text); }
+  void SkinVolume(int percent) override { journal.push_back(L"SkinVolume " + std::to_wstring(percent)); }
+  void load_play_picture() override { journal.emplace_back(L"play picture"); }
+  Journal& journal;
+};
+
+struct RecordingChrome final : player::ChromePort {
+  explicit RecordingChrome(Journal& journal_used) : journal(journal_used) {}
+  void OnTopYES() override { journal.emplace_back(L"OnTopYES"); }
+  void OnTopNO() override { journal.emplace_back(L"OnTopNO"); }
+  void FormMax() override { journal.emplace_back(L"FormMax"); }
+  void Tray() override { journal.emplace_back(L"Tray"); }
+  void remove_tray() override { journal.emplace_back(L"remove tray"); }
+  Journal& journal;
+};
+
+struct RecordingMenus final : player::MenuPort {
+  explicit RecordingMenus(Journal& journal_used) : journal(journal_used) {}
+  void check_auto_start(bool on) override {
+    journal.emplace_back(on ? L"auto start checked" : L"auto start unchecked");
+  }
+  void check_on_top(bool on) override { journal.emplace_back(on ? L"on top checked" : L"on top unchecked"); }
+  void check_volume(int level) override { journal.push_back(L"volume level " + std::to_wstring(level)); }
+  void open_volume() override { journal.emplace_back(L"volume menu"); }
+  void open_station() override { journal.emplace_back(L"station menu"); }
+  Journal& journal;
+};
+
+struct RecordingFavourites final : player::FavouritesPort {
+  explicit RecordingFavourites(Journal& journal_used) : journal(journal_used) {}
+  void ZobrazOblibene() override {
+    journal.emplace_back(L"ZobrazOblibene");
+    if (during)
+      during();
+  }
+  void show_in_place() override { journal.emplace_back(L"list in its place"); }
+  Journal& journal;
+  std::function<void()> during;
+};
+
+struct RecordingDirectory final : player::DirectoryPort {
+  explicit RecordingDirectory(Journal& journal_used) : journal(journal_used) {}
+  void Naladit() override { journal.emplace_back(L"Naladit"); }
+  Journal& journal;
+};
+
+struct RecordingReport final : player::PlayReportPort {
+  explicit RecordingReport(Journal& journal_used) : journal(journal_used) {}
+  void enable_Timer1() override { journal.emplace_back(L"Timer1"); }
+  Journal& journal;
+};
+
+struct PlayerWorld : StationsWorld {
+  player::Playback playback{{settings, session, form, player, stations, loop}};
+  player::StatusDisplay status{{session, form, player, loop}};
+  companions::CommandSender sender{{loop, messages, shell, codec}};
+  player::ClientCommands commands{{settings, session, form, loop, messages, dialogs, codec, playback}};
+  player::Startup startup{{settings, session, form, loop, files, machine, messages, shell, dialogs, player, options,
+                           playback, commands, sender}};
+  player::Shutdown shutdown{{session, loop, machine, messages, player, options, commands, sender}};
+
+  Journal journal;
+  RecordingSkin skin{journal};
+  RecordingChrome chrome{journal};
+  RecordingMenus menus{journal};
+  RecordingFavourites favourites{journal};
+  RecordingDirectory directory{journal};
+  RecordingReport report{journal};
+
+  PlayerWorld() {
+    playback.skin.bind(skin);
+    playback.favourites.bind(favourites);
+    playback.directory.bind(directory);
+    playback.report.bind(report);
+    playback.menus.bind(menus);
+    commands.favourites.bind(favourites);
+    commands.chrome.bind(chrome);
+    startup.skin.bind(skin);
+    startup.chrome.bind(chrome);
+    startup.menus.bind(menus);
+    startup.favourites.bind(favourites);
+    shutdown.chrome.bind(chrome);
+    form.PlayTL.on_click = [this] { playback.PlayTL_Click(); };
+    form.Control_Play.on_click = [this] { playback.Control_Play_Click(); };
+    put(L"Orb_Data\\skins\\Lumo.skin", "LTform|6000|3000\r\n");
+    messages.add_window(L"Orb - Lumotune", platform::WindowRef{77});
+  }
+
+  [[nodiscard]] bool did(const std::wstring& what) const {
+    return std::find(journal.begin(), journal.end(), what) != journal.end();
+  }
+  [[nodiscard]] bool called(const std::wstring& what) const {
+    return std::find(player.calls.begin(), player.calls.end(), what) != player.calls.end();
+  }
+  // The client sends a command, and it is carried out.
+  int command(const std::string& text) {
+    const int answer = messages.deliver(text);
+    loop.run_pending();
+    return answer;
+  }
+};
+
+} // namespace lumotune::test
