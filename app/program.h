@@ -47,7 +47,7 @@ struct Platform {
   platform::FramedWindowMaker& framed_windows;
 };
 
-// The ports that rooms above or beside implement, made of the rooms.
+// The window's frame and the tray icon, as the player asks for them.
 class ChromeParts final : public player::ChromePort {
 public:
   ChromeParts(skin::Chrome& chrome, skin::TrayIcon& tray) : chrome_(chrome), tray_(tray) {}
@@ -62,34 +62,6 @@ private:
   skin::TrayIcon& tray_;
 };
 
-class TitleToTray final : public player::TitlePort {
-public:
-  explicit TitleToTray(skin::TrayIcon& tray) : tray_(tray) {}
-  void show_title(const std::wstring& title) override { tray_.show_title(title); }
-
-private:
-  skin::TrayIcon& tray_;
-};
-
-class ExitToShutdown final : public skin::ExitPort {
-public:
-  explicit ExitToShutdown(player::Shutdown& shutdown) : shutdown_(shutdown) {}
-  void Konec() override { shutdown_.Konec(); }
-
-private:
-  player::Shutdown& shutdown_;
-};
-
-class WebToPages final : public directory::WebPort {
-public:
-  explicit WebToPages(companions::WebPages& pages) : pages_(pages) {}
-  [[nodiscard]] bool OpenUrl(const std::wstring& address) override { return pages_.open_own(address); }
-  [[nodiscard]] bool open_station_web(const std::wstring& address) override { return pages_.open_station_web(address); }
-
-private:
-  companions::WebPages& pages_;
-};
-
 class Program {
 public:
   // The form's controls are made by the caller, because the tray needs one of them.
@@ -101,36 +73,35 @@ public:
   base::Settings settings;
   base::Session session;
 
+  base::MenuTree menu_tree;
   base::ErrorLog error_log;
   base::SettingsFiles options;
   stations::StationLookup stations;
+  companions::CommandSender sender;
+  companions::WebPages web_pages;
+  companions::Identity identity;
+
+  player::ReportPrograms report_programs;
+  player::ClientLink client_link;
+  player::MediaKeyRule media_keys;
   player::Playback playback;
   player::StatusDisplay status;
-  companions::CommandSender sender;
+  player::Favourites favourites;
+  player::Console console;
   player::ClientCommands commands;
   player::Startup startup;
   player::Shutdown shutdown;
+
   skin::Skin skin;
-  menus::SkinMenu skin_menu;
   skin::Chrome chrome;
   skin::TrayIcon tray_icon;
-
-  player::Favourites favourites;
-  player::ClientLink client_link;
-  player::Console console;
-  player::MediaKeyRule media_keys;
-  companions::Identity identity;
   directory::Directory directory;
-  companions::WebPages web_pages;
-  player::ReportPrograms report_programs;
-  base::MenuTree menu_tree;
+
+  menus::SkinMenu skin_menu;
   menus::MenuCommands menu_commands;
   menus::Menus menus;
 
   ChromeParts chrome_parts;
-  TitleToTray title_to_tray;
-  ExitToShutdown exit_to_shutdown;
-  WebToPages web_to_pages;
 
 private:
   platform::MediaKeys& keys_;

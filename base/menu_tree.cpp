@@ -117,6 +117,11 @@ MenuItem& MenuTree::item(std::wstring_view name) {
   return *found;
 }
 
+void MenuTree::check_volume(int level) {
+  for (int each = 0; each <= 5; ++each)
+    item(L"Volume" + std::to_wstring(each)).checked = each == level;
+}
+
 void MenuTree::unload_skins() {
   auto& elements = item(L"LT_Menu_Skins").children;
   elements.resize(1);

@@ -23,6 +23,12 @@ public:
   // The item of that name, wherever it stands; there must be one. Valid until elements of the skin array come or go.
   [[nodiscard]] platform::MenuItem& item(std::wstring_view name);
 
+  // Marks and captions that follow the settings.
+  void check_auto_start(bool on) { item(L"LT_Menu_Nastaveni_AutoStart").checked = on; }
+  void check_on_top(bool on) { item(L"LT_Menu_Nastaveni_OnTop").checked = on; }
+  void check_volume(int level); // Volume0..Volume5: that one checked, the others not
+  void set_tune_caption(const std::wstring& caption) { item(L"LT_MenuRadia_Naladit").caption = caption; }
+
   // The skin array: element 0 always exists and is "..." while no skin is known, which cannot be chosen.
   void unload_skins();
   void set_skin(std::size_t index, const std::wstring& caption, bool checked); // index: at most the next free one

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Where a room calls upward: a slot that starts at a port that does nothing and is bound once, when the program is
-// wired.
+// Where a room calls upward: a slot that is bound once, when the program is wired.
 #pragma once
 
-#include <cassert>
+#include <cstdlib>
 
 namespace lumotune::base {
 
-// `Port` is an abstract struct, `Nothing` its do-nothing twin. What is bound must outlive the slot's use.
-template <typename Port, typename Nothing>
+// `Port` is an abstract struct. What is bound must outlive the slot's use. An unbound slot is a programming error: its
+// first use ends the program, in release builds too.
+template <typename Port>
 class Slot {
 public:
   Slot() = default;
@@ -17,12 +17,15 @@ public:
   ~Slot() = default;
 
   void bind(Port& port) { bound_ = &port; }
-  Port* operator->() { return bound_; }
-  Port& operator*() { return *bound_; }
+  Port* operator->() { return &**this; }
+  Port& operator*() {
+    if (bound_ == nullptr)
+      std::abort();
+    return *bound_;
+  }
 
 private:
-  Nothing nothing_;
-  Port* bound_ = &nothing_;
+  Port* bound_ = nullptr;
 };
 
 } // namespace lumotune::base

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "base/session.h"
-#include "base/slot.h"
 #include "platform/machine.h"
 #include "platform/shell.h"
 
@@ -14,6 +13,10 @@
 #include <string_view>
 
 namespace lumotune::companions {
+
+// The client's communication window and program.
+inline constexpr const wchar_t* client_caption = L"Orb - Lumotune";
+inline constexpr const wchar_t* client_program = L"orb.exe";
 
 // A program start. `application` is the program's full path where the command line names a folder, so that a blank in
 // the folder cannot start another program; empty for a program that is looked for in the current folder.
@@ -75,15 +78,5 @@ inline constexpr std::size_t max_id = 100;
 
 // Starts it. One that is missing is not started, and nobody is told.
 void launch(platform::Shell& shell, const Launch& what);
-
-// Who turns the check value into the form that the login address carries.
-struct IdentitySource {
-  virtual ~IdentitySource() = default;
-  virtual std::wstring Heslo(const std::wstring& ZadejHeslo) = 0; // lets events run
-};
-struct NoIdentity final : IdentitySource {
-  std::wstring Heslo(const std::wstring& /*ZadejHeslo*/) override { return {}; }
-};
-using IdentitySlot = base::Slot<IdentitySource, NoIdentity>;
 
 } // namespace lumotune::companions

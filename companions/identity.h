@@ -4,7 +4,6 @@
 
 #include "base/options_lines.h"
 #include "base/session.h"
-#include "companions/command_lines.h"
 #include "platform/ansi_codec.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
@@ -16,7 +15,7 @@ namespace lumotune::companions {
 
 // User-interface thread. The values are never logged; a box shows them only where the server
 // asks for it.
-class Identity final : public companions::IdentitySource {
+class Identity {
 public:
   struct Uses {
     const platform::Files& files;
@@ -41,7 +40,7 @@ public:
   // character code is lost.
   [[nodiscard]] std::wstring Encrypt2(std::wstring& Orbvstup);
   // Twice both: digits and "-" only.
-  [[nodiscard]] std::wstring Heslo(const std::wstring& ZadejHeslo) override;
+  [[nodiscard]] std::wstring Heslo(const std::wstring& ZadejHeslo);
 
 private:
   void read_lines(); // fills List5

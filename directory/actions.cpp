@@ -92,12 +92,12 @@ void Actions::Label9_Click() {
 
 void Actions::Label4_Click() {
   const std::wstring address = uses_.form.Label4.text();
-  if (!base::trimmed(address).empty() && !uses_.web->open_station_web(address))
+  if (!base::trimmed(address).empty() && !uses_.web.open_station_web(address))
     tell_refused(uses_.form);
 }
 
 void Actions::WebRadia_Click() {
-  if (!uses_.web->open_station_web(WebRadia_caption_))
+  if (!uses_.web.open_station_web(WebRadia_caption_))
     tell_refused(uses_.form);
 }
 
@@ -106,7 +106,7 @@ void Actions::Image3_Click() {
   if (uses_.loop.quitting())
     return;
   const auto values = companions::companion_values(uses_.machine, uses_.settings);
-  if (!uses_.web->OpenUrl(companions::login_address(values, token, L"")))
+  if (!uses_.web.open_own(companions::login_address(values, token, L"")))
     tell_refused(uses_.form);
 }
 

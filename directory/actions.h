@@ -4,9 +4,9 @@
 
 #include "base/session.h"
 #include "companions/identity.h"
+#include "companions/open_url.h"
 #include "companions/send_command.h"
 #include "directory/details.h"
-#include "directory/ports.h"
 #include "platform/event_loop.h"
 #include "platform/popup_menus.h"
 #include "player/favourites.h"
@@ -33,7 +33,7 @@ public:
     platform::Shell& shell;
     const platform::Machine& machine;
     platform::Dialogs& dialogs;
-    WebSlot& web;
+    companions::WebPages& web;
   };
   explicit Actions(const Uses& uses) : uses_(uses) {}
 

@@ -13,7 +13,7 @@ Directory::Directory(const DirectoryUses& uses)
 
 void Directory::Naladit() {
   if (!ListRadios_) {
-    ListRadios_ = std::make_unique<ListRadios>(uses_, web, favourites, advert_state_);
+    ListRadios_ = std::make_unique<ListRadios>(uses_, advert_state_);
     ListRadios_->on_unload = [this] { forget(); };
     if (!ListRadios_->Form_Load())
       return;

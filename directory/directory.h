@@ -16,9 +16,6 @@ class Directory final : public player::DirectoryPort {
 public:
   explicit Directory(const DirectoryUses& uses);
 
-  WebSlot web;
-  player::FavouritesSlot favourites;
-
   // Shows the window, made and loaded when there is none, and selects the tuned station in it.
   void Naladit() override;
 

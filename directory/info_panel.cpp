@@ -109,7 +109,7 @@ void InfoPanelLine::open_url() {
     return;
   std::wstring page = panel_parameter_;
   const auto values = companions::companion_values(uses_.machine, uses_.settings);
-  if (!uses_.web->OpenUrl(companions::login_address(values, token, MakePageRe(page))))
+  if (!uses_.web.open_own(companions::login_address(values, token, MakePageRe(page))))
     tell_refused(uses_.form);
 }
 

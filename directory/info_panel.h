@@ -4,10 +4,11 @@
 
 #include "base/session.h"
 #include "companions/command_lines.h"
+#include "companions/identity.h"
+#include "companions/open_url.h"
 #include "companions/send_command.h"
 #include "directory/layout.h"
 #include "directory/list_radios_form.h"
-#include "directory/ports.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
@@ -37,8 +38,8 @@ public:
     const platform::Files& files;
     const platform::Machine& machine;
     companions::CommandSender& sender;
-    companions::IdentitySource& identity;
-    WebSlot& web;
+    companions::Identity& identity;
+    companions::WebPages& web;
   };
   explicit InfoPanelLine(const Uses& uses);
 

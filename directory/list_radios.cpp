@@ -12,20 +12,19 @@ constexpr wchar_t enter_key = 13;
 
 } // namespace
 
-ListRadios::ListRadios(const DirectoryUses& uses, WebSlot& web, player::FavouritesSlot& favourites,
-                       AdvertState& advert_state)
+ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state)
     : uses_(uses),
       window_(uses.windows.make(window_name)),
       form_(*window_),
       layout_(form_),
-      list_({form_, uses.files, uses.codec, uses.machine, uses.session, favourites}),
+      list_({form_, uses.files, uses.codec, uses.machine, uses.session, uses.favourites}),
       advert_({form_, layout_, advert_state}),
       panel_({form_, layout_, uses.settings, uses.loop, uses.dialogs, uses.shell, uses.files, uses.machine, uses.sender,
-              uses.identity, web}),
+              uses.identity, uses.web}),
       details_({form_, list_, uses.main_form, uses.settings, uses.stations, uses.playback, uses.shell, uses.machine,
                 uses.dialogs, advert_}),
       actions_({form_, list_, details_, uses.identity, uses.settings, uses.favourites, uses.sender, uses.menus,
-                uses.loop, uses.shell, uses.machine, uses.dialogs, web}),
+                uses.loop, uses.shell, uses.machine, uses.dialogs, uses.web}),
       updater_({form_, list_, *this, uses.settings, uses.loop, uses.files, uses.codec, uses.machine, uses.shell,
                 uses.dialogs, uses.connection, in_use_}) {
   set_texts();

@@ -6,6 +6,7 @@
 #include "base/session.h"
 #include "base/settings_files.h"
 #include "companions/identity.h"
+#include "companions/open_url.h"
 #include "companions/send_command.h"
 #include "directory/actions.h"
 #include "directory/advert.h"
@@ -13,7 +14,6 @@
 #include "directory/info_panel.h"
 #include "directory/layout.h"
 #include "directory/list_radios_form.h"
-#include "directory/ports.h"
 #include "directory/station_list.h"
 #include "directory/updater.h"
 #include "platform/connection.h"
@@ -40,6 +40,7 @@ struct DirectoryUses {
   player::Favourites& favourites;
   companions::CommandSender& sender;
   companions::Identity& identity;
+  companions::WebPages& web;
   platform::EventLoop& loop;
   platform::Files& files;
   const platform::AnsiCodec& codec;
@@ -54,7 +55,7 @@ struct DirectoryUses {
 // User-interface thread. Destroyed from the top level of the loop, and only while `in_use` is false.
 class ListRadios final : public stations::ConversionPort {
 public:
-  ListRadios(const DirectoryUses& uses, WebSlot& web, player::FavouritesSlot& favourites, AdvertState& advert_state);
+  ListRadios(const DirectoryUses& uses, AdvertState& advert_state);
   ListRadios(const ListRadios&) = delete;
   ListRadios& operator=(const ListRadios&) = delete;
   ~ListRadios() override;

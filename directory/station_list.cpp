@@ -94,7 +94,7 @@ void StationList::CommandOK() {
   uses_.form.Command1.set_enabled(true);
   uses_.form.Label1.set_text(L"");
   uses_.session.refresh_favourites = L"1";
-  uses_.favourites->ZobrazOblibene();
+  uses_.favourites.ZobrazOblibene();
   uses_.session.refresh_favourites.clear();
 }
 

@@ -26,7 +26,7 @@ public:
     const platform::AnsiCodec& codec;
     const platform::Machine& machine;
     base::Session& session;
-    player::FavouritesSlot& favourites;
+    player::FavouritesPort& favourites;
   };
   explicit StationList(const Uses& uses);
   StationList(const StationList&) = delete;

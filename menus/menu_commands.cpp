@@ -29,8 +29,8 @@ const MenuCommands::Row MenuCommands::table[] = {
     {L"Volume1", [](M& m, C&) { m.uses_.playback.VolumeSet(20); }},
     {L"Volume0", [](M& m, C&) { m.uses_.playback.VolumeSet(0); }},
     {L"LT_TrayMenu_Melodeon", [](M& m, C&) { m.OrbMelodeon(); }},
-    {L"LT_TrayMenu_RadioList", [](M& m, C&) { m.directory->Naladit(); }},
-    {L"LT_TrayMenu_Konec", [](M& m, C&) { m.exit->Konec(); }},
+    {L"LT_TrayMenu_RadioList", [](M& m, C&) { m.uses_.directory.Naladit(); }},
+    {L"LT_TrayMenu_Konec", [](M& m, C&) { m.uses_.shutdown.Konec(); }},
     {L"LT_Menu_Orbcz", [](M& m, C&) { m.LT_Menu_Orbcz_Click(); }},
     {L"LT_Menu_ShowUsers", [](M& m, C&) { m.uses_.client_link.Control_ShowUser_Click(); }},
     {L"LT_Menu_Disk", [](M& m, C&) { m.LT_Menu_Disk_Click(); }},
@@ -44,7 +44,7 @@ const MenuCommands::Row MenuCommands::table[] = {
     {L"LT_Menu_Skins_SKIN", [](M& m, C& caption) { m.LT_Menu_Skins_SKIN_Click(caption); }},
     {L"LT_Menu_Nastaveni_AutoStart", [](M& m, C&) { m.LT_Menu_Nastaveni_AutoStart_Click(); }},
     {L"LT_Menu_Nastaveni_OnTop", [](M& m, C&) { m.uses_.chrome.LineMenu_OnTop_Click(); }},
-    {L"LT_Menu_Nastaveni_LTCC", [](M& m, C&) { m.console->LTconsole(); }},
+    {L"LT_Menu_Nastaveni_LTCC", [](M& m, C&) { m.uses_.console.LTconsole(); }},
     {L"LT_MenuRadia_Naladit", [](M& m, C&) { m.uses_.form.PlayTL.press(); }},
     {L"LT_MenuRadia_ZobrazUzivatele", [](M& m, C&) { m.uses_.client_link.Control_ShowUser_Click(); }},
     {L"LT_MenuRadia_Disk", [](M& m, C&) { m.LT_MenuRadia_Disk_Click(); }},
@@ -59,7 +59,7 @@ const MenuCommands::Row MenuCommands::table[] = {
     {L"LT_MenuPlRaria_K_3", [](M& m, C&) { m.LT_MenuPlRaria_K_Click(L"3"); }},
     {L"LT_MenuPlRaria_K_4", [](M& m, C&) { m.LT_MenuPlRaria_K_Click(L"4"); }},
     {L"LT_MenuPlRaria_K_5", [](M& m, C&) { m.LT_MenuPlRaria_K_Click(L"5"); }},
-    {L"LT_MenuPlRariaSat", [](M& m, C&) { m.directory->Naladit(); }},
+    {L"LT_MenuPlRariaSat", [](M& m, C&) { m.uses_.directory.Naladit(); }},
 };
 
 void MenuCommands::run(const std::wstring& name, const std::wstring& caption) {
@@ -118,7 +118,7 @@ void MenuCommands::LT_MenuPlRaria_www_Click(const std::wstring& address) {
 }
 
 void MenuCommands::open_login() {
-  const std::wstring token = identity->Heslo(uses_.settings.h);
+  const std::wstring token = uses_.identity.Heslo(uses_.settings.h);
   if (!uses_.loop.quitting())
     open_own(companions::login_address(values(), token, L""));
 }
@@ -186,20 +186,20 @@ void MenuCommands::LT_Menu_Skins_SKIN_Click(const std::wstring& name) {
     return;
   uses_.skin.ZobrazCoMas(uses_.form.PlayTL.text());
   uses_.skin.SkinVolume(base::volume_value(uses_.settings.LTvolume));
-  favourites->ZobrazOblibene();
+  uses_.favourites.ZobrazOblibene();
   uses_.status.show_status();
 }
 
 void MenuCommands::LT_Menu_Nastaveni_AutoStart_Click() {
   const bool on = uses_.settings.LTautoStart != L"1";
-  uses_.tree.item(L"LT_Menu_Nastaveni_AutoStart").checked = on;
+  uses_.tree.check_auto_start(on);
   uses_.settings.LTautoStart = on ? L"1" : L"0";
 }
 
 void MenuCommands::LT_MenuRadia_Delete_Click() {
   const std::wstring line = uses_.session.favourite_line;
   if (!line.empty() && line != L"lt:/")
-    favourites_delete->DeleteFromOblibene(line);
+    uses_.favourites.DeleteFromOblibene(line);
 }
 
 // The other items keep their marks until the menu is prepared again.

@@ -5,10 +5,15 @@
 #include "base/menu_tree.h"
 #include "base/settings_files.h"
 #include "companions/command_lines.h"
+#include "companions/identity.h"
 #include "companions/open_url.h"
+#include "directory/directory.h"
 #include "platform/dialogs.h"
 #include "player/client_link.h"
+#include "player/console.h"
+#include "player/favourites.h"
 #include "player/playback.h"
+#include "player/shutdown.h"
 #include "player/status_display.h"
 #include "skin/chrome.h"
 #include "skin/skin.h"
@@ -38,15 +43,13 @@ public:
     companions::WebPages& web;
     base::MenuTree& tree;
     player::StatusDisplay& status;
+    player::Favourites& favourites;
+    player::Console& console;
+    directory::Directory& directory;
+    player::Shutdown& shutdown;
+    companions::Identity& identity;
   };
   explicit MenuCommands(const Uses& uses) : uses_(uses) {}
-
-  player::FavouritesSlot favourites;
-  player::FavouritesDeleteSlot favourites_delete;
-  player::ConsoleSlot console;
-  player::DirectorySlot directory;
-  skin::ExitSlot exit;
-  companions::IdentitySlot identity;
 
   // Carries out the item of that name; `caption` is what the user saw. An unknown name does nothing.
   void run(const std::wstring& name, const std::wstring& caption);

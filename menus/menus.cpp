@@ -52,7 +52,7 @@ void Menus::open_favourite() {
   open(L"LT_MenuRadia", &uses_.form.Control_List);
 }
 
-void Menus::pop_up() {
+void Menus::open_tray() {
   prepare_tray();
   open(L"LT_TrayMenu", nullptr);
 }
@@ -81,23 +81,6 @@ void Menus::prepare_tray() {
   MenuItem& play = uses_.tree.item(L"LT_TrayMenu_Play");
   play.caption = uses_.form.PlayTL.text();
   play.enabled = uses_.form.PlayTL.enabled();
-}
-
-void Menus::check_auto_start(bool on) {
-  uses_.tree.item(L"LT_Menu_Nastaveni_AutoStart").checked = on;
-}
-
-void Menus::check_on_top(bool on) {
-  uses_.tree.item(L"LT_Menu_Nastaveni_OnTop").checked = on;
-}
-
-void Menus::check_volume(int level) {
-  for (int each = 0; each <= 5; ++each)
-    uses_.tree.item(L"Volume" + std::to_wstring(each)).checked = each == level;
-}
-
-void Menus::set_tune_caption(const std::wstring& caption) {
-  uses_.tree.item(L"LT_MenuRadia_Naladit").caption = caption;
 }
 
 } // namespace lumotune::menus

@@ -6,14 +6,14 @@
 namespace lumotune::menus {
 
 void SkinMenu::NactiSeznamSkinu(const std::wstring& current_skin) {
-  menu->unload_above_0();
+  uses_.tree.unload_skins();
   std::size_t index = 0;
   for (const std::wstring& file : uses_.files.list(uses_.machine.program_folder() + L"\\Orb_Data\\Skins", L"*.skin")) {
     constexpr std::size_t ending = 5; // ".skin"
     if (file.size() <= ending)
       continue;
     const std::wstring name = file.substr(0, file.size() - ending);
-    menu->set_element(index++, name, base::equal_ignoring_case(name, current_skin));
+    uses_.tree.set_skin(index++, name, base::equal_ignoring_case(name, current_skin));
   }
 }
 

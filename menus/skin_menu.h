@@ -2,9 +2,9 @@
 // The submenu of installed skins.
 #pragma once
 
+#include "base/menu_tree.h"
 #include "platform/files.h"
 #include "platform/machine.h"
-#include "skin/ports.h"
 
 #include <string>
 
@@ -15,10 +15,9 @@ public:
   struct Uses {
     const platform::Files& files;
     const platform::Machine& machine;
+    base::MenuTree& tree;
   };
   explicit SkinMenu(const Uses& uses) : uses_(uses) {}
-
-  skin::SkinMenuSlot menu;
 
   // Rebuilds the submenu from the skin folder, in the file system's order; the current skin is checked, letter case
   // ignored. With no skins element 0 stays as it is. User-interface thread.

@@ -94,7 +94,7 @@ void ClientCommands::execute(const std::wstring& text) {
     uses_.form.window.activate();
   }
   if (base::equal_ignoring_case(text, L"list"))
-    favourites->ZobrazOblibene();
+    uses_.favourites.ZobrazOblibene();
   if (base::starts_with_ignoring_case(text, L"id:") && short_enough(rest_after(3)))
     uses_.settings.IDlastRadio = rest_after(3);
   if (base::starts_with_ignoring_case(text, L"idk:") && short_enough(rest_after(4)))

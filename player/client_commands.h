@@ -35,10 +35,10 @@ public:
     platform::Dialogs& dialogs;
     const platform::AnsiCodec& codec;
     Playback& playback;
+    FavouritesPort& favourites;
   };
   explicit ClientCommands(const Uses& uses);
 
-  FavouritesSlot favourites;
   ChromeSlot chrome;
 
   // Without the hook nothing is received, and what still waited is dropped.

@@ -4,7 +4,7 @@
 #include "base/busy.h"
 #include "base/options_lines.h"
 #include "base/text.h"
-#include "player/startup.h"
+#include "companions/command_lines.h"
 
 namespace lumotune::player {
 namespace {
@@ -35,14 +35,14 @@ void ClientLink::report() {
   awaiting_ = !link_on;
   if (link_on) {
     Timer2->stop(); // the reply to an earlier report is nobody's business any more
-    programs->start_client();
-    programs->start_report(true);
+    uses_.programs.start_client();
+    uses_.programs.start_report(true);
   } else {
     (void)uses_.files.remove(reply_file()); // there may be none
     uses_.loop.run_pending();
     if (uses_.loop.ending())
       return;
-    programs->start_report(false);
+    uses_.programs.start_report(false);
     Timer2->start();
   }
   Timer1->stop();
@@ -92,11 +92,13 @@ void ClientLink::ask_about(const std::wstring& new_messages, std::wstring_view t
   const auto answer = uses_.dialogs.message(question, L"Nepřečtené zprávy na Orb", platform::BoxIcon::information,
                                             platform::BoxButtons::yes_no);
   if (answer == platform::BoxAnswer::yes && !uses_.loop.ending())
-    uses_.sender.SendCommand(client_program, client_caption, L"lt:" + uses_.settings.IDlastRadio, L"1");
+    uses_.sender.SendCommand(companions::client_program, companions::client_caption,
+                             L"lt:" + uses_.settings.IDlastRadio, L"1");
 }
 
 void ClientLink::Control_ShowUser_Click() {
-  uses_.sender.show_users(client_program, client_caption, L"lts:" + uses_.settings.IDlastRadio, L"2");
+  uses_.sender.show_users(companions::client_program, companions::client_caption, L"lts:" + uses_.settings.IDlastRadio,
+                          L"2");
 }
 
 } // namespace lumotune::player

@@ -8,7 +8,7 @@
 #include "companions/send_command.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
-#include "player/ports.h"
+#include "player/report_programs.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -19,7 +19,7 @@
 namespace lumotune::player {
 
 // User-interface thread. Failures are silent. Once the program ends nothing is reported, asked or removed.
-class ClientLink final : public PlayReportPort {
+class ClientLink {
 public:
   // A longer reply is removed unread. Of the others each line that asks is shown, whole.
   static constexpr std::uint64_t max_reply_bytes = 64 * 1024;
@@ -33,13 +33,12 @@ public:
     base::Settings& settings;
     base::SettingsFiles& options;
     companions::CommandSender& sender;
+    ReportPrograms& programs;
   };
   explicit ClientLink(const Uses& uses);
 
-  ReportProgramsSlot programs;
-
   // One report, 3 s from now: of the station that is tuned then. A report that is already due keeps its time.
-  void enable_Timer1() override { Timer1->start(); }
+  void enable_Timer1() { Timer1->start(); }
 
   // Asks the client to show who listens to the tuned station. Events run meanwhile.
   void Control_ShowUser_Click();

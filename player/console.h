@@ -7,14 +7,13 @@
 #include "platform/event_loop.h"
 #include "platform/input_box.h"
 #include "player/playback.h"
-#include "player/ports.h"
 
 #include <string>
 
 namespace lumotune::player {
 
 // User-interface thread.
-class Console final : public ConsolePort {
+class Console {
 public:
   struct Uses {
     base::Session& session;
@@ -27,7 +26,7 @@ public:
 
   // "help", "vol=" and a number, "url=" and an address; letter case ignored, anything else too. A dot at the end is
   // taken off and opens the console again afterwards. Only one is open at a time; events run meanwhile.
-  void LTconsole() override;
+  void LTconsole();
 
 private:
   void execute(const std::wstring& command);

@@ -235,7 +235,7 @@ void Favourites::open_menu() {
   std::wstring id;
   if (const auto item = read_favourite_item(selected_text()))
     id = item->id;
-  menu->set_tune_caption(L"Naladit rádio " + uses_.stations.RadioInfo(id, L"name"));
+  uses_.menu_tree.set_tune_caption(L"Naladit rádio " + uses_.stations.RadioInfo(id, L"name"));
   menu->open_favourite();
 }
 

@@ -4,6 +4,7 @@
 
 #include "base/code_page_fold.h"
 #include "base/lumotune_form.h"
+#include "base/menu_tree.h"
 #include "base/session.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
@@ -39,7 +40,7 @@ struct FavouriteItem {
                                                         const platform::AnsiCodec& codec);
 
 // User-interface thread.
-class Favourites final : public FavouritesPort, public FavouritesDeletePort {
+class Favourites final : public FavouritesPort {
 public:
   struct Uses {
     platform::Files& files;
@@ -53,11 +54,12 @@ public:
     platform::Dialogs& dialogs;
     platform::EventLoop& loop;
     platform::Pointer& pointer;
+    base::MenuTree& menu_tree;
   };
   explicit Favourites(const Uses& uses);
 
   DirectorySlot directory;
-  FavouriteMenuSlot menu;
+  MenuSlot menu;
 
   // Fills Control_List anew. While nothing plays and no address of the client's waits, it also shows the list, or the
   // hint where there is no favourite.
@@ -65,7 +67,7 @@ public:
   void show_in_place() override;
 
   // Nothing is said when the line is not there or the file cannot be changed.
-  void DeleteFromOblibene(const std::wstring& RadioDelete) override;
+  void DeleteFromOblibene(const std::wstring& RadioDelete);
 
   // The file's part of adding a favourite; the caller shows the list and the box.
   [[nodiscard]] stations::FavouriteAdded add(const std::wstring& line) { return file_.add(line); }

@@ -20,7 +20,7 @@ void MediaKeyRule::can_be_pressed() {
 
 // The stop key never starts anything.
 void MediaKeyRule::stop() {
-  if (!uses_.playback.stopped())
+  if (uses_.session.playing)
     uses_.form.PlayTL.press();
 }
 

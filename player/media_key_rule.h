@@ -2,8 +2,9 @@
 // What the keyboard's keys for players do.
 #pragma once
 
+#include "base/lumotune_form.h"
+#include "base/session.h"
 #include "platform/user_input.h"
-#include "player/playback.h"
 
 namespace lumotune::player {
 
@@ -11,18 +12,18 @@ namespace lumotune::player {
 inline constexpr bool media_keys_on = true;
 
 // User-interface thread. The keys press PlayTL; until it is enabled they are left to other programs.
-class MediaKeyRule final : public PlayablePort {
+class MediaKeyRule {
 public:
   struct Uses {
     base::LumotuneForm& form;
-    const Playback& playback;
+    const base::Session& session;
   };
   explicit MediaKeyRule(const Uses& uses) : uses_(uses) {}
 
   // Answers the keys from now on, and takes them once something can be played. `keys` outlives this object's use, and
   // this object the handlers of `keys`.
   void start(platform::MediaKeys& keys, bool on = media_keys_on);
-  void can_be_pressed() override;
+  void can_be_pressed(); // PlayTL is enabled
 
   void play_pause() { uses_.form.PlayTL.press(); }
   void stop();

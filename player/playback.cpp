@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "player/playback.h"
 
-#include "base/text.h"
-
 #include <algorithm>
 #include <utility>
 
 namespace lumotune::player {
 
 // The picture button says to a screen reader what the hidden button says.
-void Playback::set_play_caption(const std::wstring& caption) {
+void Playback::set_playing(bool playing) {
+  uses_.session.playing = playing;
+  const std::wstring caption = playing ? base::caption_stop : base::caption_play;
   uses_.form.PlayTL.set_text(caption);
   uses_.form.Control_Play.set_text(caption);
   uses_.form.Control_Play.set_tooltip(caption);
@@ -24,7 +24,7 @@ void Playback::prepare(std::wstring URL, platform::AddressOrigin origin) {
   uses_.player.set_url(URL, origin);
   uses_.form.PlayTL.set_enabled(true);
   uses_.form.Control_Play.set_enabled(true);
-  playable->can_be_pressed();
+  uses_.media_keys.can_be_pressed();
   if (!uses_.player.playing())
     skin->load_play_picture();
 }
@@ -33,7 +33,7 @@ void Playback::PripravHrani(std::wstring URL, platform::AddressOrigin origin) {
   prepare(std::move(URL), origin);
   if (stopped() || uses_.player.playing())
     return;
-  set_play_caption(base::caption_play);
+  set_playing(false);
   skin->ZobrazCoMas(uses_.form.PlayTL.text());
   favourites->show_in_place();
 }
@@ -42,19 +42,19 @@ void Playback::Play() {
   if (uses_.loop.ending())
     return;
   uses_.player.play();
-  set_play_caption(base::caption_stop);
+  set_playing(true);
   skin->ZobrazCoMas(uses_.form.PlayTL.text());
   uses_.form.InfoTime.set_visible(true);
   uses_.form.InfoName.set_visible(true);
   uses_.form.InfoStatus.set_visible(true);
   uses_.form.InfoNaladit.set_visible(false);
   uses_.session.station_name = uses_.stations.RadioInfo(uses_.settings.IDlastRadio, L"name");
-  report->enable_Timer1();
+  uses_.client_link.enable_Timer1();
 }
 
 void Playback::PlayStop() {
   uses_.player.stop();
-  set_play_caption(base::caption_play);
+  set_playing(false);
   skin->ZobrazCoMas(uses_.form.PlayTL.text());
   favourites->ZobrazOblibene();
 }
@@ -83,10 +83,6 @@ void Playback::VolumeSet(int VolValue) {
   uses_.player.set_volume(percent);
   uses_.settings.LTvolume = std::to_wstring(percent);
   skin->SkinVolume(percent);
-}
-
-bool Playback::stopped() const {
-  return base::equal_ignoring_case(uses_.form.PlayTL.text(), base::caption_play);
 }
 
 void Playback::PlayTL_Click() {

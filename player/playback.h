@@ -7,6 +7,8 @@
 #include "base/session.h"
 #include "platform/event_loop.h"
 #include "platform/media_player.h"
+#include "player/client_link.h"
+#include "player/media_key_rule.h"
 #include "player/ports.h"
 #include "stations/station_lookup.h"
 
@@ -24,15 +26,13 @@ public:
     platform::MediaPlayer& player; // WindowsMediaPlayer1
     stations::StationLookup& stations;
     const platform::EventLoop& loop;
+    ClientLink& client_link;
+    MediaKeyRule& media_keys;
   };
   explicit Playback(const Uses& uses) : uses_(uses) {}
 
   SkinSlot skin;
   FavouritesSlot favourites;
-  DirectorySlot directory;
-  PlayReportSlot report;
-  MenuSlot menus;
-  PlayableSlot playable;
 
   // Prepares an address, or the pending one-shot address when it is empty; that one is used up in every case. Who does
   // not say where the address comes from gets what a station may reach: the network.
@@ -51,19 +51,15 @@ public:
 
   void VolumeSet(int VolValue); // percent, clamped to 0..100; kept as the saved volume
 
-  [[nodiscard]] bool stopped() const; // told by PlayTL's caption, letter case ignored
+  [[nodiscard]] bool stopped() const { return !uses_.session.playing; }
 
   // Events of the window's controls.
   void PlayTL_Click();
   void Control_Play_Click() { uses_.form.PlayTL.press(); }
-  void Control_Sat_Click() { directory->Naladit(); }
-  void Control_Volume_Click() { menus->open_volume(); }
-  void InfoName_Click() { menus->open_station(); }
-  void InfoNaladit_Click() { directory->Naladit(); }
 
 private:
   void prepare(std::wstring URL, platform::AddressOrigin origin);
-  void set_play_caption(const std::wstring& caption);
+  void set_playing(bool playing);
 
   Uses uses_;
 };

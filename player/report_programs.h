@@ -5,12 +5,11 @@
 #include "base/session.h"
 #include "platform/machine.h"
 #include "platform/shell.h"
-#include "player/ports.h"
 
 namespace lumotune::player {
 
 // User-interface thread. Failures are silent.
-class ReportPrograms final : public player::ReportProgramsPort {
+class ReportPrograms {
 public:
   struct Uses {
     const base::Settings& settings;
@@ -19,8 +18,8 @@ public:
   };
   explicit ReportPrograms(const Uses& uses) : uses_(uses) {}
 
-  void start_client() override;
-  void start_report(bool client_link_on) override;
+  void start_client();
+  void start_report(bool client_link_on);
 
 private:
   Uses uses_;

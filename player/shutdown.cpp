@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "player/shutdown.h"
 
-#include "player/startup.h"
+#include "companions/command_lines.h"
 
 namespace lumotune::player {
 
@@ -18,8 +18,9 @@ void Shutdown::Konec() {
   uses_.options.LoadOptions(); // keeps what the client wrote meanwhile
   uses_.options.SaveOptions();
   chrome->OnTopNO();
-  if (uses_.session.ClientStartedByUs && uses_.messages.find_by_caption(client_caption) != platform::WindowRef::none)
-    uses_.sender.SendCommand(client_program, client_caption, L"orbend", L"x");
+  if (uses_.session.ClientStartedByUs &&
+      uses_.messages.find_by_caption(companions::client_caption) != platform::WindowRef::none)
+    uses_.sender.SendCommand(companions::client_program, companions::client_caption, L"orbend", L"x");
   uses_.loop.quit();
 }
 

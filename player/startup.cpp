@@ -3,6 +3,7 @@
 
 #include "base/crash_leftovers.h"
 #include "base/text.h"
+#include "companions/command_lines.h"
 
 namespace lumotune::player {
 
@@ -59,7 +60,7 @@ bool Startup::LoadOptionsWorkIt() {
     (void)uses_.dialogs.message(L"Nejprve zapněte Orb klienta.", platform::Dialogs::default_title,
                                 platform::BoxIcon::information, platform::BoxButtons::ok);
     // A client that cannot be started is for the user to find; the box has told what is needed.
-    (void)uses_.shell.start(client_program, L"", platform::ShowWindow::normal_focus);
+    (void)uses_.shell.start(companions::client_program, L"", platform::ShowWindow::normal_focus);
     return false;
   }
   uses_.options.read_values();
@@ -70,7 +71,7 @@ bool Startup::LoadOptionsWorkIt() {
     uses_.playback.AutoStart(uses_.settings.IDlastRadio, uses_.settings.KvalitaLT);
   else
     tune_last_station();
-  menus->check_auto_start(uses_.settings.LTautoStart == L"1");
+  uses_.menu_tree.check_auto_start(uses_.settings.LTautoStart == L"1");
   if (uses_.settings.LTTop == L"1")
     chrome->OnTopYES();
   else
@@ -87,7 +88,7 @@ void Startup::load_skin_of_settings() {
     uses_.settings.saved_skin = chosen; // the default serves this run only
   skin->ZobrazCoMas(uses_.form.PlayTL.text());
   uses_.playback.VolumeSet(base::volume_value(uses_.settings.LTvolume)); // shows the volume picture too
-  favourites->ZobrazOblibene();
+  uses_.favourites.ZobrazOblibene();
 }
 
 // Nothing plays, but one press of the play button will.
@@ -115,11 +116,11 @@ void Startup::play_command_line() {
 }
 
 void Startup::start_client_if_missing() {
-  const bool missing = uses_.messages.find_by_caption(client_caption) == WindowRef::none;
+  const bool missing = uses_.messages.find_by_caption(companions::client_caption) == WindowRef::none;
   uses_.session.ClientStartedByUs = missing;
   if (!missing)
     return;
-  const std::wstring program = uses_.machine.program_folder() + L"\\" + client_program;
+  const std::wstring program = uses_.machine.program_folder() + L"\\" + companions::client_program;
   // The player works without the client as well; nothing more is to be done when it cannot be started.
   (void)uses_.shell.start(program + L" m", program, platform::ShowWindow::normal_no_focus);
 }

@@ -2,6 +2,7 @@
 // What happens when the main window is loaded.
 #pragma once
 
+#include "base/menu_tree.h"
 #include "base/settings_files.h"
 #include "companions/send_command.h"
 #include "platform/dialogs.h"
@@ -14,10 +15,6 @@
 #include <string>
 
 namespace lumotune::player {
-
-// The client's communication window and program.
-inline constexpr const wchar_t* client_caption = L"Orb - Lumotune";
-inline constexpr const wchar_t* client_program = L"orb.exe";
 
 // The skin that is always installed.
 inline constexpr const wchar_t* default_skin = L"Lumo";
@@ -40,13 +37,13 @@ public:
     Playback& playback;
     ClientCommands& commands;
     companions::CommandSender& sender;
+    FavouritesPort& favourites;
+    base::MenuTree& menu_tree;
   };
   explicit Startup(const Uses& uses) : uses_(uses) {}
 
   SkinSlot skin;
   ChromeSlot chrome;
-  MenuSlot menus;
-  FavouritesSlot favourites;
 
   // Loads the window and shows it. False when this run is over already: another copy runs, or the client has not logged
   // in. `quit` was called then.

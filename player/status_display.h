@@ -19,10 +19,7 @@ struct TitlePort {
   virtual ~TitlePort() = default;
   virtual void show_title(const std::wstring& title) = 0;
 };
-struct NoTitle final : TitlePort {
-  void show_title(const std::wstring& /*title*/) override {}
-};
-using TitleSlot = base::Slot<TitlePort, NoTitle>;
+using TitleSlot = base::Slot<TitlePort>;
 
 // What a listener is told of an address that is refused.
 inline constexpr const wchar_t* address_refused = L"Tuto adresu nelze otevřít, není to webová stránka.";

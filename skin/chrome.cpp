@@ -21,7 +21,7 @@ void Chrome::OnTopYES() {
   SetTopmost(flag);
   uses_.settings.LTTop = L"1";
   show_layer_picture(L"\\ot.gif");
-  menus->check_on_top(true);
+  uses_.menu_tree.check_on_top(true);
 }
 
 void Chrome::OnTopNO() {
@@ -29,7 +29,7 @@ void Chrome::OnTopNO() {
   SetTopmost(flag);
   uses_.settings.LTTop = L"0";
   show_layer_picture(L"\\otn.gif");
-  menus->check_on_top(false);
+  uses_.menu_tree.check_on_top(false);
 }
 
 void Chrome::FormMax() {

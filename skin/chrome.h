@@ -3,10 +3,10 @@
 #pragma once
 
 #include "base/lumotune_form.h"
+#include "base/menu_tree.h"
 #include "base/session.h"
 #include "platform/machine.h"
-#include "player/ports.h"
-#include "skin/ports.h"
+#include "player/shutdown.h"
 
 namespace lumotune::skin {
 
@@ -18,11 +18,10 @@ public:
     base::Session& session;
     base::LumotuneForm& form;
     const platform::Machine& machine;
+    base::MenuTree& menu_tree;
+    player::Shutdown& shutdown;
   };
   explicit Chrome(const Uses& uses) : uses_(uses) {}
-
-  player::MenuSlot menus;
-  ExitSlot exit;
 
   void OnTopYES();
   void OnTopNO();
@@ -34,7 +33,7 @@ public:
   void Form_MouseMove(const platform::MouseEvent& event); // with the left button held the system moves the window
   void LineMenu_OnTop_Click();
   void LineMenu_Min_Click() { FormMin(); }
-  void LineMenu_End_Click() { exit->Konec(); }
+  void LineMenu_End_Click() { uses_.shutdown.Konec(); }
   void InfoName_MouseMove();
   void InfoNaladit_MouseMove();
   void LTDisplay_MouseMove();

@@ -24,10 +24,6 @@ std::wstring Skin::picture_path(const std::wstring& picture) const {
   return uses_.machine.program_folder() + skins_folder + uses_.settings.LTskin + picture;
 }
 
-bool Skin::exists(const std::wstring& name) const {
-  return uses_.files.exists(uses_.machine.program_folder() + skins_folder + name + L".skin");
-}
-
 // The play state or the volume may show a control that the new skin does not name: there must be nothing to be seen.
 void Skin::forget_pictures() {
   auto& form = uses_.form;
@@ -295,7 +291,7 @@ void Skin::ZobrazCoMas(const std::wstring& play_button_text) {
 
 void Skin::SkinVolume(int percent) {
   const int level = volume_level(percent);
-  menus->check_volume(level);
+  uses_.menu_tree.check_volume(level);
   // A skin without that picture keeps the one it shows.
   (void)uses_.form.Control_Volume.load_picture(picture_path(L"\\vol" + std::to_wstring(level) + L".gif"));
 }

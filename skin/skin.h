@@ -4,6 +4,7 @@
 
 #include "base/error_log.h"
 #include "base/lumotune_form.h"
+#include "base/menu_tree.h"
 #include "base/session.h"
 #include "platform/ansi_codec.h"
 #include "platform/event_loop.h"
@@ -30,10 +31,9 @@ public:
     const platform::Machine& machine;
     platform::EventLoop& loop;
     base::ErrorLog& error_log;
+    base::MenuTree& menu_tree;
   };
   explicit Skin(const Uses& uses) : uses_(uses) {}
-
-  player::MenuSlot menus;
 
   // Applies the skin of that name, line by line, letting pending events run after each. Ends at the first missing file,
   // picture or number; controls not yet reached then stay hidden. Of a skin that asks for more than `over_limits`
@@ -44,9 +44,6 @@ public:
   void ZobrazCoMas(const std::wstring& play_button_text) override;
   void SkinVolume(int percent) override;
   void load_play_picture() override;
-
-  // Whether the description of that skin exists.
-  [[nodiscard]] bool exists(const std::wstring& name) const;
 
 private:
   [[nodiscard]] std::wstring picture_path(const std::wstring& picture) const;

@@ -30,8 +30,8 @@ void TrayIcon::TrayIcon_MouseMove(const platform::MouseEvent& event) {
   } else if (message == right_button_up) {
     // The system closes a menu at a click elsewhere only when the menu's window is in the foreground.
     uses_.form.window.activate();
-    menu->show_volume_submenu();
-    menu->pop_up();
+    uses_.menu_tree.item(L"LT_Volume").visible = true;
+    menu->open_tray();
   }
 }
 

@@ -10,6 +10,7 @@
 #include "player/favourites.h"
 #include "stations/station_lookup.h"
 #include "tests/bench/measure.h"
+#include "tests/support/playback_parts.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -113,13 +114,12 @@ int bench_favourites(DiskFiles& files) {
   platform::memory::MemoryMediaPlayer player;
   platform::memory::MemoryPointer pointer;
   platform::memory::MemoryWindow window(files);
-  base::LumotuneForm form(window);
-  base::Settings settings;
-  base::Session session;
-  stations::StationLookup stations({files, codec, machine});
-  player::Playback playback({settings, session, form, player, stations, loop});
-  player::Favourites favourites(
-      {files, codec, machine, settings, session, form, playback, stations, dialogs, loop, pointer});
+  platform::memory::MemoryMessages messages;
+  platform::memory::MemoryShell shell;
+  test::PlaybackParts parts({files, codec, machine, loop, window, messages, shell, dialogs, player});
+  auto& form = parts.form;
+  player::Favourites favourites({files, codec, machine, parts.settings, parts.session, form, parts.playback,
+                                 parts.stations, dialogs, loop, pointer, parts.menu_tree});
   favourites.ZobrazOblibene();
   if (form.Control_List.count() != favourite_count ||
       form.Control_List.item(favourite_count - 1).substr(93) != L"2S49999http://proud.example:8000/S49999-128")

@@ -2,6 +2,7 @@
 // Commands between real programs: this one, a second time, which hangs or floods.
 #include "player/client_commands.h"
 #include "tests/contract/fixture_player.h"
+#include "tests/support/playback_parts.h"
 
 #include <gtest/gtest.h>
 
@@ -134,15 +135,12 @@ struct SlowFavourites final : player::FavouritesPort {
 
 TEST(Win32Messages, AFloodLeavesTheWindowAnswering) {
   Backend b;
-  base::Settings settings;
-  base::Session session;
-  base::LumotuneForm form{b.window};
-  stations::StationLookup stations{{b.files, b.codec, b.real.machine}};
   const auto player = make_player(b.loop);
-  player::Playback playback{{settings, session, form, *player, stations, b.loop}};
-  player::ClientCommands commands{{settings, session, form, b.loop, b.messages, b.real.dialogs, b.codec, playback}};
+  test::PlaybackParts parts(
+      {b.files, b.codec, b.real.machine, b.loop, b.window, b.messages, b.real.shell, b.real.dialogs, *player});
   SlowFavourites favourites;
-  commands.favourites.bind(favourites);
+  player::ClientCommands commands{{parts.settings, parts.session, parts.form, b.loop, b.messages, b.real.dialogs,
+                                   b.codec, parts.playback, favourites}};
   std::size_t got = 0;
   b.messages.hook([&](const platform::CopyData& data) {
     ++got;

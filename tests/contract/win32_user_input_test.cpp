@@ -4,6 +4,7 @@
 #include "player/favourites.h"
 #include "tests/contract/fixture_player.h"
 #include "tests/contract/fixture_win32.h"
+#include "tests/support/playback_parts.h"
 
 #include <gtest/gtest.h>
 
@@ -76,10 +77,10 @@ private:
   std::unique_ptr<platform::Timer> timer_;
 };
 
-struct NotingMenu final : player::FavouriteMenuPort {
+struct NotingMenu final : player::MenuPort {
   NotingMenu(const base::Settings& settings_used, const int& clicks_used)
       : settings(settings_used), clicks(clicks_used) {}
-  void set_tune_caption(const std::wstring& /*caption*/) override {}
+  void open_tray() override {}
   void open_favourite() override { opened.push_back(settings.IDlastRadio + L" after " + std::to_wstring(clicks)); }
   const base::Settings& settings;
   const int& clicks;
@@ -87,21 +88,18 @@ struct NotingMenu final : player::FavouriteMenuPort {
 };
 
 TEST_F(Win32UserInput, TheMenuOfAFavouriteIsForTheRowUnderThePointerHoweverLateTheClickComes) {
-  base::LumotuneForm form(b.window);
-  base::Settings settings;
-  base::Session session;
   const auto player = contract::make_player(b.loop);
   player->set_auto_start(false);
-  stations::StationLookup stations({b.files, b.codec, b.real.machine});
-  player::Playback playback({settings, session, form, *player, stations, b.loop});
+  test::PlaybackParts parts(
+      {b.files, b.codec, b.real.machine, b.loop, b.window, b.messages, b.real.shell, b.real.dialogs, *player});
+  auto& form = parts.form;
+  auto& settings = parts.settings;
   LatePointer late(b.loop);
-  player::Favourites favourites(
-      {b.files, b.codec, b.real.machine, settings, session, form, playback, stations, b.real.dialogs, b.loop, late});
+  player::Favourites favourites({b.files, b.codec, b.real.machine, settings, parts.session, form, parts.playback,
+                                 parts.stations, b.real.dialogs, b.loop, late, parts.menu_tree});
   int clicks = 0;
   NotingMenu menu(settings, clicks);
   favourites.menu.bind(menu);
-  player::NoSkin skin;
-  playback.skin.bind(skin);
   auto& list = form.Control_List;
   list.on_click = [&] {
     ++clicks;

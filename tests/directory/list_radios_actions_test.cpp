@@ -129,18 +129,16 @@ TEST_F(ListRadiosActions, AMissingClientIsStartedAtEveryMissAndAskedOnce) {
 
 // From the main window, the directory or its information line: the client hears one wish at a time.
 TEST_F(ListRadiosActions, WhileOneWindowAsksForListenersNoOtherOneDoes) {
-  player::ClientLink link{{files, codec, machine, loop, dialogs, settings, options, sender}};
   messages.remove_window(L"Orb - Lumotune");
   (void)files.replace(machine.folder + L"\\orb.exe", "x");
   AdvertState state;
   platform::memory::MemoryFramedWindow other{L"ListRadios", files};
   ListRadiosForm other_form{other};
   Layout layout{other_form};
-  WebSlot pages;
   InfoPanelLine line{{other_form, layout, settings, loop, dialogs, shell, files, machine, sender, identity, pages}};
   line.ZobrazInfoPanel(L"0/@//@/1000/@/t/@//@/showusers/@/orb.exe||Orb - Lumotune||lts:RADIO1||2");
   (void)list().user_pick(1, MouseButton::left);
-  const std::vector<std::function<void()>> wishes = {[&] { link.Control_ShowUser_Click(); },
+  const std::vector<std::function<void()>> wishes = {[&] { client_link.Control_ShowUser_Click(); },
                                                      [&] { (void)label(L"Label9").user_click(); },
                                                      [&] { line.InfoPanel_Click(); }};
   for (const auto& first : wishes) {
@@ -168,25 +166,26 @@ TEST_F(ListRadiosActions, OpensWebPages) {
   choose(L"WebRadia");
   (void)list().user_pick(1, MouseButton::right);
   (void)part<platform::memory::MemoryPicture>(L"Image3").user_click();
-  EXPECT_EQ(web.opened, (Lines{L"station www.prvni.example", L"station www.prvni.example",
-                               L"http://server/login/idhhodnota/" + identity.Heslo(L"tajne") + L"//1"}));
+  EXPECT_EQ(test::opened_pages(shell), (Lines{L"http://server/login/idhhodnota/" + identity.Heslo(L"tajne") + L"//1",
+                                              L"www.prvni.example", L"www.prvni.example"}));
 }
 
 TEST_F(ListRadiosActions, AStationWithoutAWebAddressHasNothingToOpen) {
   label(L"Label1").set_text(L"");
-  web.refuses = true;
   for (const wchar_t* blank : {L"", L" ", L" \t "}) {
     label(L"Label4").set_text(blank);
     (void)label(L"Label4").user_click();
-    EXPECT_TRUE(web.opened.empty());
+    EXPECT_TRUE(test::opened_pages(shell).empty());
     EXPECT_EQ(status(), L"");
   }
 }
 
 TEST_F(ListRadiosActions, ARefusedAddressIsToldInTheStatusLine) {
   const std::wstring told = L"Tuto adresu nelze otevřít, není to webová stránka.";
+  write(L"radios.tt", test::Record{"RADIO1", "Soubor", "", "", "", {}, {}, "C:\\windows\\notepad.exe"}.line());
+  write(L"Orb_Data\\orb_server.tt", "a\r\nb\r\nc\r\nd\r\ne\r\nf\r\nOrbServerAddr::file://server\r\n");
+  open_again();
   (void)list().user_pick(1, MouseButton::left);
-  web.refuses = true;
   std::size_t times = 0;
   const auto expect_told = [&] {
     EXPECT_EQ(status(), told);
@@ -200,7 +199,8 @@ TEST_F(ListRadiosActions, ARefusedAddressIsToldInTheStatusLine) {
   expect_told();
   (void)part<platform::memory::MemoryPicture>(L"Image3").user_click();
   expect_told();
-  web.refuses = false;
+  EXPECT_TRUE(test::opened_pages(shell).empty());
+  label(L"Label4").set_text(L"www.example");
   (void)label(L"Label4").user_click();
   EXPECT_EQ(status(), L"");
 }

@@ -15,12 +15,6 @@ using platform::memory::MemoryPicture;
 using platform::memory::MemoryTextBox;
 
 struct ListRadiosForm : UpdateWorld {
-  // A second window, made after something was prepared.
-  void open_again() {
-    window_shown().user_close();
-    loop.advance(200);
-    directory.Naladit();
-  }
   // Gone as soon as the window is destroyed.
   [[nodiscard]] std::weak_ptr<int> life_of_window() {
     auto life = std::make_shared<int>(0);
@@ -150,8 +144,8 @@ TEST_F(ListRadiosForm, TheInformationLineHearsTheMouse) {
   (void)part<MemoryPicture>(L"ImageInPan").user_mouse_move({});
   EXPECT_FALSE(line.underline());
   (void)line.user_click();
-  ASSERT_EQ(web.opened.size(), 1U);
-  EXPECT_EQ(web.opened[0].find(L"http://server/login/"), 0U);
+  ASSERT_EQ(test::opened_pages(shell).size(), 1U);
+  EXPECT_EQ(test::opened_pages(shell)[0].find(L"http://server/login/"), 0U);
 }
 
 TEST_F(ListRadiosForm, BeingBroughtToAStationShowsItsDetailsAgain) {

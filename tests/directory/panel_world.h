@@ -18,17 +18,6 @@
 
 namespace lumotune::directory {
 
-using Pages = test::RecordingWeb;
-
-struct Scrambler final : companions::IdentitySource {
-  std::wstring Heslo(const std::wstring& text) override {
-    if (during)
-      during();
-    return L"<" + text + L">";
-  }
-  std::function<void()> during;
-};
-
 struct ListRadiosPanel : testing::Test, test::MemoryPlatform {
   platform::memory::MemoryFramedWindow window{L"ListRadios", files};
   ListRadiosForm form{window};
@@ -36,16 +25,14 @@ struct ListRadiosPanel : testing::Test, test::MemoryPlatform {
   AdvertState state;
   base::Settings settings;
   companions::CommandSender sender{{loop, messages, shell, codec}};
-  Scrambler identity;
-  Pages pages;
-  WebSlot web;
+  companions::Identity identity{{files, codec, machine, loop, settings}};
+  companions::WebPages pages{shell};
   Advert advert{{form, layout, state}};
-  InfoPanelLine line{{form, layout, settings, loop, dialogs, shell, files, machine, sender, identity, web}};
+  InfoPanelLine line{{form, layout, settings, loop, dialogs, shell, files, machine, sender, identity, pages}};
   platform::memory::MemoryLabel& shown = *window.find<platform::memory::MemoryLabel>(L"InfoPanel");
   platform::memory::MemoryBrowser& browser = *window.find<platform::memory::MemoryBrowser>(L"WebBrowser1");
 
   ListRadiosPanel() {
-    web.bind(pages);
     window.on_resize = [this] { layout.place(); };
     form.InfoPanel.set_visible(false);
     form.ImageInPan.set_visible(false);
@@ -54,6 +41,9 @@ struct ListRadiosPanel : testing::Test, test::MemoryPlatform {
     settings.h = L"heslo";
     layout.set_up();
   }
+  // The check value in the form of the login address.
+  [[nodiscard]] std::wstring scrambled() { return identity.Heslo(settings.h); }
+  [[nodiscard]] std::vector<std::wstring> opened() const { return test::opened_pages(shell); }
 };
 
 } // namespace lumotune::directory

@@ -14,17 +14,12 @@ struct StationActions : testing::Test, test::DirectoryWorld {
   Layout layout{bare_form};
   AdvertState state;
   Advert advert{{bare_form, layout, state}};
-  player::FavouritesSlot slot;
-  WebSlot pages;
-  StationList stations_shown{{bare_form, files, codec, machine, session, slot}};
+  StationList stations_shown{{bare_form, files, codec, machine, session, favourite_list}};
   Details details{{bare_form, stations_shown, form, settings, stations, playback, shell, machine, dialogs, advert}};
   Actions actions{{bare_form, stations_shown, details, identity, settings, favourite_list, sender, popups, loop, shell,
                    machine, dialogs, pages}};
 
-  StationActions() {
-    pages.bind(web);
-    load(false);
-  }
+  StationActions() { load(false); }
   void load(bool OnlyMemory) { stations_shown.NactiRadia(OnlyMemory); }
   void select(std::size_t row) { bare_form.ListView1.select(row); }
 };
@@ -155,7 +150,7 @@ TEST_F(StationActions, TheLoginPageStopsWithTheProgram) {
   settings.h = L"abcdef";
   loop.at(0, [this] { loop.quit(); });
   actions.Image3_Click();
-  EXPECT_TRUE(web.opened.empty());
+  EXPECT_TRUE(test::opened_pages(shell).empty());
 }
 
 TEST_F(StationActions, EnterWithoutARowDoesNothing) {

@@ -18,12 +18,21 @@ namespace {
 using platform::memory::MemoryListView;
 using platform::memory::MemoryTree;
 
+// Notes the flag at each call.
+struct CountingFavourites final : player::FavouritesPort {
+  explicit CountingFavourites(const base::Session& session_used) : session(session_used) {}
+  void show_in_place() override {}
+  void ZobrazOblibene() override { flags.push_back(session.refresh_favourites); }
+  const base::Session& session;
+  std::vector<std::wstring> flags;
+};
+
 struct StationListTest : testing::Test {
   platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
   platform::memory::MemoryMachine machine;
   base::Session session;
-  player::FavouritesSlot favourites;
+  CountingFavourites favourites{session};
   platform::memory::MemoryFramedWindow window{L"ListRadios", files};
   directory::ListRadiosForm form{window};
   std::unique_ptr<directory::StationList> stations = std::make_unique<directory::StationList>(
@@ -52,6 +61,12 @@ struct StationListTest : testing::Test {
   }
   [[nodiscard]] std::wstring status() const { return form.Label1.text(); }
 };
+
+TEST_F(StationListTest, NewCategoriesHaveTheFavouritesShownAnew) {
+  stations->CommandOK();
+  EXPECT_EQ(favourites.flags, std::vector<std::wstring>{L"1"});
+  EXPECT_EQ(session.refresh_favourites, L"");
+}
 
 TEST_F(StationListTest, LoadingListsEveryStationWithoutAWord) {
   load(false);

@@ -19,17 +19,6 @@ namespace {
 using namespace lumotune;
 using fuzz::demand;
 
-struct Pages final : directory::WebPort {
-  explicit Pages(platform::Shell& shell) : web(shell) {}
-  bool OpenUrl(const std::wstring& address) override { return web.OpenUrl(address); }
-  bool open_station_web(const std::wstring& address) override { return web.open_station_web(address); }
-  companions::WebPages web;
-};
-
-struct Scrambler final : companions::IdentitySource {
-  std::wstring Heslo(const std::wstring& /*text*/) override { return L"1-2-"; }
-};
-
 struct Panel : test::MemoryPlatform {
   platform::memory::MemoryFramedWindow window{L"ListRadios", files};
   directory::ListRadiosForm form{window};
@@ -37,14 +26,13 @@ struct Panel : test::MemoryPlatform {
   directory::AdvertState state;
   base::Settings settings;
   companions::CommandSender sender{{loop, messages, shell, codec}};
-  Scrambler identity;
-  Pages pages{shell};
-  directory::WebSlot web;
+  companions::Identity identity{{files, codec, machine, loop, settings}};
+  companions::WebPages pages{shell};
   directory::Advert advert{{form, layout, state}};
-  directory::InfoPanelLine line{{form, layout, settings, loop, dialogs, shell, files, machine, sender, identity, web}};
+  directory::InfoPanelLine line{
+      {form, layout, settings, loop, dialogs, shell, files, machine, sender, identity, pages}};
 
   Panel() {
-    web.bind(pages);
     window.on_resize = [this] { layout.place(); };
     loop.set_wait_step(2000);
     settings.server_address = L"http://s.example";
@@ -62,13 +50,14 @@ bool is_clean(const std::wstring& text) {
 }
 
 void check(const Panel& panel) {
+  static const std::wstring login = L"explorer http://s.example/login/ja/" + Panel().identity.Heslo(L"heslo") + L"/";
   demand(panel.dialogs.shown.size() <= 1 && panel.shell.opened.empty() && panel.shell.started.size() <= 9);
   for (const auto& started : panel.shell.started) {
     const std::wstring& line = started.command_line;
     demand(is_clean(line));
     const bool known = base::equal_ignoring_case(line.substr(line.find_first_not_of(L' ')).substr(0, 7), L"orb.exe") &&
                        started.application == L"C:\\Orb\\orb.exe";
-    const bool page = line.starts_with(L"explorer http://s.example/login/ja/1-2-/") && line.ends_with(L"/1");
+    const bool page = line.starts_with(login) && line.ends_with(L"/1");
     const bool browser = line.starts_with(L"C:\\Orb\\OrbBrowser.exe http://s.example/") &&
                          started.application == L"C:\\Orb\\OrbBrowser.exe";
     demand(known || page || browser);

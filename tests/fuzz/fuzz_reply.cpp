@@ -17,7 +17,8 @@ struct ReplyWorld : test::MemoryPlatform {
   base::ErrorLog error_log{{files, codec, machine}};
   base::SettingsFiles options{{files, codec, machine, loop, window, error_log, settings, session}};
   companions::CommandSender sender{{loop, messages, shell, codec}};
-  player::ClientLink link{{files, codec, machine, loop, dialogs, settings, options, sender}};
+  player::ReportPrograms programs{{settings, machine, shell}};
+  player::ClientLink link{{files, codec, machine, loop, dialogs, settings, options, sender, programs}};
 };
 
 } // namespace

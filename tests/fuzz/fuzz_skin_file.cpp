@@ -87,12 +87,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   (void)w.files.remove(w.machine.folder + L"\\Orb_Data\\error.log");
   w.description(L"Tmava", bytes);
   w.files.forget_changes();
-  w.skin.LoadSkin(L"Tmava");
+  w.look.LoadSkin(L"Tmava");
   check_limits(w);
   const std::string log = w.log();
   demand(log.size() < 2 * base::ErrorLog::max_text && std::count(log.begin(), log.end(), '\n') <= 1);
-  w.skin.ZobrazCoMas(size % 2 == 0 ? L"Stop" : L"Zapnout");
-  w.skin.LoadSkin(L"Dobra");
+  w.look.ZobrazCoMas(size % 2 == 0 ? L"Stop" : L"Zapnout");
+  w.look.LoadSkin(L"Dobra");
   demand(w.settings.saved_skin == L"Dobra" && w.form.LTDisplay.picture().empty() &&
          w.form.Control_List.rect().width == 0);
   demand(w.log() == log && w.window.rect().width == 6000 && w.form.Control_Menu.rect().top == 10);

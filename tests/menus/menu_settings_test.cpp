@@ -24,7 +24,7 @@ TEST_F(MenuSettingsTest, VolumeItemsSetTheVolume) {
     EXPECT_TRUE(w.tree.item(item).checked);
   }
   w.choose(L"Volume1");
-  w.real_menus.pop_up();
+  w.real_menus.open_tray();
   EXPECT_EQ(w.player.volume(), 20) << "chosen in the submenu of the tray's menu";
 }
 
@@ -44,15 +44,18 @@ TEST_F(MenuSettingsTest, QualitiesPlayFirstAndAreKeptThen) {
 }
 
 TEST_F(MenuSettingsTest, TheQualityIsSetAfterThePlayingBegan) {
-  struct Report final : player::PlayReportPort {
-    explicit Report(const base::Settings& settings_used) : settings(settings_used) {}
-    void enable_Timer1() override { quality = settings.KvalitaLT; }
+  struct Noting final : player::SkinPort {
+    explicit Noting(const base::Settings& settings_used) : settings(settings_used) {}
+    void LoadSkin(const std::wstring& /*name*/) override {}
+    void ZobrazCoMas(const std::wstring& /*play_button_text*/) override { quality = settings.KvalitaLT; }
+    void SkinVolume(int /*percent*/) override {}
+    void load_play_picture() override {}
     const base::Settings& settings;
     std::wstring quality;
-  } report(w.settings);
-  w.playback.report.bind(report);
+  } look(w.settings);
+  w.playback.skin.bind(look);
   w.use(L"LT_MenuPlRaria_K_4");
-  EXPECT_EQ(report.quality, L"2");
+  EXPECT_EQ(look.quality, L"2");
   EXPECT_EQ(w.settings.KvalitaLT, L"4");
 }
 
@@ -85,13 +88,14 @@ TEST_F(MenuSettingsTest, ASkinIsLoadedAndShownByTheStateOfTheProgram) {
   w.playback.PlayAll(L"http://radio.example/a");
   w.player.played = 5000;
   w.status.tick();
-  w.journal.clear();
+  w.put(L"list.tt", "lt:RADIO1/1\r\n");
+  ASSERT_EQ(w.form.Control_List.count(), 0U);
   w.use(L"LT_Menu_Skins_SKIN(1)");
   EXPECT_EQ(w.settings.LTskin, L"Tmava");
   EXPECT_EQ(w.window.rect().width, 7000);
   EXPECT_EQ(SkinWorld::file_name(w.form.Control_Play.picture()), L"stop.gif");
   EXPECT_EQ(SkinWorld::file_name(w.form.Control_Volume.picture()), L"vol3.gif");
-  EXPECT_EQ(w.journal, Journal{L"ZobrazOblibene"});
+  EXPECT_EQ(w.form.Control_List.count(), 1U) << "the favourites are shown anew";
   EXPECT_EQ(w.form.InfoStatus.rect().top, w.session.skin.status_top_2) << "the layout of a station that sounds";
   EXPECT_EQ(w.form.InfoStatus.rect().height, w.session.skin.status_height_2);
   EXPECT_NE(w.session.skin.status_top_1, w.session.skin.status_top_2);
@@ -100,19 +104,23 @@ TEST_F(MenuSettingsTest, ASkinIsLoadedAndShownByTheStateOfTheProgram) {
 TEST_F(MenuSettingsTest, NothingIsShownWhenTheProgramEndsDuringTheSkin) {
   w.put(L"Orb_Data\\skins\\Lumo.skin", "Nic|x\r\n");
   w.loop.at(0, [this] { w.loop.quit(); });
+  w.put(L"list.tt", "lt:RADIO1/1\r\n");
   w.use(L"LT_Menu_Skins_SKIN(0)");
-  EXPECT_EQ(w.journal, Journal{});
+  EXPECT_EQ(w.form.Control_List.count(), 0U);
 }
 
 TEST_F(MenuSettingsTest, TheSelectedFavouriteIsRemoved) {
+  const std::string kept = "lt:/\r\nlt:RADIO1/3\r\nlt:RADIO1/4\r\n";
+  w.put(L"list.tt", kept);
   for (const wchar_t* none : {L"lt:/", L""}) {
     w.session.favourite_line = none;
     w.use(L"LT_MenuRadia_Delete");
-    EXPECT_EQ(w.journal, Journal{}) << "no favourite was clicked yet";
+    EXPECT_EQ(w.get(L"list.tt"), kept) << "no favourite was clicked yet";
   }
   w.session.favourite_line = L"lt:RADIO1/3";
   w.use(L"LT_MenuRadia_Delete");
-  EXPECT_EQ(w.journal, Journal{L"delete lt:RADIO1/3"});
+  EXPECT_EQ(w.get(L"list.tt").find("lt:RADIO1/3"), std::string::npos);
+  EXPECT_NE(w.get(L"list.tt").find("lt:RADIO1/4"), std::string::npos);
 }
 
 TEST_F(MenuSettingsTest, TheFavouritesTuneItemPressesThePlayButton) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "menus/menus.h"
+#include "platform/memory/framed_window.h"
 #include "platform/memory/menus.h"
 #include "tests/support/player_world.h"
 #include "tests/support/skin_world.h"
@@ -12,51 +13,35 @@
 
 namespace lumotune::test {
 
-struct RecordingNeighbours final : player::FavouritesDeletePort,
-                                   player::ConsolePort,
-                                   skin::ExitPort,
-                                   companions::IdentitySource {
-  explicit RecordingNeighbours(Journal& journal_used) : journal(journal_used) {}
-  void DeleteFromOblibene(const std::wstring& line) override { journal.push_back(L"delete " + line); }
-  void LTconsole() override { journal.emplace_back(L"console"); }
-  void Konec() override { journal.emplace_back(L"Konec"); }
-  std::wstring Heslo(const std::wstring& text) override {
-    if (during)
-      during();
-    return L"<" + text + L">";
-  }
-  Journal& journal;
-  std::function<void()> during;
-};
-
-struct MenuWorld : PlayerWorld {
+struct MenuWorld : SkinWorld {
+  platform::memory::MemoryPointer pointer;
+  platform::memory::MemoryConnection connection;
   platform::memory::MemoryPopupMenus popups{loop};
-  player::ClientLink client_link{{files, codec, machine, loop, dialogs, settings, options, sender}};
-  skin::Skin look{{settings, session, form, files, codec, machine, loop, error_log}};
-  menus::SkinMenu skin_menu{{files, machine}};
-  skin::Chrome frame{{settings, session, form, machine}};
-  skin::TrayIcon tray_icon{{form, tray, frame}};
+  platform::memory::MemoryInputBox input_box{loop};
+  platform::memory::MemoryFramedWindowMaker framed_windows{files};
   companions::WebPages web{shell};
-  base::MenuTree tree;
-  menus::MenuCommands items{{settings, session, form, loop, machine, shell, dialogs, options, stations, playback,
-                             client_link, look, frame, web, tree, status}};
-  menus::Menus real_menus{{settings, form, loop, popups, stations, skin_menu, tree, items}};
-  RecordingNeighbours neighbours{journal};
+  companions::Identity identity{{files, codec, machine, loop, settings}};
+  player::Favourites favourite_list{
+      {files, codec, machine, settings, session, form, playback, stations, dialogs, loop, pointer, menu_tree}};
+  player::Console console{{session, loop, input_box, dialogs, playback}};
+  directory::Directory directory{{settings, session, form, error_log, stations, playback, favourite_list, sender,
+                                  identity, web, loop, files, codec, machine, shell, dialogs, connection, popups,
+                                  framed_windows}};
+  menus::SkinMenu skin_menu{{files, machine, menu_tree}};
+  menus::MenuCommands items{{settings,  session,  form,           loop,        machine,   shell,    dialogs,
+                             options,   stations, playback,       client_link, look,      frame,    web,
+                             menu_tree, status,   favourite_list, console,     directory, shutdown, identity}};
+  menus::Menus real_menus{{settings, form, loop, popups, stations, skin_menu, menu_tree, items}};
+  base::MenuTree& tree = menu_tree;
 
   MenuWorld() {
     popups.modal.lets_run(loop);
+    input_box.modal.lets_run(loop);
     playback.skin.bind(look);
-    playback.menus.bind(real_menus);
-    look.menus.bind(real_menus);
-    frame.menus.bind(real_menus);
-    skin_menu.menu.bind(real_menus);
+    playback.favourites.bind(favourite_list);
+    favourite_list.directory.bind(directory);
+    favourite_list.menu.bind(real_menus);
     tray_icon.menu.bind(real_menus);
-    items.favourites.bind(favourites);
-    items.favourites_delete.bind(neighbours);
-    items.console.bind(neighbours);
-    items.directory.bind(directory);
-    items.exit.bind(neighbours);
-    items.identity.bind(neighbours);
     form.TrayIcon.on_mouse_move = [this](const platform::MouseEvent& event) { tray_icon.TrayIcon_MouseMove(event); };
     settings.idh = L"IDH";
     settings.h = L"HHH";
@@ -88,7 +73,7 @@ struct MenuWorld : PlayerWorld {
     else if (name.starts_with(L"LT_Menu_"))
       real_menus.open_main();
     else if (name.starts_with(L"LT_TrayMenu"))
-      real_menus.pop_up();
+      real_menus.open_tray();
     else
       real_menus.open_volume();
   }

@@ -19,14 +19,14 @@ struct MenusTest : testing::Test {
 };
 
 TEST_F(MenusTest, EachMenuOpensAtItsControl) {
-  w.real_menus.Control_Menu_Click();
+  w.real_menus.open_main();
   EXPECT_EQ(w.popups.opened.back().anchor, &w.form.Control_Menu);
   EXPECT_EQ(w.shown().front().name, L"LT_Menu_Orbcz");
-  w.playback.Control_Volume_Click();
+  w.real_menus.open_volume();
   EXPECT_EQ(w.popups.opened.back().anchor, &w.form.Control_Volume);
   EXPECT_EQ(w.shown().front().name, L"Volume5");
   EXPECT_EQ(w.shown().size(), 6U);
-  w.playback.InfoName_Click();
+  w.real_menus.open_station();
   EXPECT_EQ(w.popups.opened.back().anchor, &w.form.InfoName);
   EXPECT_EQ(w.shown().front().name, L"LT_MenuPlRaria_www");
   w.real_menus.open_favourite();
@@ -40,7 +40,7 @@ TEST_F(MenusTest, EachMenuOpensAtItsControl) {
 
 TEST_F(MenusTest, ClosingWithoutAChoiceDoesNothing) {
   for (const auto& open : {&menus::Menus::open_main, &menus::Menus::open_volume, &menus::Menus::open_station,
-                           &menus::Menus::open_favourite, &menus::Menus::pop_up})
+                           &menus::Menus::open_favourite, &menus::Menus::open_tray})
     (w.real_menus.*open)();
   EXPECT_EQ(w.popups.opened.size(), 5U);
   EXPECT_TRUE(w.shell.started.empty() && w.shell.opened.empty() && w.dialogs.shown.empty() && w.player.calls.empty());
@@ -113,7 +113,7 @@ TEST_F(MenusTest, AnEarlierQualityKeepsItsMarkUntilTheMenuIsPrepared) {
 }
 
 TEST_F(MenusTest, TheTuneItemOfTheFavouritesNamesTheStation) {
-  w.real_menus.set_tune_caption(L"Naladit rádio A & B");
+  w.menu_tree.set_tune_caption(L"Naladit rádio A & B");
   w.real_menus.open_favourite();
   EXPECT_EQ(w.shown(L"LT_MenuRadia_Naladit").caption, L"Naladit rádio A & B");
 }
@@ -138,13 +138,13 @@ TEST_F(MenusTest, SkinsAreListedAnewBeforeEachOpening) {
 }
 
 TEST_F(MenusTest, MarksFollowTheSettings) {
-  w.real_menus.check_auto_start(true);
-  w.real_menus.check_on_top(true);
+  w.menu_tree.check_auto_start(true);
+  w.menu_tree.check_on_top(true);
   w.real_menus.open_main();
   EXPECT_TRUE(w.shown(L"LT_Menu_Nastaveni_AutoStart").checked);
   EXPECT_TRUE(w.shown(L"LT_Menu_Nastaveni_OnTop").checked);
-  w.real_menus.check_auto_start(false);
-  w.real_menus.check_on_top(false);
+  w.menu_tree.check_auto_start(false);
+  w.menu_tree.check_on_top(false);
   w.real_menus.open_main();
   EXPECT_FALSE(w.shown(L"LT_Menu_Nastaveni_AutoStart").checked);
   EXPECT_FALSE(w.shown(L"LT_Menu_Nastaveni_OnTop").checked);
@@ -166,7 +166,7 @@ TEST_F(MenusTest, NoMenuOpensOverAnother) {
     w.real_menus.open_volume();
     w.real_menus.open_favourite();
     tray_event(517);
-    w.real_menus.pop_up();
+    w.real_menus.open_tray();
     EXPECT_EQ(w.popups.opened.size(), before);
   };
   w.real_menus.open_main();

@@ -9,25 +9,22 @@ namespace lumotune::test {
 namespace {
 
 TEST(SkinMenuTest, ListsTheSkinsAndChecksTheCurrentOne) {
-  struct Menu final : skin::SkinMenuPort {
-    void unload_above_0() override { ++unloaded; }
-    void set_element(std::size_t index, const std::wstring& caption, bool checked) override {
-      rows.push_back(std::to_wstring(index) + caption + (checked ? L"!" : L""));
-    }
-    int unloaded = 0;
-    std::vector<std::wstring> rows;
-  } menu;
   SkinWorld w;
-  menus::SkinMenu skin_menu({w.files, w.machine});
-  skin_menu.menu.bind(menu);
+  menus::SkinMenu skin_menu({w.files, w.machine, w.menu_tree});
+  const auto rows = [&] {
+    std::vector<std::wstring> all;
+    for (const auto& item : w.menu_tree.item(L"LT_Menu_Skins").children)
+      all.push_back(item.caption + (item.checked ? L"!" : L""));
+    return all;
+  };
+  (void)w.files.remove(w.path(L"Orb_Data\\skins\\Lumo.skin"));
   skin_menu.NactiSeznamSkinu(L"");
-  EXPECT_EQ(menu.unloaded, 1);
-  EXPECT_TRUE(menu.rows.empty());
+  EXPECT_EQ(rows(), (std::vector<std::wstring>{L"..."}));
   w.description(L"Dark", "");
   w.description(L"Darkness", "");
   w.description(L"Modrá", "");
   skin_menu.NactiSeznamSkinu(L"dARK");
-  EXPECT_EQ(menu.rows, (std::vector<std::wstring>{L"0Dark!", L"1Darkness", L"2Modrá"}));
+  EXPECT_EQ(rows(), (std::vector<std::wstring>{L"Dark!", L"Darkness", L"Modrá"}));
 }
 
 } // namespace

@@ -10,15 +10,22 @@
 namespace lumotune::test {
 namespace {
 
-// Records what a report starts, with the values of that moment.
-struct RecordingPrograms final : player::ReportProgramsPort {
-  explicit RecordingPrograms(PlayerWorld& world) : w(world) {}
-  void start_client() override { w.journal.emplace_back(L"client"); }
-  void start_report(bool client_link_on) override {
-    w.journal.push_back((client_link_on ? L"on " : L"off ") + w.settings.IDlastRadio);
-    server = w.settings.server_address;
-    idh = w.settings.idh;
-    h = w.settings.h;
+// What a report starts, read from the command lines, and the reply file of that moment.
+struct StartedPrograms {
+  explicit StartedPrograms(PlayerWorld& world) : w(world) {
+    w.shell.on_start = [this](const auto& started) { note(started.command_line); };
+  }
+  void note(const std::wstring& line) {
+    const auto part = [&](const std::wstring& from, const std::wstring& to) {
+      const std::size_t at = line.find(from) + from.size();
+      return line.substr(at, line.find(to, at) - at);
+    };
+    if (!line.starts_with(L"load.exe "))
+      return w.journal.emplace_back(L"client"), void();
+    w.journal.push_back(part(L"orbw=", L"&") + L" " + part(L"stanice=", L"/@/"));
+    server = part(L"load.exe ", L"/orb/");
+    idh = part(L"idh=", L"&");
+    h = part(L"&h=", L"&");
     reply_there = w.files.exists(w.path(L"orblt.tt"));
     if (during)
       during();
@@ -33,13 +40,10 @@ struct RecordingPrograms final : player::ReportProgramsPort {
 
 struct ClientLinkTest : testing::Test {
   PlayerWorld w;
-  player::ClientLink link{{w.files, w.codec, w.machine, w.loop, w.dialogs, w.settings, w.options, w.sender}};
-  RecordingPrograms programs{w};
+  player::ClientLink& link = w.client_link;
+  StartedPrograms programs{w};
 
-  ClientLinkTest() {
-    link.programs.bind(programs);
-    w.settings.IDlastRadio = L"RADIO1";
-  }
+  ClientLinkTest() { w.settings.IDlastRadio = L"RADIO1"; }
   void switch_off() { w.set_option(18, "#018:DDD:OFF"); }
   // After this the reply file is looked for.
   void report_off() {
@@ -47,6 +51,7 @@ struct ClientLinkTest : testing::Test {
     link.enable_Timer1();
     w.loop.advance(3000);
     w.journal.clear();
+    w.shell.started.clear();
   }
   void reply(const std::string& bytes) {
     w.put(L"orblt.tt", bytes);
@@ -82,7 +87,6 @@ TEST_F(ClientLinkTest, ReportsOnceThreeSecondsAfterPlayingBegan) {
 }
 
 TEST_F(ClientLinkTest, PlayingArmsItAndStoppingDoesNotDisarmIt) {
-  w.playback.report.bind(link);
   w.playback.Play();
   w.playback.PlayStop();
   w.journal.clear();

@@ -148,11 +148,10 @@ TEST_F(ConsoleTest, EndsWithTheProgram) {
 struct MediaKeyTest : testing::Test {
   PlayerWorld w;
   platform::memory::MemoryMediaKeys keys;
-  player::MediaKeyRule rule{{w.form, w.playback}};
+  player::MediaKeyRule& rule = w.media_keys;
   MediaKeyTest() {
     w.player.set_auto_start(false);
     w.player.calls.clear();
-    w.playback.playable.bind(rule);
   }
 };
 
@@ -189,7 +188,7 @@ TEST_F(MediaKeyTest, TheKeysAreLeftToOthersUntilSomethingCanBePlayed) {
   w.playback.PripravHrani(L"http://a");
   EXPECT_TRUE(keys.taken);
   platform::memory::MemoryMediaKeys later;
-  player::MediaKeyRule second{{w.form, w.playback}};
+  player::MediaKeyRule second{{w.form, w.session}};
   second.start(later);
   EXPECT_TRUE(later.taken) << "something could be played before";
 }

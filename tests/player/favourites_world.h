@@ -10,19 +10,23 @@
 
 namespace lumotune::test {
 
-struct RecordingFavouriteMenu final : player::FavouriteMenuPort {
-  explicit RecordingFavouriteMenu(Journal& journal_used) : journal(journal_used) {}
-  void set_tune_caption(const std::wstring& caption) override { journal.push_back(L"caption " + caption); }
-  void open_favourite() override { journal.emplace_back(L"favourite menu"); }
+// Notes what the menu that opens says of the entry.
+struct RecordingFavouriteMenu final : player::MenuPort {
+  RecordingFavouriteMenu(Journal& journal_used, base::MenuTree& tree_used) : journal(journal_used), tree(tree_used) {}
+  void open_favourite() override {
+    journal.push_back(L"favourite menu: " + tree.item(L"LT_MenuRadia_Naladit").caption);
+  }
+  void open_tray() override {}
   Journal& journal;
+  base::MenuTree& tree;
 };
 
 struct FavouritesWorld : testing::Test {
   PlayerWorld w;
   platform::memory::MemoryPointer pointer;
-  player::Favourites favourites{
-      {w.files, w.codec, w.machine, w.settings, w.session, w.form, w.playback, w.stations, w.dialogs, w.loop, pointer}};
-  RecordingFavouriteMenu menu{w.journal};
+  player::Favourites favourites{{w.files, w.codec, w.machine, w.settings, w.session, w.form, w.playback, w.stations,
+                                 w.dialogs, w.loop, pointer, w.menu_tree}};
+  RecordingFavouriteMenu menu{w.journal, w.menu_tree};
   platform::memory::MemoryList& list = *w.window.list(L"Control_List");
 
   FavouritesWorld() {

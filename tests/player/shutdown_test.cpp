@@ -48,7 +48,6 @@ TEST_F(ShutdownTest, CommandsThatStillWaitDoNothing) {
 
 TEST_F(ShutdownTest, TheCommandsBehindTheOneThatRunsDoNothingEither) {
   start();
-  w.commands.favourites.bind(w.favourites);
   w.favourites.during = [this] { w.shutdown.Konec(); };
   for (const char* text : {"list", "id:RADIO9", "p:http://klient"})
     EXPECT_EQ(w.messages.deliver(text), -1);

@@ -16,38 +16,38 @@ struct ChromeTest : testing::Test {
 };
 
 TEST_F(ChromeTest, OnTopSetsLayerFlagPictureAndMark) {
-  w.chrome.OnTopYES();
+  w.frame.OnTopYES();
   EXPECT_TRUE(w.window.topmost());
   EXPECT_EQ(w.settings.LTTop, L"1");
   EXPECT_EQ(w.file_name(w.form.LineMenu_OnTop.picture()), L"ot.gif");
-  EXPECT_TRUE(w.marks.on_top);
-  w.chrome.OnTopNO();
+  EXPECT_TRUE(w.menu_tree.item(L"LT_Menu_Nastaveni_OnTop").checked);
+  w.frame.OnTopNO();
   EXPECT_FALSE(w.window.topmost());
   EXPECT_EQ(w.settings.LTTop, L"0");
   EXPECT_EQ(w.file_name(w.form.LineMenu_OnTop.picture()), L"otn.gif");
-  EXPECT_FALSE(w.marks.on_top);
+  EXPECT_FALSE(w.menu_tree.item(L"LT_Menu_Nastaveni_OnTop").checked);
 }
 
 TEST_F(ChromeTest, TheClickGoesByTheNumericValue) {
   for (const wchar_t* on : {L"1", L"1.0", L" 1x"}) {
     w.settings.LTTop = on;
-    w.chrome.LineMenu_OnTop_Click();
+    w.frame.LineMenu_OnTop_Click();
     EXPECT_EQ(w.settings.LTTop, L"0") << on;
   }
   for (const wchar_t* off : {L"0", L"", L"2", L"ano"}) {
     w.settings.LTTop = off;
-    w.chrome.LineMenu_OnTop_Click();
+    w.frame.LineMenu_OnTop_Click();
     EXPECT_EQ(w.settings.LTTop, L"1") << off;
   }
 }
 
 TEST_F(ChromeTest, MinimisingHidesAndMaximisingBringsBack) {
   w.window.set_visible(true);
-  w.chrome.FormMin();
+  w.frame.FormMin();
   EXPECT_FALSE(w.window.visible());
   EXPECT_EQ(w.window.state(), WindowState::minimized);
   EXPECT_EQ(w.session.window_shown, L"0");
-  w.chrome.FormMax();
+  w.frame.FormMax();
   EXPECT_TRUE(w.window.visible());
   EXPECT_EQ(w.window.state(), WindowState::normal);
   EXPECT_EQ(w.session.window_shown, L"1");
@@ -58,39 +58,34 @@ TEST_F(ChromeTest, MinimisingHidesAndMaximisingBringsBack) {
 TEST_F(ChromeTest, TheToggleGoesByWhatIsSeen) {
   w.window.set_visible(true);
   w.session.window_shown = L"0"; // wrong: the window was shown by somebody else
-  w.chrome.OrbMinMax();
+  w.frame.OrbMinMax();
   EXPECT_FALSE(w.window.visible());
   w.session.window_shown = L"1";
-  w.chrome.OrbMinMax();
+  w.frame.OrbMinMax();
   EXPECT_TRUE(w.window.visible());
 }
 
 TEST_F(ChromeTest, DragsFromMouseMovesWithTheLeftButtonOnly) {
-  w.chrome.Form_MouseMove({MouseButton::none, 1, 1});
-  w.chrome.Form_MouseMove({MouseButton::right, 1, 1});
+  w.frame.Form_MouseMove({MouseButton::none, 1, 1});
+  w.frame.Form_MouseMove({MouseButton::right, 1, 1});
   EXPECT_EQ(w.window.dragged, 0);
-  w.chrome.Form_MouseMove({MouseButton::left, 1, 1});
+  w.frame.Form_MouseMove({MouseButton::left, 1, 1});
   EXPECT_EQ(w.window.dragged, 1);
 }
 
 TEST_F(ChromeTest, TheLinksAreUnderlinedUnderThePointer) {
-  w.chrome.InfoName_MouseMove();
-  w.chrome.InfoNaladit_MouseMove();
+  w.frame.InfoName_MouseMove();
+  w.frame.InfoNaladit_MouseMove();
   EXPECT_TRUE(w.form.InfoName.underline());
   EXPECT_TRUE(w.form.InfoNaladit.underline());
-  w.chrome.LTDisplay_MouseMove();
+  w.frame.LTDisplay_MouseMove();
   EXPECT_FALSE(w.form.InfoName.underline());
   EXPECT_FALSE(w.form.InfoNaladit.underline());
 }
 
 TEST_F(ChromeTest, TheClosePictureEndsTheProgram) {
-  struct Exit final : skin::ExitPort {
-    void Konec() override { ++ended; }
-    int ended = 0;
-  } exit;
-  w.chrome.exit.bind(exit);
-  w.chrome.LineMenu_End_Click();
-  EXPECT_EQ(exit.ended, 1);
+  w.frame.LineMenu_End_Click();
+  EXPECT_TRUE(w.loop.quitting());
 }
 
 } // namespace

@@ -13,7 +13,7 @@ struct SkinTest : testing::Test {
   SkinWorld w;
   void load(const std::string& text) {
     w.description(L"Tmava", text);
-    w.skin.LoadSkin(L"Tmava");
+    w.look.LoadSkin(L"Tmava");
   }
 };
 
@@ -92,8 +92,8 @@ constexpr const char* full_skin =
 struct NextSkinTest : SkinTest {
   void expect_nothing_of_the_last_one(bool its_ground = false) {
     for (const wchar_t* state : {L"Stop", L"Zapnout"}) {
-      w.skin.ZobrazCoMas(state);
-      w.skin.SkinVolume(60);
+      w.look.ZobrazCoMas(state);
+      w.look.SkinVolume(60);
       for (const platform::PictureBox* each : std::initializer_list<const platform::PictureBox*>{
                &w.form.LTDisplay, &w.form.Orbwww, &w.form.Control_Menu, &w.form.LineMenu_OnTop, &w.form.Control_Play,
                &w.form.Control_Volume}) {
@@ -124,9 +124,9 @@ TEST_F(NextSkinTest, HasNothingOfTheLastOneWhateverItLeavesOut) {
   w.picture(L"Jina", L"form", gif(5, 5));
   w.description(L"Jina", "Author|x\r\nLTform|900|1200\r\n");
   load(full_skin);
-  w.skin.ZobrazCoMas(L"Stop");
-  w.skin.SkinVolume(60);
-  w.skin.LoadSkin(L"Jina");
+  w.look.ZobrazCoMas(L"Stop");
+  w.look.SkinVolume(60);
+  w.look.LoadSkin(L"Jina");
   expect_nothing_of_the_last_one(true);
   EXPECT_EQ(w.window.rect().width, 900);
   EXPECT_EQ(w.window.background(), w.machine.folder + L"\\Orb_Data\\skins\\Jina\\form.gif");
@@ -135,21 +135,21 @@ TEST_F(NextSkinTest, HasNothingOfTheLastOneWhateverItLeavesOut) {
 TEST_F(NextSkinTest, WithoutAFormHasTheWindowsOwnColourAndSize) {
   w.description(L"Jina", "Author|x\r\n");
   load(full_skin);
-  w.skin.LoadSkin(L"Jina");
+  w.look.LoadSkin(L"Jina");
   expect_nothing_of_the_last_one();
 }
 
 TEST_F(NextSkinTest, ThatFailsOrIsRefusedHasNothingOfTheLastOne) {
   load(full_skin);
-  w.skin.LoadSkin(L"Neni");
+  w.look.LoadSkin(L"Neni");
   expect_nothing_of_the_last_one();
   load(full_skin);
   w.description(L"Velka", "LTform|99999999999|3000\r\n");
-  w.skin.LoadSkin(L"Velka");
+  w.look.LoadSkin(L"Velka");
   expect_nothing_of_the_last_one();
   load(full_skin);
   w.description(L"Bez obrazku", "LTform|900|1200\r\n");
-  w.skin.LoadSkin(L"Bez obrazku");
+  w.look.LoadSkin(L"Bez obrazku");
   EXPECT_EQ(w.window.background(), L"");
   EXPECT_EQ(w.window.rect().width, 900) << "what it gave before it failed";
 }
@@ -158,13 +158,13 @@ TEST_F(SkinTest, DisplayAndLogoHaveTheirPictureAndPlaceAlsoWhereTheyAreNotShown)
   load("LTDisplay|hide|10|20|showevery\r\nOrbwww||30|40|showstop\r\n");
   EXPECT_FALSE(w.form.LTDisplay.visible());
   EXPECT_FALSE(w.form.Orbwww.visible());
-  w.skin.ZobrazCoMas(L"Stop");
+  w.look.ZobrazCoMas(L"Stop");
   EXPECT_TRUE(w.form.LTDisplay.visible());
   EXPECT_TRUE(w.form.Orbwww.visible());
   EXPECT_EQ(w.form.LTDisplay.rect(), (TwipsRect{20, 10, 300, 150}));
   EXPECT_EQ(w.form.Orbwww.rect(), (TwipsRect{40, 30, 300, 150}));
   EXPECT_EQ(w.file_name(w.form.Orbwww.picture()), L"orb.gif");
-  w.skin.ZobrazCoMas(L"Zapnout");
+  w.look.ZobrazCoMas(L"Zapnout");
   EXPECT_FALSE(w.form.LTDisplay.visible());
   EXPECT_FALSE(w.form.Orbwww.visible());
 }
@@ -181,23 +181,23 @@ TEST_F(SkinTest, AHiddenLogoWithoutAPlaceNeedsNoPicture) {
 TEST_F(SkinTest, TheCurrentSkinChosenAgainShowsAnEditedPictureAndMissesADeletedOne) {
   load("LTform|6300|3480\r\nControl_Rec|show|1|2\r\nControl_Sat|show|1|2\r\n");
   w.picture(L"Tmava", L"rec", gif(40, 30));
-  w.skin.LoadSkin(L"Tmava");
+  w.look.LoadSkin(L"Tmava");
   EXPECT_EQ(w.form.Control_Rec.rect(), (TwipsRect{2, 1, 600, 450}));
   (void)w.files.remove(w.machine.folder + L"\\Orb_Data\\skins\\Tmava\\rec.gif");
-  w.skin.LoadSkin(L"Tmava");
+  w.look.LoadSkin(L"Tmava");
   EXPECT_FALSE(w.form.Control_Rec.visible());
   EXPECT_FALSE(w.form.Control_Sat.visible());
 }
 
 TEST_F(SkinTest, TheSavedNameIsThatOfTheLastSkinThatCouldBeRead) {
   w.settings.saved_skin = L"Drive";
-  w.skin.LoadSkin(L"Neni");
+  w.look.LoadSkin(L"Neni");
   EXPECT_EQ(w.settings.LTskin, L"Neni");
   EXPECT_EQ(w.settings.saved_skin, L"Drive");
   load("LTform|6300|3480\r\n");
   EXPECT_EQ(w.settings.saved_skin, L"Tmava");
   w.description(L"Bez obrazku", "LTform|900|1200\r\n");
-  w.skin.LoadSkin(L"Bez obrazku");
+  w.look.LoadSkin(L"Bez obrazku");
   EXPECT_EQ(w.settings.LTskin, L"Bez obrazku");
   EXPECT_EQ(w.settings.saved_skin, L"Tmava");
 }
@@ -242,12 +242,10 @@ TEST_F(SkinTest, AMissingPictureEndsTheLoadAndIsLogged) {
 
 TEST_F(SkinTest, AMissingSkinHidesEverythingAndIsLogged) {
   load("Control_Menu|show|1|2\r\n");
-  w.skin.LoadSkin(L"Neni");
+  w.look.LoadSkin(L"Neni");
   EXPECT_EQ(w.settings.LTskin, L"Neni");
   EXPECT_FALSE(w.form.Control_Menu.visible());
   EXPECT_NE(w.log().find("Neni.skin"), std::string::npos);
-  EXPECT_FALSE(w.skin.exists(L"Neni"));
-  EXPECT_TRUE(w.skin.exists(L"tmava"));
 }
 
 TEST_F(SkinTest, ABadNumberEndsTheLoadWithoutAHalfPlacedControl) {
@@ -290,16 +288,16 @@ TEST_F(SkinTest, EveryLabelHasItsOwnPlaceAndColour) {
 TEST_F(SkinTest, TheDisplaysShowFieldIsKept) {
   load("LTDisplay|show|1|2|showevery\r\n");
   EXPECT_EQ(w.session.skin.display_show, L"show");
-  w.skin.ZobrazCoMas(L"Zapnout");
+  w.look.ZobrazCoMas(L"Zapnout");
   EXPECT_TRUE(w.form.LTDisplay.visible());
 }
 
 TEST_F(SkinTest, TheListFollowsThePlayState) {
   load("Control_List|show|600|240|hideplay|5820|1800|255|16711680\r\n");
-  w.skin.ZobrazCoMas(L"Stop");
+  w.look.ZobrazCoMas(L"Stop");
   EXPECT_FALSE(w.form.Control_List.visible());
   EXPECT_TRUE(w.form.LTDisplay.visible()) << "seen even without a line of its own";
-  w.skin.ZobrazCoMas(L"Zapnout");
+  w.look.ZobrazCoMas(L"Zapnout");
   EXPECT_TRUE(w.form.Control_List.visible());
   EXPECT_FALSE(w.form.LTDisplay.visible());
 }
@@ -320,7 +318,7 @@ TEST_F(SkinTest, ALoadInsideAnotherOneWins) {
   w.description(L"Druha", "LTform|999|999\r\n");
   w.picture(L"Druha", L"form", gif(1, 1));
   w.picture(L"Druha", L"menu", gif(1, 1)); // so that nothing but the turn can stop the interrupted load
-  w.loop.at(0, [this] { w.skin.LoadSkin(L"Druha"); });
+  w.loop.at(0, [this] { w.look.LoadSkin(L"Druha"); });
   load("Author|x\r\nControl_Menu|show|1|2\r\n");
   EXPECT_EQ(w.settings.LTskin, L"Druha");
   EXPECT_FALSE(w.form.Control_Menu.visible()) << "the interrupted load must not go on";
@@ -345,20 +343,21 @@ TEST_F(SkinTest, VolumeShowsItsPictureAndMarksItsItem) {
   const std::pair<int, int> levels[] = {{0, 0},  {1, 1},  {20, 1}, {21, 2}, {40, 2}, {41, 3},
                                         {60, 3}, {61, 4}, {80, 4}, {81, 5}, {100, 5}};
   for (const auto& [percent, level] : levels) {
-    w.skin.SkinVolume(percent);
-    EXPECT_EQ(w.marks.volume, level) << percent;
+    w.look.SkinVolume(percent);
+    for (int each = 0; each <= 5; ++each)
+      EXPECT_EQ(w.menu_tree.item(L"Volume" + std::to_wstring(each)).checked, each == level) << percent;
     EXPECT_EQ(w.file_name(w.form.Control_Volume.picture()), L"vol" + std::to_wstring(level) + L".gif") << percent;
   }
 }
 
 TEST_F(SkinTest, ThePlayPictureFollowsTheButton) {
   load("Control_Play|show|1|2\r\n");
-  w.skin.ZobrazCoMas(L"sTOP");
+  w.look.ZobrazCoMas(L"sTOP");
   EXPECT_EQ(w.file_name(w.form.Control_Play.picture()), L"stop.gif");
-  w.skin.ZobrazCoMas(L"Zapnout");
+  w.look.ZobrazCoMas(L"Zapnout");
   EXPECT_EQ(w.file_name(w.form.Control_Play.picture()), L"play.gif");
-  w.skin.ZobrazCoMas(L"Stop");
-  w.skin.load_play_picture();
+  w.look.ZobrazCoMas(L"Stop");
+  w.look.load_play_picture();
   EXPECT_EQ(w.file_name(w.form.Control_Play.picture()), L"play.gif");
 }
 

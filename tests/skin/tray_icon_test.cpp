@@ -9,13 +9,16 @@
 namespace lumotune::test {
 namespace {
 
-struct Menu final : skin::TrayMenuPort {
-  void show_volume_submenu() override { volume_shown = true; }
-  void pop_up() override {
+struct Menu final : player::MenuPort {
+  explicit Menu(base::MenuTree& tree_used) : tree(tree_used) {}
+  void open_favourite() override {}
+  void open_tray() override {
     ++opened;
+    volume_shown = tree.item(L"LT_Volume").visible;
     if (while_open)
       while_open();
   }
+  base::MenuTree& tree;
   bool volume_shown = false;
   int opened = 0;
   std::function<void()> while_open;
@@ -23,9 +26,10 @@ struct Menu final : skin::TrayMenuPort {
 
 struct TrayIconTest : testing::Test {
   SkinWorld w;
-  Menu menu;
+  Menu menu{w.menu_tree};
   TrayIconTest() {
     w.tray_icon.menu.bind(menu);
+    w.menu_tree.item(L"LT_Volume").visible = false;
     w.form.TrayIcon.on_mouse_move = [this](const platform::MouseEvent& event) {
       w.tray_icon.TrayIcon_MouseMove(event);
     };

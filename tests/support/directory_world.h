@@ -12,26 +12,18 @@
 
 namespace lumotune::test {
 
-struct RecordingWeb final : directory::WebPort {
-  [[nodiscard]] bool OpenUrl(const std::wstring& address) override {
-    opened.push_back(address);
-    return !refuses;
+// The addresses that the system was asked to open: those for the explorer program, then the others.
+inline std::vector<std::wstring> opened_pages(const platform::memory::MemoryShell& shell) {
+  constexpr std::wstring_view explorer = L"explorer ";
+  std::vector<std::wstring> addresses;
+  for (const auto& started : shell.started) {
+    if (started.command_line.starts_with(explorer))
+      addresses.push_back(started.command_line.substr(explorer.size()));
   }
-  [[nodiscard]] bool open_station_web(const std::wstring& address) override {
-    opened.push_back(L"station " + address);
-    return !refuses;
-  }
-  bool refuses = false;
-  std::vector<std::wstring> opened;
-};
-
-struct CountingFavourites final : player::FavouritesPort {
-  void show_in_place() override {}
-  explicit CountingFavourites(const base::Session& session_used) : session(session_used) {}
-  void ZobrazOblibene() override { flags.push_back(session.refresh_favourites); }
-  const base::Session& session;
-  std::vector<std::wstring> flags; // the flag at each call
-};
+  for (const std::wstring& quoted : shell.opened)
+    addresses.push_back(quoted.substr(1, quoted.size() - 2));
+  return addresses;
+}
 
 // A record by its parts; what is left out is empty.
 struct Record {
@@ -66,17 +58,15 @@ struct DirectoryWorld : PlayerWorld {
   platform::memory::MemoryPopupMenus popups{loop};
   platform::memory::MemoryFramedWindowMaker windows{files};
   player::Favourites favourite_list{
-      {files, codec, machine, settings, session, form, playback, stations, dialogs, loop, pointer}};
+      {files, codec, machine, settings, session, form, playback, stations, dialogs, loop, pointer, menu_tree}};
   companions::Identity identity{{files, codec, machine, loop, settings}};
+  companions::WebPages pages{shell};
   directory::Directory directory{{settings, session, form, error_log, stations, playback, favourite_list, sender,
-                                  identity, loop, files, codec, machine, shell, dialogs, connection, popups, windows}};
-  RecordingWeb web;
-  CountingFavourites refreshed{session};
+                                  identity, pages, loop, files, codec, machine, shell, dialogs, connection, popups,
+                                  windows}};
 
   DirectoryWorld() {
     popups.modal.lets_run(loop);
-    directory.web.bind(web);
-    directory.favourites.bind(refreshed);
     write(L"Orb_Data\\options.ini", joined(option_lines()));
     write(L"Orb_Data\\orb_server.tt", "a\r\nb\r\nc\r\nd\r\ne\r\nf\r\nOrbServerAddr::http://server\r\n");
     write(L"kategories.tt", "new//100000/@/V\xb9"
@@ -161,6 +151,18 @@ struct DirectoryWorld : PlayerWorld {
     for (std::size_t row = 1; row <= list().count(); ++row)
       all.push_back(list().cell(row, 0));
     return all;
+  }
+  // A second window, made after something was prepared.
+  void open_again() {
+    window_shown().user_close();
+    loop.advance(200);
+    directory.Naladit();
+  }
+  // Whether the favourites of the main window were filled since the last call.
+  [[nodiscard]] bool favourites_shown_anew() {
+    const bool anew = form.Control_List.count() != 1 || form.Control_List.item(0) != L"mark";
+    form.Control_List.set_items({L"mark"});
+    return anew;
   }
   void pick_node(const std::wstring& key) { (void)tree().user_pick(tree().find(key)); }
 };

@@ -2,11 +2,14 @@
 // The player on the backend in memory, with ports that record what they are asked.
 #pragma once
 
+#include "base/menu_tree.h"
 #include "platform/memory/event_loop.h"
 #include "platform/memory/files.h"
 #include "platform/memory/media_player.h"
 #include "platform/memory/messages.h"
 #include "platform/memory/window.h"
+#include "player/client_link.h"
+#include "player/report_programs.h"
 #include "player/shutdown.h"
 #include "player/startup.h"
 #include "player/status_display.h"
@@ -38,18 +41,6 @@ struct RecordingChrome final : player::ChromePort {
   Journal& journal;
 };
 
-struct RecordingMenus final : player::MenuPort {
-  explicit RecordingMenus(Journal& journal_used) : journal(journal_used) {}
-  void check_auto_start(bool on) override {
-    journal.emplace_back(on ? L"auto start checked" : L"auto start unchecked");
-  }
-  void check_on_top(bool on) override { journal.emplace_back(on ? L"on top checked" : L"on top unchecked"); }
-  void check_volume(int level) override { journal.push_back(L"volume level " + std::to_wstring(level)); }
-  void open_volume() override { journal.emplace_back(L"volume menu"); }
-  void open_station() override { journal.emplace_back(L"station menu"); }
-  Journal& journal;
-};
-
 struct RecordingFavourites final : player::FavouritesPort {
   explicit RecordingFavourites(Journal& journal_used) : journal(journal_used) {}
   void ZobrazOblibene() override {
@@ -68,42 +59,38 @@ struct RecordingDirectory final : player::DirectoryPort {
   Journal& journal;
 };
 
-struct RecordingReport final : player::PlayReportPort {
-  explicit RecordingReport(Journal& journal_used) : journal(journal_used) {}
-  void enable_Timer1() override { journal.emplace_back(L"Timer1"); }
-  Journal& journal;
+struct SilentTitle final : player::TitlePort {
+  void show_title(const std::wstring& /*title*/) override {}
 };
 
 struct PlayerWorld : StationsWorld {
-  player::Playback playback{{settings, session, form, player, stations, loop}};
-  player::StatusDisplay status{{session, form, player, loop}};
-  companions::CommandSender sender{{loop, messages, shell, codec}};
-  player::ClientCommands commands{{settings, session, form, loop, messages, dialogs, codec, playback}};
-  player::Startup startup{{settings, session, form, loop, files, machine, messages, shell, dialogs, player, options,
-                           playback, commands, sender}};
-  player::Shutdown shutdown{{session, loop, machine, messages, player, options, commands, sender}};
-
   Journal journal;
   RecordingSkin skin{journal};
   RecordingChrome chrome{journal};
-  RecordingMenus menus{journal};
   RecordingFavourites favourites{journal};
   RecordingDirectory directory{journal};
-  RecordingReport report{journal};
+
+  base::MenuTree menu_tree;
+  companions::CommandSender sender{{loop, messages, shell, codec}};
+  player::ReportPrograms report_programs{{settings, machine, shell}};
+  player::ClientLink client_link{{files, codec, machine, loop, dialogs, settings, options, sender, report_programs}};
+  player::MediaKeyRule media_keys{{form, session}};
+  player::Playback playback{{settings, session, form, player, stations, loop, client_link, media_keys}};
+  player::StatusDisplay status{{session, form, player, loop}};
+  player::ClientCommands commands{{settings, session, form, loop, messages, dialogs, codec, playback, favourites}};
+  player::Startup startup{{settings, session, form, loop, files, machine, messages, shell, dialogs, player, options,
+                           playback, commands, sender, favourites, menu_tree}};
+  player::Shutdown shutdown{{session, loop, machine, messages, player, options, commands, sender}};
+  SilentTitle title;
 
   PlayerWorld() {
     playback.skin.bind(skin);
     playback.favourites.bind(favourites);
-    playback.directory.bind(directory);
-    playback.report.bind(report);
-    playback.menus.bind(menus);
-    commands.favourites.bind(favourites);
     commands.chrome.bind(chrome);
     startup.skin.bind(skin);
     startup.chrome.bind(chrome);
-    startup.menus.bind(menus);
-    startup.favourites.bind(favourites);
     shutdown.chrome.bind(chrome);
+    status.title.bind(title);
     form.PlayTL.on_click = [this] { playback.PlayTL_Click(); };
     form.Control_Play.on_click = [this] { playback.Control_Play_Click(); };
     put(L"Orb_Data\\skins\\Lumo.skin", "LTform|6000|3000\r\n");

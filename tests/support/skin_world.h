@@ -2,14 +2,10 @@
 // The skin room on the backend in memory.
 #pragma once
 
-#include "platform/memory/event_loop.h"
-#include "platform/memory/files.h"
-#include "platform/memory/messages.h"
-#include "platform/memory/window.h"
 #include "skin/chrome.h"
 #include "skin/skin.h"
 #include "skin/tray_icon.h"
-#include "tests/support/memory_platform.h"
+#include "tests/support/player_world.h"
 
 #include <string>
 #include <vector>
@@ -24,31 +20,12 @@ inline std::string gif(int width, int height) {
          std::string("\x80\0\0\0\0\0\xff\xff\xff,\0\0\0\0\x01\0\x01\0\0\x02\x02\x44\x01\0;", 25);
 }
 
-struct MenuMarks final : player::MenuPort {
-  void check_auto_start(bool on) override { auto_start = on; }
-  void check_on_top(bool on) override { on_top = on; }
-  void check_volume(int level) override { volume = level; }
-  void open_volume() override {}
-  void open_station() override {}
-  bool auto_start = false;
-  bool on_top = false;
-  int volume = -1;
-};
-
-struct SkinWorld : MemoryPlatform {
-  platform::memory::MemoryWindow window{files};
-  base::LumotuneForm form{window};
-  base::Settings settings;
-  base::Session session;
-  base::ErrorLog error_log{{files, codec, machine}};
-  skin::Skin skin{{settings, session, form, files, codec, machine, loop, error_log}};
-  skin::Chrome chrome{{settings, session, form, machine}};
-  skin::TrayIcon tray_icon{{form, tray, chrome}};
-  MenuMarks marks;
+struct SkinWorld : PlayerWorld {
+  skin::Skin look{{settings, session, form, files, codec, machine, loop, error_log, menu_tree}};
+  skin::Chrome frame{{settings, session, form, machine, menu_tree, shutdown}};
+  skin::TrayIcon tray_icon{{form, tray, frame, menu_tree}};
 
   SkinWorld() {
-    skin.menus.bind(marks);
-    chrome.menus.bind(marks);
     for (const wchar_t* name : {L"form", L"ot", L"otn", L"min", L"end", L"play", L"stop", L"rec", L"show", L"menu",
                                 L"sat", L"display", L"orb", L"vol0", L"vol1", L"vol2", L"vol3", L"vol4", L"vol5"})
       picture(L"Tmava", name, gif(20, 10));

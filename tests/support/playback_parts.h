@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// A playback with all that it calls, on any backend. Nothing is seen of its skin.
+#pragma once
+
+#include "base/menu_tree.h"
+#include "platform/dialogs.h"
+#include "platform/shell.h"
+#include "platform/window_messages.h"
+#include "player/client_link.h"
+#include "player/media_key_rule.h"
+#include "player/playback.h"
+#include "player/report_programs.h"
+
+namespace lumotune::test {
+
+struct UnseenSkin final : player::SkinPort {
+  void LoadSkin(const std::wstring& /*name*/) override {}
+  void ZobrazCoMas(const std::wstring& /*play_button_text*/) override {}
+  void SkinVolume(int /*percent*/) override {}
+  void load_play_picture() override {}
+};
+
+struct PlaybackParts {
+  struct Uses {
+    platform::Files& files;
+    const platform::AnsiCodec& codec;
+    const platform::Machine& machine;
+    platform::EventLoop& loop;
+    platform::Window& window;
+    platform::WindowMessages& messages;
+    platform::Shell& shell;
+    platform::Dialogs& dialogs;
+    platform::MediaPlayer& player;
+  };
+  explicit PlaybackParts(const Uses& u)
+      : form(u.window),
+        error_log({u.files, u.codec, u.machine}),
+        options({u.files, u.codec, u.machine, u.loop, u.window, error_log, settings, session}),
+        stations({u.files, u.codec, u.machine}),
+        sender({u.loop, u.messages, u.shell, u.codec}),
+        programs({settings, u.machine, u.shell}),
+        client_link({u.files, u.codec, u.machine, u.loop, u.dialogs, settings, options, sender, programs}),
+        media_keys({form, session}),
+        playback({settings, session, form, u.player, stations, u.loop, client_link, media_keys}) {
+    playback.skin.bind(skin);
+  }
+
+  base::Settings settings;
+  base::Session session;
+  base::LumotuneForm form;
+  base::MenuTree menu_tree;
+  base::ErrorLog error_log;
+  base::SettingsFiles options;
+  stations::StationLookup stations;
+  companions::CommandSender sender;
+  player::ReportPrograms programs;
+  player::ClientLink client_link;
+  player::MediaKeyRule media_keys;
+  player::Playback playback;
+  UnseenSkin skin;
+};
+
+} // namespace lumotune::test
