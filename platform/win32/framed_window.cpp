@@ -17,7 +17,7 @@ namespace lumotune::platform::win32 {
 namespace {
 
 constexpr const wchar_t* class_name = L"LumotuneFramedWindow";
-constexpr UINT message_take_place = WM_APP + 101;
+constexpr UINT message_come_back = WM_APP + 101;
 constexpr int first_width = 9000; // twips
 constexpr int first_height = 6000;
 
@@ -164,9 +164,8 @@ bool Win32FramedWindow::handle_size_message(UINT message, WPARAM w, LPARAM l) {
     if (in_normal_state())
       GetWindowRect(window_, &normal_);
     return false;
-  case message_take_place: // a window manager may have brought it back as it went
-    if (in_normal_state() && wished_)
-      set_normal_place(*std::exchange(wished_, std::nullopt));
+  case message_come_back:
+    come_back();
     return true;
   case WM_DISPLAYCHANGE:
     if (visible())
@@ -231,8 +230,8 @@ void Win32FramedWindow::activate() {
 void Win32FramedWindow::note_state(WPARAM state) {
   if (state == SIZE_RESTORED) {
     GetWindowRect(window_, &normal_);
-    if (!std::exchange(was_normal_, true) && wished_)
-      PostMessageW(window_, message_take_place, 0, 0);
+    if (!std::exchange(was_normal_, true))
+      PostMessageW(window_, message_come_back, 0, 0);
   } else if (std::exchange(was_normal_, false)) {
     const RECT counted = placement().rcNormalPosition;
     count_from_ = {normal_.left - counted.left, normal_.top - counted.top};
@@ -263,7 +262,6 @@ void Win32FramedWindow::set_normal_place(const RECT& place) {
                  SWP_NOZORDER | SWP_NOACTIVATE);
     return;
   }
-  wished_ = place;
   WINDOWPLACEMENT changed = placement();
   changed.rcNormalPosition = place;
   OffsetRect(&changed.rcNormalPosition, -count_from_.x, -count_from_.y);
@@ -283,7 +281,21 @@ void Win32FramedWindow::resize(int width, int height) {
   place.bottom = place.top + std::max(high, least.y);
   const POINT corner = place_in_view(place);
   OffsetRect(&place, corner.x - place.left, corner.y - place.top);
+  owed_.reset();
+  if (!in_normal_state())
+    owed_ = SIZE{twips(place.right - place.left, dpi_), twips(place.bottom - place.top, dpi_)};
   set_normal_place(place);
+}
+
+// After the restoring itself: a window manager may have brought the window back as it went. Only the size is owed. The
+// place that was kept may lie on a monitor that has gone since.
+void Win32FramedWindow::come_back() {
+  if (!in_normal_state())
+    return;
+  if (owed_)
+    resize(owed_->cx, owed_->cy);
+  else if (visible())
+    come_into_view();
 }
 
 // The system does not let a window with such a frame become smaller, whoever wishes it.

@@ -53,6 +53,7 @@ private:
   [[nodiscard]] WINDOWPLACEMENT placement() const;
   [[nodiscard]] POINT smallest_size() const; // pixels
   void note_state(WPARAM state);             // of WM_SIZE
+  void come_back();
   void come_into_view();
   void draw_ground(HDC target, const RECT& area) override;
   [[nodiscard]] COLORREF label_colour(LabelKind kind, bool enabled) const override;
@@ -61,9 +62,9 @@ private:
   std::wstring caption_;
   RECT normal_{}; // pixels of the desktop, where it was last in its normal state
   bool was_normal_ = true;
-  std::optional<RECT> wished_; // given while it was not in that state
-  POINT count_from_{};         // what the system's normal places are relative to
-  int least_width_ = 0;        // twips
+  std::optional<SIZE> owed_; // twips, given while it was not in that state
+  POINT count_from_{};       // what the system's normal places are relative to
+  int least_width_ = 0;      // twips
   int least_height_ = 0;
 };
 

@@ -6,8 +6,8 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from test_directory import DONE, Directory  # noqa: E402
-from test_place_and_keyboard import WIDE, screen  # noqa: E402
+from test_directory import DONE, OFF, Directory  # noqa: E402
+from test_place_and_keyboard import NARROW, WIDE, screen  # noqa: E402
 
 PIXEL = 15  # twips
 INFORMATION = "orb:i:0/@//@/10/@/Zprava/@//@//@/"
@@ -40,7 +40,13 @@ class Ordered(Directory):
         return self.control("Form").left <= -32000
 
     def order(self, line, state):
-        """The next list holds that line; it arrives while the window is in that state."""
+        """The next list holds that line; it arrives while the window is in that state, from which it then comes back."""
+        self.order_during(line, state)
+        if state != "normal":
+            self.desk.restore("ListRadios")
+
+    def order_during(self, line, state, before=None):
+        """It arrives while the window is in that state; `before` that comes something else."""
         self.server.set(orders=line, seconds="3")
         if state == "maximize":
             width = self.control("Form").width
@@ -48,6 +54,8 @@ class Ordered(Directory):
             self.until(lambda: self.control("Form").width > width, 10, "maximized")
         self.click("Command1")
         self.until(lambda: self.status() != DONE, 10, "the update begins")
+        if before:
+            before()
         if state == "minimize":
             self.desk.minimize("ListRadios")
             self.until(self.minimized, 10, "minimized")
@@ -55,14 +63,17 @@ class Ordered(Directory):
         self.updated()
         if state == "minimize":
             assert self.minimized()
-        if state != "normal":
-            self.desk.restore("ListRadios")
 
-    def shrink(self):
+    @staticmethod
+    def window_tool(action, *numbers):
+        """What a program that arranges other programs' windows does to this one."""
         window = subprocess.run(["xdotool", "search", "--name", "^Seznam rádií$"], capture_output=True, text=True,
                                 check=True).stdout.split()[-1]
+        subprocess.run(["xdotool", action, window, *(str(number) for number in numbers)], check=True)
+
+    def shrink(self):
         before = self.control("Form").height
-        subprocess.run(["xdotool", "windowsize", window, "200", "150"], check=True)
+        self.window_tool("windowsize", 200, 150)
         self.until(lambda: self.control("Form").height < before, 10, "it can be shrunk: " + self.shape())
         return self.control("Form").height * PIXEL
 
@@ -160,5 +171,68 @@ class TestTaskBar(Ordered):
         assert top + self.control("Form").height <= 800 + self.EDGE, self.shape()
 
 
+class TestVanishedMonitor(Ordered):
+    """The part of the screen that showed the window goes away while the window is an icon or maximised."""
+    FAR = (830, 60)  # outside the narrow screen
+    EDGE = 2  # pixels by which a window manager may count its own edge otherwise
+
+    def tear_down(self):
+        screen(WIDE)
+        super().tear_down()
+
+    def open_near(self):
+        # The main window lies outside the narrow screen too: it shows when the program has heard of that.
+        self.open(OFF, "22=#022:LTpleft:12600", "23=#023:LTptop:8250", advert="none", info="none",
+                  orders=advertisement(6450))
+        self.updated()
+        self.until(lambda: self.control("Form").height == 6450 // PIXEL, 10, self.shape())
+
+    def go_far(self):
+        self.window_tool("windowmove", *self.FAR)
+        self.until(lambda: self.control("Form").left >= NARROW[0], 10, self.shape())
+
+    def lose_the_monitor(self):
+        screen(NARROW)
+        self.until(lambda: (main := self.desk.form()).left + main.width <= NARROW[0], 10, "the program hears of it")
+
+    def comes_back_into_view(self, height):
+        """Wholly, in the size that it has to have."""
+        def fits():
+            form = self.control("Form")
+            return (form.height == height // PIXEL and form.left >= -self.EDGE and form.top >= -self.EDGE
+                    and form.left + form.width <= NARROW[0] + self.EDGE and form.top + form.height <= NARROW[1] + self.EDGE)
+        self.desk.restore("ListRadios")
+        self.until(fits, 10, self.shape())
+
+    def test_a_minimized_window_comes_back_into_view(self):
+        self.open_near()
+        self.go_far()
+        self.desk.minimize("ListRadios")
+        self.until(self.minimized, 10, "minimized")
+        self.lose_the_monitor()
+        self.comes_back_into_view(6450)
+
+    def test_a_minimized_window_with_a_height_to_come_does(self):
+        self.open_near()
+        self.order_during(advertisement(USUAL), "minimize", before=self.go_far)
+        self.lose_the_monitor()
+        self.comes_back_into_view(USUAL)
+
+    def test_a_maximized_window_comes_back_into_view(self):
+        self.open_near()
+        self.go_far()
+        self.desk.maximize("ListRadios")
+        self.until(lambda: self.control("Form").left < NARROW[0], 10, "maximized")
+        self.lose_the_monitor()
+        self.comes_back_into_view(6450)
+
+    def test_a_maximized_window_with_a_height_to_come_does(self):
+        self.open_near()
+        self.go_far()
+        self.order_during(advertisement(USUAL), "maximize")
+        self.lose_the_monitor()
+        self.comes_back_into_view(USUAL)
+
+
 if __name__ == "__main__":
-    harness.run(TestOrderedHeights, TestTaskBar)
+    harness.run(TestOrderedHeights, TestTaskBar, TestVanishedMonitor)
