@@ -2,6 +2,7 @@
 #include "platform/memory/framed_window.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cwctype>
 #include <utility>
 
@@ -55,14 +56,14 @@ void MemoryTree::select(std::size_t index) {
 }
 
 bool MemoryTree::user_pick(std::size_t index) {
-  if (!visible() || !enabled() || index == 0 || index > nodes_.size())
+  if (index == 0 || index > nodes_.size() || !take_press())
     return false;
   selected_ = index;
   return fire(on_click);
 }
 
 bool MemoryTree::user_arrow(std::size_t index) {
-  if (!visible() || !enabled() || index == 0 || index > nodes_.size())
+  if (index == 0 || index > nodes_.size() || !has_keyboard())
     return false;
   selected_ = index;
   return fire(on_key_up);
@@ -96,26 +97,31 @@ std::wstring MemoryListView::cell(std::size_t row, std::size_t column) const {
 }
 
 bool MemoryListView::user_pick(std::size_t index, MouseButton button) {
-  if (!visible() || !enabled() || index == 0 || index > count())
+  if (index == 0 || index > count() || !take_press())
     return false;
   (void)fire(on_mouse_down, MouseEvent{button, 0, 0});
   selected_ = index;
   return fire(on_click);
 }
 
+// The first half is a click. What it did may have moved the selection: then the second half is one as well.
 bool MemoryListView::user_double_pick(std::size_t index) {
-  return user_pick(index, MouseButton::left) && fire(on_double_click);
+  if (!user_pick(index, MouseButton::left) || !in_sight() || !enabled())
+    return false;
+  if (selected() != index && !user_pick(index, MouseButton::left))
+    return false;
+  return in_sight() && fire(on_double_click);
 }
 
 bool MemoryListView::user_arrow(std::size_t index) {
-  if (!visible() || !enabled() || index == 0 || index > count())
+  if (index == 0 || index > count() || !has_keyboard())
     return false;
   selected_ = index;
   return fire(on_key_up);
 }
 
 bool MemoryListView::user_type(wchar_t character) {
-  return visible() && fire(on_key_press, character);
+  return has_keyboard() && fire(on_key_press, character);
 }
 
 TreeView& MemoryFramedWindow::make_tree(const std::wstring& designer_name) {
@@ -167,19 +173,28 @@ std::vector<std::wstring> MemoryFramedWindow::made_stops() const {
   return names;
 }
 
-// Showing brings it back from the icon.
+// Showing brings it back from the icon, and into view.
 void MemoryFramedWindow::set_visible(bool visible) {
   visible_ = visible;
   if (!visible)
     keyboard_.window_active(false);
-  else if (std::exchange(minimized_, false))
-    tell_size();
+  else if (minimized_)
+    user_restore();
+  else
+    come_into_view();
+  note_sight();
+}
+
+void MemoryFramedWindow::note_sight() {
+  keyboard_.window_seen(visible_ && !minimized_);
 }
 
 void MemoryFramedWindow::activate() {
   ++activated;
-  if (visible_)
+  if (visible_ && !minimized_)
     keyboard_.window_active(true);
+  if (const auto events = std::exchange(while_activating, {}))
+    events();
 }
 
 void MemoryFramedWindow::tell_size() {
@@ -193,25 +208,66 @@ void MemoryFramedWindow::resize(int width, int height) {
   height = std::clamp(height, 0, work_area.height);
   rect_.width = std::max({width, minimum.first, system_minimum_width});
   rect_.height = std::max({height, minimum.second, system_minimum_height});
+  place_in_view();
+  owed_ = !in_normal_state();
+  if (in_normal_state())
+    tell_size();
+}
+
+void MemoryFramedWindow::place_in_view() {
   const auto within = [](int start, int length, int low, int room) {
     return std::max(low, std::min(start, low + room - length));
   };
   rect_.left = within(rect_.left, rect_.width, work_area.left, work_area.width);
   rect_.top = within(rect_.top, rect_.height, work_area.top, work_area.height);
-  if (!minimized_ && !maximized_)
-    tell_size();
+}
+
+// A place where there is something of it to take hold of stays.
+void MemoryFramedWindow::come_into_view() {
+  constexpr std::int64_t piece = 480; // twips
+  const auto seen = [](std::int64_t start, std::int64_t length, std::int64_t other, std::int64_t other_length) {
+    return std::min(start + length, other + other_length) - std::max(start, other);
+  };
+  if (in_normal_state() && (seen(rect_.left, rect_.width, monitor.left, monitor.width) < piece ||
+                            seen(rect_.top, rect_.height, monitor.top, monitor.height) < piece))
+    place_in_view();
+}
+
+void MemoryFramedWindow::user_minimize() {
+  minimized_ = true;
+  keyboard_.window_active(false);
+  note_sight();
 }
 
 void MemoryFramedWindow::user_maximize() {
   minimized_ = false;
   maximized_ = true;
+  note_sight();
   tell_size();
 }
 
 void MemoryFramedWindow::user_restore() {
   if (!std::exchange(minimized_, false))
     maximized_ = false;
-  tell_size();
+  note_sight();
+  if (in_normal_state() && std::exchange(owed_, false))
+    resize(rect_.width, rect_.height);
+  else
+    tell_size();
+  if (visible_)
+    come_into_view();
+}
+
+void MemoryFramedWindow::user_move(int left, int top) {
+  rect_.left = left;
+  rect_.top = top;
+}
+
+void MemoryFramedWindow::user_changes_monitor(const TwipsRect& whole, const TwipsRect& without_task_bar) {
+  monitor = whole;
+  work_area = without_task_bar;
+  if (visible_)
+    come_into_view();
 }
 
 void MemoryFramedWindow::user_resize(int width, int height) {

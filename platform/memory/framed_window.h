@@ -6,6 +6,7 @@
 #include "platform/memory/window.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -100,7 +101,7 @@ public:
 
 class MemoryFramedWindow final : public FramedWindow {
 public:
-  MemoryFramedWindow(std::wstring name, const Files& files) : name_(std::move(name)), files_(files) {}
+  MemoryFramedWindow(std::wstring name, const Files& files) : name_(std::move(name)), files_(files) { note_sight(); }
 
   [[nodiscard]] TreeView& make_tree(const std::wstring& designer_name) override;
   [[nodiscard]] ListView& make_list_view(const std::wstring& designer_name) override;
@@ -138,27 +139,36 @@ public:
     return nullptr;
   }
   [[nodiscard]] const std::wstring& name() const { return name_; }
-  void user_minimize() { minimized_ = true; }
+  void user_minimize();
   void user_maximize();
   void user_restore();
+  void user_move(int left, int top); // by a program that arranges windows, which may be anywhere
+  void user_changes_monitor(const TwipsRect& whole, const TwipsRect& without_task_bar);
   void user_leaves() { keyboard_.window_active(false); }
   void user_tab(bool back) { keyboard_.tab(back); }
   // The tab stops, in the order of making.
   [[nodiscard]] std::vector<std::wstring> made_stops() const;
+  [[nodiscard]] bool has_keyboard() const { return keyboard_.active(); }
   [[nodiscard]] std::wstring keyboard_at() const { return keyboard_.at() == nullptr ? L"" : keyboard_.at()->name(); }
   void user_resize(int width, int height);
   void user_close();
 
-  // The size that the system's own smallest one is, in twips; the room of the only monitor, without the task bar.
+  // The size that the system's own smallest one is, in twips; the only monitor, whole and without the task bar.
   static constexpr int system_minimum_width = 136 * 15;
   static constexpr int system_minimum_height = 39 * 15;
+  std::function<void()> while_activating; // once: events that the system lets in meanwhile
+  TwipsRect monitor{0, 0, 1920 * 15, 1080 * 15};
   TwipsRect work_area{0, 0, 1920 * 15, 1040 * 15};
   int activated = 0;
   std::pair<int, int> minimum;
 
 private:
   [[nodiscard]] const TwipsRect& outside() const { return maximized_ ? work_area : rect_; }
+  [[nodiscard]] bool in_normal_state() const { return !minimized_ && !maximized_; }
   void tell_size();
+  void note_sight();
+  void place_in_view();
+  void come_into_view();
   template <typename Kind, typename... Arguments>
   Kind& make_stop(Arguments&&... arguments) {
     Kind& made = make<Kind>(std::forward<Arguments>(arguments)...);
@@ -169,6 +179,7 @@ private:
   Kind& make(Arguments&&... arguments) {
     auto made = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
     Kind& reference = *made;
+    reference.be_in(keyboard_);
     controls_.push_back(std::move(made));
     return reference;
   }
@@ -181,6 +192,7 @@ private:
   bool visible_ = false;
   bool minimized_ = false;
   bool maximized_ = false;
+  bool owed_ = false; // the size of rect_ was given while it was not in its normal state
   TwipsRect rect_{1500, 1500, 9000, 6000};
 };
 

@@ -55,6 +55,13 @@ void Keyboard::tab(bool back) {
     awaited_ = stand_in_ = nullptr;
 }
 
+void Keyboard::pressed(const Control& stop) {
+  active_ = true;
+  at_ = &stop;
+  if (at_ != stand_in_)
+    awaited_ = stand_in_ = nullptr;
+}
+
 void Keyboard::leave(const Control& control) {
   if (awaited_ == nullptr || &control != stand_in_)
     awaited_ = &control;

@@ -24,7 +24,11 @@ public:
   [[nodiscard]] const Control* at() const { return active_ ? at_ : nullptr; }
   void window_active(bool active);
   [[nodiscard]] bool active() const { return active_; }
+  // The window can be seen: only then the mouse reaches what is in it.
+  void window_seen(bool seen) { seen_ = seen; }
+  [[nodiscard]] bool seen() const { return seen_; }
   void tab(bool back);
+  void pressed(const Control& stop);          // by the mouse, which brings the window to the front too
   void reach_changed(const Control& control); // it was shown, hidden, enabled or disabled
   void resized(const Control& control, bool to_something);
 
@@ -39,6 +43,7 @@ private:
   const Control* awaited_ = nullptr; // went out of reach with the keyboard, which waits for it at the stand-in
   const Control* stand_in_ = nullptr;
   bool active_ = false;
+  bool seen_ = true;
 };
 
 } // namespace lumotune::platform::memory

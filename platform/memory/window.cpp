@@ -71,7 +71,7 @@ std::size_t MemoryList::item_at(int x, int y) const {
 }
 
 bool MemoryList::user_pick(std::size_t index) {
-  if (!visible() || !enabled() || index >= items_.size())
+  if (index >= items_.size() || !take_press())
     return false;
   selected_ = index;
   return fire(on_click);

@@ -31,8 +31,9 @@ public:
       keyboard_->reach_changed(*this);
   }
   [[nodiscard]] bool enabled() const override { return enabled_; }
+  void be_in(Keyboard& keyboard) { keyboard_ = &keyboard; }
   void be_stop_of(Keyboard& keyboard) {
-    keyboard_ = &keyboard;
+    be_in(keyboard);
     keyboard.add_stop(*this);
   }
   void move(int left, int top) override {
@@ -51,16 +52,26 @@ public:
   void set_tooltip(const std::wstring& text) override { tooltip_ = text; }
   [[nodiscard]] std::wstring tooltip() const override { return tooltip_; }
 
-  // The user's hand: acts only on what can be seen and is enabled; whether it did.
-  bool user_click() { return visible_ && fire(this->on_click); }
-  bool user_double_click() { return visible_ && fire(this->on_double_click); }
-  bool user_mouse_move(const MouseEvent& event) { return visible_ && fire(this->on_mouse_move, event); }
-  bool user_mouse_down(const MouseEvent& event) { return visible_ && fire(this->on_mouse_down, event); }
-  bool user_menu_key() { return visible_ && fire(this->on_menu_key); }
+  // The user's hand: acts only on what can be seen and is enabled, by keys only where the keyboard is; whether it did.
+  bool user_click() { return in_sight() && fire(this->on_click); }
+  bool user_double_click() { return in_sight() && fire(this->on_double_click); }
+  bool user_mouse_move(const MouseEvent& event) { return in_sight() && fire(this->on_mouse_move, event); }
+  bool user_mouse_down(const MouseEvent& event) { return in_sight() && fire(this->on_mouse_down, event); }
+  bool user_menu_key() { return in_sight() && has_keyboard() && fire(this->on_menu_key); }
   // The system's hand: a tray event over a hidden control arrives all the same.
   bool system_mouse_move(const MouseEvent& event) { return fire(this->on_mouse_move, event); }
 
 protected:
+  [[nodiscard]] bool in_sight() const { return visible_ && (keyboard_ == nullptr || keyboard_->seen()); }
+  // What the mouse can press, and gives the keyboard to.
+  bool take_press() {
+    if (!in_sight() || !enabled_)
+      return false;
+    if (keyboard_ != nullptr)
+      keyboard_->pressed(*this);
+    return true;
+  }
+  [[nodiscard]] bool has_keyboard() const { return keyboard_ == nullptr || keyboard_->at() == this; }
   // The handler is copied first: it may replace itself.
   template <typename Handler, typename... Arguments>
   bool fire(const Handler& handler, const Arguments&... arguments) {
@@ -78,7 +89,7 @@ private:
   TwipsRect rect_;
   std::wstring text_;
   std::wstring tooltip_;
-  Keyboard* keyboard_ = nullptr; // of a tab stop
+  Keyboard* keyboard_ = nullptr; // of its window
 };
 
 class MemoryPicture final : public MemoryControl<PictureBox> {

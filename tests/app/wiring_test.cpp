@@ -191,6 +191,9 @@ TEST_F(WiringTest, TheMenuKeyOpensTheMenuOfTheSelectedFavourite) {
 TEST_F(WiringTest, WithoutASelectedFavouriteTheMenuKeyOfTheListOpensTheMainMenu) {
   start_with("lt:RADIO1/1\r\n");
   ASSERT_EQ(list.selected(), platform::ListBox::none);
+  window.activate();
+  for (int i = 0; i < 30 && window.keyboard_at() != list.name(); ++i)
+    window.user_tab(false);
   ASSERT_TRUE(list.user_menu_key());
   EXPECT_EQ(anchor(), &form.Control_Menu);
 }

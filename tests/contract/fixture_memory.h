@@ -52,6 +52,40 @@ struct Backend {
   static void enter(platform::FramedWindow& /*framed*/, platform::TreeView& tree) {
     (void)dynamic_cast<platform::memory::MemoryTree&>(tree).user_enter();
   }
+  void leave(platform::FramedWindow& framed) { twin(framed).user_leaves(); }
+  void tab(platform::FramedWindow& framed, bool back = false) { twin(framed).user_tab(back); }
+  [[nodiscard]] bool has_keyboard(platform::FramedWindow& framed) const { return twin(framed).has_keyboard(); }
+  [[nodiscard]] std::wstring keyboard_at(platform::FramedWindow& framed) { return twin(framed).keyboard_at(); }
+  // The mouse on a row of a list or a node of a tree, where they lie on the screen; the arrow key down.
+  void press(platform::FramedWindow& /*framed*/, platform::ListView& list, std::size_t row,
+             platform::MouseButton button = platform::MouseButton::left) {
+    (void)dynamic_cast<platform::memory::MemoryListView&>(list).user_pick(row, button);
+  }
+  void press(platform::FramedWindow& /*framed*/, platform::TreeView& tree, std::size_t node) {
+    (void)dynamic_cast<platform::memory::MemoryTree&>(tree).user_pick(node);
+  }
+  void press_twice(platform::FramedWindow& /*framed*/, platform::ListView& list, std::size_t row) {
+    (void)dynamic_cast<platform::memory::MemoryListView&>(list).user_double_pick(row);
+  }
+  void arrow(platform::FramedWindow& /*framed*/, platform::ListView& list) {
+    (void)dynamic_cast<platform::memory::MemoryListView&>(list).user_arrow(list.selected() + 1);
+  }
+  void arrow(platform::FramedWindow& /*framed*/, platform::TreeView& tree) {
+    (void)dynamic_cast<platform::memory::MemoryTree&>(tree).user_arrow(tree.selected() + 1);
+  }
+  // How often screen readers are told of that label by the work.
+  template <typename Work>
+  [[nodiscard]] std::size_t announced(platform::FramedWindow& /*framed*/, platform::Label& label, const Work& work) {
+    const auto& told = dynamic_cast<platform::memory::MemoryLabel&>(label).announced;
+    const std::size_t before = told.size();
+    work();
+    return told.size() - before;
+  }
+  // A program that arranges windows puts it where no monitor is; the system says that the monitors are others now.
+  void move_away(platform::FramedWindow& framed) { twin(framed).user_move(15000 * 15, 9000 * 15); }
+  void monitors_change(platform::FramedWindow& framed) {
+    twin(framed).user_changes_monitor(twin(framed).monitor, twin(framed).work_area);
+  }
   void minimize(platform::FramedWindow& framed) { twin(framed).user_minimize(); }
   void maximize(platform::FramedWindow& framed) { twin(framed).user_maximize(); }
   void restore(platform::FramedWindow& framed) { twin(framed).user_restore(); }

@@ -3,7 +3,13 @@
 
 #include "platform/win32/backend.h"
 
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cstring>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace lumotune::contract {
 
@@ -73,11 +79,7 @@ struct Backend {
     pass(window_manager_ms);
   }
   // The window itself, or a control of it.
-  [[nodiscard]] bool has_keyboard() const {
-    const HWND focus = GetFocus();
-    return GetForegroundWindow() == window.handle() && focus != nullptr &&
-           (focus == window.handle() || IsChild(window.handle(), focus) != 0);
-  }
+  [[nodiscard]] bool has_keyboard() const { return keyboard_is_in(window.handle()); }
   void tab(bool back = false) {
     BYTE keys[256];
     GetKeyboardState(keys);
@@ -88,12 +90,7 @@ struct Backend {
     keys[VK_SHIFT] = 0;
     SetKeyboardState(keys);
   }
-  [[nodiscard]] std::wstring keyboard_at() {
-    std::wstring name;
-    if (GetFocus() != nullptr && IsChild(window.handle(), GetFocus()) != 0)
-      EnumPropsExW(GetFocus(), note_name, reinterpret_cast<LPARAM>(&name));
-    return name;
-  }
+  [[nodiscard]] std::wstring keyboard_at() { return keyboard_in(window.handle()); }
   // The key for menus, where the keyboard is; the right button over the main window's background.
   void menu_key() {
     SendMessageW(GetFocus(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(GetFocus()), -1); // what the system makes of it
@@ -131,6 +128,57 @@ struct Backend {
     PostMessageW(control, WM_KEYUP, VK_RETURN, static_cast<LPARAM>(0xc0000001));
     pass(20);
   }
+  void leave(platform::FramedWindow& /*framed*/) { leave(); }
+  void tab(platform::FramedWindow& /*framed*/, bool back = false) { tab(back); }
+  [[nodiscard]] bool has_keyboard(platform::FramedWindow& framed) const { return keyboard_is_in(handle(framed)); }
+  [[nodiscard]] std::wstring keyboard_at(platform::FramedWindow& framed) { return keyboard_in(handle(framed)); }
+  // The mouse on a row of a list or a node of a tree, where they lie on the screen; the arrow key down.
+  void press(platform::FramedWindow& framed, const platform::ListView& list, std::size_t row,
+             platform::MouseButton button = platform::MouseButton::left) {
+    aim(framed, list, row);
+    click(button);
+  }
+  void press(platform::FramedWindow& framed, const platform::TreeView& tree, std::size_t node) {
+    const HWND control = control_of(framed, tree);
+    auto item = SendMessageW(control, TVM_GETNEXTITEM, TVGN_ROOT, 0);
+    for (std::size_t i = 1; item != 0 && i < node; ++i)
+      item = SendMessageW(control, TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, item);
+    RECT area{};
+    std::memcpy(&area, &item, sizeof item);
+    SendMessageW(control, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&area));
+    aim(control, area);
+    click(platform::MouseButton::left);
+  }
+  void press_twice(platform::FramedWindow& framed, const platform::ListView& list, std::size_t row) {
+    aim(framed, list, row);
+    click(platform::MouseButton::left);
+    click(platform::MouseButton::left);
+  }
+  void arrow(platform::FramedWindow& /*framed*/, const platform::Control& /*list*/) {
+    for (const UINT message : {WM_KEYDOWN, WM_KEYUP}) {
+      PostMessageW(GetFocus(), message, VK_DOWN, message == WM_KEYUP ? static_cast<LPARAM>(0xc0000001) : 1);
+      pass(20);
+    }
+  }
+  // How often screen readers are told of that label by the work.
+  template <typename Work>
+  [[nodiscard]] std::size_t announced(platform::FramedWindow& framed, const platform::Label& label, const Work& work) {
+    live_regions.clear();
+    const HWINEVENTHOOK hook = SetWinEventHook(EVENT_OBJECT_LIVEREGIONCHANGED, EVENT_OBJECT_LIVEREGIONCHANGED, nullptr,
+                                               note_live_region, GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
+    work();
+    pass(50);
+    UnhookWinEvent(hook);
+    return static_cast<std::size_t>(std::count(live_regions.begin(), live_regions.end(), control_of(framed, label)));
+  }
+  // A program that arranges windows puts it where no monitor is; the system says that the monitors are others now.
+  void move_away(platform::FramedWindow& framed) {
+    SetWindowPos(handle(framed), nullptr, 15000, 9000, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  void monitors_change(platform::FramedWindow& framed) {
+    SendMessageW(handle(framed), WM_DISPLAYCHANGE, 32,
+                 MAKELPARAM(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)));
+  }
   void minimize(platform::FramedWindow& framed) { show(framed, SW_MINIMIZE); }
   void maximize(platform::FramedWindow& framed) { show(framed, SW_MAXIMIZE); }
   void restore(platform::FramedWindow& framed) { show(framed, SW_RESTORE); }
@@ -159,12 +207,54 @@ struct Backend {
   }
 
 private:
+  static inline std::vector<HWND> live_regions; // the hook has no other way to hand over what it sees
+  static void CALLBACK note_live_region(HWINEVENTHOOK /*hook*/, DWORD /*event*/, HWND window, LONG object,
+                                        LONG /*child*/, DWORD /*thread*/, DWORD /*time*/) {
+    if (object == OBJID_CLIENT)
+      live_regions.push_back(window);
+  }
+  static bool keyboard_is_in(HWND top) {
+    const HWND focus = GetFocus();
+    return GetForegroundWindow() == top && focus != nullptr && (focus == top || IsChild(top, focus) != 0);
+  }
+  static std::wstring keyboard_in(HWND top) {
+    std::wstring name;
+    if (GetFocus() != nullptr && IsChild(top, GetFocus()) != 0)
+      EnumPropsExW(GetFocus(), note_name, reinterpret_cast<LPARAM>(&name));
+    return name;
+  }
+  static HWND control_of(platform::FramedWindow& framed, const platform::Control& control) {
+    return dynamic_cast<platform::win32::Win32FramedWindow&>(framed).handle_of(control);
+  }
+  // Each time some pixels aside: two presses at one place would be a double click.
+  void aim(HWND control, const RECT& area) {
+    constexpr LONG aside = 12;
+    POINT at{area.left + aside + (aimed_++ % 2) * aside, (area.top + area.bottom) / 2};
+    ClientToScreen(control, &at);
+    SetCursorPos(at.x, at.y);
+  }
+  void aim(platform::FramedWindow& framed, const platform::ListView& list, std::size_t row) {
+    RECT area{};
+    area.left = LVIR_BOUNDS;
+    SendMessageW(control_of(framed, list), LVM_GETITEMRECT, row - 1, reinterpret_cast<LPARAM>(&area));
+    aim(control_of(framed, list), area);
+  }
+  void click(platform::MouseButton button) {
+    const bool right = button == platform::MouseButton::right;
+    for (const DWORD move :
+         {right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN, right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP}) {
+      mouse_event(move, 0, 0, 0, 0);
+      pass(20);
+    }
+  }
   static BOOL CALLBACK note_name(HWND /*control*/, LPWSTR property, HANDLE /*data*/, ULONG_PTR into) {
-    const std::wstring_view prefix = L"Lumotune.";
-    if (reinterpret_cast<ULONG_PTR>(property) > 0xffff && std::wstring_view(property).starts_with(prefix))
-      *reinterpret_cast<std::wstring*>(into) = property + prefix.size();
+    for (const std::wstring_view prefix : {L"Lumotune.", L"ListRadios."}) {
+      if (reinterpret_cast<ULONG_PTR>(property) > 0xffff && std::wstring_view(property).starts_with(prefix))
+        *reinterpret_cast<std::wstring*>(into) = property + prefix.size();
+    }
     return TRUE;
   }
+  int aimed_ = 0;
   HWND other_ = nullptr; // a window of another program, as far as ours can tell
 };
 

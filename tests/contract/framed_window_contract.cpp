@@ -268,6 +268,20 @@ TEST_F(FramedWindowContract, ALabelHasItsLook) {
   EXPECT_EQ(label.text_colour(), Colour{0});
 }
 
+// What cannot be seen is announced as well: a status line that has no room at the moment still tells the blind.
+TEST_F(FramedWindowContract, ALabelIsAnnouncedWhetherOrNotItIsSeen) {
+  auto& label = window->make_label(L"Label1", LabelKind::text, {});
+  const auto told = [&] { return b.announced(*window, label, [&] { label.announce(); }); };
+  EXPECT_EQ(told(), 1U) << "in a hidden window, without a size";
+  window->set_visible(true);
+  EXPECT_EQ(told(), 1U) << "without a size";
+  label.resize(1500, 300);
+  EXPECT_EQ(told(), 1U);
+  label.set_visible(false);
+  EXPECT_EQ(told(), 1U) << "hidden";
+  EXPECT_EQ(b.announced(*window, label, [&] { label.set_text(L"Novinka"); }), 0U) << "a text alone tells nothing";
+}
+
 TEST_F(FramedWindowContract, AButtonIsPressedUnlessItIsDisabled) {
   auto& button = window->make_button(L"Command1");
   int pressed = 0;

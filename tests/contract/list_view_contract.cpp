@@ -109,6 +109,38 @@ TEST_F(ListViewContract, TheModelMayGo) {
   EXPECT_EQ(list.selected(), 0U);
 }
 
+// Each with what was selected then.
+TEST_F(ListViewContract, ThePressIsToldBeforeTheRowTheClickAfterItTheDoubleClickLast) {
+  show(10);
+  std::wstring events;
+  const auto note = [&](const std::wstring& what) { events += what + std::to_wstring(list.selected()) + L" "; };
+  list.on_mouse_down = [&](const platform::MouseEvent& event) {
+    note(event.button == platform::MouseButton::right ? L"right" : L"left");
+  };
+  list.on_click = [&] { note(L"click"); };
+  list.on_double_click = [&] { note(L"double"); };
+  window->resize(7500, 6000);
+  window->set_visible(true);
+  window->activate();
+  EXPECT_TRUE(b.until([this] { return b.has_keyboard(*window); }));
+  b.pass(250); // a window manager has its say first
+  b.press(*window, list, 3);
+  EXPECT_TRUE(b.until([&] { return events == L"left0 click3 "; }));
+  b.press(*window, list, 5, platform::MouseButton::right);
+  EXPECT_TRUE(b.until([&] { return events == L"left0 click3 right3 click5 "; }));
+  events.clear();
+  b.press_twice(*window, list, 4);
+  EXPECT_TRUE(b.until([&] { return events == L"left5 click4 double4 "; }));
+  events.clear();
+  list.on_click = [&] {
+    note(L"click");
+    list.select(1);
+  };
+  b.press_twice(*window, list, 2);
+  EXPECT_TRUE(b.until([&] { return events == L"left4 click2 left1 click2 double1 "; }))
+      << "the click moved the selection away";
+}
+
 TEST_F(ListViewContract, FiftyThousandRowsAreTaken) {
   window->set_visible(true);
   show(50000);

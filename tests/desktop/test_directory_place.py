@@ -195,14 +195,21 @@ class TestVanishedMonitor(Ordered):
         screen(NARROW)
         self.until(lambda: (main := self.desk.form()).left + main.width <= NARROW[0], 10, "the program hears of it")
 
+    def fits(self, height):
+        """Wholly in view, in the size that it has to have."""
+        form = self.control("Form")
+        return (form.height == height // PIXEL and form.left >= -self.EDGE and form.top >= -self.EDGE
+                and form.left + form.width <= NARROW[0] + self.EDGE and form.top + form.height <= NARROW[1] + self.EDGE)
+
     def comes_back_into_view(self, height):
-        """Wholly, in the size that it has to have."""
-        def fits():
-            form = self.control("Form")
-            return (form.height == height // PIXEL and form.left >= -self.EDGE and form.top >= -self.EDGE
-                    and form.left + form.width <= NARROW[0] + self.EDGE and form.top + form.height <= NARROW[1] + self.EDGE)
         self.desk.restore("ListRadios")
-        self.until(fits, 10, self.shape())
+        self.until(lambda: self.fits(height), 10, self.shape())
+
+    def test_a_smaller_screen_brings_the_directory_into_view(self):
+        self.open_near()
+        self.go_far()
+        self.lose_the_monitor()
+        self.until(lambda: self.fits(6450), 10, self.shape())
 
     def test_a_minimized_window_comes_back_into_view(self):
         self.open_near()

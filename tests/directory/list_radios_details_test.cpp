@@ -183,7 +183,8 @@ TEST_F(ListRadiosDetails, NothingIsDoneWhenTheProgramEndsInAMenu) {
 }
 
 TEST_F(ListRadiosDetails, TheMenuKeyOpensTheSameMenu) {
-  (void)list().user_arrow(1);
+  window_shown().user_tab(false);
+  ASSERT_TRUE(list().user_arrow(1));
   EXPECT_TRUE(list().user_menu_key());
   ASSERT_EQ(popups.opened.size(), 1U);
   EXPECT_EQ(popups.opened[0].anchor, &list());

@@ -192,7 +192,8 @@ TEST_F(StationListTest, AnUpdateSelectsNoOtherRowWithoutAnIdentifier) {
   put(L"kategories.tt", "new//100000/@/A\r\n");
   load(false);
   stations->NactiKategorie();
-  (void)list.user_pick(2, platform::MouseButton::left);
+  window.set_visible(true);
+  ASSERT_TRUE(list.user_pick(2, platform::MouseButton::left));
   ASSERT_EQ(stations->selected_text(), L"Bez");
   put(L"radios.tt", "/@/Jina/@//@//@//@/100001\r\n" + station("RADIO1", "100001"));
   stations->reload();
