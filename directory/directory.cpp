@@ -23,6 +23,9 @@ void Directory::Naladit() {
     ListRadios_->watch_for_categories();
   }
   ListRadios_->show();
+  // So does bringing it to the front, which takes in what other programs have sent.
+  if (!ListRadios_)
+    return;
   ListRadios_->NajdiIndexRadia(uses_.settings.IDlastRadio);
 }
 

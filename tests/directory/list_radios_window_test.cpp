@@ -256,6 +256,18 @@ TEST_F(ListRadiosWindow, ClosingGivesUpTheUpdateAndOpeningStartsAnew) {
   EXPECT_TRUE(part<platform::memory::MemoryButton>(L"Command1").enabled());
 }
 
+// Bringing a window to the front lets in what other programs have sent.
+TEST_F(ListRadiosWindow, ClosingWhileItComesToTheFrontIsHarmless) {
+  directory.Naladit();
+  window_shown().while_activating = [this] { window_shown().user_close(); };
+  directory.Naladit();
+  EXPECT_FALSE(directory.open());
+  loop.advance(1000);
+  directory.Naladit();
+  EXPECT_TRUE(directory.open());
+  EXPECT_EQ(windows.made, 2);
+}
+
 TEST_F(ListRadiosWindow, ClosingInsideABoxIsHarmless) {
   directory.Naladit();
   connection.now.connected = false;
