@@ -36,6 +36,15 @@ public:
   virtual void wake() = 0; // any thread
 };
 
+// Work that waits for the top of the loop. Destroying it cancels the work, unless that has begun.
+class TopLevelWork {
+public:
+  TopLevelWork() = default;
+  TopLevelWork(const TopLevelWork&) = delete;
+  TopLevelWork& operator=(const TopLevelWork&) = delete;
+  virtual ~TopLevelWork() = default;
+};
+
 // Everything here is called on the user-interface thread, except Waker::wake.
 class EventLoop {
 public:
@@ -46,6 +55,10 @@ public:
 
   [[nodiscard]] virtual std::unique_ptr<Timer> make_timer(std::uint32_t interval_ms, std::function<void()> tick) = 0;
   [[nodiscard]] virtual std::unique_ptr<Waker> make_waker(std::function<void()> work) = 0;
+
+  // Does that once, in the order of posting, from `run` itself: never while a handler, a wait, a message box or a
+  // pop-up menu is still to come back, so that objects whose procedures may wait can be destroyed. Not after `quit`.
+  [[nodiscard]] virtual std::unique_ptr<TopLevelWork> post_top_level(std::function<void()> work) = 0;
 
   // Lets the events that are pending now run, and returns. May be called from inside handlers, so everything may have
   // changed afterwards.

@@ -90,7 +90,19 @@ std::unique_ptr<Waker> MemoryEventLoop::make_waker(std::function<void()> work) {
   return std::make_unique<MemoryWaker>(*this, std::move(work));
 }
 
+std::unique_ptr<TopLevelWork> MemoryEventLoop::post_top_level(std::function<void()> work) {
+  return top_level_.post(std::move(work));
+}
+
+void MemoryEventLoop::run_top_level() {
+  for (std::size_t left = top_level_.size(); left != 0 && depth_ == 0 && !quitting_; --left) {
+    if (const auto work = top_level_.take())
+      work();
+  }
+}
+
 bool MemoryEventLoop::run_one_due() {
+  const Nested nested(*this);
   for (MemoryWaker* waker : wakers_) {
     if (const auto work = waker->take()) {
       work();
@@ -121,12 +133,14 @@ bool MemoryEventLoop::run_one_due() {
 
 void MemoryEventLoop::run_due() {
   // A handler that makes work for itself for ever must not hang a test.
-  for (int guard = 0; guard < 100000 && run_one_due(); ++guard) {
-  }
+  run_top_level();
+  for (int guard = 0; guard < 100000 && run_one_due(); ++guard)
+    run_top_level();
 }
 
 void MemoryEventLoop::run_pending() {
   ++pending_runs_;
+  const Nested nested(*this);
   run_due();
 }
 
@@ -134,6 +148,7 @@ bool MemoryEventLoop::wait_a_little() {
   if (quitting_)
     return false;
   ++wait_passes_;
+  const Nested nested(*this);
   run_due();
   if (!quitting_)
     now_ += wait_step_;

@@ -2,6 +2,7 @@
 // An event loop without a screen, whose clock is moved by hand: for tests, on one thread.
 #pragma once
 
+#include "platform/common/top_level_queue.h"
 #include "platform/event_loop.h"
 
 #include <atomic>
@@ -16,7 +17,8 @@ class MemoryTimer;
 class MemoryWaker;
 
 // Due events run in the order of their times, then of their making. Time moves only by `advance`, by the passes of a
-// wait and by `run`; a handler that waits inside `advance` moves the clock past its aim, as on a real machine.
+// wait and by `run`; a handler that waits inside `advance` moves the clock past its aim, as on a real machine. The top
+// of the loop is `run`, and `advance` where nothing that waits has called it.
 class MemoryEventLoop final : public EventLoop {
 public:
   explicit MemoryEventLoop(std::uint32_t start_ms = 1000) : now_(start_ms) {}
@@ -24,6 +26,7 @@ public:
 
   [[nodiscard]] std::unique_ptr<Timer> make_timer(std::uint32_t interval_ms, std::function<void()> tick) override;
   [[nodiscard]] std::unique_ptr<Waker> make_waker(std::function<void()> work) override;
+  [[nodiscard]] std::unique_ptr<TopLevelWork> post_top_level(std::function<void()> work) override;
   void run_pending() override;
   [[nodiscard]] bool wait_a_little() override;
   [[nodiscard]] std::uint32_t tick_count_ms() const override { return static_cast<std::uint32_t>(now_); }
@@ -32,6 +35,18 @@ public:
   void quit() override { quitting_ = true; }
   [[nodiscard]] bool quitting() const override { return quitting_; }
   void run() override; // returns also when nothing will ever happen any more
+
+  // While one of these lives something waits, as a handler, a box or a menu does: the loop is not at its top.
+  class Nested {
+  public:
+    explicit Nested(MemoryEventLoop& loop) : loop_(loop) { ++loop_.depth_; }
+    Nested(const Nested&) = delete;
+    Nested& operator=(const Nested&) = delete;
+    ~Nested() { --loop_.depth_; }
+
+  private:
+    MemoryEventLoop& loop_;
+  };
 
   // Moves the clock on by that much, running what falls due on the way.
   void advance(std::uint64_t ms);
@@ -53,6 +68,7 @@ private:
   };
 
   void run_due();
+  void run_top_level();
   [[nodiscard]] bool run_one_due();
   [[nodiscard]] bool next_due(std::uint64_t& due) const;
 
@@ -61,11 +77,13 @@ private:
   std::uint64_t pending_runs_ = 0;
   std::uint64_t wait_passes_ = 0;
   std::uint32_t wait_step_ = 5;
+  int depth_ = 0; // handlers, waits, boxes and menus under way
   bool ending_ = false;
   bool quitting_ = false;
   std::vector<MemoryTimer*> timers_;
   std::vector<MemoryWaker*> wakers_;
   std::vector<Planned> planned_;
+  TopLevelQueue top_level_;
 };
 
 } // namespace lumotune::platform::memory

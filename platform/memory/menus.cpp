@@ -39,9 +39,7 @@ std::wstring MemoryPopupMenus::pop_up(const std::vector<MenuItem>& items, const 
   opened.push_back({items, anchor});
   // Whoever opened the menu may change the tree meanwhile.
   const std::vector<MenuItem> shown = items; // NOLINT(performance-unnecessary-copy-initialization)
-  modal.open();
-  if (while_open)
-    while_open();
+  modal.open(while_open);
   open_ = false;
   if (choices.empty() || loop_.ending())
     return {};
@@ -56,9 +54,7 @@ std::optional<std::wstring> MemoryInputBox::ask(const std::wstring& prompt, cons
     return std::nullopt;
   open_ = true;
   asked.push_back({prompt, title, default_text});
-  modal.open();
-  if (while_open)
-    while_open();
+  modal.open(while_open);
   open_ = false;
   if (answers.empty() || loop_.ending())
     return std::nullopt;

@@ -47,9 +47,7 @@ BoxAnswer MemoryDialogs::message(const std::wstring& text, const std::wstring& t
     return unanswered;
   shown.push_back({text, title, icon, buttons});
   ++open_;
-  modal.open();
-  if (while_open)
-    while_open();
+  modal.open(while_open);
   --open_;
   if (answers.empty() || loop_.ending())
     return unanswered;

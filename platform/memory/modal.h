@@ -5,6 +5,8 @@
 #include "platform/memory/event_loop.h"
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 
 namespace lumotune::platform::memory {
 
@@ -12,10 +14,16 @@ namespace lumotune::platform::memory {
 class Modal {
 public:
   void lets_run(MemoryEventLoop& loop) { loop_ = &loop; }
-  // What is due runs, and what falls due until the user answers.
-  void open() const {
-    if (loop_ != nullptr)
+  // What is due runs, and what falls due until the user answers; then `further`, if there is something.
+  void open(const std::function<void()>& further) const {
+    const std::function<void()> copy = further; // it may replace itself
+    std::optional<MemoryEventLoop::Nested> nested;
+    if (loop_ != nullptr) {
+      nested.emplace(*loop_);
       loop_->advance(open_for_ms);
+    }
+    if (copy)
+      copy();
   }
 
   std::uint32_t open_for_ms = 0; // of the loop's time

@@ -134,6 +134,21 @@ std::unique_ptr<Waker> Win32EventLoop::make_waker(std::function<void()> work) {
   return std::make_unique<Win32Waker>(*this, std::move(work));
 }
 
+// A message makes the loop come round.
+std::unique_ptr<TopLevelWork> Win32EventLoop::post_top_level(std::function<void()> work) {
+  PostMessageW(window_, WM_NULL, 0, 0);
+  return top_level_.post(std::move(work));
+}
+
+// Called by `run` alone: whatever waits, the system's boxes, menus and moving of windows included, does so inside a
+// message that `run` has dispatched. What is posted meanwhile waits for the next round.
+void Win32EventLoop::run_top_level() {
+  for (std::size_t left = top_level_.size(); left != 0 && !quitting_; --left) {
+    if (const auto work = top_level_.take())
+      guarded(work);
+  }
+}
+
 void Win32EventLoop::set_filter(const void* owner, std::function<bool(MSG&)> work) {
   for (const auto& filter : filters_)
     filter->removed = filter->removed || filter->owner == owner;
@@ -197,6 +212,7 @@ void Win32EventLoop::run() {
     else
       (void)wait_a_little(); // a message that the system could not hand over must not end the program
     run_wakers();
+    run_top_level();
   }
 }
 

@@ -2,6 +2,7 @@
 // The message loop of the user-interface thread.
 #pragma once
 
+#include "platform/common/top_level_queue.h"
 #include "platform/event_loop.h"
 #include "platform/win32/win.h"
 
@@ -25,6 +26,7 @@ public:
 
   [[nodiscard]] std::unique_ptr<Timer> make_timer(std::uint32_t interval_ms, std::function<void()> tick) override;
   [[nodiscard]] std::unique_ptr<Waker> make_waker(std::function<void()> work) override;
+  [[nodiscard]] std::unique_ptr<TopLevelWork> post_top_level(std::function<void()> work) override;
   void run_pending() override;
   [[nodiscard]] bool wait_a_little() override;
   [[nodiscard]] std::uint32_t tick_count_ms() const override;
@@ -55,6 +57,7 @@ private:
   void dispatch(MSG& message);
   void tick(UINT_PTR id);
   void run_wakers();
+  void run_top_level();
 
   HWND window_ = nullptr;
   bool ending_ = false;
@@ -62,6 +65,7 @@ private:
   UINT_PTR last_id_ = 0;
   std::map<UINT_PTR, std::shared_ptr<Ticking>> timers_;
   std::vector<Win32Waker*> wakers_;
+  TopLevelQueue top_level_;
   std::vector<std::shared_ptr<Filter>> filters_;
 };
 
