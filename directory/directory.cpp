@@ -2,14 +2,8 @@
 #include "directory/directory.h"
 
 namespace lumotune::directory {
-namespace {
 
-constexpr std::uint32_t bury_ms = 100;
-
-} // namespace
-
-Directory::Directory(const DirectoryUses& uses)
-    : uses_(uses), undertaker_(uses.loop.make_timer(bury_ms, [this] { bury(); })) {}
+Directory::Directory(const DirectoryUses& uses) : uses_(uses) {}
 
 void Directory::Naladit() {
   if (!ListRadios_) {
@@ -29,16 +23,10 @@ void Directory::Naladit() {
   ListRadios_->NajdiIndexRadia(uses_.settings.IDlastRadio);
 }
 
+// One of its procedures may be what lets this happen: it is destroyed when none waits any more.
 void Directory::forget() {
   closed_.push_back(std::move(ListRadios_));
-  undertaker_->start();
-}
-
-// A wait inside one of the window's procedures may be what lets this run: then later.
-void Directory::bury() {
-  std::erase_if(closed_, [](const auto& window) { return !window->in_use(); });
-  if (closed_.empty())
-    undertaker_->stop();
+  destroy_closed_ = uses_.loop.post_top_level([this] { closed_.clear(); });
 }
 
 } // namespace lumotune::directory

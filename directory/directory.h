@@ -23,13 +23,12 @@ public:
 
 private:
   void forget();
-  void bury();
 
   DirectoryUses uses_;
   AdvertState advert_state_;
   std::unique_ptr<ListRadios> ListRadios_;
-  std::vector<std::unique_ptr<ListRadios>> closed_; // to be destroyed once nothing of them runs
-  std::unique_ptr<platform::Timer> undertaker_;
+  std::vector<std::unique_ptr<ListRadios>> closed_;
+  std::unique_ptr<platform::TopLevelWork> destroy_closed_;
 };
 
 } // namespace lumotune::directory

@@ -2,7 +2,6 @@
 #include "directory/list_radios.h"
 
 #include "base/server_file.h"
-#include "directory/counted.h"
 
 namespace lumotune::directory {
 namespace {
@@ -26,7 +25,7 @@ ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state)
       actions_({form_, list_, details_, uses.identity, uses.settings, uses.favourites, uses.sender, uses.menus,
                 uses.loop, uses.shell, uses.machine, uses.dialogs, uses.web}),
       updater_({form_, list_, *this, uses.settings, uses.loop, uses.files, uses.codec, uses.machine, uses.shell,
-                uses.dialogs, uses.connection, in_use_}) {
+                uses.dialogs, uses.connection}) {
   set_texts();
   load_pictures();
   form_.InfoPanel.set_visible(false);
@@ -41,7 +40,6 @@ ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state)
 ListRadios::~ListRadios() = default;
 
 bool ListRadios::Form_Load() {
-  const Counted counted(in_use_);
   if (uses_.machine.previous_instance()) {
     uses_.loop.quit();
     return false;
@@ -74,7 +72,6 @@ void ListRadios::show() {
 }
 
 void ListRadios::NajdiIndexRadia(const std::wstring& IDradia) {
-  const Counted counted(in_use_);
   list_.select_station(IDradia);
   details_.show_all();
   details_.NactiInfoRadio();
@@ -123,46 +120,26 @@ void ListRadios::bind_window() {
     if (const auto copy = on_unload)
       copy();
   };
-  const auto on_click = [this](platform::Control& control, auto action) {
-    control.on_click = [this, action] {
-      const Counted counted(in_use_);
-      action();
-    };
-  };
-  on_click(form_.Command1, [this] { updater_.Command1_Click(); });
-  on_click(form_.InfoPanel, [this] { panel_.InfoPanel_Click(); });
+  form_.Command1.on_click = [this] { updater_.Command1_Click(); };
+  form_.InfoPanel.on_click = [this] { panel_.InfoPanel_Click(); };
   form_.InfoPanel.on_mouse_move = [this](const platform::MouseEvent&) { panel_.InfoPanel_MouseMove(); };
   form_.InfoPanel.on_mouse_down = [this](const platform::MouseEvent&) { panel_.InfoPanel_MouseDown(); };
   form_.ImageInPan.on_mouse_move = [this](const platform::MouseEvent&) { panel_.ImageInPan_MouseMove(); };
 }
 
 void ListRadios::bind_lists() {
-  const auto choose = [this] {
-    const Counted counted(in_use_);
-    list_.choose_category();
-  };
+  const auto choose = [this] { list_.choose_category(); };
   form_.TreeView1.on_click = choose;
   form_.TreeView1.on_key_up = choose;
   form_.ListView1.on_mouse_down = [this](const platform::MouseEvent& event) { pressed_ = event.button; };
-  form_.ListView1.on_click = [this] {
-    const Counted counted(in_use_);
-    ListView1_Click();
-  };
-  form_.ListView1.on_key_up = [this] {
-    const Counted counted(in_use_);
-    ListView1_KeyUp();
-  };
-  form_.ListView1.on_double_click = [this] {
-    const Counted counted(in_use_);
-    actions_.tune_row();
-  };
+  form_.ListView1.on_click = [this] { ListView1_Click(); };
+  form_.ListView1.on_key_up = [this] { ListView1_KeyUp(); };
+  form_.ListView1.on_double_click = [this] { actions_.tune_row(); };
   form_.ListView1.on_menu_key = [this] {
-    const Counted counted(in_use_);
     pressed_ = platform::MouseButton::right; // the menu is that of a right click
     ListView1_Click();
   };
   form_.ListView1.on_key_press = [this](wchar_t character) {
-    const Counted counted(in_use_);
     if (character == enter_key)
       actions_.tune_row();
   };
@@ -170,10 +147,7 @@ void ListRadios::bind_lists() {
 
 void ListRadios::bind_details() {
   const auto on_link = [this](platform::Label& label, void (Actions::*action)()) {
-    label.on_click = [this, action] {
-      const Counted counted(in_use_);
-      (actions_.*action)();
-    };
+    label.on_click = [this, action] { (actions_.*action)(); };
     label.on_mouse_move = [this, &label](const platform::MouseEvent&) { details_.hover(label); };
   };
   on_link(form_.Label4, &Actions::Label4_Click);
@@ -182,10 +156,7 @@ void ListRadios::bind_details() {
   on_link(form_.Label7, &Actions::Label7_Click);
   on_link(form_.Label9, &Actions::Label9_Click);
   on_link(form_.Label10, &Actions::Label10_Click);
-  form_.Image3.on_click = [this] {
-    const Counted counted(in_use_);
-    actions_.Image3_Click();
-  };
+  form_.Image3.on_click = [this] { actions_.Image3_Click(); };
   const auto back = [this](const platform::MouseEvent&) { details_.ZpetMouseMove(); };
   form_.Frame1.on_mouse_move = back;
   form_.Image1.on_mouse_move = back;

@@ -52,7 +52,7 @@ struct DirectoryUses {
   platform::FramedWindowMaker& windows;
 };
 
-// User-interface thread. Destroyed from the top level of the loop, and only while `in_use` is false.
+// User-interface thread. Destroyed from the top of the loop only: its procedures wait.
 class ListRadios final : public stations::ConversionPort {
 public:
   ListRadios(const DirectoryUses& uses, AdvertState& advert_state);
@@ -69,8 +69,6 @@ public:
   void NajdiIndexRadia(const std::wstring& IDradia);
   void watch_for_categories() { updater_.watch_for_categories(); }
 
-  // Whether some of its procedures waits while events run.
-  [[nodiscard]] bool in_use() const { return in_use_ != 0; }
   std::function<void()> on_unload; // the user closed it; called after Form_Unload
 
   // What the downloaded list says beside its stations. An information line lets events run: what follows once the
@@ -101,7 +99,6 @@ private:
   base::TextLines List2; // the lines of the server file
   Updater updater_;
   platform::MouseButton pressed_ = platform::MouseButton::none; // on the list, for the next click
-  int in_use_ = 0;
   bool closed_ = false;
 };
 

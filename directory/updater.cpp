@@ -2,7 +2,6 @@
 #include "directory/updater.h"
 
 #include "companions/command_lines.h"
-#include "directory/counted.h"
 #include "stations/file_names.h"
 
 namespace lumotune::directory {
@@ -45,7 +44,6 @@ void Updater::watch_for_categories() {
 }
 
 void Updater::carry_out(const UpdateSteps& steps) {
-  const Counted counted(uses_.in_use);
   for (const UpdateStep& step : steps.steps) {
     if (steps.run != update_.run() || uses_.loop.quitting())
       return;

@@ -35,7 +35,6 @@ public:
     platform::Shell& shell;
     platform::Dialogs& dialogs;
     platform::Connection& connection;
-    int& in_use; // counts what runs
   };
   explicit Updater(const Uses& uses);
 

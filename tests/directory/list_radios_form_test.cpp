@@ -214,9 +214,10 @@ TEST_F(ListRadiosForm, ClosingHidesItAndStopsItsTyping) {
   bring("orb:i:0/@//@/10/@/Zpr\xe1va\r\n" + stations_text());
   auto& line = label(L"InfoPanel");
   const std::wstring typed = line.text();
+  const platform::memory::MemoryEventLoop::Nested waiting(loop); // something does: the closed window is not destroyed
   window_shown().user_close();
   EXPECT_FALSE(window_shown().visible());
-  loop.advance(50);
+  loop.advance(500);
   EXPECT_EQ(line.text(), typed);
 }
 

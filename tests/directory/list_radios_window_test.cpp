@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 namespace lumotune::directory {
 namespace {
 
@@ -316,7 +318,8 @@ TEST_F(ListRadiosWindow, AClosedWindowTakesNoFurtherOrders) {
         "orb:r:1050/@/9000/@/1/@/http://server/2\r\norb:i:0/@//@/10/@/Druh\xe1\r\n");
   bool closing = false;
   bool looked = false;
-  const auto look = [&] { // before the closed window is destroyed
+  std::optional<platform::memory::MemoryEventLoop::Nested> waiting; // while something does, it is not destroyed
+  const auto look = [&] {                                           // before the closed window is destroyed
     looked = true;
     EXPECT_EQ(label(L"InfoPanel").text(), L"") << "nothing is typed";
     EXPECT_TRUE(part<platform::memory::MemoryBrowser>(L"WebBrowser1").visited.empty());
@@ -331,9 +334,11 @@ TEST_F(ListRadiosWindow, AClosedWindowTakesNoFurtherOrders) {
       window_shown().user_resize(9000, 9900);
       window_shown().user_close();
       height = window_shown().rect().height;
+      waiting.emplace(loop);
       loop.at(50, [&] {
         look();
         EXPECT_EQ(window_shown().rect().height, height);
+        waiting.reset();
       });
     });
   };
