@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/media/device.h"
 
+#include "platform/common/thread_check.h"
 #include "platform/media/com_apartment.h"
 
 #include <atomic>
@@ -15,10 +16,10 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr auto try_again_after = 2000ms;   // while there is no device
-constexpr auto look_after = 500ms;         // at a device that runs, whether it has failed
-constexpr auto keep_running_for = 250ms;   // after a stop, so that what the device has taken is played out unheard
-constexpr auto idle_close_after = 30000ms; // a device that nobody uses is given back
+constexpr auto retry_interval = 2000ms;    // while there is no device
+constexpr auto health_interval = 500ms;    // between checks whether a running device has failed
+constexpr auto muted_run_time = 250ms;     // after a stop, the device plays out muted what it has taken
+constexpr auto idle_close_after = 30000ms; // a device that nobody uses is closed
 
 } // namespace
 
@@ -26,10 +27,14 @@ struct Device::State {
   State(std::shared_ptr<Mixer> its_mixer, OutputFactory make, int latency)
       : mixer(std::move(its_mixer)), make_output(std::move(make)), latency_ms(latency) {}
 
-  std::shared_ptr<Mixer> mixer;
-  OutputFactory make_output;
-  int latency_ms;
+  // Constant, or safe for every thread.
+  const std::shared_ptr<Mixer> mixer;
+  const OutputFactory make_output;
+  const int latency_ms;
+  std::atomic<bool> missing = false;
+  std::atomic<Clock::rep> called_at = 0; // when the running call of the sound system began; 0: none is running
 
+  // Guarded by `mutex`.
   std::mutex mutex;
   std::condition_variable changed;
   bool wanted = false;
@@ -37,21 +42,18 @@ struct Device::State {
   bool ending = false;
   bool ended = false;
   bool rate_settled = false;
-  bool consuming = false; // the mixer is being called, or may be at any moment
-  std::atomic<bool> missing = false;
-  std::atomic<Clock::rep> called_at = 0; // when the call of the sound system that runs now began; 0: none runs
+  bool consuming = false; // the sound callback runs, or may at any moment
 
-  // Of the device thread alone.
-  std::unique_ptr<AudioOutput> output;
-  bool started = false;
-
-  void loop();
+  void run(); // the device thread
 
 private:
-  // While a call of the sound system runs.
+  // Marks a call of the sound system, by its lifetime.
   class Calling {
   public:
-    explicit Calling(State& state) : state_(state) { state_.called_at = Clock::now().time_since_epoch().count(); }
+    explicit Calling(State& state) : state_(state) {
+      state_.device_thread.check();
+      state_.called_at = Clock::now().time_since_epoch().count();
+    }
     Calling(const Calling&) = delete;
     Calling& operator=(const Calling&) = delete;
     ~Calling() { state_.called_at = 0; }
@@ -71,6 +73,11 @@ private:
     consuming = on;
   }
   void settle(int preferred_rate);
+
+  // Owned by the device thread.
+  platform::ThreadCheck device_thread{"device thread"};
+  std::unique_ptr<AudioOutput> output;
+  bool started = false;
 };
 
 Device::Device(std::shared_ptr<Mixer> mixer, OutputFactory make_output, int latency_ms)
@@ -78,7 +85,7 @@ Device::Device(std::shared_ptr<Mixer> mixer, OutputFactory make_output, int late
   std::thread([state = state_] {
     {
       const ComApartment apartment;
-      state->loop();
+      state->run();
     }
     const std::lock_guard lock(state->mutex);
     state->ended = true;
@@ -143,7 +150,7 @@ void Device::settle_rate() {
   state_->rate_settled = true;
 }
 
-// From now on the ring holds samples of this rate; another device has to take them as they are.
+// From now on the ring holds samples of this rate; any later device has to take them as they are.
 void Device::State::settle(int preferred_rate) {
   const std::lock_guard lock(mutex);
   if (!rate_settled && preferred_rate > 0)
@@ -197,7 +204,7 @@ void Device::State::drop_output() {
   set_consuming(false);
 }
 
-// Old sound must be gone before a new stream is let out.
+// The device plays out what it has buffered, muted, so that nothing of it is heard when the next stream starts.
 void Device::State::fade_out(std::unique_lock<std::mutex>& lock) {
   lock.unlock();
   {
@@ -205,7 +212,7 @@ void Device::State::fade_out(std::unique_lock<std::mutex>& lock) {
     output->set_volume(0.0F);
   }
   lock.lock();
-  changed.wait_for(lock, keep_running_for, [this] { return ending; });
+  changed.wait_for(lock, muted_run_time, [this] { return ending; });
   if (wanted || ending)
     return;
   lock.unlock();
@@ -219,7 +226,7 @@ void Device::State::step(std::unique_lock<std::mutex>& lock) {
     lock.unlock();
     start_output(now_flowing);
     lock.lock();
-    const auto pause = output == nullptr ? try_again_after : look_after;
+    const auto pause = output == nullptr ? retry_interval : health_interval;
     changed.wait_for(lock, pause, [&] { return ending || !wanted || (flowing && !now_flowing && output != nullptr); });
     return;
   }
@@ -234,8 +241,9 @@ void Device::State::step(std::unique_lock<std::mutex>& lock) {
   }
 }
 
-// What is thrown here, for want of memory, is a device that is missing for now.
-void Device::State::loop() {
+// An exception (no memory) counts as a missing device: it is tried again.
+void Device::State::run() {
+  device_thread.rebind();
   std::unique_lock lock(mutex);
   while (!ending) {
     try {
@@ -247,13 +255,13 @@ void Device::State::loop() {
       missing.store(true, std::memory_order_release);
       settle(0);
       lock.lock();
-      changed.wait_for(lock, try_again_after, [this] { return ending; });
+      changed.wait_for(lock, retry_interval, [this] { return ending; });
     }
   }
   lock.unlock();
   try {
     stop_output();
-  } catch (...) { // it is closed next, whatever it says
+  } catch (...) { // it is closed next either way
   }
   drop_output();
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The thread that makes every call to the sound device: a stop is silent without waiting for the network.
+// The thread that makes every call to the sound device, so that a stop is silent without waiting for the network.
 #pragma once
 
 #include "platform/media/output.h"
@@ -12,9 +12,9 @@ namespace lumotune::media {
 
 using OutputFactory = std::function<std::unique_ptr<AudioOutput>()>;
 
-// Opens the device when sound is wanted, starts and stops it, and makes it anew after it went away or where there was
-// none yet. Any thread calls the functions below; but for the two that wait, they return at once, also while a call of
-// the sound system never does: the thread owns all it touches and is left behind then.
+// Opens the device when sound is wanted, starts and stops it, and reopens it after it went away or while there is none.
+// Any thread may call the functions below. All but the two that wait return at once, even while a call of the sound
+// system never returns: the thread owns all it touches and is then abandoned.
 class Device {
 public:
   static constexpr std::chrono::milliseconds hung_after{3000};
@@ -26,21 +26,21 @@ public:
   ~Device() { end(); } // waits for nothing
 
   void run();     // sound is wanted: the device is opened
-  void flow();    // there is sound now: it is started, with sound from its first moment
-  void silence(); // and now it is not: what the device has taken already is muted, too
-  void end();     // the device is closed and the thread ends, as soon as the sound system lets it
+  void flow();    // sound is buffered: the device starts, with sound from its first callback
+  void silence(); // sound is no longer wanted: what the device has taken already is muted, too
+  void end();     // the device is closed and the thread ends, as soon as the sound system allows
   [[nodiscard]] bool wait_ended(std::chrono::milliseconds time); // after `end`
 
-  // Runs `work` in the place of the sound callback, which does not run before it returns. False, and nothing is run,
-  // while the callback may be running.
+  // Runs `work` in place of the sound callback, which cannot start before `work` returns. False, without running it,
+  // where the callback may be running.
   bool while_unused(const std::function<void()>& work);
   // A call of the sound system has not returned for `hung_after`.
   [[nodiscard]] bool hung() const;
-  // Sound is wanted, but no device is there, or the one that is there does not answer.
+  // Sound is wanted, but there is no device, or it hangs.
   [[nodiscard]] bool missing() const;
-  // Waits that long at most for the mixer's rate to be settled: the device was asked for it, or found missing, once.
+  // Waits at most that long until the mixer's rate is settled: the device was asked for its rate, or none was found.
   [[nodiscard]] bool wait_for_rate(std::chrono::milliseconds time);
-  void settle_rate(); // it stays what it is from now on, whatever the device prefers
+  void settle_rate(); // the rate stays as it is from now on, whatever the device prefers
 
 private:
   struct State;

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/media/player.h"
 
+#include "platform/common/thread_check.h"
+#include "platform/media/board.h"
 #include "platform/media/cubeb_output.h"
 #include "platform/media/engine.h"
+#include "platform/media/ffmpeg.h"
 #include "platform/media/wide.h"
 
 #include <algorithm>
@@ -15,13 +18,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// How often it is looked whether the worker took the newest wish, and after how many looks it counts as stuck.
-constexpr std::uint32_t look_every_ms = 100;
-constexpr int looks_until_stuck = 6;
-// Threads that hang in the system cannot be ended: so many pairs of them are left behind at most, and then no more are
-// made until one comes back.
-constexpr std::size_t max_left_behind = 4;
-constexpr auto patience_at_end = 800ms;
+// A worker that has not taken the newest wish after that many checks counts as stuck.
+constexpr std::uint32_t check_every_ms = 100;
+constexpr int checks_until_stuck = 6;
+// Threads that hang in the system cannot be ended. At most that many engines are abandoned; further ones are made only
+// after one of these has ended.
+constexpr std::size_t max_abandoned = 4;
+constexpr auto end_timeout = 800ms;
 
 class Player final : public platform::MediaPlayer {
 public:
@@ -29,21 +32,25 @@ public:
       : options_(std::move(options)),
         board_(std::make_shared<Board>()),
         waker_(loop.make_waker([this] { notify(); })),
-        watchdog_(loop.make_timer(look_every_ms, [this] { look(); })) {
+        watchdog_(loop.make_timer(check_every_ms, [this] { check_worker(); })) {
+    if (!options_.make_output)
+      options_.make_output = make_cubeb_output;
     board_->open(waker_.get());
   }
   Player(const Player&) = delete;
   Player& operator=(const Player&) = delete;
-  // A thread that does not come back in time is left to itself; it touches nothing of ours any more.
+  // A thread that has not ended by then is abandoned; it no longer touches anything of ours.
   ~Player() override {
+    ui_thread_.check();
     board_->close();
     if (engine_ == nullptr)
       return;
-    engine_->leave();
-    (void)engine_->wait_ended(patience_at_end);
+    engine_->abandon();
+    (void)engine_->wait_ended(end_timeout);
   }
 
   void set_url(const std::wstring& url, platform::AddressOrigin origin) override {
+    ui_thread_.check();
     if (wanted_ && url == url_ && origin == origin_)
       return;
     url_ = url;
@@ -57,6 +64,7 @@ public:
   void set_auto_start(bool on) override { auto_start_ = on; }
 
   void play() override {
+    ui_thread_.check();
     wanted_ = true;
     StreamStatus first;
     first.phase = Phase::connecting;
@@ -65,6 +73,7 @@ public:
   }
 
   void stop() override {
+    ui_thread_.check();
     wanted_ = false;
     wish(false, {});
     waker_->wake();
@@ -73,14 +82,16 @@ public:
   [[nodiscard]] bool playing() const override { return wanted_; }
 
   void set_volume(int percent) override {
+    ui_thread_.check();
     volume_ = std::clamp(percent, 0, 100);
     if (engine_ != nullptr)
-      engine_->mixer.set_volume(volume_);
+      engine_->set_volume(volume_);
   }
   [[nodiscard]] int volume() const override { return volume_; }
 
-  // The intent stays; only the connection goes.
+  // Sound stays wanted; only the connection is dropped.
   void system_suspended() override {
+    ui_thread_.check();
     if (!wanted_)
       return;
     StreamStatus first;
@@ -90,6 +101,7 @@ public:
     waker_->wake();
   }
   void system_resumed() override {
+    ui_thread_.check();
     if (wanted_)
       play();
   }
@@ -98,35 +110,23 @@ public:
   [[nodiscard]] std::wstring Status1() const override { return status_columns(now()); }
   [[nodiscard]] std::wstring warning() const override { return warning_text(now()); }
   [[nodiscard]] std::uint64_t played_ms() const override {
-    return wanted_ && engine_ != nullptr ? engine_->mixer.heard_ms(stream_) : 0;
+    return wanted_ && engine_ != nullptr ? engine_->heard_ms(stream_) : 0;
   }
 
 private:
   void make_engine() {
-    EngineOptions options;
-    options.latency_ms = options_.latency_ms;
-    options.user_agent = options_.user_agent;
-    options.proxy = options_.proxy;
-    options.timeout_ms = options_.timeout_ms;
-    options.ca_file = options_.ca_file;
-    options.retry_scale = options_.retry_scale;
-    options.make_output = options_.make_output ? options_.make_output : OutputFactory(make_cubeb_output);
-    auto made = std::make_shared<Engine>(std::move(options), board_);
-    made->mixer.set_volume(volume_);
-    made->start();
-    engine_ = std::move(made);
-    looks_ = 0;
+    engine_ = std::make_unique<Engine>(options_, board_);
+    engine_->set_volume(volume_);
+    checks_ = 0;
     seen_taken_ = 0;
   }
 
-  [[nodiscard]] bool may_leave_behind() {
-    std::erase_if(left_behind_, [](const std::weak_ptr<Mixer>& each) { return each.expired(); });
-    return left_behind_.size() < max_left_behind;
+  [[nodiscard]] bool may_abandon() {
+    std::erase_if(abandoned_, [](const std::weak_ptr<const void>& each) { return each.expired(); });
+    return abandoned_.size() < max_abandoned;
   }
-  // Its sound lives for as long as one of its threads does.
-  void leave_behind() {
-    engine_->leave();
-    left_behind_.emplace_back(engine_->sound);
+  void abandon_engine() {
+    abandoned_.push_back(engine_->lifetime());
     engine_.reset();
   }
 
@@ -136,16 +136,18 @@ private:
     send(playing);
   }
 
-  // Its threads are made for the first sound that is wanted: a program that only starts has no use for them.
+  // The engine is made for the first sound that is wanted, so that starting the program makes no threads.
   void send(bool playing) {
     sent_playing_ = playing;
     try {
-      if (playing && engine_ != nullptr && engine_->device.hung() && may_leave_behind())
-        leave_behind();
+      if (playing && engine_ != nullptr && engine_->device_hung() && may_abandon())
+        abandon_engine();
       if (playing && engine_ == nullptr)
         make_engine();
-      if (engine_ != nullptr)
-        post(playing);
+      if (engine_ == nullptr)
+        return;
+      engine_->wish({stream_, to_utf8(url_), playing, origin_});
+      watchdog_->start();
     } catch (...) { // no memory, no thread
       StreamStatus failed;
       failed.trouble = Trouble::internal;
@@ -153,34 +155,24 @@ private:
     }
   }
 
-  void post(bool playing) {
-    engine_->mixer.want(playing ? stream_ : 0);
-    if (playing)
-      engine_->device.run();
-    else
-      engine_->device.silence();
-    engine_->mailbox.post({stream_, to_utf8(url_), playing, origin_});
-    watchdog_->start();
-  }
-
-  // A worker that takes no wish for a while hangs where nothing reaches it: another one takes over.
-  // Looks that a busy machine made up for in one go count as one.
-  void look() {
+  // A worker that takes no wish for a while hangs where nothing interrupts it: another one takes over.
+  void check_worker() {
+    // After a stall of the loop, the timer may catch up with several ticks at once: they count as one.
     const auto now = std::chrono::steady_clock::now();
-    if (now - looked_ < std::chrono::milliseconds(look_every_ms / 2))
+    if (now - checked_ < std::chrono::milliseconds(check_every_ms / 2))
       return;
-    looked_ = now;
-    const std::uint64_t taken = engine_ == nullptr ? stream_ : engine_->mailbox.taken();
+    checked_ = now;
+    const std::uint64_t taken = engine_ == nullptr ? stream_ : engine_->taken();
     if (taken == stream_)
       watchdog_->stop();
     if (taken == stream_ || taken != seen_taken_) {
       seen_taken_ = taken;
-      looks_ = 0;
+      checks_ = 0;
       return;
     }
-    if (++looks_ < looks_until_stuck || !may_leave_behind())
+    if (++checks_ < checks_until_stuck || !may_abandon())
       return;
-    leave_behind();
+    abandon_engine();
     send(sent_playing_);
   }
 
@@ -215,21 +207,22 @@ private:
     return platform::PlayState::stopped;
   }
 
+  const platform::ThreadCheck ui_thread_{"user-interface thread"};
   PlayerOptions options_;
   std::shared_ptr<Board> board_;
   std::unique_ptr<platform::Waker> waker_;
   std::unique_ptr<platform::Timer> watchdog_;
-  std::shared_ptr<Engine> engine_;
-  std::vector<std::weak_ptr<Mixer>> left_behind_; // of engines that hung when they were given up
+  std::unique_ptr<Engine> engine_;
+  std::vector<std::weak_ptr<const void>> abandoned_; // lifetimes of engines that hung
   std::wstring url_;
   platform::AddressOrigin origin_ = platform::AddressOrigin::station;
   bool auto_start_ = true;
   bool wanted_ = false;       // what the listener wants
-  bool sent_playing_ = false; // what the worker was told: another thing while the machine sleeps
+  bool sent_playing_ = false; // what the worker was told: differs while the machine is suspended
   int volume_ = 100;
-  int looks_ = 0;                // since the worker last took a wish
+  int checks_ = 0;               // since the worker last took a wish
   std::uint64_t seen_taken_ = 0; // which one that was
-  std::chrono::steady_clock::time_point looked_;
+  std::chrono::steady_clock::time_point checked_;
   std::uint64_t stream_ = 0;
   Phase told_phase_ = Phase::stopped;
   std::wstring told_text_;

@@ -213,13 +213,10 @@ TEST_F(Hang, WhateverIsThrownTheNextWishIsServed) {
   ThrowingWaker waker;
   const auto board = std::make_shared<Board>();
   board->open(&waker);
-  EngineOptions settings;
-  settings.make_output = device->factory();
-  const auto engine = std::make_shared<lumotune::media::Engine>(settings, board);
-  engine->start();
+  lumotune::media::Engine engine(options, board);
   const auto tell = [&](std::uint64_t stream, const std::string& address) {
     board->expect(stream, {});
-    engine->mailbox.post({stream, address, true, platform::AddressOrigin::listener});
+    engine.wish({stream, address, true, platform::AddressOrigin::listener});
     return until([&] { return board->read().trouble != Trouble::none; });
   };
   ASSERT_TRUE(tell(1, "ftp://x/"));
@@ -227,8 +224,8 @@ TEST_F(Hang, WhateverIsThrownTheNextWishIsServed) {
   waker.throws = false;
   ASSERT_TRUE(tell(2, "ftp://x/"));
   EXPECT_EQ(board->read().trouble, Trouble::unsupported_address);
-  engine->leave();
-  EXPECT_TRUE(engine->wait_ended(5s));
+  engine.abandon();
+  EXPECT_TRUE(engine.wait_ended(5s));
   board->close();
 }
 

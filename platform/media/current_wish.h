@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The wish that the worker is serving, and what interrupts it: a newer wish, or an exception in one of FFmpeg's
+// callbacks. Worker thread.
+#pragma once
+
+#include "platform/media/mailbox.h"
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <utility>
+
+namespace lumotune::media {
+
+class CurrentWish {
+public:
+  // `tick` is the worker's periodic work, which goes on while FFmpeg waits.
+  CurrentWish(Mailbox& mailbox, std::function<void()> tick) : mailbox_(mailbox), tick_(std::move(tick)) {}
+
+  // Waits for the next wish; one with stream 0 means the end.
+  [[nodiscard]] const Wish& take() { return wish_ = mailbox_.take(wish_.stream); }
+
+  [[nodiscard]] std::uint64_t stream() const { return wish_.stream; }
+  [[nodiscard]] bool superseded() const { return mailbox_.newer_than(wish_.stream); }
+  // Waits at most that long for a newer wish; true when there is one.
+  [[nodiscard]] bool wait(std::chrono::milliseconds time) { return mailbox_.wait(wish_.stream, time); }
+
+  // FFmpeg's interrupt callback: true makes it give up.
+  [[nodiscard]] bool interrupted() noexcept {
+    guarded(tick_);
+    return threw_ || superseded();
+  }
+  // Runs what FFmpeg, which is C, has called: no exception may pass through it, so one is only noted.
+  template <typename Function>
+  void guarded(const Function& function) noexcept {
+    try {
+      function();
+    } catch (...) {
+      threw_ = true;
+    }
+  }
+  [[nodiscard]] bool threw() const { return threw_; } // in this attempt
+  void begin_attempt() { threw_ = false; }
+
+private:
+  Mailbox& mailbox_;
+  std::function<void()> tick_;
+  Wish wish_;
+  bool threw_ = false;
+};
+
+} // namespace lumotune::media

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/media/playout.h"
+
+#include "platform/media/decoder.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+#include <vector>
+
+namespace lumotune::media {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+// How much is buffered before sound starts: little at first, more after an underrun, twice as much after each further
+// one.
+std::uint32_t start_level_ms(std::uint32_t underruns) {
+  constexpr std::uint32_t first_ms = 200;
+  constexpr std::uint32_t after_underrun_ms = 1000;
+  constexpr std::uint32_t max_ms = 4000;
+  if (underruns == 0)
+    return first_ms;
+  return std::min(after_underrun_ms << std::min(underruns - 1, 2U), max_ms);
+}
+
+} // namespace
+
+void Playout::discard() {
+  worker_thread_.check();
+  mixer_.let_flow(0);
+  mixer_.ring.discard();
+  // A discard is carried out by the consumer. Where no device consumes, old samples would fill the ring for ever.
+  (void)channels_.device.while_unused([this] { (void)mixer_.ring.skip(); });
+}
+
+// A sound system that does not answer must not delay the next wish, nor keep a stream from being decoded.
+bool Playout::wait_for_rate() {
+  constexpr auto limit = 3000ms;
+  constexpr auto poll = 20ms;
+  const auto deadline = Clock::now() + limit;
+  while (!channels_.device.wait_for_rate(poll)) {
+    if (wish_.superseded())
+      return false;
+    if (Clock::now() > deadline)
+      break;
+  }
+  channels_.device.settle_rate();
+  return true;
+}
+
+std::uint32_t Playout::level_ms() const {
+  return static_cast<std::uint32_t>(mixer_.ring.level() * 1000 / static_cast<std::size_t>(std::max(mixer_.rate(), 1)));
+}
+
+void Playout::begin(const StreamStatus& status, bool live) {
+  worker_thread_.check();
+  streaming_ = true;
+  live_ = live;
+  flowed_ = mixer_.flows(); // what a lost connection left behind still plays
+  underruns_ = 0;
+  titles_.clear();
+  // Joining mid-stream, the first frames lack their predecessors and decode to silence.
+  constexpr std::size_t max_leading_silence_ms = 200;
+  const bool joins = live && !flowed_;
+  leading_silence_ = joins ? static_cast<std::size_t>(mixer_.rate()) * max_leading_silence_ms / 1000 : 0;
+  drift_ = {};
+  drift_checked_ = sound_began_ = Clock::now();
+  status_ = status;
+  status_.phase = flowed_ ? Phase::playing : Phase::buffering;
+}
+
+void Playout::update(bool unverified, int sample_rate) {
+  status_.unverified = unverified;
+  if (sample_rate != 0)
+    status_.hertz = sample_rate;
+}
+
+void Playout::add_title(std::wstring title) {
+  titles_.add(mixer_.ring.written(), std::move(title));
+}
+
+// A live stream arrives in small pieces. With enough buffered they gather in the socket, so that the worker wakes up
+// rarely.
+void Playout::pace_reads() {
+  constexpr std::uint32_t enough_ms = 1500;
+  constexpr std::uint32_t pause_ms = 500;
+  if (!live_ || !mixer_.flows() || written_since_pause_ * 1000 < static_cast<std::size_t>(mixer_.rate()) * pause_ms ||
+      level_ms() < enough_ms)
+    return;
+  written_since_pause_ = 0;
+  (void)wish_.wait(std::chrono::milliseconds(pause_ms));
+}
+
+// Where the ring is full, waits until it is half empty, so that the worker wakes up rarely.
+void Playout::write(const float* frames, std::size_t count) {
+  worker_thread_.check();
+  for (; leading_silence_ > 0 && count > 0 && frames[0] == 0.0F && frames[1] == 0.0F; --leading_silence_, --count)
+    frames += 2;
+  if (count > 0)
+    leading_silence_ = 0;
+  while (count > 0 && !wish_.superseded()) {
+    const std::size_t taken = mixer_.ring.write(frames, count);
+    frames += taken * 2;
+    count -= taken;
+    written_since_pause_ += taken;
+    if (count == 0)
+      break;
+    tick();
+    const auto rate = static_cast<std::size_t>(std::max(mixer_.rate(), 1));
+    const auto half = std::chrono::milliseconds(mixer_.ring.capacity() * 500 / rate);
+    // Without a device, only our own tick empties the ring.
+    const bool consumed = mixer_.flows() && !channels_.device.missing();
+    if (wish_.wait(consumed ? std::min<std::chrono::milliseconds>(half, 1000ms) : 50ms))
+      break;
+  }
+}
+
+void Playout::drain() {
+  if (!mixer_.flows())
+    start_flow();
+  while (mixer_.ring.level() > 0 && mixer_.flows() && !wish_.wait(50ms)) {
+  }
+}
+
+void Playout::start_flow() {
+  mixer_.let_flow(wish_.stream());
+  channels_.device.flow();
+}
+
+void Playout::tick() {
+  worker_thread_.check();
+  check_device();
+  if (!streaming_)
+    return;
+  if (!mixer_.flows())
+    update_buffering();
+  update_title();
+  if (mixer_.flows())
+    update_playing();
+  channels_.board->report(wish_.stream(), status_);
+}
+
+void Playout::update_buffering() {
+  if (std::exchange(flowed_, false))
+    ++underruns_;
+  const std::uint32_t wanted = start_level_ms(underruns_);
+  const std::uint32_t buffered = level_ms();
+  status_.phase = Phase::buffering;
+  status_.percent = static_cast<int>(std::min(buffered * 10 / wanted, 10U) * 10); // in tens: nobody reads faster
+  if (buffered < wanted)
+    return;
+  if (underruns_ == 0)
+    sound_began_ = Clock::now();
+  start_flow();
+  flowed_ = true;
+}
+
+// Until sound flows the newest title counts; from then on each is shown when its sound is heard.
+void Playout::update_title() {
+  const std::uint64_t played = mixer_.flows() ? mixer_.ring.consumed() : std::numeric_limits<std::uint64_t>::max();
+  if (auto title = titles_.take_due(played))
+    status_.title = std::move(*title);
+}
+
+void Playout::update_playing() {
+  constexpr auto announce_for = 3000ms; // a warning about the station comes before its title for that long
+  status_.phase = Phase::playing;
+  status_.trouble = channels_.device.missing() ? Trouble::no_device : Trouble::none;
+  status_.announces = status_.unverified && Clock::now() - sound_began_ < announce_for;
+}
+
+void Playout::check_device() {
+  if (channels_.device.missing())
+    (void)channels_.device.while_unused([this] { drop_unheard(); });
+  // A sound system that answers again starts live, not with what has piled up.
+  if (std::exchange(device_hung_, channels_.device.hung()) && !device_hung_)
+    mixer_.ring.discard();
+}
+
+// Stands in for a missing device: keeps the newest second, so that a device that appears starts live. Less where the
+// ring holds less than two seconds of a very high rate.
+void Playout::drop_unheard() {
+  const auto kept = std::min(static_cast<std::size_t>(mixer_.rate()), mixer_.ring.capacity() / 4);
+  const std::size_t level = mixer_.ring.level();
+  if (level <= kept * 2)
+    return;
+  std::vector<float> unheard((level - kept) * 2);
+  (void)mixer_.ring.read(unheard.data(), level - kept);
+}
+
+void Playout::correct_drift(Decoder& decoder) {
+  const auto now = Clock::now();
+  if (!live_ || !mixer_.flows() || now - drift_checked_ < 1000ms)
+    return;
+  drift_checked_ = now;
+  const int correction = drift_.step(level_ms());
+  if (correction != 0)
+    decoder.compensate(correction);
+}
+
+} // namespace lumotune::media

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/media/stream_worker.h"
+
+#include "platform/media/ffmpeg.h"
+#include "platform/media/stream_session.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace lumotune::media {
+
+using namespace std::chrono_literals;
+
+StreamWorker::StreamWorker(const PlayerOptions& options, std::shared_ptr<EngineChannels> channels)
+    : channels_(std::move(channels)),
+      retry_scale_(options.retry_scale),
+      wish_(channels_->mailbox, [this] { playout_.tick(); }),
+      playout_(*channels_, wish_),
+      connector_(options, wish_, [this](Source& source) { return play_stream(source); }),
+      random_(std::random_device{}()) {}
+
+void StreamWorker::run() {
+  worker_thread_.rebind();
+  playout_.rebind();
+  avformat_network_init();
+  while (!channels_->mailbox.closed()) {
+    try {
+      serve_next_wish();
+    } catch (...) {
+      report_failure();
+    }
+  }
+  channels_->mixer->let_flow(0);
+}
+
+// Last resort: the listener is told, and the next wish is served.
+void StreamWorker::report_failure() noexcept {
+  channels_->mixer->let_flow(0);
+  try {
+    StreamStatus failed;
+    failed.trouble = Trouble::internal;
+    report(failed);
+  } catch (...) { // out of memory for the report, too
+  }
+}
+
+void StreamWorker::report(const StreamStatus& status) {
+  channels_->board->report(wish_.stream(), status);
+}
+
+void StreamWorker::serve_next_wish() {
+  const Wish& wish = wish_.take();
+  if (channels_->mailbox.closed())
+    return;
+  playout_.discard();
+  if (wish.playing)
+    play(wish);
+}
+
+// There is no last try: it goes on for as long as the listener wants it, unless the address itself is hopeless.
+void StreamWorker::play(const Wish& wish) {
+  retry_ = {};
+  if (!playout_.wait_for_rate())
+    return;
+  while (!wish_.superseded()) {
+    StreamStatus connecting;
+    connecting.phase = Phase::connecting;
+    report(connecting);
+    const Attempt result = attempt(wish);
+    if (result.outcome == Outcome::cancelled || wish_.superseded())
+      return;
+    const bool hopeless = result.trouble == Trouble::no_address || result.trouble == Trouble::unsupported_address;
+    if (hopeless || result.outcome == Outcome::ended) {
+      StreamStatus stopped;
+      stopped.trouble = result.trouble;
+      report(stopped);
+      return;
+    }
+    if (!wait_before_retry(result))
+      return;
+  }
+}
+
+// An exception, such as no memory for a stream, fails the attempt and not the worker.
+Attempt StreamWorker::attempt(const Wish& wish) {
+  wish_.begin_attempt();
+  try {
+    return connector_.connect(wish.address, wish.origin);
+  } catch (...) {
+    return {Outcome::failed, Trouble::internal};
+  }
+}
+
+Attempt StreamWorker::play_stream(Source& source) {
+  worker_thread_.check();
+  StreamSession session(source, playout_, wish_);
+  const Attempt result = session.run();
+  retry_.heard(session.heard_ms());
+  return result;
+}
+
+// False when a newer wish arrives meanwhile.
+bool StreamWorker::wait_before_retry(const Attempt& failure) {
+  const double random = std::uniform_real_distribution<double>(0.0, 1.0)(random_);
+  auto left = std::chrono::milliseconds(std::llround(retry_.next_delay_ms(random) * retry_scale_));
+  StreamStatus waiting;
+  waiting.phase = Phase::waiting;
+  waiting.trouble = failure.trouble;
+  waiting.http_code = failure.http_code;
+  while (left > 0ms) {
+    waiting.retry_seconds = static_cast<int>((left.count() + 999) / 1000);
+    report(waiting);
+    const auto until_next_second = std::min(left, std::chrono::milliseconds((left.count() - 1) % 1000 + 1));
+    if (wish_.wait(until_next_second))
+      return false;
+    left -= until_next_second;
+  }
+  return true;
+}
+
+} // namespace lumotune::media

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The worker: serves one wish after the other, and reconnects after every failure for as long as sound is wanted.
+#pragma once
+
+#include "platform/common/thread_check.h"
+#include "platform/media/attempt.h"
+#include "platform/media/connector.h"
+#include "platform/media/current_wish.h"
+#include "platform/media/engine_channels.h"
+#include "platform/media/player_options.h"
+#include "platform/media/playout.h"
+#include "platform/media/retry.h"
+
+#include <memory>
+#include <random>
+
+namespace lumotune::media {
+
+// Made on any thread; `run` makes its thread the owner.
+class StreamWorker {
+public:
+  StreamWorker(const PlayerOptions& options, std::shared_ptr<EngineChannels> channels);
+  StreamWorker(const StreamWorker&) = delete;
+  StreamWorker& operator=(const StreamWorker&) = delete;
+  ~StreamWorker() = default;
+
+  void run(); // returns when the mailbox is closed
+
+private:
+  void serve_next_wish();
+  void report(const StreamStatus& status);
+  void report_failure() noexcept;
+  void play(const Wish& wish);
+  [[nodiscard]] Attempt attempt(const Wish& wish);
+  [[nodiscard]] Attempt play_stream(Source& source);
+  [[nodiscard]] bool wait_before_retry(const Attempt& failure);
+
+  platform::ThreadCheck worker_thread_{"worker thread"};
+  const std::shared_ptr<EngineChannels> channels_;
+  const double retry_scale_;
+
+  // Owned by the worker thread.
+  CurrentWish wish_;
+  Playout playout_;
+  Connector connector_;
+  RetryPolicy retry_;
+  std::minstd_rand random_;
+};
+
+} // namespace lumotune::media
