@@ -15,7 +15,7 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t\r\n\"") - first + 1);
 }
 
-// The scheme in small letters; empty for a path. One letter before the colon is a drive.
+// The scheme in lower case; empty for a path. A single letter before the colon is a drive.
 std::string scheme_of(std::string_view address) {
   const std::size_t colon = address.find(':');
   if (colon == std::string_view::npos || colon < 2)
@@ -30,7 +30,7 @@ std::string scheme_of(std::string_view address) {
   return scheme;
 }
 
-char small(char c) {
+char to_lower(char c) {
   return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
 }
 
@@ -78,25 +78,25 @@ bool has_control(std::string_view text) {
   });
 }
 
-// The path of a local address, as it goes to the system.
+// The path of a local address, as the system gets it.
 std::string local_path(std::string_view address) {
   address = trimmed(address);
   return scheme_of(address) == "file" ? path_of_file_address(address) : std::string(address);
 }
 
-// "con", "Con.mp3", "nul .txt", "COM1": Windows opens the device, in whatever folder the name stands.
+// "con", "Con.mp3", "nul .txt", "COM1": Windows opens the device, whatever the folder.
 bool is_device_name(std::string_view name) {
   name = name.substr(0, name.find_first_of(".:"));
   name = name.substr(0, name.find_last_not_of(' ') + 1);
   std::string folded;
   for (const char c : name)
-    folded += small(c);
+    folded += to_lower(c);
   constexpr std::array<std::string_view, 7> devices = {"con", "prn", "aux", "nul", "conin$", "conout$", "clock$"};
   if (std::find(devices.begin(), devices.end(), folded) != devices.end())
     return true;
   if (!folded.starts_with("com") && !folded.starts_with("lpt"))
     return false;
-  // Also the raised digits count.
+  // Superscript digits count, too.
   constexpr std::array<std::string_view, 13> numbers = {"0", "1", "2", "3",        "4",        "5",       "6",
                                                         "7", "8", "9", "\xc2\xb9", "\xc2\xb2", "\xc2\xb3"};
   return std::find(numbers.begin(), numbers.end(), folded.substr(3)) != numbers.end();
@@ -112,9 +112,8 @@ bool has_device_name(std::string_view path) {
   return false;
 }
 
-// A file on a drive of this machine: "C:\\x", or "\\x" on the current one. Two separators at the start are a share or a
-// device, a question mark may lead into the system's own names ("\\??\\"), a second colon to another stream of the
-// file.
+// A file on a drive of this machine: "C:\\x", or "\\x" on the current drive. Two leading separators denote a share or a
+// device, a question mark may lead into the object namespace ("\\??\\"), a second colon to an alternate data stream.
 bool is_plain_path(std::string_view path) {
   if (path.empty() || has_control(path) || path.find_first_of("\"*<>?|") != std::string_view::npos)
     return false;
@@ -127,11 +126,11 @@ bool is_plain_path(std::string_view path) {
   return path.find(':') == std::string_view::npos && !has_device_name(path);
 }
 
-// "//host/share/" in small letters; empty for a path that is on no share.
+// "//host/share/" in lower case; empty for a path that is on no share.
 std::string share_of(std::string_view path) {
   std::string folded;
   for (const char c : path)
-    folded += is_separator(c) ? '/' : small(c);
+    folded += is_separator(c) ? '/' : to_lower(c);
   if (!folded.starts_with("//") || folded.find_first_of("?*:\"<>|") != std::string::npos || has_control(folded))
     return {};
   const std::size_t host_end = folded.find('/', 2);
@@ -141,7 +140,7 @@ std::string share_of(std::string_view path) {
   return folded.substr(0, share_end + 1);
 }
 
-// Not rtsp, rtp or udp: these open ports of this machine, which ones an answer may say.
+// Not rtsp, rtp or udp: these open ports on this machine that a server's answer may choose.
 bool is_network(const std::string& scheme) {
   constexpr std::array<std::string_view, 5> known = {"http", "https", "mms", "mmsh", "mmst"};
   return std::find(known.begin(), known.end(), scheme) != known.end();

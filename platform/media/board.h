@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The other way: what a worker reports. The newest report wins, reports of stale streams are dropped, and one wake-up
-// is outstanding at most.
+// One slot from the workers to the user-interface thread: the newest report wins and reports of stale streams are
+// dropped.
 #pragma once
 
 #include "platform/event_loop.h"
@@ -19,7 +19,7 @@ public:
     const std::lock_guard lock(mutex_);
     waker_ = waker;
   }
-  void close() { open(nullptr); } // afterwards nobody wakes any more
+  void close() { open(nullptr); } // afterwards the waker is not used any more
   void expect(std::uint64_t stream, StreamStatus first) {
     const std::lock_guard lock(mutex_);
     stream_ = stream;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+// COM initialization of the device thread.
 #pragma once
 
 namespace lumotune::media {
 
-// Multi-threaded COM for the thread it lives on, which cubeb wants on Windows; nothing elsewhere.
+// Multi-threaded COM for the current thread while the object lives: cubeb requires it on Windows. No-op elsewhere.
 class ComApartment {
 public:
   ComApartment();

@@ -15,7 +15,7 @@ bool are_channels(int channels) {
   return channels >= 1 && channels <= Decoder::max_channels;
 }
 
-// Where the samples from `offset` on lie; `planes` has room for every channel.
+// Pointers to the samples from `offset` on.
 void planes_at(const AVFrame& frame, int offset, std::array<const std::uint8_t*, Decoder::max_channels>& planes) {
   const auto format = static_cast<AVSampleFormat>(frame.format);
   const int channels = frame.ch_layout.nb_channels;
@@ -28,7 +28,7 @@ void planes_at(const AVFrame& frame, int offset, std::array<const std::uint8_t*,
 
 } // namespace
 
-// A rate or a number of channels that the headers leave open (0) is seen at the first frame.
+// A rate or a number of channels that the headers leave open (0) is checked at the first frame.
 bool Decoder::open(const AVCodecParameters& parameters) {
   if ((parameters.sample_rate != 0 && !is_rate(parameters.sample_rate)) ||
       (parameters.ch_layout.nb_channels != 0 && !are_channels(parameters.ch_layout.nb_channels)))
@@ -69,14 +69,14 @@ bool Decoder::match_resampler(const AVFrame& frame) {
   return true;
 }
 
-// In steps, so that no packet makes the buffer larger, and none keeps the worker from the next wish.
+// In steps, so that the buffer stays bounded and a newer wish is noticed within a packet.
 bool Decoder::resample(const AVFrame& frame, const Sink& sink) {
   std::array<const std::uint8_t*, max_channels> planes{};
   for (int done = 0; done < frame.nb_samples;) {
     const int taken = std::min(frame.nb_samples - done, step_samples);
     const int most = swr_get_out_samples(resampler_.get(), taken);
     if (most <= 0 || static_cast<std::size_t>(most) > max_step_frames)
-      return true; // nothing comes of it
+      return true; // no output
     samples_.resize(static_cast<std::size_t>(most) * 2);
     auto* out = reinterpret_cast<std::uint8_t*>(samples_.data());
     planes_at(frame, done, planes);
@@ -95,18 +95,18 @@ bool Decoder::receive(const Sink& sink) {
       return false;
     if (!match_resampler(*frame))
       continue;
-    torn_ = 0;
+    corrupt_ = 0;
     if (!resample(*frame, sink))
-      return true; // nobody wants the rest
+      return true; // the sink wants no more
   }
   return true;
 }
 
 bool Decoder::decode(const AVPacket& packet, const Sink& sink) {
-  constexpr int too_many_torn = 500;
-  ++torn_;
-  (void)avcodec_send_packet(codec_.get(), &packet); // what it refuses gives no frame, which is counted
-  return receive(sink) && torn_ < too_many_torn;
+  constexpr int max_corrupt = 500;
+  ++corrupt_;
+  (void)avcodec_send_packet(codec_.get(), &packet); // a rejected packet yields no frame, which is counted
+  return receive(sink) && corrupt_ < max_corrupt;
 }
 
 void Decoder::flush(const Sink& sink) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Packets to stereo float samples of one rate. No thread, no clock: stepped by its caller.
+// Decodes packets to stereo float samples of one rate. Neither thread nor clock: the caller steps it.
 #pragma once
 
 #include "platform/media/ffmpeg.h"
@@ -13,30 +13,31 @@ namespace lumotune::media {
 
 class Decoder {
 public:
-  // What sound may say of itself. All else is refused: the resampler's memory grows with what a stream claims.
+  // Limits on what a stream may claim: the resampler's memory grows with these.
   static constexpr int min_rate = 4000;
   static constexpr int max_rate = 384000;
   static constexpr int max_channels = 8;
-  // The largest step: that much of the slowest sound for the fastest device.
+  // Resampling steps are bounded: that much of the slowest input at the fastest device's rate.
   static constexpr int step_samples = 4096; // of the stream
   static constexpr std::size_t max_step_frames = 256 * 1024;
 
-  // Takes at most `max_step_frames` interleaved stereo frames; called several times a packet. False ends the packet.
+  // Takes at most `max_step_frames` interleaved stereo frames; called several times per packet. False drops the rest of
+  // the packet.
   using Sink = std::function<bool(const float* frames, std::size_t count)>;
 
   explicit Decoder(int out_rate) : out_rate_(out_rate) {}
 
-  // False for a codec that cannot be decoded, and for sound outside the limits above.
+  // False for a codec that is not supported, and for parameters outside the limits above.
   [[nodiscard]] bool open(const AVCodecParameters& parameters);
-  // A packet that is torn gives no sound and is no error: the next one may be whole. False after very many of them,
-  // and where the stream's rate or channels leave the limits.
+  // A corrupt packet yields no sound and is no error. False after very many of them in a row, and where the stream's
+  // rate or channels leave the limits.
   [[nodiscard]] bool decode(const AVPacket& packet, const Sink& sink);
   void flush(const Sink& sink); // at the end of a file
-  // Plays that many thousandths slower (below 0) or faster, for the second to come.
+  // Plays that many thousandths slower (below 0) or faster, for the next second.
   void compensate(int thousandths);
-  // What the frames really are; 0 before the first.
+  // Of the decoded frames, which headers may misstate; 0 before the first.
   [[nodiscard]] int sample_rate() const { return in_rate_; }
-  // How long that many of the frames that the sink takes last.
+  // How long that many output frames last.
   [[nodiscard]] std::chrono::microseconds duration(std::size_t frames) const {
     return std::chrono::microseconds(frames * 1'000'000 / static_cast<std::size_t>(out_rate_));
   }
@@ -50,7 +51,7 @@ private:
   int in_rate_ = 0;
   int in_format_ = -1;
   int in_channels_ = 0;
-  int torn_ = 0;
+  int corrupt_ = 0;
   Codec codec_;
   Resampler resampler_;
   std::vector<float> samples_;

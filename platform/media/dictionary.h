@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// FFmpeg's options for one call.
+// Owns the options of one FFmpeg call.
 #pragma once
 
 #include "platform/media/ffmpeg.h"

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The station's clock and the sound device's are never quite the same: over hours a live stream's buffer would run dry
-// or grow. Pure.
+// Clock drift: the station's clock and the sound device's always differ a little, so that over hours a live stream's
+// buffer would run dry or grow. Pure.
 #pragma once
 
 #include <cstdint>
 
 namespace lumotune::media {
 
-// Looks at the buffer's level and says how much slower or faster to play, in thousandths. Two thousandths are far below
-// what an ear notices. Inside the band nothing is done, so that a stream that fits is not resampled at all.
+// From the buffer's level, decides how much slower or faster to play, in thousandths: two are far below what is
+// audible. Hysteresis: within the band nothing is corrected, so that a stream in step is not resampled.
 class DriftControl {
 public:
   static constexpr int correction = 2;

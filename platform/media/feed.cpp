@@ -8,21 +8,21 @@
 namespace lumotune::media {
 namespace {
 
-constexpr std::size_t tag_head = 10;
+constexpr std::size_t tag_header = 10;
 
-// The length of an ID3v2 tag with its head; 0 when none begins here.
+// The length of an ID3v2 tag with its header; 0 where none begins.
 std::size_t tag_length(const std::string& bytes, std::size_t at) {
-  if (bytes.size() < at + tag_head || bytes.compare(at, 3, "ID3") != 0)
+  if (bytes.size() < at + tag_header || bytes.compare(at, 3, "ID3") != 0)
     return 0;
   const auto byte = [&](std::size_t i) { return static_cast<std::size_t>(static_cast<unsigned char>(bytes[at + i])); };
   std::size_t length = 0;
-  for (std::size_t i = 6; i < tag_head; ++i) {
+  for (std::size_t i = 6; i < tag_header; ++i) {
     if (byte(i) > 0x7f)
       return 0;
     length = length << 7 | byte(i);
   }
-  const std::size_t foot = (byte(5) & 0x10) != 0 ? tag_head : 0;
-  return tag_head + length + foot;
+  const std::size_t footer = (byte(5) & 0x10) != 0 ? tag_header : 0;
+  return tag_header + length + footer;
 }
 
 } // namespace
@@ -36,39 +36,39 @@ std::string io_option(AVIOContext* connection, const char* name) {
   return text;
 }
 
-Feed::Feed(Io connection, std::string seen) : connection_(std::move(connection)), seen_(std::move(seen)) {}
+Feed::Feed(Io connection, std::string peeked) : connection_(std::move(connection)), peeked_(std::move(peeked)) {}
 
 std::int64_t Feed::size() const {
   if (connection_ == nullptr)
-    return static_cast<std::int64_t>(seen_.size());
+    return static_cast<std::int64_t>(peeked_.size());
   return std::max<std::int64_t>(avio_size(connection_.get()), 0);
 }
 
-bool Feed::look(std::size_t bytes) {
-  while (seen_.size() < bytes) {
-    if (!look_further(bytes))
+bool Feed::peek(std::size_t bytes) {
+  while (peeked_.size() < bytes) {
+    if (!peek_more(bytes))
       return false;
   }
   return true;
 }
 
-bool Feed::look_further(std::size_t most) {
+bool Feed::peek_more(std::size_t limit) {
   std::array<unsigned char, 4096> buffer;
-  if (connection_ == nullptr || complete_ || seen_.size() >= most)
+  if (connection_ == nullptr || complete_ || peeked_.size() >= limit)
     return false;
-  const std::size_t room = std::min(buffer.size(), most - seen_.size());
+  const std::size_t room = std::min(buffer.size(), limit - peeked_.size());
   const int got = avio_read_partial(connection_.get(), buffer.data(), static_cast<int>(room));
   if (got > 0)
-    seen_.append(reinterpret_cast<const char*>(buffer.data()), static_cast<std::size_t>(got));
+    peeked_.append(reinterpret_cast<const char*>(buffer.data()), static_cast<std::size_t>(got));
   return got > 0;
 }
 
 void Feed::replace(std::string text) {
-  seen_ = std::move(text);
+  peeked_ = std::move(text);
   complete_ = true;
 }
 
-// That many bytes behind what was seen.
+// Skips that many bytes of the connection.
 bool Feed::drop(std::size_t bytes) {
   if (bytes > 0 && connection_ == nullptr)
     return false;
@@ -85,24 +85,24 @@ bool Feed::drop(std::size_t bytes) {
   return true;
 }
 
-// FFmpeg reads any number of tags, and keeps each value of each.
+// FFmpeg would read any number of tags and keep every value of each.
 void Feed::skip_tags() {
   std::size_t kept = 0;
   while (!complete_) {
-    (void)look(kept + tag_head);
-    const std::size_t length = tag_length(seen_, kept);
+    (void)peek(kept + tag_header);
+    const std::size_t length = tag_length(peeked_, kept);
     if (length == 0)
       return;
     if (kept == 0 && length <= max_tag_bytes) {
-      if (!look(length))
+      if (!peek(length))
         return;
       kept = length;
       continue;
     }
     shortened_ = true;
-    const std::size_t seen_of_it = std::min(length, seen_.size() - kept);
-    seen_.erase(kept, seen_of_it);
-    if (!drop(length - seen_of_it))
+    const std::size_t peeked_of_it = std::min(length, peeked_.size() - kept);
+    peeked_.erase(kept, peeked_of_it);
+    if (!drop(length - peeked_of_it))
       return;
   }
 }
@@ -118,7 +118,7 @@ AVIOContext* Feed::context(bool with_options) {
   }();
   if (context_ != nullptr)
     return context_.get();
-  constexpr int buffer_size = 4096; // small: a live stream should not wait for a large one to fill
+  constexpr int buffer_size = 4096; // small: a live stream should not wait for it to fill
   auto* buffer = static_cast<unsigned char*>(av_malloc(buffer_size));
   if (buffer == nullptr)
     return nullptr;
@@ -141,9 +141,9 @@ void* Feed::child(void* context, void* previous) {
 
 int Feed::read(void* self, std::uint8_t* buffer, int size) {
   auto& feed = *static_cast<Feed*>(self);
-  if (feed.given_ < feed.seen_.size()) {
-    const std::size_t count = std::min(static_cast<std::size_t>(size), feed.seen_.size() - feed.given_);
-    std::copy_n(feed.seen_.data() + feed.given_, count, buffer);
+  if (feed.given_ < feed.peeked_.size()) {
+    const std::size_t count = std::min(static_cast<std::size_t>(size), feed.peeked_.size() - feed.given_);
+    std::copy_n(feed.peeked_.data() + feed.given_, count, buffer);
     feed.given_ += count;
     return static_cast<int>(count);
   }
@@ -159,7 +159,7 @@ std::int64_t Feed::seek(void* self, std::int64_t offset, int whence) {
   auto& feed = *static_cast<Feed*>(self);
   if ((whence & AVSEEK_SIZE) != 0)
     return avio_size(feed.connection_.get());
-  feed.given_ = feed.seen_.size(); // from now on the connection itself knows the place
+  feed.given_ = feed.peeked_.size(); // from now on the connection's own position counts
   return avio_seek(feed.connection_.get(), offset, whence & ~AVSEEK_FORCE);
 }
 

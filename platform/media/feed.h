@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A connection as FFmpeg's demuxers read it: its first bytes looked at before, what is too large left out. Worker
+// A connection as FFmpeg's demuxers read it: the first bytes can be peeked at, and oversized tags are skipped. Worker
 // thread.
 #pragma once
 
@@ -19,15 +19,15 @@ struct FreeFeedContext {
   }
 };
 
-// The text of an option of a connection or of what it rests on ("mime_type", "location"); empty where there is none.
+// An option of a connection or of a layer below it ("mime_type", "location"); empty where there is none.
 [[nodiscard]] std::string io_option(AVIOContext* connection, const char* name);
 
 class Feed {
 public:
-  static constexpr std::size_t max_tag_bytes = 4 * 1024 * 1024; // a title and a picture; larger tags are left out
+  static constexpr std::size_t max_tag_bytes = 4 * 1024 * 1024; // a title and a picture; larger tags are skipped
 
-  // Owns the connection; without one, what was seen is all there is.
-  explicit Feed(Io connection, std::string seen = {});
+  // Owns the connection; without one, `peeked` is the whole content.
+  explicit Feed(Io connection, std::string peeked = {});
   Feed(const Feed&) = delete;
   Feed& operator=(const Feed&) = delete;
   ~Feed() = default;
@@ -35,23 +35,23 @@ public:
   [[nodiscard]] AVIOContext* connection() const { return connection_.get(); }
   [[nodiscard]] std::string option(const char* name) const { return io_option(connection(), name); }
 
-  [[nodiscard]] std::int64_t size() const; // 0 where it is not known
+  [[nodiscard]] std::int64_t size() const; // in bytes; 0 where it is not known
 
-  // The next four until a context is made.
-  // Reads until that much was seen; false when no more comes before.
-  bool look(std::size_t bytes);
-  // What came by now and fits into that much, at least one byte more; false when none comes.
-  [[nodiscard]] bool look_further(std::size_t most);
-  [[nodiscard]] const std::string& seen() const { return seen_; }
-  // Gives that text, and nothing more of the connection.
+  // The next four are called before `context`.
+  // Buffers that many bytes; false where the connection ends before.
+  bool peek(std::size_t bytes);
+  // Buffers at least one byte more of what has arrived, up to `limit` bytes in all; false where none comes.
+  [[nodiscard]] bool peek_more(std::size_t limit);
+  [[nodiscard]] const std::string& peeked() const { return peeked_; }
+  // The demuxer reads that text instead of the connection.
   void replace(std::string text);
-  // Leaves out the tags before the sound but for the first, when that one is not too large.
+  // Skips the ID3v2 tags before the sound, but for the first one where it is within `max_tag_bytes`.
   void skip_tags();
 
-  // What a demuxer reads; nullptr when there was no memory. Made by the first call. The connection's options are hidden
-  // unless they are asked for: servers lie about the content type, and FFmpeg would believe it more than the bytes.
+  // What a demuxer reads; nullptr without memory. Made by the first call. The connection's options are hidden from it
+  // unless asked for: servers misreport the content type, and FFmpeg would trust it over the bytes.
   [[nodiscard]] AVIOContext* context(bool with_options);
-  // The feed whose context that is.
+  // The feed that owns that context.
   [[nodiscard]] static Feed* of(const AVIOContext& context) { return static_cast<Feed*>(context.opaque); }
 
 private:
@@ -61,10 +61,10 @@ private:
   [[nodiscard]] bool drop(std::size_t bytes);
 
   Io connection_;
-  std::string seen_;
+  std::string peeked_;
   std::size_t given_ = 0;
-  bool complete_ = false;  // what was seen is all there is
-  bool shortened_ = false; // places in the connection are not places in the context
+  bool complete_ = false;  // `peeked_` is the whole content
+  bool shortened_ = false; // skipped tags: offsets in the connection and in the context differ
   std::unique_ptr<AVIOContext, FreeFeedContext> context_;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// FFmpeg's headers and owners of its objects; for the .cpp files of this room alone.
+// FFmpeg's headers and owners of its objects; for this folder only.
 #pragma once
 
 extern "C" {
@@ -14,7 +14,7 @@ extern "C" {
 
 namespace lumotune::media {
 
-// One closing alias a kind of object.
+// One owning alias per kind of object.
 struct FreePacket {
   void operator()(AVPacket* packet) const { av_packet_free(&packet); }
 };

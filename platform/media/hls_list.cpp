@@ -9,7 +9,7 @@ namespace lumotune::media {
 namespace {
 
 constexpr std::string_view first_line = "#EXTM3U";
-constexpr std::size_t max_line = 4095; // what FFmpeg reads of one; it would take the rest for a line of its own
+constexpr std::size_t max_line = 4095; // FFmpeg splits longer lines and parses the rest as another line
 constexpr std::size_t segment_cost = 160;
 
 std::string_view trimmed(std::string_view text) {
@@ -97,7 +97,7 @@ private:
     } else if (is(rest, "#EXT-X-KEY:")) {
       key_ = rest.size();
     } else if (!text.starts_with("#EXT")) {
-      return true; // a remark
+      return true; // a comment
     }
     keep(text);
     return true;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// HLS lists, before FFmpeg sees them: text from a server that is not to be trusted. Pure.
+// Validates HLS playlists before FFmpeg parses them: untrusted text from a server. Pure.
 #pragma once
 
 #include <chrono>
@@ -13,34 +13,34 @@
 namespace lumotune::media {
 
 inline constexpr std::size_t max_hls_list_bytes = 1024 * 1024;
-inline constexpr int max_hls_variants = 8;                    // further ones are cut
+inline constexpr int max_hls_variants = 8;                    // further ones are left out
 inline constexpr std::size_t max_hls_maps = 64;               // initialization sections in one list
-inline constexpr std::size_t max_hls_cost = 32 * 1024 * 1024; // about what FFmpeg takes in memory for one list
+inline constexpr std::size_t max_hls_cost = 32 * 1024 * 1024; // estimate of FFmpeg's memory for one list
 
 struct HlsList {
-  bool media = false;       // it names sound, not only further lists
-  bool ended = false;       // no more will come
-  int target_s = 0;         // target duration, within 1 to 10; 0 for a list of lists
-  std::uint64_t digest = 0; // of what it names: another one means that the list went on
-  std::string text;         // what FFmpeg may read
+  bool media = false;       // a media playlist, not a master playlist
+  bool ended = false;       // nothing will be added to it
+  int target_s = 0;         // target duration, clamped to 1 to 10; 0 for a master playlist
+  std::uint64_t digest = 0; // of its segments: changes when the list advances
+  std::string text;         // sanitized, for FFmpeg
 };
 
-// Whether a text begins like one of the two kinds of M3U.
+// Whether a text begins like an M3U, HLS or plain.
 [[nodiscard]] bool begins_m3u(std::string_view text);
-// Whether a text is an HLS list and no plain M3U. All of the text is needed to tell.
+// Whether a text is an HLS list rather than a plain M3U. Needs the whole text.
 [[nodiscard]] bool is_hls_list(std::string_view text);
 
-// None for a list over a limit. `base` is the length of its address, which FFmpeg puts before relative ones.
+// Nothing for a list over a limit. `base` is the length of its address, which FFmpeg prepends to relative ones.
 [[nodiscard]] std::optional<HlsList> read_hls_list(std::string_view text, std::size_t base);
 
-// Tells of live lists, by their addresses, when they stand still.
+// Detects live lists that stop advancing, by their addresses.
 class HlsProgress {
 public:
   using Clock = std::chrono::steady_clock;
 
-  // After each loading. False when the list has been the same for three target durations.
+  // After each load. False when the list has not advanced for three target durations.
   [[nodiscard]] bool note(const std::string& address, const HlsList& list, Clock::time_point now = Clock::now());
-  [[nodiscard]] bool knows(const std::string& address) const { return lists_.contains(address); } // a list of sound
+  [[nodiscard]] bool knows(const std::string& address) const { return lists_.contains(address); } // a media playlist
   [[nodiscard]] int longest_target_s() const { return longest_target_s_; }                        // 0 when none is live
 
 private:

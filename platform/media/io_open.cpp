@@ -12,10 +12,10 @@
 namespace lumotune::media {
 namespace {
 
-// What a demuxer may say of a nested opening; all else is ours to say.
+// The only options that a demuxer may set for a nested opening.
 constexpr std::array<const char*, 5> demuxers_own = {"offset", "end_offset", "key", "iv", "seekable"};
 
-// FFmpeg's TLS libraries tell a bad certificate like any other trouble of the handshake.
+// FFmpeg's TLS backends report a bad certificate like any other failure of the handshake.
 bool may_be_certificate(int error) {
   return error == AVERROR(EIO) || error == AVERROR_UNKNOWN;
 }
@@ -63,7 +63,7 @@ void IoOpen::attach(AVFormatContext& context, const std::string& address) {
 bool IoOpen::may_open(const Request& request) {
   if (options_.budget == nullptr)
     return true;
-  // A live list is loaded again and again; any other address has nothing new to say.
+  // Only live lists are worth loading more than once.
   std::string counted = request.address + text_of(request.given, "offset");
   if (progress_.knows(request.address))
     counted += " again " + std::to_string(++reloads_);
@@ -77,7 +77,7 @@ bool IoOpen::wait_for_turn(const std::string& address) {
   while (OpenPace::Clock::now() < turn) {
     if (watch_.stops())
       return false;
-    (void)av_usleep(20000); // FFmpeg waits for a list in the same way
+    (void)av_usleep(20000); // FFmpeg polls for a list in the same way
   }
   return true;
 }
@@ -92,8 +92,8 @@ std::string IoOpen::proxy_of(const std::string& address) {
   return at->second;
 }
 
-// Where the certificate is bad the station plays all the same, as it would by plain http. But nobody knows who is
-// there: neither name nor password nor cookies go to it.
+// A station with a bad certificate still plays, as it would over plain http. But the server is unverified, so it gets
+// neither credentials nor cookies.
 int IoOpen::connect(const Request& request, Io& connection) {
   const std::string host = host_of(request.address);
   int error = AVERROR(EIO);
@@ -108,7 +108,7 @@ int IoOpen::connect(const Request& request, Io& connection) {
     return error;
   const std::string arrived = io_option(connection.get(), "location");
   if (!without_crypto(request.address).starts_with("https:") && !arrived.starts_with("https:"))
-    return 0; // no certificate was in it: the first try met with another trouble
+    return 0; // no TLS involved: the first attempt failed for another reason
   unverified_ = true;
   unverified_hosts_.insert(host);
   return 0;
@@ -142,7 +142,7 @@ int IoOpen::connect(const Request& request, bool verified, Io& connection) {
   return error;
 }
 
-// Some stations let only those have the segments who had the list.
+// Some stations serve segments only with the cookies of their list.
 void IoOpen::keep_cookies(const std::string& address, AVIOContext& connection) {
   constexpr std::size_t most = 8192;
   const std::string host = host_of(address);
@@ -154,13 +154,13 @@ void IoOpen::keep_cookies(const std::string& address, AVIOContext& connection) {
   cookie_host_ = host;
 }
 
-// Called by FFmpeg, through which nothing may be thrown.
+// Called by FFmpeg, which is C: no exception may pass through it.
 int IoOpen::open_nested(AVFormatContext* context, AVIOContext** made, const char* address, int flags,
                         AVDictionary** given) {
   auto& self = *static_cast<IoOpen*>(context->opaque);
   if ((flags & AVIO_FLAG_WRITE) != 0 || !may_name(self.top_, address))
     return AVERROR(EPERM);
-  // The list itself is open by now. What it leads to is sound and not one more list, whose size nobody would bound.
+  // The list itself is open by now. What it refers to must be sound: a nested list's size would be unbounded.
   if (av_opt_set(context, "format_whitelist", sound_formats, 0) < 0)
     return AVERROR(ENOMEM);
   try {
@@ -187,14 +187,14 @@ int IoOpen::open_nested(AVIOContext** made, const Request& request) {
   return 0;
 }
 
-// A list is read whole and looked at before FFmpeg has it. False for one over a limit, or that stands still.
+// A list is read whole and validated before FFmpeg gets it. False for one over a limit, or that stopped advancing.
 bool IoOpen::read_list(const std::string& address, Feed& feed) {
   constexpr std::string_view mark = "#EXTM3U";
-  if (!feed.look(mark.size()) || !feed.seen().starts_with(mark))
+  if (!feed.peek(mark.size()) || !feed.peeked().starts_with(mark))
     return true;
-  if (feed.look(max_hls_list_bytes + 1))
+  if (feed.peek(max_hls_list_bytes + 1))
     return false;
-  auto list = read_hls_list(feed.seen(), address.size());
+  auto list = read_hls_list(feed.peeked(), address.size());
   if (!list || watch_.stops())
     return false;
   if (!progress_.note(address, *list)) {

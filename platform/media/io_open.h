@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The one door through which FFmpeg opens anything for a stream: the stream itself, and what it names in turn. Each
-// opening has its limits in reach, number, rate, time and size. Worker thread.
+// Everything that FFmpeg opens for a stream, nested openings included, goes through here, with limits on reach, number,
+// rate, time and size. Worker thread.
 #pragma once
 
 #include "platform/media/feed.h"
@@ -18,26 +18,25 @@ namespace lumotune::media {
 
 class IoOpen {
 public:
-  // `watch` and the budget must outlive it, and it the contexts it is attached to.
+  // `watch` and the budget must outlive it; it must outlive the contexts it is attached to.
   IoOpen(const SourceOptions& options, Watch& watch) : options_(options), watch_(watch) {}
   IoOpen(const IoOpen&) = delete;
   IoOpen& operator=(const IoOpen&) = delete;
   ~IoOpen() = default;
 
-  // The stream itself. FFmpeg's error, or 0. AVERROR_PROTOCOL_NOT_FOUND for what is out of its reach.
+  // Opens the stream itself. 0 or FFmpeg's error; AVERROR_PROTOCOL_NOT_FOUND for what it may not reach.
   [[nodiscard]] int open(const std::string& address, std::unique_ptr<Feed>& feed);
-  // From now on all that the context opens goes through here, and `address` decides what may be named.
+  // From now on the context opens everything through here; `address` decides what the stream may refer to.
   void attach(AVFormatContext& context, const std::string& address);
   [[nodiscard]] const std::string& top() const { return top_; }
-  // Of the list that leads the stream, when it is one: also lists that were read elsewhere count. False for one that
-  // stands still.
+  // Tells about a list that was read elsewhere. False for one that stopped advancing.
   [[nodiscard]] bool note(const std::string& address, const HlsList& list) { return progress_.note(address, list); }
-  // The openings of the try are over; those of playing have a rate, but no number.
+  // From now on openings are limited by rate, no longer by number.
   void found_sound() { options_.budget = nullptr; }
 
-  // A server was used whose certificate is bad.
+  // A server with a bad certificate was used.
   [[nodiscard]] bool unverified() const { return unverified_; }
-  // The try has to end: it opened too much.
+  // The attempt has to end: its budget is used up.
   [[nodiscard]] bool refused() const { return refused_; }
   [[nodiscard]] int longest_target_s() const { return progress_.longest_target_s(); }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// One slot between the user-interface thread and a worker: the newest wish wins.
+// One slot from the user-interface thread to a worker: the newest wish wins.
 #pragma once
 
 #include "platform/media_player.h"
@@ -31,14 +31,14 @@ public:
     }
     changed_.notify_all();
   }
-  void close() { // the worker is to end as soon as it can
+  void close() { // tells the worker to end
     {
       const std::lock_guard lock(mutex_);
       closed_.store(true, std::memory_order_release);
     }
     changed_.notify_all();
   }
-  // Which wish the worker took last: an old one means that it is stuck.
+  // The wish that the worker took last: one that stays old means that it is stuck.
   [[nodiscard]] std::uint64_t taken() const { return taken_.load(std::memory_order_acquire); }
 
   // Worker thread.
@@ -46,12 +46,12 @@ public:
     return closed_.load(std::memory_order_acquire) || newest_.load(std::memory_order_acquire) > stream;
   }
   [[nodiscard]] bool closed() const { return closed_.load(std::memory_order_acquire); }
-  // Waits that long for a newer wish; true when there is one (or the end).
+  // Waits at most that long for a newer wish; true when there is one, or the mailbox is closed.
   [[nodiscard]] bool wait(std::uint64_t stream, std::chrono::milliseconds time) {
     std::unique_lock lock(mutex_);
     return changed_.wait_for(lock, time, [&] { return newer_than(stream); });
   }
-  // Waits for a wish newer than that; one with stream 0 means the end.
+  // Waits for a wish newer than that; one with stream 0 when the mailbox is closed.
   [[nodiscard]] Wish take(std::uint64_t stream) {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [&] { return newer_than(stream); });

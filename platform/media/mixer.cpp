@@ -7,7 +7,7 @@
 
 namespace lumotune::media {
 
-// The ear hears loudness by ratios: a square comes near enough and leaves 0 silent and 100 untouched.
+// Loudness is perceived by ratios: a square law is close enough, and keeps 0 silent and 100 unchanged.
 void Mixer::set_volume(int percent) {
   const float part = static_cast<float>(std::clamp(percent, 0, 100)) / 100.0F;
   volume_.store(part * part, std::memory_order_release);
@@ -20,7 +20,7 @@ std::uint64_t Mixer::heard_ms(std::uint64_t stream) const {
   return heard_frames_.load(std::memory_order_acquire) * 1000 / rate;
 }
 
-// From silence to full, or back, takes 5 ms: short enough for a stop, long enough not to click.
+// A full ramp takes 5 ms: short enough for a stop, long enough not to click.
 void Mixer::ramp(float* out, std::size_t frames, float target) noexcept {
   const float step = 200.0F / static_cast<float>(std::max(rate_.load(std::memory_order_relaxed), 1));
   if (gain_ == target && target == 1.0F)
@@ -40,7 +40,7 @@ void Mixer::render(float* out, std::size_t frames) noexcept {
     filled = ring.read(out, frames);
     ramp(out, filled, plays ? volume_.load(std::memory_order_acquire) : 0.0F);
   } else {
-    (void)ring.skip(); // where it stands is not needed, only that old sound is passed over
+    (void)ring.skip(); // carries out a pending discard
     gain_ = 0.0F;
   }
   std::memset(out + filled * 2, 0, (frames - filled) * 2 * sizeof(float));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What one try to play a station may cost, over all the playlists it leads through.
+// Limits of one attempt to play a station, over all the playlists it leads through.
 #pragma once
 
 #include <chrono>
@@ -8,7 +8,7 @@
 
 namespace lumotune::media {
 
-// One object a try. Worker thread.
+// One object per attempt. Worker thread.
 class OpenBudget {
 public:
   using Clock = std::chrono::steady_clock;
@@ -17,8 +17,8 @@ public:
 
   explicit OpenBudget(Clock::time_point now = Clock::now()) : deadline_(now + max_time) {}
 
-  // Before each opening: false when there were too many, the time is over, or this very address was opened before,
-  // which is how lists that name each other run in circles.
+  // Before each opening: false after too many, too late, or for an address that was opened before, which breaks cycles
+  // of playlists that refer to each other.
   [[nodiscard]] bool take(const std::string& address, Clock::time_point now = Clock::now()) {
     if (over(now) || !opened_.insert(address).second)
       return false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// How often a stream of many pieces may open the next one. Pure.
+// Rate limit for a segmented stream's openings. Pure.
 #pragma once
 
 #include <algorithm>
@@ -9,8 +9,8 @@
 
 namespace lumotune::media {
 
-// A list that claims segments of a millisecond must not make us ask as fast as the server answers: 20 openings at once,
-// then 4 a second, and the same address twice a second.
+// A token bucket, so that a list of millisecond segments does not make us request as fast as the server answers: bursts
+// of 20 openings, then 4 per second, and the same address at most twice per second.
 class OpenPace {
 public:
   using Clock = std::chrono::steady_clock;
@@ -18,7 +18,7 @@ public:
   static constexpr std::chrono::milliseconds each{250};
   static constexpr std::chrono::milliseconds again{500};
 
-  // When that address may be opened, `now` or later; it counts as opened then.
+  // Reserves the next slot for that address: when it may be opened, `now` or later.
   [[nodiscard]] Clock::time_point turn(const std::string& address, Clock::time_point now = Clock::now()) {
     free_at_ = std::max(free_at_, now - each * (most_at_once - 1));
     Clock::time_point at = std::max(now, free_at_);

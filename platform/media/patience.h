@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// How long a stream may keep us waiting. Pure.
+// How long a stream may take to deliver sound. Pure.
 #pragma once
 
 #include <chrono>
 
 namespace lumotune::media {
 
-// Waiting is allowed as long as it brings sound: each window of it at least a quarter of its length. So neither silence
-// nor a server that drips, be it bytes or packets, holds a listener; a slow line that still brings sound does.
+// Each window of waiting has to bring sound of at least a quarter of its length. That gives up on silent servers and on
+// those that trickle bytes or packets, but not on a slow line that still delivers sound.
 class Patience {
 public:
   using Time = std::chrono::microseconds;
@@ -16,12 +16,12 @@ public:
 
   // The longest that the next read may take.
   [[nodiscard]] Time left() const { return window_ - waited_; }
-  // After a read that took that long. False when it is over.
+  // After a read that took that long. False when the window is used up.
   [[nodiscard]] bool waited(Time time) {
     waited_ += time;
     return waited_ < window_;
   }
-  // What was decoded of it: a packet's own word for its length may be a lie.
+  // The duration of the decoded sound; the duration that a packet claims is not trusted.
   void brought(Time sound) {
     sound_ += sound;
     if (sound_ >= window_ / 4)

@@ -7,13 +7,13 @@
 namespace lumotune::media {
 namespace {
 
-char small(char c) {
+char to_lower(char c) {
   return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
 }
 
-std::string small_letters(std::string_view text) {
+std::string lower_case(std::string_view text) {
   std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), small);
+  std::transform(result.begin(), result.end(), result.begin(), to_lower);
   return result;
 }
 
@@ -24,11 +24,11 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
 }
 
-std::string_view without_mark(std::string_view text) {
+std::string_view without_bom(std::string_view text) {
   return text.starts_with("\xef\xbb\xbf") ? text.substr(3) : text;
 }
 
-// Text has no control characters but blanks and line ends.
+// No control characters but tabs and line ends.
 bool looks_like_text(std::string_view bytes) {
   return !bytes.empty() && std::all_of(bytes.begin(), bytes.end(), [](char c) {
     const auto byte = static_cast<unsigned char>(c);
@@ -69,10 +69,10 @@ std::string xml_text(std::string_view text) {
   return plain;
 }
 
-// <ref href="...">: letter case and the kind of quotation mark vary between servers.
+// <ref href="...">: letter case and quotation marks vary between servers.
 std::vector<std::string> asx_entries(std::string_view text) {
   std::vector<std::string> entries;
-  const std::string folded = small_letters(text);
+  const std::string folded = lower_case(text);
   for (std::size_t at = folded.find("<ref"); at != std::string::npos; at = folded.find("<ref", at + 4)) {
     const std::size_t close = std::min(folded.find('>', at), folded.size());
     const std::size_t href = folded.find("href", at);
@@ -101,17 +101,16 @@ std::vector<std::string> xspf_entries(std::string_view text) {
   return entries;
 }
 
-// "File1=http://..." of PLS and "Ref1=http://..." of the old reference files; anything else before the "=" is passed
-// over.
+// "File1=http://..." of PLS and "Ref1=http://..." of reference files; other keys are ignored.
 std::vector<std::string> keyed_entries(std::string_view text, std::string_view key) {
   std::vector<std::string> entries;
   each_line(text, [&](std::string_view line) {
     const std::size_t equals = line.find('=');
-    if (equals == std::string_view::npos || !small_letters(line.substr(0, equals)).starts_with(key))
+    if (equals == std::string_view::npos || !lower_case(line.substr(0, equals)).starts_with(key))
       return;
     std::string address(trimmed(line.substr(equals + 1)));
-    // A reference file says http where its server speaks mms.
-    if (key == "ref" && small_letters(address).starts_with("http://") && address.ends_with("?MSWMExt=.asf"))
+    // Reference files write http for servers that speak mms.
+    if (key == "ref" && lower_case(address).starts_with("http://") && address.ends_with("?MSWMExt=.asf"))
       address.replace(0, 4, "mmsh");
     add(entries, address);
   });
@@ -141,10 +140,10 @@ PlaylistKind kind_by_name(const std::string& type, const std::string& address) {
 } // namespace
 
 PlaylistKind playlist_kind(std::string_view first_bytes, std::string_view content_type, std::string_view address) {
-  const std::string_view text = trimmed(without_mark(first_bytes));
+  const std::string_view text = trimmed(without_bom(first_bytes));
   if (!looks_like_text(text))
     return PlaylistKind::none;
-  const std::string start = small_letters(text);
+  const std::string start = lower_case(text);
   if (start.find("#ext-x-") != std::string::npos)
     return PlaylistKind::none;
   if (start.starts_with("[playlist]"))
@@ -162,14 +161,14 @@ PlaylistKind playlist_kind(std::string_view first_bytes, std::string_view conten
   }
   if (start.starts_with("<"))
     return PlaylistKind::none; // an error page, whatever its type says
-  const PlaylistKind named = kind_by_name(small_letters(content_type), small_letters(address));
+  const PlaylistKind named = kind_by_name(lower_case(content_type), lower_case(address));
   if (named != PlaylistKind::none)
     return named;
   return start.starts_with("http://") || start.starts_with("https://") ? PlaylistKind::m3u : PlaylistKind::none;
 }
 
 std::vector<std::string> playlist_entries(PlaylistKind kind, std::string_view text) {
-  text = without_mark(text);
+  text = without_bom(text);
   switch (kind) {
   case PlaylistKind::pls:
     return keyed_entries(text, "file");

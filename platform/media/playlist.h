@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Playlists: PLS, M3U (not HLS), ASX, XSPF. Text from a server that is not to be trusted. Pure.
+// Parses playlists: PLS, M3U (not HLS), ASX, XSPF. Untrusted text from a server; pure functions.
 #pragma once
 
 #include <cstddef>
@@ -15,12 +15,12 @@ inline constexpr std::size_t max_playlist_bytes = 256 * 1024;
 inline constexpr std::size_t max_playlist_entries = 32;
 inline constexpr int max_playlist_depth = 4;
 
-// By the first bytes, and where they leave it open by the content type and the address. An HLS list is none: it is a
-// stream of its own.
+// By the first bytes and, where these are ambiguous, by the content type and the address. `none` for an HLS list, which
+// is a stream in itself.
 [[nodiscard]] PlaylistKind playlist_kind(std::string_view first_bytes, std::string_view content_type,
                                          std::string_view address);
 
-// The addresses in their order, as they stand (may be relative), at most `max_playlist_entries`.
+// The addresses in their order, verbatim (may be relative), at most `max_playlist_entries`.
 [[nodiscard]] std::vector<std::string> playlist_entries(PlaylistKind kind, std::string_view text);
 
 } // namespace lumotune::media

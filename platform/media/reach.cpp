@@ -21,7 +21,7 @@ bool take(std::string_view& text, std::string_view start) {
   return true;
 }
 
-// Control characters and blanks end a line of the request, or a part of FFmpeg's options.
+// Control characters would end a line of the request, or an item of FFmpeg's options.
 bool is_clean(std::string_view address) {
   return std::none_of(address.begin(), address.end(), [](char c) {
     const auto byte = static_cast<unsigned char>(c);
@@ -29,7 +29,7 @@ bool is_clean(std::string_view address) {
   });
 }
 
-std::string forward(std::string_view path) {
+std::string with_forward_slashes(std::string_view path) {
   std::string result(path);
   std::replace(result.begin(), result.end(), '\\', '/');
   return result;
@@ -40,11 +40,11 @@ bool is_device(const std::string& path) {
   return path.starts_with("//./") || path.starts_with("//?/");
 }
 
-bool climbs(const std::string& path) {
+bool leaves_folder(const std::string& path) {
   return path == ".." || path.starts_with("../") || path.ends_with("/..") || path.find("/../") != std::string::npos;
 }
 
-// Where the name and password and where the host begin and end.
+// Offsets in an address: the credentials begin, the host begins, the host ends.
 struct Authority {
   std::size_t begin = 0;
   std::size_t host = 0;
@@ -73,7 +73,7 @@ Reach reach_of(std::string_view address, bool from_network) {
     return Reach::http;
   if (is_media(address))
     return Reach::media;
-  if (from_network || !take(address, "file:") || address.empty() || is_device(forward(address)))
+  if (from_network || !take(address, "file:") || address.empty() || is_device(with_forward_slashes(address)))
     return Reach::nothing;
   return Reach::file;
 }
@@ -86,10 +86,10 @@ bool may_name(std::string_view top, std::string_view named) {
     return is_http(top) && is_http(named);
   if (!take(named, "file:"))
     return false;
-  const std::string list = forward(top);
-  const std::string path = forward(named);
+  const std::string list = with_forward_slashes(top);
+  const std::string path = with_forward_slashes(named);
   const std::string folder = list.substr(0, list.rfind('/') + 1);
-  return !folder.empty() && path.starts_with(folder) && !climbs(path.substr(folder.size()));
+  return !folder.empty() && path.starts_with(folder) && !leaves_folder(path.substr(folder.size()));
 }
 
 std::string_view without_crypto(std::string_view address) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What a stream may open. Pure.
+// Access rules: what a stream may open. Pure.
 #pragma once
 
 #include <string>
@@ -8,26 +8,26 @@
 namespace lumotune::media {
 
 enum class Reach {
-  nothing, // an address of no use, or one that its origin may not name
+  nothing, // malformed, unsupported, or not allowed for its origin
   http,    // http and https
   media,   // Microsoft's media server protocols, mmsh and mmst
   file,    // "file:" and a path
 };
 
-// An address as `openable_addresses` gives it. From the network no file is opened; devices never are.
+// Of an address as `openable_addresses` gives it. The network never reaches files; nobody reaches devices.
 [[nodiscard]] Reach reach_of(std::string_view address, bool from_network);
 
-// What the stream at `top` names in turn: segments, keys, lists. A stream of the network names http and https; a file
-// names files that lie beside or below it. `named` is as FFmpeg hands it over, maybe "crypto+http://...".
+// Whether the stream at `top` may refer to `named`: segments, keys, lists. A network stream may refer to http and
+// https; a file to files in its own folder or below. `named` is as FFmpeg passes it, perhaps "crypto+http://...".
 [[nodiscard]] bool may_name(std::string_view top, std::string_view named);
 
-// FFmpeg's list of the protocols that an opening may use, inner ones and redirections included.
+// The whitelist of protocols for an opening, inner layers and redirections included, in FFmpeg's format.
 [[nodiscard]] const char* protocols_of(std::string_view address);
 
-// FFmpeg's "crypto+http://..." without what comes first; any other address as it is.
+// FFmpeg's "crypto+http://..." without its prefix; any other address unchanged.
 [[nodiscard]] std::string_view without_crypto(std::string_view address);
 
-// "host:port" of an address of the network, with no name and password; the address without these two.
+// "host:port" of a network address, without credentials; the address without credentials.
 [[nodiscard]] std::string host_of(std::string_view address);
 [[nodiscard]] std::string without_credentials(std::string_view address);
 

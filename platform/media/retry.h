@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// When a lost stream is tried again. Pure.
+// Back-off between reconnection attempts. Pure.
 #pragma once
 
 #include <algorithm>
@@ -9,12 +9,12 @@
 
 namespace lumotune::media {
 
-// The waits grow to fifteen seconds and stay there for as long as the listener wants the station.
+// The delays grow to fifteen seconds and stay there for as long as the listener wants the station.
 class RetryPolicy {
 public:
-  // How long to wait now: anywhere in a window that grows with each try. When a station drops all its listeners in one
-  // moment, chance alone spreads their return: waits that differ by a fifth bring them back as one wave after the
-  // other. `random` is anywhere in 0..1.
+  // The delay before the next attempt: uniform over a window that grows with each attempt. When a station drops all its
+  // listeners at once, only wide jitter spreads their return; a jitter of a fifth brings them back in waves. `random`
+  // is uniform in 0..1.
   [[nodiscard]] std::uint32_t next_delay_ms(double random) {
     struct Window {
       std::uint32_t from;
@@ -26,8 +26,8 @@ public:
     return window.from + static_cast<std::uint32_t>((window.to - window.from) * std::clamp(random, 0.0, 1.0));
   }
 
-  // Sound flowed for that long: a station that plays well starts again with the shortest wait, one that lets nobody
-  // stay does not.
+  // Sound played for that long. A station that plays well starts over with the shortest delay; one that drops everybody
+  // soon does not.
   void heard(std::uint64_t milliseconds) {
     if (milliseconds >= 5000)
       attempt_ = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Stereo samples between the worker (the one producer) and the sound callback (the one consumer). No locks.
+// Lock-free ring buffer of stereo samples: the worker is the single producer, the sound callback the single consumer.
 #pragma once
 
 #include <algorithm>
@@ -11,15 +11,15 @@
 
 namespace lumotune::media {
 
-// Positions count frames since the ring was made and never wrap. A frame is two float samples, -1 to 1; outside it is
-// clipped. They are kept in 16 bits each, which the ear cannot tell from more and which take half the memory.
+// Positions count frames since the ring was made and never wrap. A frame is two float samples, clipped to -1..1. They
+// are stored in 16 bits, which takes half the memory at no audible loss.
 class Ring {
 public:
   explicit Ring(std::size_t capacity_frames) : samples_(capacity_frames * 2), capacity_(capacity_frames) {}
 
   [[nodiscard]] std::size_t capacity() const { return capacity_; }
 
-  // Any thread; exact for the thread that changes it.
+  // Frames that can be read. Any thread; a snapshot for all but the one that changes it.
   [[nodiscard]] std::size_t level() const {
     const std::uint64_t read =
         std::max(read_.load(std::memory_order_acquire), discard_.load(std::memory_order_acquire));
@@ -27,7 +27,7 @@ public:
     return write > read ? static_cast<std::size_t>(write - read) : 0;
   }
 
-  // Producer: how much can be written now, and the writing of at most that; answers how many frames were taken.
+  // Producer: how many frames can be written now; `write` takes at most that many and returns how many it took.
   [[nodiscard]] std::size_t room() const {
     return capacity_ -
            static_cast<std::size_t>(write_.load(std::memory_order_relaxed) - read_.load(std::memory_order_acquire));
@@ -44,14 +44,14 @@ public:
     write_.store(at + count, std::memory_order_release);
     return count;
   }
-  // Where the producer writes next, and the consumer reads next. Any thread.
+  // The positions of the next write and the next read. Any thread.
   [[nodiscard]] std::uint64_t written() const { return write_.load(std::memory_order_acquire); }
   [[nodiscard]] std::uint64_t consumed() const { return read_.load(std::memory_order_acquire); }
 
-  // Producer: what was written so far is not to be played any more. The consumer passes over it when it runs next.
+  // Producer: drops all that was written so far. The consumer carries it out when it runs next.
   void discard() { discard_.store(write_.load(std::memory_order_relaxed), std::memory_order_release); }
 
-  // Consumer: takes at most `count` frames; answers how many there were.
+  // Consumer: takes at most `count` frames and returns how many there were.
   std::size_t read(float* frames, std::size_t count) {
     const std::uint64_t at = skip();
     const std::uint64_t write = write_.load(std::memory_order_acquire);
@@ -65,7 +65,7 @@ public:
     read_.store(at + count, std::memory_order_release);
     return count;
   }
-  // Consumer: carries out a discard; also for the producer's thread while no consumer runs.
+  // Consumer: carries out a discard and returns the read position. The producer may call it while no consumer runs.
   std::uint64_t skip() {
     std::uint64_t at = read_.load(std::memory_order_relaxed);
     const std::uint64_t discard = discard_.load(std::memory_order_acquire);

@@ -20,7 +20,7 @@ bool is_file(const std::string& address) {
   return address.starts_with("file:");
 }
 
-// Windows' socket errors come through as negative numbers of its own.
+// Everything else, Windows' own socket errors included, counts as no answer.
 Trouble trouble_of(int error, int& http_code) {
   switch (error) {
   case AVERROR_HTTP_NOT_FOUND:
@@ -48,8 +48,8 @@ Trouble trouble_of(int error, int& http_code) {
   case AVERROR_DECODER_NOT_FOUND:
   case AVERROR_DEMUXER_NOT_FOUND:
   case AVERROR_EOF:
-  case AVERROR(EINVAL): // a format that is none of ours
-  case AVERROR(EPERM):  // it names what it may not
+  case AVERROR(EINVAL): // a format that is not in the whitelist
+  case AVERROR(EPERM):  // it refers to what it may not reach
   case AVERROR(ENOMEM):
     return Trouble::unknown_format;
   case AVERROR_PROTOCOL_NOT_FOUND:
@@ -68,7 +68,7 @@ Source::Source(const SourceOptions& options) : options_(options), io_(options, w
     watch_.deadline = std::min(watch_.deadline, options.budget->deadline());
 }
 
-// Taking leave of a server is worth no waiting.
+// Closing a connection politely is not worth a wait.
 Source::~Source() {
   watch_.deadline = Clock::now() + std::chrono::milliseconds(200);
 }
@@ -77,7 +77,7 @@ Opened Source::open(const std::string& address, const SourceOptions& options) {
   Opened opened;
   std::unique_ptr<Source> source(new Source(options));
   int error = source->io_.open(address, source->feed_);
-  const Kind kind = error >= 0 ? source->look(address, opened) : Kind::sound;
+  const Kind kind = error >= 0 ? source->detect(address, opened) : Kind::sound;
   if (error >= 0 && (kind == Kind::sound || kind == Kind::hls))
     error = source->open_format(address, kind == Kind::hls);
   opened.cancelled = source->watch_.cancelled;
@@ -86,7 +86,7 @@ Opened Source::open(const std::string& address, const SourceOptions& options) {
   if (error < 0)
     opened.trouble = trouble_of(error, opened.http_code);
   if (error == AVERROR_EOF && source->feed_ == nullptr)
-    opened.trouble = Trouble::not_answering; // the server closed before it said a word
+    opened.trouble = Trouble::not_answering; // the server closed without sending anything
   if (opened.over_budget || kind == Kind::refused)
     opened.trouble = Trouble::unknown_format;
   if (error >= 0 && (kind == Kind::sound || kind == Kind::hls))
@@ -94,39 +94,40 @@ Opened Source::open(const std::string& address, const SourceOptions& options) {
   return opened;
 }
 
-PlaylistKind Source::look_at_start(const std::string& address) {
-  constexpr std::size_t look = 2048;
+PlaylistKind Source::detect_playlist(const std::string& address) {
+  constexpr std::size_t limit = 2048;
   const std::string type = feed_->option("mime_type");
-  PlaylistKind kind = playlist_kind(feed_->seen(), type, address);
-  while (kind == PlaylistKind::none && feed_->look_further(look)) {
-    kind = playlist_kind(feed_->seen(), type, address);
-    if (feed_->seen().find_first_of(std::string_view("\0\1\2\3\4\5\6\7\xff", 9)) != std::string::npos)
+  PlaylistKind kind = playlist_kind(feed_->peeked(), type, address);
+  while (kind == PlaylistKind::none && feed_->peek_more(limit)) {
+    kind = playlist_kind(feed_->peeked(), type, address);
+    if (feed_->peeked().find_first_of(std::string_view("\0\1\2\3\4\5\6\7\xff", 9)) != std::string::npos)
       break;
   }
   return kind;
 }
 
-// What is no playlist goes to the demuxer from its first byte on.
-Source::Kind Source::look(const std::string& address, Opened& opened) {
-  const PlaylistKind kind = look_at_start(address);
-  // A server may send a list line by line: only all of it tells HLS from other lists.
-  const bool m3u = kind == PlaylistKind::m3u || begins_m3u(feed_->seen());
+// Anything but a playlist goes to the demuxer from its first byte on.
+Source::Kind Source::detect(const std::string& address, Opened& opened) {
+  const PlaylistKind kind = detect_playlist(address);
+  // A server may send a list line by line, and only the whole list tells HLS from plain M3U.
+  const bool m3u = kind == PlaylistKind::m3u || begins_m3u(feed_->peeked());
   if (kind == PlaylistKind::none && !m3u) {
     feed_->skip_tags();
     return Kind::sound;
   }
-  const bool all = !feed_->look(m3u ? max_hls_list_bytes + 1 : max_playlist_bytes);
+  const bool all = !feed_->peek(m3u ? max_hls_list_bytes + 1 : max_playlist_bytes);
   const std::string location = feed_->option("location");
   const std::string base = location.empty() ? address : location;
-  if (m3u && is_hls_list(feed_->seen()))
+  if (m3u && is_hls_list(feed_->peeked()))
     return all ? take_hls(base) : Kind::refused;
-  for (const std::string& entry : playlist_entries(kind, std::string_view(feed_->seen()).substr(0, max_playlist_bytes)))
+  for (const std::string& entry :
+       playlist_entries(kind, std::string_view(feed_->peeked()).substr(0, max_playlist_bytes)))
     opened.entries.push_back(resolve_address(base, entry));
   return opened.entries.empty() ? Kind::refused : Kind::playlist;
 }
 
 Source::Kind Source::take_hls(const std::string& address) {
-  auto list = read_hls_list(feed_->seen(), address.size());
+  auto list = read_hls_list(feed_->peeked(), address.size());
   if (!list)
     return Kind::refused;
   (void)io_.note(address, *list);
@@ -138,7 +139,7 @@ int Source::open_format(const std::string& address, bool hls) {
   AVFormatContext* context = avformat_alloc_context();
   if (context == nullptr)
     return AVERROR(ENOMEM);
-  // A redirected list names what lies beside it where it was found.
+  // Relative addresses of a redirected list refer to where it was found.
   const std::string location = hls ? feed_->option("location") : std::string();
   const std::string base = location.empty() ? address : location;
   io_.attach(*context, base);
@@ -148,12 +149,12 @@ int Source::open_format(const std::string& address, bool hls) {
   settings.set("format_whitelist", hls ? "hls" : sound_formats);
   settings.set("probesize", "2097152");
   settings.set("max_streams", "32");
-  settings.set("formatprobesize", "16384"); // else an MP3 stream is probed for twice a server's burst
+  settings.set("formatprobesize", "16384"); // by default an MP3 stream is probed for twice a server's burst
   settings.set("analyzeduration", "2000000");
-  // An MP3 stream has no time stamps to wait for; by default fifty packets are read, more than a server's first burst.
+  // MP3 streams have no time stamps to wait for; by default fifty packets are read, more than a server's first burst.
   settings.set("max_ts_probe", "4");
   if (hls) {
-    // A connection that is kept would be asked again without us.
+    // Requests on a kept connection would bypass our io_open.
     settings.set("http_persistent", "0");
     settings.set("http_multiple", "0");
     settings.set("seg_format_options", "max_streams=32");
@@ -164,7 +165,7 @@ int Source::open_format(const std::string& address, bool hls) {
   else
     error = avformat_open_input(&context, base.c_str(), hls ? av_find_input_format("hls") : nullptr, settings.out());
   if (error < 0)
-    return error; // the context is gone; the connection is still ours
+    return error; // FFmpeg freed the context; the connection remains ours
   input_.reset(context);
   return find_sound(hls);
 }
@@ -183,7 +184,7 @@ int Source::find_sound(bool hls) {
   }
   const bool endless = context->duration == AV_NOPTS_VALUE || (!hls && feed_->size() <= 0);
   live_ = endless && !is_file(io_.top());
-  // What the headers gave counts as news.
+  // The headers' metadata counts as a change.
   context->streams[stream_]->event_flags |= AVSTREAM_EVENT_FLAG_METADATA_UPDATED;
   patience_ = Patience(std::chrono::milliseconds(options_.timeout_ms) + std::chrono::seconds(io_.longest_target_s()));
   io_.found_sound();
@@ -209,7 +210,7 @@ const AVCodecParameters& Source::parameters() const {
   return *input_->streams[stream_]->codecpar;
 }
 
-// The block itself: FFmpeg's own cut ends a title at its first quotation mark and semicolon.
+// Parses the raw block: FFmpeg's own parser ends a title at its first quotation mark and semicolon.
 std::optional<std::wstring> Source::new_icy_title() {
   std::string block = feed_->option("icy_metadata_packet");
   if (block.empty() || block == icy_block_)
@@ -234,7 +235,7 @@ std::optional<std::wstring> Source::new_title() {
   };
   const std::wstring artist = value("artist");
   std::wstring title = value("title");
-  // A chained stream adds to what is there: the next title must not be glued to this one.
+  // A chained stream appends to existing entries, which would concatenate titles.
   av_dict_free(&stream->metadata);
   if (!artist.empty() && !title.empty())
     title = artist + L" - " + title;
@@ -275,7 +276,7 @@ std::wstring Source::codec_name() const {
   }
 }
 
-// The station's own word first, as the listener chose by it.
+// The bit rate that the station announces comes first: listeners choose by it.
 int Source::icy_bit_rate() const {
   const std::string headers = feed_->option("icy_metadata_headers");
   const std::size_t at = headers.find("icy-br:");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// One opened stream: packets of its sound, its title and its qualities. Worker thread.
+// One open stream: its audio packets, title and properties. Worker thread.
 #pragma once
 
 #include "platform/media/feed.h"
@@ -20,15 +20,15 @@ namespace lumotune::media {
 
 class Source;
 
-// What became of an address.
+// The result of opening an address: a stream, a playlist, or why it failed.
 struct Opened {
   std::unique_ptr<Source> source;
-  std::vector<std::string> entries; // it was a playlist; they are absolute
+  std::vector<std::string> entries; // of a playlist; absolute
   Trouble trouble = Trouble::none;
   int http_code = 0;
   bool cancelled = false;
-  bool unverified = false;  // the server's certificate is bad; it plays all the same
-  bool over_budget = false; // the whole try is to end
+  bool unverified = false;  // the server's certificate is bad; it plays anyway
+  bool over_budget = false; // the attempt has to end
 };
 
 enum class ReadResult { packet, other, ended, lost, cancelled };
@@ -42,24 +42,24 @@ public:
   Source& operator=(const Source&) = delete;
   ~Source();
 
-  // The next packet of the sound; `other` for one that is not of it. Waits only as long as its reads bring sound.
+  // The next packet; `other` for one that is not the sound's. Gives up where waiting brings too little sound.
   [[nodiscard]] ReadResult read(AVPacket& packet);
-  // How much sound the packets read so far were decoded to, since it was last told.
+  // The duration of what was decoded since the last call.
   void brought(Patience::Time sound) { patience_.brought(sound); }
   [[nodiscard]] const AVCodecParameters& parameters() const;
-  // The title, when it changed since the last question.
+  // The title, where it changed since the last call.
   [[nodiscard]] std::optional<std::wstring> new_title();
   [[nodiscard]] std::wstring codec_name() const;
   [[nodiscard]] int kbps() const;
-  [[nodiscard]] bool live() const { return live_; }                  // no end is in sight
-  [[nodiscard]] bool unverified() const { return io_.unverified(); } // may become so while it plays
+  [[nodiscard]] bool live() const { return live_; }                  // without a known end
+  [[nodiscard]] bool unverified() const { return io_.unverified(); } // may change while it plays
 
 private:
   enum class Kind { sound, playlist, hls, refused };
 
   explicit Source(const SourceOptions& options);
-  [[nodiscard]] Kind look(const std::string& address, Opened& opened);
-  [[nodiscard]] PlaylistKind look_at_start(const std::string& address);
+  [[nodiscard]] Kind detect(const std::string& address, Opened& opened);
+  [[nodiscard]] PlaylistKind detect_playlist(const std::string& address);
   [[nodiscard]] Kind take_hls(const std::string& address);
   [[nodiscard]] int open_format(const std::string& address, bool hls);
   [[nodiscard]] int find_sound(bool hls);
@@ -74,7 +74,7 @@ private:
   Patience patience_;
   int stream_ = -1;
   bool live_ = true;
-  std::string icy_block_; // the last one, to tell a new one by
+  std::string icy_block_; // the last one, to detect a new one
 };
 
 } // namespace lumotune::media

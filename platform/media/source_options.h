@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// How a stream is opened. Plain values; the callbacks run on the worker thread.
+// How a stream is opened. Plain values; callbacks run on the worker thread.
 #pragma once
 
 #include "platform/media/open_budget.h"
@@ -15,14 +15,14 @@ struct SourceOptions {
   std::function<std::string(const std::string& address)> proxy; // "http://host:port", or empty; may be unset
   // Called often while FFmpeg waits; true makes it give up.
   std::function<bool()> interrupted;
-  // Whether the address comes from the network or from a file of stations: then nothing of this machine is opened.
+  // The address comes from the network or a station file: then nothing on this machine is opened.
   bool from_network = true;
-  OpenBudget* budget = nullptr; // of this try, taken from for every opening until sound is found; unset: no limit
+  OpenBudget* budget = nullptr; // charged for every opening until sound is found; unset: no limit
   int timeout_ms = 10000;       // without a byte, and the longest wait that brings too little sound
-  int open_limit_ms = 25000;    // for all of opening, whatever trickles in
-  // What stands at an address, instead of the network; for tests. May be unset.
+  int open_limit_ms = 25000;    // for opening as a whole
+  // Content of an address instead of the network, for tests. May be unset.
   std::function<std::optional<std::string>(const std::string& address)> memory;
-  std::string ca_file; // roots that certificates are checked with, instead of the system's; for tests
+  std::string ca_file; // root certificates instead of the system's, for tests
 };
 
 } // namespace lumotune::media

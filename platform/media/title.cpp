@@ -11,10 +11,10 @@ namespace lumotune::media {
 namespace {
 
 constexpr std::size_t max_characters = 500;
-// Of what a server sends: room for the longest reference a character, and for blanks that count as one.
+// Bounds the work: room for the longest reference per character, and for runs of blanks.
 constexpr std::size_t max_bytes = 16 * 1024;
 
-// After the closing "';" comes the end (padded with zero bytes) or another key with its "='".
+// A closing "';" is followed by the end (zero padding) or by another key and its "='".
 bool closes(std::string_view after) {
   const std::size_t start = after.find_first_not_of(std::string_view("\0 ", 2));
   if (start == std::string_view::npos)
@@ -27,7 +27,7 @@ bool closes(std::string_view after) {
   return letters > 0 && after.substr(letters, 2) == "='";
 }
 
-// The character of a reference without its "&" and ";"; 0 for one that means nothing.
+// The character of a reference without its "&" and ";"; 0 for an unknown one.
 char32_t referenced(std::wstring_view name) {
   constexpr std::array<std::pair<std::wstring_view, char32_t>, 6> names = {
       {{L"amp", U'&'}, {L"lt", U'<'}, {L"gt", U'>'}, {L"quot", U'"'}, {L"apos", U'\''}, {L"nbsp", U' '}}};
@@ -53,14 +53,14 @@ char32_t referenced(std::wstring_view name) {
     number = number * (hex ? 16 : 10) + digit;
     ++digits;
   }
-  const bool half = number >= 0xd800 && number < 0xe000;
-  return digits == 0 || half || number > 0x10ffff ? 0 : number;
+  const bool surrogate = number >= 0xd800 && number < 0xe000;
+  return digits == 0 || surrogate || number > 0x10ffff ? 0 : number;
 }
 
 std::wstring resolve_references(const std::wstring& text) {
   std::wstring resolved;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const std::wstring_view ahead = std::wstring_view(text).substr(i, 11); // the longest there is
+    const std::wstring_view ahead = std::wstring_view(text).substr(i, 11); // the longest reference
     const std::size_t end = text[i] == L'&' ? ahead.find(L';') : std::wstring_view::npos;
     const char32_t character = end == std::wstring_view::npos ? 0 : referenced(ahead.substr(1, end - 1));
     if (character != 0) {
@@ -73,7 +73,7 @@ std::wstring resolve_references(const std::wstring& text) {
   return resolved;
 }
 
-// At most so many bytes, and no half of a UTF-8 character at the end.
+// At most `max_bytes`, cut between UTF-8 characters.
 std::string_view cut(std::string_view bytes) {
   if (bytes.size() <= max_bytes)
     return bytes;
@@ -89,14 +89,14 @@ bool is_control(wchar_t c) {
          (code >= 0x202a && code <= 0x202e) || (code >= 0x2066 && code <= 0x2069);
 }
 
-bool is_first_half(wchar_t c) {
+bool is_high_surrogate(wchar_t c) {
   return sizeof(wchar_t) == 2 && (c & 0xfc00) == 0xd800;
 }
 
-// Never between the halves of a pair.
+// Never within a surrogate pair.
 void shorten(std::wstring& text) {
   if (text.size() > max_characters)
-    text.resize(is_first_half(text[max_characters - 1]) ? max_characters - 1 : max_characters);
+    text.resize(is_high_surrogate(text[max_characters - 1]) ? max_characters - 1 : max_characters);
 }
 
 } // namespace

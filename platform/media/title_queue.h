@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Titles that arrived ahead of the sound they belong to. Pure.
+// Titles that arrived ahead of their sound. Pure.
 #pragma once
 
 #include <cstddef>
@@ -11,18 +11,18 @@
 
 namespace lumotune::media {
 
-// Positions are frames of the ring, never smaller than one before. Worker thread.
+// Positions are frames of the ring and never decrease. Worker thread.
 class TitleQueue {
 public:
   static constexpr std::size_t most = 32; // a stream may send a title with every packet
 
-  // Of titles for the same frame, and where too many wait, the newest one takes the last one's place.
+  // Replaces the last title where that has the same frame, or where the queue is full.
   void add(std::uint64_t frame, std::wstring title) {
     if (!waiting_.empty() && (waiting_.back().first == frame || waiting_.size() >= most))
       waiting_.pop_back();
     waiting_.emplace_back(frame, std::move(title));
   }
-  // The newest title whose frame has been played; it and all before it leave.
+  // The newest title whose frame has been played; removes it and all before it.
   [[nodiscard]] std::optional<std::wstring> take_due(std::uint64_t played) {
     std::optional<std::wstring> due;
     for (; !waiting_.empty() && waiting_.front().first <= played; waiting_.pop_front())

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What makes FFmpeg give up: the listener, or the time. Worker thread.
+// Decides when FFmpeg gives up: cancelled by the listener, past a deadline, or over a limit. Worker thread.
 #pragma once
 
 #include "platform/media/ffmpeg.h"
@@ -10,21 +10,21 @@
 
 namespace lumotune::media {
 
-// FFmpeg keeps its address: it must outlive everything that was opened with it.
+// FFmpeg keeps a pointer to it: it must outlive everything that was opened with it.
 struct Watch {
   using Clock = std::chrono::steady_clock;
 
   std::function<bool()> interrupted;
   Clock::time_point deadline = Clock::time_point::max();
   bool cancelled = false; // by the listener
-  bool over = false;      // nothing more is opened: a limit was reached
+  bool over = false;      // a limit was reached: nothing more is opened
 
   [[nodiscard]] bool expired() const { return over || Clock::now() > deadline; }
   [[nodiscard]] bool stops() {
     cancelled = cancelled || (interrupted && interrupted());
     return cancelled || expired();
   }
-  // Called by FFmpeg, through which nothing may be thrown.
+  // Called by FFmpeg, which is C: no exception may pass through it.
   static int check(void* self) noexcept {
     try {
       return static_cast<Watch*>(self)->stops() ? 1 : 0;

@@ -25,7 +25,7 @@ void append_utf8(std::string& bytes, char32_t c) {
   }
 }
 
-bool is_half(char32_t c) {
+bool is_surrogate(char32_t c) {
   return c >= 0xd800 && c < 0xe000;
 }
 
@@ -42,7 +42,7 @@ std::string to_utf8(std::wstring_view text) {
       c = 0x10000 + ((c - 0xd800) << 10) + (next - 0xdc00);
       ++i;
     }
-    append_utf8(bytes, is_half(c) || c > 0x10ffff ? replacement : c);
+    append_utf8(bytes, is_surrogate(c) || c > 0x10ffff ? replacement : c);
   }
   return bytes;
 }
@@ -77,7 +77,7 @@ std::optional<std::wstring> from_utf8(std::string_view bytes) {
       c = c << 6 | (more & 0x3fU);
     }
     constexpr char32_t lowest[] = {0, 0, 0x80, 0x800, 0x10000};
-    if (c < lowest[length] || is_half(c) || c > 0x10ffff)
+    if (c < lowest[length] || is_surrogate(c) || c > 0x10ffff)
       return std::nullopt;
     append_character(text, c);
     i += length;
