@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The embedded media player as the rooms see it: an address, play, stop, a volume and texts that say what goes on.
+// The embedded media player as the rooms see it: an address, play, stop, a volume and a status.
 #pragma once
+
+#include "platform/stream_status.h"
 
 #include <cstdint>
 #include <functional>
@@ -51,16 +53,8 @@ public:
   virtual void system_suspended() = 0;
   virtual void system_resumed() = 0;
 
-  // What goes on, short and Czech: "Zastaveno", "Připojování...", "Přehrávání: Artist - Title (128 kbps)".
-  [[nodiscard]] virtual std::wstring status() const = 0;
-
-  // The same in fixed columns for the status display: 1-32 the state, padded; 33-54 codec, bit rate and sample rate
-  // ("MP3 128 kbps 44,1 kHz"), padded; from 55 the title, or the state where there is no title.
-  [[nodiscard]] virtual std::wstring Status1() const = 0;
-
-  // What the listener is to know of the station for as long as it plays, Czech ("Neověřený server": its certificate is
-  // bad), or empty. It changes with the status only.
-  [[nodiscard]] virtual std::wstring warning() const = 0;
+  // As known now. After a call above it is the new state at once: stopped, connecting, or waiting while suspended.
+  [[nodiscard]] virtual StreamStatus status() const = 0;
 
   // Milliseconds of the stream heard since `play`, outages left out; 0 while none was heard or when stopped.
   [[nodiscard]] virtual std::uint64_t played_ms() const = 0;

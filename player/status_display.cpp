@@ -2,6 +2,7 @@
 #include "player/status_display.h"
 
 #include "base/text.h"
+#include "player/status_text.h"
 
 #include <algorithm>
 
@@ -67,7 +68,7 @@ void StatusDisplay::show_status() {
   const bool first = base::equal_ignoring_case(kept.status_mode, L"1") && uses_.session.time_text.empty();
   auto& label = uses_.form.InfoStatus;
   const platform::TwipsRect place = label.rect();
-  const std::wstring columns = uses_.player.Status1();
+  const std::wstring columns = Status1(uses_.player.status());
   const std::wstring_view shown = base::mid(columns, first ? title_column : quality_column);
   label.set_text(notice_.empty() ? std::wstring(shown.substr(std::min(shown.find_first_not_of(L' '), shown.size())))
                                  : notice_);
@@ -90,8 +91,10 @@ void StatusDisplay::show_name() {
 }
 
 void StatusDisplay::copy_status() {
-  const std::wstring status = uses_.player.status();
-  const std::wstring warning = uses_.player.warning();
+  const platform::StreamStatus stream = uses_.player.status();
+  const std::wstring status = status_text(stream);
+  const std::wstring warning = warning_text(stream);
+  copied_ = status;
   if (notice_.empty())
     uses_.form.InfoStatus.set_text(status);
   uses_.form.InfoStatus.set_tooltip(warning.empty() || warning == status ? status : status + L" - " + warning);
@@ -104,8 +107,10 @@ void StatusDisplay::PlayStateChange(int /*new_state*/) {
   show_name();
 }
 
+// Not every change of the status changes its words: the columns then stay on display.
 void StatusDisplay::StatusChange() {
-  copy_status();
+  if (status_text(uses_.player.status()) != copied_)
+    copy_status();
 }
 
 } // namespace lumotune::player

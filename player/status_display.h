@@ -60,6 +60,7 @@ private:
   void copy_status();
 
   Uses uses_;
+  std::wstring copied_; // the status text of the last notification
   std::wstring notice_;
   int notice_ticks_ = 0; // that it is still shown
   std::unique_ptr<platform::Timer> aktualizujWMP;

@@ -2,7 +2,7 @@
 // How an attempt to play an address ends.
 #pragma once
 
-#include "platform/media/status_text.h"
+#include "platform/media/stream_status.h"
 
 namespace lumotune::media {
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "platform/event_loop.h"
-#include "platform/media/status_text.h"
+#include "platform/media/stream_status.h"
 
 #include <cstdint>
 #include <mutex>

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -106,9 +107,7 @@ public:
       play();
   }
 
-  [[nodiscard]] std::wstring status() const override { return status_text(now()); }
-  [[nodiscard]] std::wstring Status1() const override { return status_columns(now()); }
-  [[nodiscard]] std::wstring warning() const override { return warning_text(now()); }
+  [[nodiscard]] StreamStatus status() const override { return board_->read(); }
   [[nodiscard]] std::uint64_t played_ms() const override {
     return wanted_ && engine_ != nullptr ? engine_->heard_ms(stream_) : 0;
   }
@@ -176,18 +175,14 @@ private:
     send(sent_playing_);
   }
 
-  [[nodiscard]] StreamStatus now() const { return board_->read(); }
-
   void notify() {
-    const StreamStatus status = now();
-    const std::wstring text = status_text(status);
-    const bool phase_changed = status.phase != told_phase_;
-    const bool text_changed = text != told_text_;
-    told_phase_ = status.phase;
-    told_text_ = text;
+    const StreamStatus now = status();
+    const bool phase_changed = now.phase != (told_ ? told_->phase : Phase::stopped);
+    const bool changed = now != told_;
+    told_ = now;
     if (phase_changed && on_play_state_change)
-      on_play_state_change(static_cast<int>(play_state(status)));
-    if (text_changed && on_status_change)
+      on_play_state_change(static_cast<int>(play_state(now)));
+    if (changed && on_status_change)
       on_status_change();
   }
 
@@ -224,8 +219,7 @@ private:
   std::uint64_t seen_taken_ = 0; // which one that was
   std::chrono::steady_clock::time_point checked_;
   std::uint64_t stream_ = 0;
-  Phase told_phase_ = Phase::stopped;
-  std::wstring told_text_;
+  std::optional<StreamStatus> told_; // by the last notification
 };
 
 } // namespace

@@ -165,10 +165,10 @@ void Playout::update_title() {
 }
 
 void Playout::update_playing() {
-  constexpr auto announce_for = 3000ms; // a warning about the station comes before its title for that long
+  constexpr auto just_started_for = 3000ms;
   status_.phase = Phase::playing;
   status_.trouble = channels_.device.missing() ? Trouble::no_device : Trouble::none;
-  status_.announces = status_.unverified && Clock::now() - sound_began_ < announce_for;
+  status_.just_started = Clock::now() - sound_began_ < just_started_for;
 }
 
 void Playout::check_device() {

@@ -7,7 +7,7 @@
 #include "platform/media/current_wish.h"
 #include "platform/media/drift.h"
 #include "platform/media/engine_channels.h"
-#include "platform/media/status_text.h"
+#include "platform/media/stream_status.h"
 #include "platform/media/title_queue.h"
 
 #include <chrono>

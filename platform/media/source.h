@@ -8,7 +8,7 @@
 #include "platform/media/patience.h"
 #include "platform/media/playlist.h"
 #include "platform/media/source_options.h"
-#include "platform/media/status_text.h"
+#include "platform/media/stream_status.h"
 #include "platform/media/watch.h"
 
 #include <memory>

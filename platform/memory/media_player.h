@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A media player without sound: it records what it is asked and says what a test puts in its mouth.
+// A media player without sound: records its calls and reports the status that a test sets.
 #pragma once
 
 #include "platform/media_player.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -44,17 +45,15 @@ public:
   [[nodiscard]] int volume() const override { return volume_; }
   void system_suspended() override { calls.emplace_back(L"suspended"); }
   void system_resumed() override { calls.emplace_back(L"resumed"); }
-  [[nodiscard]] std::wstring status() const override {
-    return !status_text.empty() ? status_text : playing_ ? L"Připojování..." : L"Zastaveno";
+  [[nodiscard]] StreamStatus status() const override {
+    StreamStatus initial;
+    initial.phase = playing_ ? StreamPhase::connecting : StreamPhase::stopped;
+    return reported.value_or(initial);
   }
-  [[nodiscard]] std::wstring Status1() const override { return status_columns; }
-  [[nodiscard]] std::wstring warning() const override { return warning_text; }
   [[nodiscard]] std::uint64_t played_ms() const override { return played; }
 
   std::vector<std::wstring> calls;
-  std::wstring status_text; // empty says whether it plays, and no more
-  std::wstring status_columns;
-  std::wstring warning_text;
+  std::optional<StreamStatus> reported; // as if by the stream; unset: no more than whether it plays
   std::uint64_t played = 0;
 
 private:

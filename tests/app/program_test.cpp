@@ -41,10 +41,10 @@ TEST_F(ProgramTest, StartsInItsSkinAndPlaysAndStops) {
 
 TEST_F(ProgramTest, ThePlayersNotificationsReachTheStatus) {
   ASSERT_TRUE(program.start());
-  player.status_text = L"Připojování...";
+  player.reported.emplace().phase = platform::StreamPhase::connecting;
   player.on_play_state_change(1);
   EXPECT_EQ(form.InfoStatus.text(), L"Připojování...");
-  player.status_text = L"Přehrávání";
+  player.reported.emplace().phase = platform::StreamPhase::playing;
   player.on_status_change();
   EXPECT_EQ(form.InfoStatus.tooltip(), L"Přehrávání");
 }

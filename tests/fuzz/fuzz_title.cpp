@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Any metadata of a stream: what the listener reads is short, one line, and what the status says of it has its columns.
-#include "platform/media/status_text.h"
+#include "player/status_text.h"
 #include "platform/media/title.h"
 #include "platform/media/wide.h"
 #include "tests/fuzz/fuzzing.h"
@@ -26,13 +26,13 @@ void try_text(const std::string& bytes) {
     demand(each >= L' ' && each != 0x7f && each != 0x202e && each != 0x2028);
   demand(from_utf8(to_utf8(text)) == text);
 
-  StreamStatus status;
-  status.phase = Phase::playing;
+  lumotune::platform::StreamStatus status;
+  status.phase = lumotune::platform::StreamPhase::playing;
   status.title = text;
   status.kbps = static_cast<int>(bytes.size()) * 1000;
   status.hertz = static_cast<int>(bytes.size()) * 12345;
-  demand(status_text(status).size() < 600);
-  demand(status_columns(status).size() >= 54);
+  demand(lumotune::player::status_text(status).size() < 600);
+  demand(lumotune::player::Status1(status).size() >= 54);
 }
 
 } // namespace

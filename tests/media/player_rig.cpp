@@ -8,6 +8,64 @@
 #include <thread>
 
 namespace lumotune::media::rig {
+namespace {
+
+std::string describe_trouble(const StreamStatus& status) {
+  const std::string code = status.http_code == 0 ? "" : " (" + std::to_string(status.http_code) + ")";
+  switch (status.trouble) {
+  case Trouble::none:
+    return "none";
+  case Trouble::no_address:
+    return "no address";
+  case Trouble::unsupported_address:
+    return "unsupported address";
+  case Trouble::lost:
+    return "lost";
+  case Trouble::not_answering:
+    return "not answering";
+  case Trouble::no_such_host:
+    return "no such host";
+  case Trouble::not_found:
+    return "not found" + code;
+  case Trouble::refused_by_server:
+    return "refused" + code;
+  case Trouble::unknown_format:
+    return "unknown format";
+  case Trouble::ended:
+    return "ended";
+  case Trouble::no_device:
+    return "no device";
+  case Trouble::internal:
+    return "internal";
+  }
+  return "?";
+}
+
+std::string describe_playing(const StreamStatus& status) {
+  const std::string warning = status.unverified && status.just_started ? "unverified server: " : "";
+  return warning + "playing " + to_utf8(status.codec) + " " + std::to_string(status.kbps) + " kbps " +
+         std::to_string(status.hertz) + " Hz" + (status.title.empty() ? "" : ": " + to_utf8(status.title));
+}
+
+} // namespace
+
+std::string describe(const StreamStatus& status) {
+  const std::string trouble = status.trouble == Trouble::none ? "" : ": " + describe_trouble(status);
+  switch (status.phase) {
+  case Phase::stopped:
+    return "stopped" + trouble;
+  case Phase::connecting:
+    return "connecting";
+  case Phase::buffering:
+    return (status.unverified ? "unverified server: buffering " : "buffering ") + std::to_string(status.percent) + " %";
+  case Phase::playing:
+    return trouble.empty() ? describe_playing(status) : "playing" + trouble;
+  case Phase::waiting:
+    break;
+  }
+  return "waiting" + trouble +
+         (status.retry_seconds == 0 ? "" : ", retry in " + std::to_string(status.retry_seconds) + " s");
+}
 
 using namespace std::chrono_literals;
 
@@ -51,7 +109,7 @@ PlayerTest::~PlayerTest() = default;
 
 void PlayerTest::make() {
   player_ = make_media_player(loop, options);
-  player_->on_status_change = [this] { texts.push_back(player_->status()); };
+  player_->on_status_change = [this] { texts.push_back(status()); };
   player_->on_play_state_change = [this](int state) { states.push_back(state); };
 }
 
@@ -84,10 +142,10 @@ void PlayerTest::pass(int milliseconds) {
   (void)until([] { return false; }, milliseconds);
 }
 
-bool PlayerTest::until_said(const std::wstring& text) {
+bool PlayerTest::until_said(const std::string& text) {
   return until([&] {
-    for (const std::wstring& each : texts) {
-      if (each.find(text) != std::wstring::npos)
+    for (const std::string& each : texts) {
+      if (each.find(text) != std::string::npos)
         return true;
     }
     return false;
@@ -96,8 +154,8 @@ bool PlayerTest::until_said(const std::wstring& text) {
 
 std::string PlayerTest::told() const {
   std::string all;
-  for (const std::wstring& each : texts)
-    all += to_utf8(each) + "\n";
+  for (const std::string& each : texts)
+    all += each + "\n";
   return all;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/media/player.h"
+#include "platform/media/stream_status.h"
 #include "platform/memory/event_loop.h"
 #include "tests/media/process.h"
 #include "tests/media/test_device.h"
@@ -35,6 +36,9 @@ private:
 // The folder of the tests' sound.
 [[nodiscard]] std::string media(const std::string& name);
 
+// "playing MP3 128 kbps 44100 Hz: Artist - Title", "waiting: not found (404), retry in 3 s". UTF-8.
+[[nodiscard]] std::string describe(const StreamStatus& status);
+
 class PlayerTest : public ::testing::Test {
 protected:
   PlayerTest();
@@ -50,14 +54,15 @@ protected:
   [[nodiscard]] bool until_hears(double hertz) {
     return until([=, this] { return device->hears(hertz); });
   }
-  // Waits for a status that holds that text, also one that is gone already.
-  [[nodiscard]] bool until_said(const std::wstring& text);
-  [[nodiscard]] bool says(const std::wstring& text) { return player().status().find(text) != std::wstring::npos; }
+  // Waits for a status whose description holds that text, also one that is gone already.
+  [[nodiscard]] bool until_said(const std::string& text);
+  [[nodiscard]] std::string status() { return describe(player().status()); }
+  [[nodiscard]] bool says(const std::string& text) { return status().find(text) != std::string::npos; }
   [[nodiscard]] std::string told() const; // every status, for messages
 
   std::shared_ptr<TestDevice> device = std::make_shared<TestDevice>();
   PlayerOptions options;
-  std::vector<std::wstring> texts;
+  std::vector<std::string> texts; // descriptions
   std::vector<int> states;
   platform::memory::MemoryEventLoop loop;
 

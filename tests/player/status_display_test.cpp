@@ -6,6 +6,10 @@
 namespace lumotune::test {
 namespace {
 
+using platform::StreamPhase;
+using platform::StreamStatus;
+using platform::StreamTrouble;
+
 struct Title final : player::TitlePort {
   void show_title(const std::wstring& title) override { shown.push_back(title); }
   std::vector<std::wstring> shown;
@@ -16,7 +20,12 @@ struct StatusDisplayTest : testing::Test {
   Title title;
   StatusDisplayTest() {
     w.status.title.bind(title);
-    w.player.status_columns = L"Stav je zde" + std::wstring(21, L' ') + L"MP3 128 kbps 44,1 kHz " + L"Umělec - Píseň";
+    StreamStatus& playing = w.player.reported.emplace();
+    playing.phase = StreamPhase::playing;
+    playing.codec = L"MP3";
+    playing.kbps = 128;
+    playing.hertz = 44100;
+    playing.title = L"Umělec - Píseň";
     w.session.skin.status_mode = L"1";
     w.session.skin.status_top_1 = 100;
     w.session.skin.status_height_1 = 200;
@@ -45,9 +54,9 @@ TEST_F(StatusDisplayTest, AnotherModeAlwaysTakesTheSecondLayout) {
   w.session.skin.status_mode = L"2";
   w.status.tick();
   EXPECT_EQ(w.form.InfoStatus.rect().top, 300);
-  w.player.status_columns = L"kratky";
+  w.player.reported->title.clear();
   w.status.tick();
-  EXPECT_EQ(w.form.InfoStatus.text(), L"");
+  EXPECT_EQ(w.form.InfoStatus.text(), L"MP3 128 kbps 44,1 kHz Přehrávání");
 }
 
 // The layouts differ in height alone: where the label begins, and how wide it is, is the skin's for both.
@@ -62,15 +71,19 @@ TEST_F(StatusDisplayTest, BothLayoutsKeepTheLabelsLeftEdgeAndWidth) {
 }
 
 TEST_F(StatusDisplayTest, WhatIsNotPlayingBeginsAtTheSamePlaceInBothLayoutsAndInNotifications) {
-  const auto say = [&](const std::wstring& state) {
-    w.player.status_text = state;
-    std::wstring columns = state;
-    columns.resize(32, L' ');
-    w.player.status_columns = columns + std::wstring(22, L' ') + state;
+  struct Row {
+    StreamPhase phase;
+    int retry_seconds;
+    std::wstring state;
   };
-  for (const std::wstring state : {L"Stanice neodpovídá, další pokus za 10 s",
-                                   L"Stanice neodpovídá, další pokus za 9 s", L"Zastaveno", L"Připojování..."}) {
-    say(state);
+  for (const auto& [phase, retry_seconds, state] :
+       {Row{StreamPhase::waiting, 10, L"Stanice neodpovídá, další pokus za 10 s"},
+        Row{StreamPhase::waiting, 9, L"Stanice neodpovídá, další pokus za 9 s"},
+        Row{StreamPhase::stopped, 0, L"Zastaveno"}, Row{StreamPhase::connecting, 0, L"Připojování..."}}) {
+    StreamStatus& status = w.player.reported.emplace();
+    status.phase = phase;
+    status.trouble = phase == StreamPhase::waiting ? StreamTrouble::not_answering : StreamTrouble::none;
+    status.retry_seconds = retry_seconds;
     for (const std::uint64_t played : {0U, 5000U}) {
       w.player.played = played;
       w.status.tick();
@@ -114,30 +127,38 @@ TEST_F(StatusDisplayTest, TicksEverySecondOnceStarted) {
 }
 
 TEST_F(StatusDisplayTest, NotificationsCopyTheFullStatus) {
-  w.player.status_text = L"Přehrávání: Umělec - Píseň (128 kbps)";
   w.session.station_name = L"Nová";
   w.status.PlayStateChange(3);
   EXPECT_EQ(w.form.InfoName.text(), L"Nová") << "a change of station is seen at once";
-  EXPECT_EQ(w.form.InfoStatus.text(), w.player.status_text);
-  EXPECT_EQ(w.form.InfoStatus.tooltip(), w.player.status_text);
-  w.player.status_text = L"Zastaveno";
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Přehrávání: Umělec - Píseň (128 kbps)");
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Přehrávání: Umělec - Píseň (128 kbps)");
+  w.player.reported.reset();
   w.status.StatusChange();
   EXPECT_EQ(w.form.InfoStatus.text(), L"Zastaveno");
 }
 
+TEST_F(StatusDisplayTest, AChangeThatTheWordsDoNotShowKeepsTheColumns) {
+  w.player.played = 5000;
+  w.status.StatusChange();
+  w.status.tick();
+  w.player.reported->hertz = 48000;
+  w.status.StatusChange();
+  EXPECT_EQ(w.form.InfoStatus.text(), L"MP3 128 kbps 44,1 kHz Umělec - Píseň");
+}
+
 TEST_F(StatusDisplayTest, TheToolTipWarnsForAsLongAsItPlays) {
-  w.player.warning_text = L"Neověřený server";
-  w.player.status_text = L"Neověřený server";
+  w.player.reported->phase = StreamPhase::buffering;
+  w.player.reported->unverified = true;
+  w.player.reported->kbps = 0;
   w.status.PlayStateChange(6);
   EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Neověřený server");
-  w.player.status_text = L"Přehrávání: Umělec - Píseň";
+  w.player.reported->phase = StreamPhase::playing;
   w.status.StatusChange();
   EXPECT_EQ(w.form.InfoStatus.text(), L"Přehrávání: Umělec - Píseň");
   EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Přehrávání: Umělec - Píseň - Neověřený server");
   w.status.tick(); // which shows the columns
   EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Přehrávání: Umělec - Píseň - Neověřený server");
-  w.player.warning_text.clear();
-  w.player.status_text = L"Zastaveno";
+  w.player.reported.reset();
   w.status.StatusChange();
   EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Zastaveno");
 }
@@ -152,7 +173,6 @@ TEST(ElapsedText, CountsHoursOnlyWhenThereAreAny) {
 
 TEST_F(StatusDisplayTest, ANoticeStandsForFiveSecondsAndIsSaid) {
   auto& line = *w.window.label(L"InfoStatus");
-  w.player.status_text = L"Přehrávání";
   w.status.StatusChange();
   w.status.tell(L"Novinka");
   EXPECT_EQ(line.announced, std::vector<std::wstring>{L"Novinka"});
@@ -163,9 +183,10 @@ TEST_F(StatusDisplayTest, ANoticeStandsForFiveSecondsAndIsSaid) {
     EXPECT_EQ(line.text(), L"Novinka") << second;
     w.status.tick();
   }
-  EXPECT_NE(line.text(), L"Novinka");
+  EXPECT_EQ(line.text(), L"Umělec - Píseň");
+  w.player.reported.reset();
   w.status.StatusChange();
-  EXPECT_EQ(line.text(), L"Přehrávání");
+  EXPECT_EQ(line.text(), L"Zastaveno");
 }
 
 } // namespace

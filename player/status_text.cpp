@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "platform/media/status_text.h"
+#include "player/status_text.h"
 
-namespace lumotune::media {
+namespace lumotune::player {
 namespace {
+
+using platform::StreamStatus;
+using Phase = platform::StreamPhase;
+using Trouble = platform::StreamTrouble;
 
 std::wstring trouble_text(const StreamStatus& status) {
   switch (status.trouble) {
@@ -38,12 +42,12 @@ bool plays(const StreamStatus& status) {
   return status.phase == Phase::playing && status.trouble == Trouble::none;
 }
 
-// Whether the warning stands in the place of the state.
+// Whether the warning takes the place of the state.
 bool announces(const StreamStatus& status) {
-  return status.unverified && (status.phase == Phase::buffering || (plays(status) && status.announces));
+  return status.unverified && (status.phase == Phase::buffering || (plays(status) && status.just_started));
 }
 
-// Cut or padded with blanks to exactly that many characters.
+// Cut or padded to exactly that many characters.
 std::wstring column(std::wstring text, std::size_t width) {
   text.resize(width, L' ');
   return text;
@@ -110,14 +114,14 @@ std::wstring status_text(const StreamStatus& status) {
   return text;
 }
 
-std::wstring status_columns(const StreamStatus& status) {
+std::wstring Status1(const StreamStatus& status) {
   constexpr std::size_t state_width = 32;
   constexpr std::size_t quality_width = 22;
   const std::wstring state = state_text(status);
-  // While no sound flows, why it does not is worth more than the title of what was heard.
+  // While there is no sound, the reason matters more than the title of what was heard.
   const bool named = plays(status) && !announces(status) && !status.title.empty();
   return column(state, state_width) + column(plays(status) ? quality_text(status) : std::wstring(), quality_width) +
          (named ? status.title : state);
 }
 
-} // namespace lumotune::media
+} // namespace lumotune::player

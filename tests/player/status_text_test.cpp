@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "platform/media/status_text.h"
+#include "player/status_text.h"
 
 #include <gtest/gtest.h>
 
-namespace lumotune::media {
+namespace lumotune::player {
 namespace {
+
+using platform::StreamStatus;
+using Phase = platform::StreamPhase;
+using Trouble = platform::StreamTrouble;
 
 StreamStatus playing() {
   StreamStatus status;
@@ -76,15 +80,15 @@ TEST(StatusText, SaysFirstThatAServerIsNotWhoItClaimsToBe) {
   status.unverified = true;
   EXPECT_EQ(warning_text(status), L"Neověřený server");
   EXPECT_EQ(status_text(status), L"Přehrávání: Umělec - Píseň (128 kbps)");
-  status.announces = true;
+  status.just_started = true;
   EXPECT_EQ(status_text(status), L"Neověřený server");
-  EXPECT_EQ(status_columns(status), L"Neověřený server                MP3 128 kbps 44,1 kHz Neověřený server");
+  EXPECT_EQ(Status1(status), L"Neověřený server                MP3 128 kbps 44,1 kHz Neověřený server");
   status.phase = Phase::buffering;
-  status.announces = false;
+  status.just_started = false;
   EXPECT_EQ(status_text(status), L"Neověřený server");
   // What keeps it from playing is worth more.
   status.phase = Phase::playing;
-  status.announces = true;
+  status.just_started = true;
   status.trouble = Trouble::no_device;
   EXPECT_EQ(status_text(status), L"Zvukové zařízení není k dispozici");
   for (const Phase phase : {Phase::stopped, Phase::connecting, Phase::waiting}) {
@@ -110,7 +114,7 @@ TEST(StatusText, HasADecimalComma) {
 
 // The display cuts at these columns.
 TEST(StatusColumns, StandWhereTheDisplayCuts) {
-  const std::wstring text = status_columns(playing());
+  const std::wstring text = Status1(playing());
   EXPECT_EQ(text.substr(0, 32), L"Přehrávání                      ");
   EXPECT_EQ(text.substr(32, 22), L"MP3 128 kbps 44,1 kHz ");
   EXPECT_EQ(text.substr(54), L"Umělec - Píseň");
@@ -120,10 +124,10 @@ TEST(StatusColumns, StandWhateverTheLengths) {
   StreamStatus status = playing();
   status.codec = L"Vorbis";
   status.kbps = 12345;
-  EXPECT_EQ(status_columns(status).substr(32), L"Vorbis 12345 kbps 44,1Umělec - Píseň");
+  EXPECT_EQ(Status1(status).substr(32), L"Vorbis 12345 kbps 44,1Umělec - Píseň");
   status.phase = Phase::buffering;
   status.percent = 70;
-  const std::wstring text = status_columns(status);
+  const std::wstring text = Status1(status);
   EXPECT_EQ(text.substr(0, 32), L"Načítání do vyrovnávací paměti (");
   EXPECT_EQ(text.substr(54), L"Načítání do vyrovnávací paměti (70 %)");
 }
@@ -131,9 +135,9 @@ TEST(StatusColumns, StandWhateverTheLengths) {
 TEST(StatusColumns, SayTheStateWhereThereIsNoTitle) {
   StreamStatus status = playing();
   status.title.clear();
-  EXPECT_EQ(status_columns(status).substr(54), L"Přehrávání");
-  EXPECT_EQ(status_columns({}).substr(54), L"Zastaveno");
+  EXPECT_EQ(Status1(status).substr(54), L"Přehrávání");
+  EXPECT_EQ(Status1({}).substr(54), L"Zastaveno");
 }
 
 } // namespace
-} // namespace lumotune::media
+} // namespace lumotune::player

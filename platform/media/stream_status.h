@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The port's status under this folder's shorter names.
+#pragma once
+
+#include "platform/stream_status.h"
+
+namespace lumotune::media {
+
+using platform::StreamStatus;
+using Phase = platform::StreamPhase;
+using Trouble = platform::StreamTrouble;
+
+} // namespace lumotune::media
