@@ -7,6 +7,55 @@ namespace lumotune::app {
 
 using platform::MouseEvent;
 
+namespace {
+
+void bind_window(Program& program, const Platform& platform, platform::Window& window) {
+  window.on_mouse_move = [&](const MouseEvent& event) { program.chrome.Form_MouseMove(event); };
+  window.on_menu = [&] { program.menus.open_main(); };
+  window.on_close = [&] { program.shutdown.Form_Unload(); };
+  window.on_session_end = [&] { program.shutdown.Konec(); };
+  window.on_suspend = [&player = platform.player] { player.system_suspended(); };
+  window.on_resume = [&player = platform.player] { player.system_resumed(); };
+}
+
+void bind_frame(skin::Chrome& chrome, skin::TrayIcon& tray_icon, base::LumotuneForm& form) {
+  form.LineMenu_OnTop.on_click = [&] { chrome.LineMenu_OnTop_Click(); };
+  form.LineMenu_Min.on_click = [&] { chrome.LineMenu_Min_Click(); };
+  form.LineMenu_End.on_click = [&] { chrome.LineMenu_End_Click(); };
+  form.TrayIcon.on_mouse_move = [&](const MouseEvent& event) { tray_icon.TrayIcon_MouseMove(event); };
+  form.InfoName.on_mouse_move = [&](const MouseEvent&) { chrome.InfoName_MouseMove(); };
+  form.InfoNaladit.on_mouse_move = [&](const MouseEvent&) { chrome.InfoNaladit_MouseMove(); };
+  form.LTDisplay.on_mouse_move = [&](const MouseEvent&) { chrome.LTDisplay_MouseMove(); };
+}
+
+void bind_buttons(Program& program, base::LumotuneForm& form) {
+  form.PlayTL.on_click = [&] { program.playback.PlayTL_Click(); };
+  form.Control_Play.on_click = [&] { program.playback.Control_Play_Click(); };
+  form.Control_Sat.on_click = [&] { program.directory.Naladit(); };
+  form.Control_Volume.on_click = [&] { program.menus.open_volume(); };
+  form.Control_Rec.on_click = [&] { program.menu_commands.Control_Rec_Click(); };
+  form.Control_ShowUser.on_click = [&] { program.client_link.Control_ShowUser_Click(); };
+  form.Control_Menu.on_click = [&] { program.menus.open_main(); };
+  form.Orbwww.on_click = [&] { program.menu_commands.Orbwww_Click(); };
+  form.InfoName.on_click = [&] { program.menus.open_station(); };
+  form.InfoNaladit.on_click = [&] { program.directory.Naladit(); };
+}
+
+void bind_favourites(Program& program, base::LumotuneForm& form) {
+  form.Control_List.on_click = [&] { program.favourites.Control_List_Click(); };
+  form.Control_List.on_double_click = [&] { program.favourites.Control_List_DblClick(); };
+  form.Control_List.on_mouse_down = [&](const MouseEvent& event) { program.favourites.Control_List_MouseDown(event); };
+  // Without the menu button nothing else that the keyboard reaches may lead to the main menu.
+  form.Control_List.on_menu_key = [&] {
+    if (form.Control_List.selected() != platform::ListBox::none && form.Control_Menu.visible())
+      program.favourites.open_menu();
+    else
+      program.menus.open_main();
+  };
+}
+
+} // namespace
+
 void bind_ports(Program& program) {
   program.playback.skin.bind(program.skin);
   program.playback.favourites.bind(program.favourites);
@@ -21,45 +70,10 @@ void bind_ports(Program& program) {
 }
 
 void bind_events(Program& program, const Platform& platform, base::LumotuneForm& form) {
-  auto& playback = program.playback;
-  auto& chrome = program.chrome;
-  auto& window = form.window;
-
-  window.on_mouse_move = [&](const MouseEvent& event) { chrome.Form_MouseMove(event); };
-  window.on_menu = [&] { program.menus.open_main(); };
-  window.on_close = [&] { program.shutdown.Form_Unload(); };
-  window.on_session_end = [&] { program.shutdown.Konec(); };
-  window.on_suspend = [&platform_player = platform.player] { platform_player.system_suspended(); };
-  window.on_resume = [&platform_player = platform.player] { platform_player.system_resumed(); };
-
-  form.PlayTL.on_click = [&] { playback.PlayTL_Click(); };
-  form.Control_Play.on_click = [&] { playback.Control_Play_Click(); };
-  form.Control_Sat.on_click = [&] { program.directory.Naladit(); };
-  form.Control_Volume.on_click = [&] { program.menus.open_volume(); };
-  form.Control_Rec.on_click = [&] { program.menu_commands.Control_Rec_Click(); };
-  form.Control_ShowUser.on_click = [&] { program.client_link.Control_ShowUser_Click(); };
-  form.Control_Menu.on_click = [&] { program.menus.open_main(); };
-  form.Orbwww.on_click = [&] { program.menu_commands.Orbwww_Click(); };
-  form.Control_List.on_click = [&] { program.favourites.Control_List_Click(); };
-  form.Control_List.on_double_click = [&] { program.favourites.Control_List_DblClick(); };
-  form.Control_List.on_mouse_down = [&](const MouseEvent& event) { program.favourites.Control_List_MouseDown(event); };
-  // Without the menu button nothing else that the keyboard reaches may lead to the main menu.
-  form.Control_List.on_menu_key = [&] {
-    if (form.Control_List.selected() != platform::ListBox::none && form.Control_Menu.visible())
-      program.favourites.open_menu();
-    else
-      program.menus.open_main();
-  };
-  form.InfoName.on_click = [&] { program.menus.open_station(); };
-  form.InfoName.on_mouse_move = [&](const MouseEvent&) { chrome.InfoName_MouseMove(); };
-  form.InfoNaladit.on_click = [&] { program.directory.Naladit(); };
-  form.InfoNaladit.on_mouse_move = [&](const MouseEvent&) { chrome.InfoNaladit_MouseMove(); };
-  form.LTDisplay.on_mouse_move = [&](const MouseEvent&) { chrome.LTDisplay_MouseMove(); };
-  form.LineMenu_OnTop.on_click = [&] { chrome.LineMenu_OnTop_Click(); };
-  form.LineMenu_Min.on_click = [&] { chrome.LineMenu_Min_Click(); };
-  form.LineMenu_End.on_click = [&] { chrome.LineMenu_End_Click(); };
-  form.TrayIcon.on_mouse_move = [&](const MouseEvent& event) { program.tray_icon.TrayIcon_MouseMove(event); };
-
+  bind_window(program, platform, form.window);
+  bind_buttons(program, form);
+  bind_favourites(program, form);
+  bind_frame(program.chrome, program.tray_icon, form);
   platform.player.on_play_state_change = [&](int state) { program.status.PlayStateChange(state); };
   platform.player.on_status_change = [&] { program.status.StatusChange(); };
 }

@@ -25,52 +25,20 @@ bool is_host_character(wchar_t character) {
          character == L'-' || character == L'_' || character >= 0xC0;
 }
 
-// Endings that the system runs, or that lead to what it runs.
+// Endings that the system runs, or that lead to what it runs, each between blanks.
+constexpr std::wstring_view program_endings = L" "
+                                              L"exe com bat cmd pif scr msi msp mst "
+                                              L"msix appx lnk url scf vbs vbe vb js "
+                                              L"jse ws wsf wsc wsh sct hta ps1 psm1 "
+                                              L"psd1 cpl msc reg inf jar jnlp chm hlp "
+                                              L"dll gadget application library-ms settingcontent-ms appref-ms ";
+
 bool is_program_ending(std::wstring_view ending) {
-  static constexpr std::array<std::wstring_view, 42> endings = {L"exe",
-                                                                L"com",
-                                                                L"bat",
-                                                                L"cmd",
-                                                                L"pif",
-                                                                L"scr",
-                                                                L"msi",
-                                                                L"msp",
-                                                                L"mst",
-                                                                L"msix",
-                                                                L"appx",
-                                                                L"lnk",
-                                                                L"url",
-                                                                L"scf",
-                                                                L"vbs",
-                                                                L"vbe",
-                                                                L"vb",
-                                                                L"js",
-                                                                L"jse",
-                                                                L"ws",
-                                                                L"wsf",
-                                                                L"wsc",
-                                                                L"wsh",
-                                                                L"sct",
-                                                                L"hta",
-                                                                L"ps1",
-                                                                L"psm1",
-                                                                L"psd1",
-                                                                L"cpl",
-                                                                L"msc",
-                                                                L"reg",
-                                                                L"inf",
-                                                                L"jar",
-                                                                L"jnlp",
-                                                                L"chm",
-                                                                L"hlp",
-                                                                L"dll",
-                                                                L"gadget",
-                                                                L"application",
-                                                                L"library-ms",
-                                                                L"settingcontent-ms",
-                                                                L"appref-ms"};
-  return std::any_of(endings.begin(), endings.end(),
-                     [&](std::wstring_view each) { return base::equal_ignoring_case(each, ending); });
+  if (ending.empty() || ending.find(L' ') != npos)
+    return false;
+  std::wstring small = L" ";
+  std::transform(ending.begin(), ending.end(), std::back_inserter(small), base::fold);
+  return program_endings.find(small + L" ") != npos;
 }
 
 // The file system drops dots and blanks at the end of a name.
