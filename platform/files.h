@@ -11,6 +11,16 @@
 
 namespace lumotune::platform {
 
+// What tells one state of a file from another; only equality means something. `written` is as fine as the file system's
+// clock, some 16 ms on NTFS and 2 s on FAT: a second write of the same length within one tick shows only when another
+// file took the place, which changes `identity`.
+struct FileStamp {
+  std::uint64_t size = 0;     // bytes
+  std::uint64_t written = 0;  // when its content was written last
+  std::uint64_t identity = 0; // which file of the volume it is
+  friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
 // Nothing throws; a call that fails leaves the old content as it was. User-interface thread.
 class Files {
 public:
@@ -24,6 +34,8 @@ public:
 
   [[nodiscard]] virtual bool exists(const std::wstring& path) const = 0;                       // a file, not a folder
   [[nodiscard]] virtual std::optional<std::uint64_t> size(const std::wstring& path) const = 0; // bytes of now
+  // Nothing for a file that is missing or cannot be read now. Taken before a read, it is older than what is read.
+  [[nodiscard]] virtual std::optional<FileStamp> stamp(const std::wstring& path) const = 0;
 
   // The whole content, read while other programs may have the file open; nothing when missing or unreadable.
   [[nodiscard]] virtual std::optional<std::string> read(const std::wstring& path) const = 0;

@@ -59,8 +59,10 @@ FileStep MemoryFiles::changeable(const std::wstring& path) const {
 
 void MemoryFiles::store(const std::wstring& path, std::string_view bytes) {
   Entry& entry = files_[key(path)];
-  if (entry.path.empty())
+  if (entry.path.empty()) {
     entry.path = path;
+    entry.identity = ++identities_;
+  }
   entry.bytes = bytes;
   entry.written = ++writings_;
 }
@@ -160,6 +162,14 @@ std::optional<std::uint64_t> MemoryFiles::size(const std::wstring& path) const {
   if (found == files_.end())
     return std::nullopt;
   return found->second.bytes.size();
+}
+
+std::optional<FileStamp> MemoryFiles::stamp(const std::wstring& path) const {
+  const auto found = files_.find(key(path));
+  if (found == files_.end() || unreadable_.count(found->first) != 0)
+    return std::nullopt;
+  const Entry& entry = found->second;
+  return FileStamp{entry.bytes.size(), entry.written, entry.identity};
 }
 
 std::optional<std::string> MemoryFiles::read(const std::wstring& path) const {

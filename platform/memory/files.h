@@ -19,6 +19,7 @@ class MemoryFiles final : public Files {
 public:
   [[nodiscard]] bool exists(const std::wstring& path) const override;
   [[nodiscard]] std::optional<std::uint64_t> size(const std::wstring& path) const override;
+  [[nodiscard]] std::optional<FileStamp> stamp(const std::wstring& path) const override;
   [[nodiscard]] std::optional<std::string> read(const std::wstring& path) const override;
   [[nodiscard]] bool read_into(const std::wstring& path, std::string& bytes) const override;
   [[nodiscard]] bool read_at_most(const std::wstring& path, std::string& bytes, std::uint64_t limit) const override;
@@ -67,7 +68,8 @@ private:
   struct Entry {
     std::wstring path; // as it was first written
     std::string bytes;
-    unsigned written = 0; // grows with every writing
+    unsigned written = 0;  // grows with every writing
+    unsigned identity = 0; // of the file, which keeps it under another name
   };
   [[nodiscard]] static std::wstring key(const std::wstring& path);
   [[nodiscard]] const Entry* readable(const std::wstring& path) const;
@@ -86,6 +88,7 @@ private:
   int steps_to_crash_ = -1;
   bool off_ = false;
   unsigned writings_ = 0;
+  unsigned identities_ = 0;
   std::vector<std::wstring> changes_;
   mutable std::map<std::wstring, std::size_t> reads_;
   mutable std::size_t writers_asked_for_ = 0;

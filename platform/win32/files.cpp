@@ -17,6 +17,10 @@ KernelHandle open_file(const std::wstring& path, DWORD access, DWORD share, DWOR
   return KernelHandle(CreateFileW(path.c_str(), access, share, nullptr, how, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
+std::uint64_t joined(DWORD high, DWORD low) {
+  return std::uint64_t{high} << 32 | low;
+}
+
 bool is_open(const KernelHandle& file) {
   return file.get() != INVALID_HANDLE_VALUE;
 }
@@ -150,6 +154,17 @@ std::optional<std::uint64_t> Win32Files::size(const std::wstring& path) const {
   if (!is_open(file) || GetFileSizeEx(file.get(), &length) == 0)
     return std::nullopt;
   return static_cast<std::uint64_t>(length.QuadPart);
+}
+
+// Opened for reading: attributes alone are told of a file, too, that nobody may read.
+std::optional<FileStamp> Win32Files::stamp(const std::wstring& path) const {
+  const KernelHandle file = open_file(path, GENERIC_READ, share_all, OPEN_EXISTING);
+  BY_HANDLE_FILE_INFORMATION facts{};
+  if (!is_open(file) || GetFileInformationByHandle(file.get(), &facts) == 0)
+    return std::nullopt;
+  return FileStamp{joined(facts.nFileSizeHigh, facts.nFileSizeLow),
+                   joined(facts.ftLastWriteTime.dwHighDateTime, facts.ftLastWriteTime.dwLowDateTime),
+                   joined(facts.nFileIndexHigh, facts.nFileIndexLow)};
 }
 
 std::optional<std::string> Win32Files::read(const std::wstring& path) const {

@@ -10,6 +10,7 @@ class Win32Files final : public Files {
 public:
   [[nodiscard]] bool exists(const std::wstring& path) const override;
   [[nodiscard]] std::optional<std::uint64_t> size(const std::wstring& path) const override;
+  [[nodiscard]] std::optional<FileStamp> stamp(const std::wstring& path) const override;
   [[nodiscard]] std::optional<std::string> read(const std::wstring& path) const override;
   [[nodiscard]] bool read_into(const std::wstring& path, std::string& bytes) const override;
   [[nodiscard]] bool read_at_most(const std::wstring& path, std::string& bytes, std::uint64_t limit) const override;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace lumotune::contract {
 namespace {
@@ -68,6 +69,33 @@ TEST_F(FilesContract, TwoFilesAreReplacedAtOnce) {
   EXPECT_TRUE(b.files.replace_both(path, "c", other, "d")) << "one of each";
   EXPECT_EQ(b.files.read(path), "c");
   EXPECT_EQ(b.files.read(other), "d");
+}
+
+TEST_F(FilesContract, TheStampChangesWithTheContentAndOnlyThen) {
+  const std::wstring other = b.folder + L"\\jiny";
+  EXPECT_FALSE(b.files.stamp(path)) << "a missing file has none";
+  EXPECT_TRUE(b.files.replace(path, "ab"));
+  auto before = b.files.stamp(path);
+  ASSERT_TRUE(before);
+  EXPECT_EQ(before->size, 2U);
+  const auto changed = [&] {
+    const auto now = b.files.stamp(path);
+    return std::exchange(before, now) != now && now.has_value();
+  };
+  EXPECT_EQ(b.files.read(path), "ab");
+  EXPECT_TRUE(b.files.replace(other, "xy"));
+  EXPECT_FALSE(changed()) << "read, and another one written";
+  EXPECT_TRUE(b.files.replace(path, "cd"));
+  EXPECT_TRUE(changed()) << "of the same length, at once";
+  EXPECT_TRUE(b.files.append(path, "e"));
+  EXPECT_TRUE(changed()) << "in its place";
+  EXPECT_TRUE(b.files.replace_both(other, "xyz", path, "fgh"));
+  EXPECT_TRUE(changed()) << "the second of two";
+  EXPECT_TRUE(b.files.move(other, path));
+  EXPECT_TRUE(changed()) << "another file took its place";
+  EXPECT_TRUE(b.files.remove(path));
+  EXPECT_FALSE(b.files.stamp(path));
+  EXPECT_FALSE(b.files.stamp(b.folder)) << "a folder has none";
 }
 
 TEST_F(FilesContract, AFileThatNobodyHoldsIsNotBeingWritten) {

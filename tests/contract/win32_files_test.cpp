@@ -106,6 +106,7 @@ TEST_F(Win32FilesTest, AFileGrowsBeforeTheEyes) {
     DWORD written = 0;
     EXPECT_TRUE(WriteFile(writer.get(), "abcd", 4, &written, nullptr));
     EXPECT_EQ(b.files.size(first), length) << "it is not closed yet";
+    EXPECT_EQ(b.files.stamp(first).value_or(platform::FileStamp{}).size, length);
     EXPECT_EQ(content(first).size(), length);
   }
 }
@@ -116,6 +117,18 @@ TEST_F(Win32FilesTest, AFileThatIsShutToReadersIsUnreadableButThere) {
   EXPECT_TRUE(b.files.exists(first));
   EXPECT_EQ(b.files.size(first), 3U);
   EXPECT_FALSE(b.files.read(first));
+  EXPECT_FALSE(b.files.stamp(first));
+}
+
+TEST_F(Win32FilesTest, TheStampHasTheTimeOfTheLastWriting) {
+  EXPECT_TRUE(b.files.replace(first, "abc"));
+  const auto before = b.files.stamp(first);
+  const auto writer = held(first, FILE_WRITE_ATTRIBUTES, share_all);
+  FILETIME time{};
+  EXPECT_TRUE(GetFileTime(held(first, GENERIC_READ, share_all).get(), nullptr, nullptr, &time));
+  time.dwHighDateTime += 1;
+  EXPECT_TRUE(SetFileTime(writer.get(), nullptr, nullptr, &time));
+  EXPECT_NE(b.files.stamp(first), before) << "same length, same file";
 }
 
 TEST_F(Win32FilesTest, AHolderThatLetsGoIsWaitedFor) {
