@@ -4,6 +4,8 @@
 
 #include "platform/files.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -52,6 +54,19 @@ public:
   [[nodiscard]] bool remove(const std::wstring& path) override { return std::remove(name(path).c_str()) == 0; }
   [[nodiscard]] bool exists(const std::wstring& /*path*/) const override { return true; }
   [[nodiscard]] std::optional<std::uint64_t> size(const std::wstring& /*path*/) const override { return {}; }
+  [[nodiscard]] std::optional<platform::FileStamp> stamp(const std::wstring& path) const override {
+    struct stat facts {};
+    if (::stat(name(path).c_str(), &facts) != 0)
+      return std::nullopt;
+    const auto written = facts.st_mtim.tv_sec * 1'000'000'000LL + facts.st_mtim.tv_nsec;
+    return platform::FileStamp{static_cast<std::uint64_t>(facts.st_size), static_cast<std::uint64_t>(written),
+                               facts.st_ino};
+  }
+  // What no benchmark does.
+  [[nodiscard]] bool can_replace(const std::wstring& /*path*/) override { return true; }
+  [[nodiscard]] bool move(const std::wstring& /*from*/, const std::wstring& /*to*/) override { return false; }
+  void settle(const std::wstring& /*path*/) override {}
+  void settle(const std::wstring& /*first*/, const std::wstring& /*second*/) override {}
   [[nodiscard]] bool append(const std::wstring& /*path*/, std::string_view /*bytes*/) override { return false; }
   [[nodiscard]] bool being_written(const std::wstring& /*path*/) const override { return false; }
   [[nodiscard]] std::vector<std::wstring> list(const std::wstring& /*folder*/,
