@@ -76,6 +76,7 @@ public:
   base::MenuTree menu_tree;
   base::ErrorLog error_log;
   base::SettingsFiles options;
+  stations::StationFiles station_files;
   stations::StationLookup stations;
   companions::CommandSender sender;
   companions::WebPages web_pages;

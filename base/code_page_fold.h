@@ -2,12 +2,10 @@
 // Bytes of the system's code page compared without regard to letter case. Pure.
 #pragma once
 
-#include "base/record_bytes.h"
 #include "platform/ansi_codec.h"
 
 #include <array>
 #include <cstdint>
-#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,28 +32,7 @@ public:
   [[nodiscard]] bool equal(std::string_view a, std::string_view b) const;
   [[nodiscard]] bool starts_with(std::string_view text, std::string_view prefix) const;
 
-  // One number for all spellings of the identifier that the bytes begin with; there are at least
-  // `station_id_length` of them.
-  [[nodiscard]] std::uint64_t id_key(std::string_view bytes) const {
-    const std::uint64_t word = packed(bytes.data());
-    if (all_ascii(word))
-      return small_letters(word);
-    std::array<char, station_id_length> folded{};
-    for (std::size_t i = 0; i < folded.size(); ++i)
-      folded[i] = static_cast<char>(fold(bytes[i]));
-    return packed(folded.data());
-  }
-
 private:
-  // An identifier's bytes as one word: its first and its last four, which overlap. Two loads, nothing through memory.
-  static std::uint64_t packed(const char* id) {
-    std::uint32_t first = 0;
-    std::uint32_t last = 0;
-    std::memcpy(&first, id, sizeof first);
-    std::memcpy(&last, id + station_id_length - sizeof last, sizeof last);
-    return first | std::uint64_t{last} << 32;
-  }
-
   std::array<std::uint8_t, 256> folded_{};
 };
 

@@ -21,8 +21,8 @@ public:
         line_(bytes.substr(0, 0)) {}
 
   // False after the last line, or after the most that were asked for: then `after` is short of the end. In the header,
-  // and with the system's search only, because a long station file is walked for every look-up. The next line feed is
-  // looked for once and remembered, so that a line of carriage returns costs no more than another.
+  // and with the system's search only, because station files are long. The next line feed is looked for once and
+  // remembered, so that a line of carriage returns costs no more than another.
   [[nodiscard]] bool next() {
     if (at_ == end_ || lines_left_ == 0)
       return false;

@@ -35,7 +35,7 @@ void Actions::PridejRadioDoFAST(const std::wstring& Kvalita) {
     return say(uses_.list.row_selected() ? L"Toto rádio nelze přidat k oblíbeným."
                                          : L"Vyberte prosím rádio, které chcete přidat k oblíbeným.");
   if (is_quality(Kvalita))
-    line = L"lt:" + record->at(1) + L"/" + Kvalita;
+    line = stations::favourite_line(record->text(stations::StationField::id), Kvalita);
   const stations::FavouriteAdded result = uses_.favourites.add(line);
   if (result == stations::FavouriteAdded::failed)
     return say(stations::favourites_not_saved);

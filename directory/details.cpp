@@ -9,6 +9,8 @@
 namespace lumotune::directory {
 namespace {
 
+using stations::StationField;
+
 constexpr const wchar_t* television_category = L"100003";
 constexpr platform::Colour hover_colour{0xC00000};
 constexpr platform::Colour black{0};
@@ -24,15 +26,15 @@ void Details::MenuRadia() {
   const auto record = uses_.list.selected_record();
   if (!record)
     return;
-  selected_ = {record->at(1), record->at(2), record->at(17), {}};
+  selected_ = {record->text(StationField::id), record->text(StationField::name), record->text(StationField::www), {}};
   for (std::size_t n = 1; n <= quality_count; ++n) {
     QualityEntry& entry = qualities_[n - 1];
-    const std::wstring& rate = record->bit_rate(n);
+    const std::wstring rate = record->text(stations::bit_rate_of(n));
     entry.visible = !rate.empty();
     if (!entry.visible)
       continue;
     entry.caption = rate + L" kbps";
-    selected_.stream_addresses[n - 1] = record->stream_address(n);
+    selected_.stream_addresses[n - 1] = record->text(stations::address_of(n));
   }
 }
 
@@ -40,10 +42,10 @@ void Details::NactiInfoRadio() {
   const auto record = uses_.list.selected_record();
   if (!record)
     return;
-  uses_.form.Label2.set_text(record->at(2));
-  uses_.form.Label3.set_text(record->at(5));
-  uses_.form.Label4.set_text(record->at(17));
-  uses_.form.Text1.set_text(record->at(18));
+  uses_.form.Label2.set_text(record->text(StationField::name));
+  uses_.form.Label3.set_text(record->text(StationField::country));
+  uses_.form.Label4.set_text(record->text(StationField::www));
+  uses_.form.Text1.set_text(record->text(StationField::description));
 }
 
 bool Details::is_television(const std::wstring& id) {

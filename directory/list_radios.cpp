@@ -16,7 +16,7 @@ ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state)
       window_(uses.windows.make(window_name)),
       form_(*window_),
       layout_(form_),
-      list_({form_, uses.files, uses.codec, uses.machine, uses.session, uses.favourites}),
+      list_({form_, uses.station_files, uses.codec, uses.session, uses.favourites}),
       advert_({form_, layout_, advert_state}),
       panel_({form_, layout_, uses.settings, uses.loop, uses.dialogs, uses.shell, uses.files, uses.machine, uses.sender,
               uses.identity, uses.web}),
@@ -24,8 +24,8 @@ ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state)
                 uses.dialogs, advert_}),
       actions_({form_, list_, details_, uses.identity, uses.settings, uses.favourites, uses.sender, uses.menus,
                 uses.loop, uses.shell, uses.machine, uses.dialogs, uses.web}),
-      updater_({form_, list_, *this, uses.settings, uses.loop, uses.files, uses.codec, uses.machine, uses.shell,
-                uses.dialogs, uses.connection}) {
+      updater_({form_, list_, *this, uses.station_files, uses.settings, uses.loop, uses.files, uses.codec, uses.machine,
+                uses.shell, uses.dialogs, uses.connection}) {
   set_texts();
   load_pictures();
   form_.InfoPanel.set_visible(false);

@@ -21,6 +21,7 @@
 #include "platform/popup_menus.h"
 #include "player/favourites.h"
 #include "player/playback.h"
+#include "stations/station_files.h"
 #include "stations/station_lookup.h"
 
 #include <functional>
@@ -35,6 +36,7 @@ struct DirectoryUses {
   base::Session& session;
   base::LumotuneForm& main_form;
   base::ErrorLog& error_log;
+  stations::StationFiles& station_files;
   stations::StationLookup& stations;
   player::Playback& playback;
   player::Favourites& favourites;

@@ -3,8 +3,6 @@
 
 #include "base/text.h"
 #include "stations/categories.h"
-#include "stations/file_names.h"
-#include "stations/station_limits.h"
 
 namespace lumotune::directory {
 namespace {
@@ -13,8 +11,7 @@ constexpr std::size_t key_prefix = 4; // a station's identifier starts at this c
 
 } // namespace
 
-StationList::StationList(const Uses& uses)
-    : uses_(uses), table_({uses.files, uses.codec, uses.machine}), rows_(uses.codec) {
+StationList::StationList(const Uses& uses) : uses_(uses), table_({uses.station_files, uses.codec}), rows_(uses.codec) {
   uses_.form.ListView1.set_rows(&rows_);
 }
 
@@ -30,11 +27,8 @@ void StationList::make_columns() {
 void StationList::NactiKategorie() {
   auto& tree = uses_.form.TreeView1;
   tree.clear();
-  std::string bytes;
-  // A file that cannot be read is an empty one.
-  (void)uses_.files.read_at_most(uses_.machine.program_folder() + L"\\" + stations::categories_file, bytes,
-                                 stations::max_station_bytes);
-  for (const stations::CategoryNode& node : stations::read_categories(bytes, uses_.codec))
+  const auto nodes = uses_.station_files.categories(); // a file that cannot be read is an empty one
+  for (const stations::CategoryNode& node : *nodes)
     (void)tree.add(node.key, node.parent_key, node.name); // a refused node is left out
   tree.select(remembered_node_);
 }

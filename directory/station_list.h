@@ -6,8 +6,6 @@
 #include "directory/list_radios_form.h"
 #include "directory/station_rows.h"
 #include "platform/ansi_codec.h"
-#include "platform/files.h"
-#include "platform/machine.h"
 #include "player/ports.h"
 #include "stations/station_table.h"
 
@@ -22,9 +20,8 @@ class StationList {
 public:
   struct Uses {
     ListRadiosForm& form;
-    const platform::Files& files;
+    stations::StationFiles& station_files;
     const platform::AnsiCodec& codec;
-    const platform::Machine& machine;
     base::Session& session;
     player::FavouritesPort& favourites;
   };
@@ -52,7 +49,7 @@ public:
   [[nodiscard]] std::wstring selected_id() const;   // empty while nothing is selected
   [[nodiscard]] std::wstring selected_text() const; // the row's first column
   // What is known of the selected station: nothing without a row, or when the table has it no more. A row without an
-  // identifier stands for its own line.
+  // identifier stands for its own line. A view that lives until the next load.
   [[nodiscard]] std::optional<stations::StationRecord> selected_record() const;
   [[nodiscard]] const stations::StationTable& table() const { return table_; }
 

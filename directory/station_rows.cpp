@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/station_rows.h"
 
-#include "base/record_bytes.h"
 #include "base/text.h"
-#include "stations/station_record.h"
 
 namespace lumotune::directory {
 namespace {
+
+using stations::StationField;
 
 constexpr std::size_t top_level_length = 6; // characters of a category code before the subcategory part
 constexpr std::size_t appended_from = 4;    // the marker's fifth character
@@ -20,30 +20,34 @@ std::string_view rest_of(std::string_view text, std::size_t from) {
 StationRows::StationRows(const platform::AnsiCodec& codec)
     : codec_(codec),
       fold_(codec),
-      keys_(fold_, [this](std::size_t row) { return base::record_field(line(row), stations::field_id); }) {}
+      keys_(fold_, [this](std::size_t row) { return record(line(row))[StationField::id]; }) {}
+
+stations::StationRecord StationRows::record(std::string_view line) const {
+  return {line, codec_};
+}
 
 std::string_view StationRows::line(std::size_t row) const {
   return row == 0 || row > rows_.size() ? std::string_view() : lines_->line(rows_[row - 1]);
 }
 
 std::wstring StationRows::text(std::size_t row, std::size_t column) const {
-  const std::string_view record = line(row);
+  const stations::StationRecord station = record(line(row));
   if (column == 1)
-    return codec_.decode(base::record_field(record, stations::field_country));
+    return station.text(StationField::country);
   if (column != 0)
     return {};
-  std::string name(base::record_field(record, stations::field_name));
-  return codec_.decode(name.append(rest_of(base::record_field(record, stations::field_marker), appended_from)));
+  std::string name(station[StationField::name]);
+  return codec_.decode(name.append(rest_of(station[StationField::marker], appended_from)));
 }
 
 bool StationRows::bold(std::size_t row) const {
-  return base::starts_with_marker(base::record_field(line(row), stations::field_marker), "tip");
+  return base::starts_with_marker(record(line(row))[StationField::marker], "tip");
 }
 
 std::wstring StationRows::key(std::size_t row) const {
   if (row == 0 || row > rows_.size())
     return {};
-  return L"orb" + codec_.decode(base::record_field(line(row), stations::field_id));
+  return L"orb" + record(line(row)).text(StationField::id);
 }
 
 std::size_t StationRows::find(const std::wstring& IDradia) const {
@@ -58,7 +62,7 @@ void StationRows::clear() {
 }
 
 void StationRows::PridejDoSeznamu(std::size_t line_number) {
-  if (keys_.add(rows_.size() + 1, base::record_field(lines_->line(line_number), stations::field_id)))
+  if (keys_.add(rows_.size() + 1, record(lines_->line(line_number))[StationField::id]))
     rows_.push_back(static_cast<std::uint32_t>(line_number));
 }
 
@@ -67,14 +71,14 @@ void StationRows::fill(const std::shared_ptr<const stations::StationLines>& List
   clear();
   lines_ = List1;
   for (std::size_t i = 0; lines_ && i < lines_->count(); ++i) {
-    const std::string_view record = lines_->line(i);
-    if (!record.empty() && wanted(record))
+    const std::string_view text = lines_->line(i);
+    if (!text.empty() && wanted(record(text)))
       PridejDoSeznamu(i);
   }
 }
 
 void StationRows::show_all(const std::shared_ptr<const stations::StationLines>& List1) {
-  fill(List1, [](std::string_view) { return true; });
+  fill(List1, [](const stations::StationRecord&) { return true; });
 }
 
 void StationRows::ZobrazKategoriiRadii(const std::shared_ptr<const stations::StationLines>& List1,
@@ -89,12 +93,11 @@ void StationRows::ZobrazKategoriiRadii(const std::shared_ptr<const stations::Sta
     return clear(); // no code has a character that the code page lacks
   const std::string_view category = *wanted;
   if (base::starts_with_marker(category, "x"))
-    return fill(List1, [&](std::string_view record) {
-      return fold_.equal(rest_of(base::record_field(record, stations::field_category), top_level_length),
-                         category.substr(1));
+    return fill(List1, [&](const stations::StationRecord& station) {
+      return fold_.equal(rest_of(station[StationField::category], top_level_length), category.substr(1));
     });
-  fill(List1, [&](std::string_view record) {
-    return fold_.starts_with(base::record_field(record, stations::field_category), category);
+  fill(List1, [&](const stations::StationRecord& station) {
+    return fold_.starts_with(station[StationField::category], category);
   });
 }
 

@@ -8,6 +8,7 @@
 #include "platform/directory_controls.h"
 #include "stations/station_keys.h"
 #include "stations/station_lines.h"
+#include "stations/station_record.h"
 
 #include <cstdint>
 #include <memory>
@@ -40,6 +41,7 @@ public:
   [[nodiscard]] std::size_t find(const std::wstring& IDradia) const;
 
 private:
+  [[nodiscard]] stations::StationRecord record(std::string_view line) const;
   void PridejDoSeznamu(std::size_t line_number);
   template <typename Wanted>
   void fill(const std::shared_ptr<const stations::StationLines>& List1, const Wanted& wanted);

@@ -58,8 +58,7 @@ void Updater::carry_out(const UpdateStep& step, unsigned run) {
     carry_out(update_.probe_read(run, read_probe(run)));
     return;
   case Step::convert:
-    carry_out(update_.converted(run, stations::convert_files(uses_.files, uses_.machine.program_folder(),
-                                                             update_.announced_size(), uses_.codec, uses_.shows)));
+    carry_out(update_.converted(run, uses_.station_files.convert_download(update_.announced_size(), uses_.shows)));
     return;
   case Step::TestOnLine:
     carry_out(update_.online(run, TestOnLine() == L"true"));

@@ -13,7 +13,7 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/shell.h"
-#include "stations/conversion.h"
+#include "stations/station_files.h"
 
 #include <memory>
 #include <string>
@@ -27,6 +27,7 @@ public:
     ListRadiosForm& form;
     StationList& list;
     stations::ConversionPort& shows; // what the list says beside its stations
+    stations::StationFiles& station_files;
     base::Settings& settings;
     platform::EventLoop& loop;
     platform::Files& files;

@@ -2,14 +2,12 @@
 #include "player/favourites.h"
 
 #include "base/busy.h"
-#include "base/line_walk.h"
 #include "base/record_bytes.h"
 #include "base/text.h"
-#include "stations/station_limits.h"
+#include "stations/station_record.h"
 
 #include <algorithm>
-#include <array>
-#include <unordered_map>
+#include <utility>
 
 namespace lumotune::player {
 namespace {
@@ -19,61 +17,22 @@ constexpr std::size_t quality_column = 94;
 constexpr std::size_t id_column = 95;
 constexpr std::size_t address_column = 101;
 
-// A line of the favourites file, its prefix cut off.
-struct Favourite {
-  std::string_view id;
-  char quality = '1';
-  std::uint64_t key = 0;
-};
-
-std::vector<Favourite> read_favourites(std::string_view bytes, const base::CodePageFold& folding) {
-  constexpr std::string_view prefix = "lt:";
-  constexpr std::size_t quality_at = 7;
-  std::vector<Favourite> List5;
-  for (base::LineWalk walk(bytes); walk.next();) {
-    std::string_view line = walk.line();
-    if (line.size() <= prefix.size() + quality_at || !folding.starts_with(line, prefix))
-      continue;
-    line.remove_prefix(prefix.size());
-    const char quality = line[quality_at];
-    if (quality >= '1' && quality <= '5')
-      List5.push_back({line.substr(0, base::station_id_length), quality, folding.id_key(line)});
-  }
-  return List5;
-}
-
-// Says of nearly every station at once that it is no favourite: the table that knows for sure is slower, and a long
-// station file asks it for every line.
-class IdFilter {
-public:
-  void add(std::uint64_t key) { bits_[place(key) / 64] |= bit(key); }
-  [[nodiscard]] bool may_have(std::uint64_t key) const { return (bits_[place(key) / 64] & bit(key)) != 0; }
-
-private:
-  // The upper 16 bits of a product in which every bit of the key takes part.
-  static std::size_t place(std::uint64_t key) { return static_cast<std::size_t>(key * 0x9e3779b97f4a7c15ULL >> 48); }
-  static std::uint64_t bit(std::uint64_t key) { return 1ULL << (place(key) % 64); }
-
-  std::array<std::uint64_t, 1024> bits_{};
-};
-
 // The list box knows texts that a zero ends; a blank in its place keeps the columns.
 std::wstring without_zeros(std::wstring text) {
   std::replace(text.begin(), text.end(), L'\0', L' ');
   return text;
 }
 
-std::wstring favourite_item(const Favourite& favourite, std::string_view record, const platform::AnsiCodec& codec) {
-  const auto number = static_cast<std::size_t>(favourite.quality - '1');
+std::wstring favourite_item(const stations::Favourite& favourite, const stations::StationRecord& record,
+                            const platform::AnsiCodec& codec) {
+  using stations::StationField;
   // No more of a long name is decoded than is ever shown.
-  const auto shown = [&](std::size_t field) {
-    return codec.decode(base::record_field(record, field).substr(0, shown_columns));
-  };
-  std::wstring item = shown(1) + L"  (" + shown(11 + number) + L"kbps)";
+  const auto shown = [&](StationField field) { return codec.decode(record[field].substr(0, shown_columns)); };
+  std::wstring item = shown(StationField::name) + L"  (" + shown(stations::bit_rate_of(favourite.quality)) + L"kbps)";
   item.resize(shown_columns, L' ');
-  item += static_cast<wchar_t>(favourite.quality);
+  item += static_cast<wchar_t>(L'0' + favourite.quality);
   item += codec.decode(favourite.id);
-  item += codec.decode(base::record_field(record, 6 + number));
+  item += record.text(stations::address_of(favourite.quality));
   return without_zeros(std::move(item));
 }
 
@@ -86,40 +45,21 @@ std::optional<FavouriteItem> read_favourite_item(std::wstring_view item) {
                        std::wstring(base::mid(item, quality_column, 1)), std::wstring(base::mid(item, address_column))};
 }
 
-std::vector<std::wstring> favourite_items(std::string_view favourites, std::string_view stations,
-                                          const base::CodePageFold& folding, const platform::AnsiCodec& codec) {
-  const std::vector<Favourite> List5 = read_favourites(favourites, folding);
-  std::unordered_map<std::uint64_t, std::string_view> records;
-  IdFilter filter;
-  for (const Favourite& favourite : List5) {
-    records.emplace(favourite.key, std::string_view());
-    filter.add(favourite.key);
-  }
-  for (base::LineWalk walk(stations, stations::max_station_lines); walk.next();) {
-    const std::string_view line = walk.line();
-    if (line.size() < base::station_id_length)
-      continue;
-    const std::uint64_t key = folding.id_key(line);
-    if (!filter.may_have(key))
-      continue;
-    if (const auto wanted = records.find(key); wanted != records.end())
-      wanted->second = line;
-  }
+std::vector<std::wstring> favourite_items(std::string_view favourites, const stations::StationLines& stations,
+                                          const platform::AnsiCodec& codec) {
   std::vector<std::wstring> items;
-  for (const Favourite& favourite : List5) {
-    if (const std::string_view record = records[favourite.key]; !record.empty())
-      items.push_back(favourite_item(favourite, record, codec));
+  for (const stations::Favourite& favourite : stations::read_favourites(favourites)) {
+    if (const auto line = stations.last_of(favourite.id))
+      items.push_back(favourite_item(favourite, stations::StationRecord(*line, codec), codec));
   }
   return items;
 }
 
-Favourites::Favourites(const Uses& uses)
-    : uses_(uses), file_({uses.files, uses.codec, uses.machine}), folding_(uses.codec) {}
+Favourites::Favourites(const Uses& uses) : uses_(uses), file_({uses.files, uses.codec, uses.machine}) {}
 
 void Favourites::ZobrazOblibene() {
   // A file that cannot be read is an empty one: no favourite is shown, and their own file keeps them.
-  (void)uses_.files.read_at_most(uses_.machine.program_folder() + L"\\radios.tt", List3, stations::max_station_bytes);
-  uses_.form.Control_List.set_items(favourite_items(file_.read(), List3, folding_, uses_.codec));
+  uses_.form.Control_List.set_items(favourite_items(file_.read(), *uses_.station_files.stations(), uses_.codec));
   show_in_place();
 }
 
@@ -189,7 +129,7 @@ void Favourites::Control_List_Click() {
   uses_.settings.IDlastRadio = item->id;
   uses_.settings.KvalitaLT = item->quality;
   uses_.playback.PripravHrani(item->address);
-  uses_.session.favourite_line = L"lt:" + item->id + L"/" + item->quality;
+  uses_.session.favourite_line = stations::favourite_line(item->id, item->quality);
 }
 
 // A click of our own never counts as the second one of a double click.

@@ -2,7 +2,6 @@
 // The list of the favourite stations in the main window.
 #pragma once
 
-#include "base/code_page_fold.h"
 #include "base/lumotune_form.h"
 #include "base/menu_tree.h"
 #include "base/session.h"
@@ -12,6 +11,7 @@
 #include "player/playback.h"
 #include "player/ports.h"
 #include "stations/favourite_file.h"
+#include "stations/station_files.h"
 #include "stations/station_lookup.h"
 
 #include <optional>
@@ -33,11 +33,9 @@ struct FavouriteItem {
 // Nothing for a text that carries no identifier.
 [[nodiscard]] std::optional<FavouriteItem> read_favourite_item(std::wstring_view item);
 
-// The items for a favourites file and a station file, in the order of the favourites. One pass over the stations, of
-// which a later record of an identifier wins. A favourite without a station, or with no quality 1..5, has no item.
-[[nodiscard]] std::vector<std::wstring> favourite_items(std::string_view favourites, std::string_view stations,
-                                                        const base::CodePageFold& folding,
-                                                        const platform::AnsiCodec& codec);
+// The items for a favourites file, in its order. A favourite without a station, or with no quality 1..5, has no item.
+[[nodiscard]] std::vector<std::wstring>
+favourite_items(std::string_view favourites, const stations::StationLines& stations, const platform::AnsiCodec& codec);
 
 // User-interface thread.
 class Favourites final : public FavouritesPort {
@@ -50,6 +48,7 @@ public:
     base::Session& session;
     base::LumotuneForm& form;
     Playback& playback;
+    stations::StationFiles& station_files;
     stations::StationLookup& stations;
     platform::Dialogs& dialogs;
     platform::EventLoop& loop;
@@ -90,8 +89,6 @@ private:
 
   Uses uses_;
   stations::FavouriteFile file_;
-  base::CodePageFold folding_;
-  std::string List3;      // the station file's bytes; the room is used again
   bool clicking_ = false; // a click of our own is on its way
   bool clicked_ = false;  // it has come
 };

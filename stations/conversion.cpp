@@ -4,7 +4,6 @@
 #include "base/code_page_fold.h"
 #include "base/line_walk.h"
 #include "base/text.h"
-#include "stations/file_names.h"
 #include "stations/station_limits.h"
 
 #include <algorithm>
@@ -86,23 +85,10 @@ std::optional<Converted> convert(std::string_view list, const platform::AnsiCode
   copy_up_to(list.size());
   result.stations.append(line_end);
   result.categories.append(line_end);
+  if (std::max(result.stations.size(), result.categories.size()) > max_station_bytes)
+    return std::nullopt;
   orders.carry_out(codec, port);
   return result;
-}
-
-// Forward slash on purpose: the downloader is told this very path, and its growth is watched under it. A list that is
-// still written may have grown since its length was asked.
-Conversion convert_files(platform::Files& files, const std::wstring& program_folder, std::uint64_t announced_size,
-                         const platform::AnsiCodec& codec, ConversionPort& port) {
-  std::string list;
-  if (!files.read_at_most(program_folder + L"/" + download_file, list, announced_size) || list.size() != announced_size)
-    return Conversion::unreadable;
-  const auto converted = convert(list, codec, port);
-  if (!converted)
-    return Conversion::too_long;
-  const bool written = files.replace_both(program_folder + L"\\" + stations_file, converted->stations,
-                                          program_folder + L"\\" + categories_file, converted->categories);
-  return written ? Conversion::done : Conversion::not_written;
 }
 
 } // namespace lumotune::stations

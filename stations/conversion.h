@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Turns the downloaded list into the station file and the category file.
+// What the downloaded list becomes: the content of the station file and of the category file.
 #pragma once
 
 #include "platform/ansi_codec.h"
-#include "platform/files.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,19 +32,16 @@ struct Converted {
 };
 
 // Any bytes: a line of no known kind is a station and stays as it came. Nothing, and no order carried out, when there
-// are more lines than a station file may have.
+// are more lines or bytes than a station file may have.
 [[nodiscard]] std::optional<Converted> convert(std::string_view list, const platform::AnsiCodec& codec,
                                                ConversionPort& port);
 
+// What became of a downloaded list.
 enum class Conversion {
   done,
   unreadable, // the list could not be read, or is not as long as announced; nothing was changed or shown
-  too_long,   // it has too many lines; nothing was changed or shown
+  too_long,   // it has too many lines or bytes; nothing was changed or shown
   not_written // the new files could not take the places of the old ones, which are still there
 };
-// The same for the files of a folder; the list is read completely first, and must then be `announced_size` bytes long.
-[[nodiscard]] Conversion convert_files(platform::Files& files, const std::wstring& program_folder,
-                                       std::uint64_t announced_size, const platform::AnsiCodec& codec,
-                                       ConversionPort& port);
 
 } // namespace lumotune::stations

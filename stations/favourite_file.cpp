@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "stations/favourite_file.h"
 
+#include "base/code_page_fold.h"
+#include "base/line_walk.h"
 #include "base/options_lines.h"
+#include "base/record_bytes.h"
 #include "base/text.h"
+#include "stations/file_names.h"
 
 namespace lumotune::stations {
 namespace {
@@ -18,8 +22,28 @@ std::string lines_with_ends(const base::TextLines& lines) {
 
 } // namespace
 
+std::vector<Favourite> read_favourites(std::string_view bytes) {
+  constexpr std::string_view prefix = "lt:";
+  constexpr std::size_t quality_at = base::station_id_length + 1; // behind the slash, which is not looked at
+  std::vector<Favourite> List5;
+  for (base::LineWalk walk(bytes); walk.next();) {
+    std::string_view line = walk.line();
+    if (line.size() <= prefix.size() + quality_at || !base::starts_with_marker(line, prefix))
+      continue;
+    line.remove_prefix(prefix.size());
+    const char quality = line[quality_at];
+    if (quality >= '1' && quality <= '5')
+      List5.push_back({line.substr(0, base::station_id_length), static_cast<std::size_t>(quality - '0')});
+  }
+  return List5;
+}
+
+std::wstring favourite_line(const std::wstring& id, const std::wstring& quality) {
+  return L"lt:" + id + L"/" + quality;
+}
+
 std::wstring FavouriteFile::path() const {
-  return uses_.machine.program_folder() + L"\\list.tt";
+  return uses_.machine.program_folder() + L"\\" + favourites_file;
 }
 
 std::string FavouriteFile::read() const {

@@ -7,7 +7,10 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 
+#include <cstddef>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace lumotune::stations {
 
@@ -19,6 +22,16 @@ enum class FavouriteRemoved { removed, not_there, failed };
 inline constexpr const wchar_t* favourites_not_saved =
     L"Oblíbené se nepodařilo uložit.\r\nSoubor list.tt je jen pro čtení, nebo ho používá jiný program.";
 
+// A favourite, a line of the file.
+struct Favourite {
+  std::string_view id;     // six characters, a view of the file's bytes
+  std::size_t quality = 1; // 1..5
+};
+// The favourites in the order of the file. Lines that are none, or have no such quality, are left out. Pure.
+[[nodiscard]] std::vector<Favourite> read_favourites(std::string_view bytes);
+// The line of a favourite. Pure.
+[[nodiscard]] std::wstring favourite_line(const std::wstring& id, const std::wstring& quality);
+
 // User-interface thread. Lines are compared without regard to letter case; those that are no favourites are kept.
 class FavouriteFile {
 public:
@@ -29,7 +42,8 @@ public:
   };
   explicit FavouriteFile(const Uses& uses) : uses_(uses) {}
 
-  // The bytes of the file; empty when there is none or it cannot be read.
+  // The bytes of the file as it is now, which is short and the user's own: no copy of it is kept. Empty when there is
+  // none or it cannot be read.
   [[nodiscard]] std::string read() const;
 
   // Appends a line unless it is there, and drops empty lines. An empty line counts as added and is not written; where

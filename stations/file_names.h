@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The directory's files in the program folder. All are text in the system's code page.
+// The files of stations in the program folder. All are text in the system's code page.
 #pragma once
 
 namespace lumotune::stations {
 
 inline constexpr const wchar_t* stations_file = L"radios.tt";               // a station record a line
 inline constexpr const wchar_t* categories_file = L"kategories.tt";         // a category a line
+inline constexpr const wchar_t* favourites_file = L"list.tt";               // a favourite a line
 inline constexpr const wchar_t* download_file = L"seznam.tt";               // the list as the server sends it
 inline constexpr const wchar_t* probe_file = L"orb_test_size.tt";           // the server's answer on the list's size
 inline constexpr const wchar_t* new_categories_file = L"kategories_new.tt"; // another program's sign; never read

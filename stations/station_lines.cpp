@@ -2,15 +2,15 @@
 #include "stations/station_lines.h"
 
 #include "base/line_walk.h"
+#include "base/record_bytes.h"
 #include "stations/station_limits.h"
+
+#include <utility>
 
 namespace lumotune::stations {
 
-void StationLines::read(const platform::Files& files, const std::wstring& path) {
-  starts_.clear();
-  (void)files.read_at_most(path, bytes_,
-                           stations::max_station_bytes); // a file that cannot be read leaves no bytes and so no lines
-  base::LineWalk walk(bytes_, stations::max_station_lines);
+StationLines::StationLines(std::string bytes, const base::CodePageFold& fold) : bytes_(std::move(bytes)), fold_(fold) {
+  base::LineWalk walk(bytes_, max_station_lines);
   while (walk.next())
     starts_.push_back(static_cast<std::uint32_t>(walk.start()));
   bytes_.resize(walk.after()); // the last line ends there, however much follows
@@ -29,6 +29,21 @@ std::string_view StationLines::line(std::size_t index) const {
   if (text.ends_with('\r'))
     text.remove_suffix(1);
   return text;
+}
+
+// From the end: of several lines the keys keep the one that comes first.
+std::optional<std::string_view> StationLines::last_of(std::string_view id) const {
+  const auto id_of = [this](std::size_t row) { return line(row - 1).substr(0, base::station_id_length); };
+  if (!keys_) {
+    auto keys = std::make_unique<StationKeys>(fold_, id_of);
+    for (std::size_t row = count(); row > 0; --row) {
+      if (const std::string_view key = id_of(row); !key.empty())
+        (void)keys->add(row, key); // false: a line further on is the station's
+    }
+    keys_ = std::move(keys);
+  }
+  const std::size_t row = keys_->find(id);
+  return row == 0 ? std::nullopt : std::optional(line(row - 1));
 }
 
 } // namespace lumotune::stations

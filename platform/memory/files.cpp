@@ -88,8 +88,9 @@ public:
     return write(to, bytes);
   }
   [[nodiscard]] FileStep keep_copy(const std::wstring& from, const std::wstring& to) override {
-    const auto bytes = files_.read(from);
-    return bytes.has_value() ? write(to, *bytes) : FileStep::refused;
+    const auto source = files_.files_.find(key(from)); // whoever copies a file does not read it
+    const bool there = source != files_.files_.end() && files_.unreadable_.count(source->first) == 0;
+    return there ? write(to, source->second.bytes) : FileStep::refused;
   }
   [[nodiscard]] FileStep take_place(const std::wstring& from, const std::wstring& to) override {
     const FileStep allowed = files_.changeable(to);
@@ -169,7 +170,7 @@ std::optional<FileStamp> MemoryFiles::stamp(const std::wstring& path) const {
   if (found == files_.end() || unreadable_.count(found->first) != 0)
     return std::nullopt;
   const Entry& entry = found->second;
-  return FileStamp{entry.bytes.size(), entry.written, entry.identity};
+  return FileStamp{entry.bytes.size(), clock_stands ? 0 : entry.written, entry.identity};
 }
 
 std::optional<std::string> MemoryFiles::read(const std::wstring& path) const {

@@ -54,6 +54,8 @@ public:
   // Another program has the file open for writing, or no longer.
   void set_being_written(const std::wstring& path, bool on);
   void mend(const std::wstring& path);
+  // All that is written falls into one tick of the clock, so that the time of the last writing does not change.
+  bool clock_stands = false;
   // Called before the bytes are taken, of a file that changes just then.
   std::function<void(const std::wstring& path)> before_read;
   // Records: every read, and every change as "replace C:\...", "append ...", "remove ...", "copy to ...".

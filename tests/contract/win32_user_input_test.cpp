@@ -96,7 +96,7 @@ TEST_F(Win32UserInput, TheMenuOfAFavouriteIsForTheRowUnderThePointerHoweverLateT
   auto& settings = parts.settings;
   LatePointer late(b.loop);
   player::Favourites favourites({b.files, b.codec, b.real.machine, settings, parts.session, form, parts.playback,
-                                 parts.stations, b.real.dialogs, b.loop, late, parts.menu_tree});
+                                 parts.station_files, parts.stations, b.real.dialogs, b.loop, late, parts.menu_tree});
   int clicks = 0;
   NotingMenu menu(settings, clicks);
   favourites.menu.bind(menu);

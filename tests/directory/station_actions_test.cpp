@@ -14,7 +14,7 @@ struct StationActions : testing::Test, test::DirectoryWorld {
   Layout layout{bare_form};
   AdvertState state;
   Advert advert{{bare_form, layout, state}};
-  StationList stations_shown{{bare_form, files, codec, machine, session, favourite_list}};
+  StationList stations_shown{{bare_form, station_files, codec, session, favourite_list}};
   Details details{{bare_form, stations_shown, form, settings, stations, playback, shell, machine, dialogs, advert}};
   Actions actions{{bare_form, stations_shown, details, identity, settings, favourite_list, sender, popups, loop, shell,
                    machine, dialogs, pages}};

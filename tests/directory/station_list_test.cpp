@@ -31,12 +31,13 @@ struct StationListTest : testing::Test {
   platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
   platform::memory::MemoryMachine machine;
+  stations::StationFiles station_files{{files, codec, machine}};
   base::Session session;
   CountingFavourites favourites{session};
   platform::memory::MemoryFramedWindow window{L"ListRadios", files};
   directory::ListRadiosForm form{window};
   std::unique_ptr<directory::StationList> stations = std::make_unique<directory::StationList>(
-      directory::StationList::Uses{form, files, codec, machine, session, favourites});
+      directory::StationList::Uses{form, station_files, codec, session, favourites});
   MemoryListView& list = *window.find<MemoryListView>(L"ListView1");
   MemoryTree& tree = *window.find<MemoryTree>(L"TreeView1");
 

@@ -20,14 +20,12 @@ std::string station(const std::string& id, const std::string& name, const std::s
 }
 
 struct RowsWorld {
-  platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
-  std::shared_ptr<stations::StationLines> lines = std::make_shared<stations::StationLines>();
+  std::shared_ptr<const stations::StationLines> lines;
   directory::StationRows rows{codec};
 
   void put(const std::string& bytes) {
-    (void)files.replace(L"C:\\radios.tt", bytes);
-    lines->read(files, L"C:\\radios.tt");
+    lines = std::make_shared<const stations::StationLines>(bytes, base::CodePageFold(codec));
   }
   void all(const std::string& bytes) {
     put(bytes);
@@ -162,7 +160,6 @@ TEST(StationRows, OnlyTheWholeSpecialIdentifierMeansEveryStation) {
 TEST(StationRows, ShowWhatTheyWereMadeOfWhileTheTableIsLoadedAnew) {
   RowsWorld w;
   w.all(station("RADIO1", "Stare", "tip", "100001"));
-  w.lines = std::make_shared<stations::StationLines>();
   w.put("");
   EXPECT_EQ(w.rows.text(1, 0), L"Stare");
   EXPECT_EQ(w.rows.key(1), L"orbRADIO1");

@@ -41,7 +41,7 @@ void check_record(const std::string& line) {
   const stations::StationRecord record(line, codec);
   for (std::size_t number = 0; number < 17; ++number) {
     demand(codec.decode(base::record_field(line, number)) == plain_field(text, number));
-    demand(record.at(number + 1) == plain_field(text, number));
+    demand(record.text(static_cast<stations::StationField>(number)) == plain_field(text, number));
   }
 }
 
@@ -79,7 +79,8 @@ void check_rows(const stations::StationTable& table, const base::TextLines& line
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string bytes = fuzz::expanded(data, size, words);
   static platform::memory::MemoryFiles files;
-  static stations::StationTable table({files, codec, machine});
+  static stations::StationFiles station_files({files, codec, machine});
+  static stations::StationTable table({station_files, codec});
   demand(files.replace(machine.program_folder() + L"\\radios.tt", bytes));
   files.forget_changes();
   table.load();

@@ -21,12 +21,12 @@ struct MenuWorld : SkinWorld {
   platform::memory::MemoryFramedWindowMaker framed_windows{files};
   companions::WebPages web{shell};
   companions::Identity identity{{files, codec, machine, loop, settings}};
-  player::Favourites favourite_list{
-      {files, codec, machine, settings, session, form, playback, stations, dialogs, loop, pointer, menu_tree}};
+  player::Favourites favourite_list{{files, codec, machine, settings, session, form, playback, station_files, stations,
+                                     dialogs, loop, pointer, menu_tree}};
   player::Console console{{session, loop, input_box, dialogs, playback}};
-  directory::Directory directory{{settings, session, form, error_log, stations, playback, favourite_list, sender,
-                                  identity, web, loop, files, codec, machine, shell, dialogs, connection, popups,
-                                  framed_windows}};
+  directory::Directory directory{{settings,       session, form,     error_log,  station_files, stations,      playback,
+                                  favourite_list, sender,  identity, web,        loop,          files,         codec,
+                                  machine,        shell,   dialogs,  connection, popups,        framed_windows}};
   menus::SkinMenu skin_menu{{files, machine, menu_tree}};
   menus::MenuCommands items{{settings,  session,  form,           loop,        machine,   shell,    dialogs,
                              options,   stations, playback,       client_link, look,      frame,    web,

@@ -24,8 +24,8 @@ struct RecordingFavouriteMenu final : player::MenuPort {
 struct FavouritesWorld : testing::Test {
   PlayerWorld w;
   platform::memory::MemoryPointer pointer;
-  player::Favourites favourites{{w.files, w.codec, w.machine, w.settings, w.session, w.form, w.playback, w.stations,
-                                 w.dialogs, w.loop, pointer, w.menu_tree}};
+  player::Favourites favourites{{w.files, w.codec, w.machine, w.settings, w.session, w.form, w.playback,
+                                 w.station_files, w.stations, w.dialogs, w.loop, pointer, w.menu_tree}};
   RecordingFavouriteMenu menu{w.journal, w.menu_tree};
   platform::memory::MemoryList& list = *w.window.list(L"Control_List");
 

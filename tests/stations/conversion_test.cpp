@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/memory/files.h"
+#include "platform/memory/messages.h"
 #include "stations/conversion.h"
+#include "stations/station_files.h"
 #include "stations/station_limits.h"
 
 #include <gtest/gtest.h>
@@ -30,12 +32,14 @@ struct RecordingPort final : stations::ConversionPort {
 struct ConversionWorld {
   platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
+  platform::memory::MemoryMachine machine;
+  stations::StationFiles station_files{{files, codec, machine}};
   RecordingPort port;
 
   stations::Converted convert(const std::string& list) { return stations::convert(list, codec, port).value(); }
   stations::Conversion convert_files() {
     const std::uint64_t announced = files.size(L"C:\\Orb\\seznam.tt").value_or(1);
-    return stations::convert_files(files, L"C:\\Orb", announced, codec, port);
+    return station_files.convert_download(announced, port);
   }
   void put(const std::wstring& name, const std::string& bytes) { (void)files.replace(L"C:\\Orb\\" + name, bytes); }
   [[nodiscard]] std::string get(const std::wstring& name) const {
@@ -157,13 +161,24 @@ TEST(Conversion, AListOfTooManyLinesIsRefusedAsAWhole) {
   EXPECT_EQ(w.get(L"radios.tt"), "(none)");
 }
 
+TEST(Conversion, AListWhoseStationsCouldNotBeReadBackIsRefused) {
+  ConversionWorld w;
+  std::string list = "orb:i:text\n";
+  list.append(stations::max_station_bytes - 3, 'x').append("\n"); // its end becomes two bytes, and two more follow
+  EXPECT_FALSE(stations::convert(list, w.codec, w.port).has_value());
+  EXPECT_TRUE(w.port.shown.empty());
+  list.erase(list.size() - 2, 1);
+  const auto longest = stations::convert(list, w.codec, w.port);
+  ASSERT_TRUE(longest.has_value());
+  EXPECT_EQ(longest->stations.size(), stations::max_station_bytes);
+}
+
 TEST(Conversion, AListThatIsNotAsLongAsAnnouncedIsNotConverted) {
   ConversionWorld w;
   w.put(L"seznam.tt", "orb:r:text\r\nRADIO1\r\n");
   const std::uint64_t length = w.files.size(L"C:\\Orb\\seznam.tt").value();
   for (const std::uint64_t announced : {std::uint64_t{0}, length - 1, length + 1})
-    EXPECT_EQ(stations::convert_files(w.files, L"C:\\Orb", announced, w.codec, w.port),
-              stations::Conversion::unreadable);
+    EXPECT_EQ(w.station_files.convert_download(announced, w.port), stations::Conversion::unreadable);
   EXPECT_TRUE(w.port.shown.empty());
   EXPECT_EQ(w.get(L"radios.tt"), "(none)");
 }

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "player/favourites.h"
 #include "stations/station_limits.h"
 #include "tests/support/stations_world.h"
 
@@ -67,11 +66,25 @@ TEST(StationLookup, AMissingFileOrStationGivesEmptyTexts) {
   EXPECT_TRUE(w.dialogs.shown.empty());
 }
 
-TEST(StationLookup, ReadsTheFileAnewAtEveryCall) {
+TEST(StationLookup, AChangedFileIsSeenAtTheNextCall) {
   StationsWorld w;
   EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"name"), L"První");
   w.put(L"radios.tt", "RADIO1/@/Jine\r\n");
   EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"name"), L"Jine");
+  w.put(L"radios.tt", "RADIO1/@/Dalsi\r\n");
+  EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"name"), L"Dalsi");
+  (void)w.files.remove(w.path(L"radios.tt"));
+  EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"name"), L"");
+}
+
+TEST(StationLookup, ReadsAFileThatDoesNotChangeOnce) {
+  StationsWorld w;
+  for (int i = 0; i < 3; ++i) {
+    for (const wchar_t* field : {L"name", L"kk", L"u1", L"k5", L"www", L"zeme"})
+      (void)w.stations.RadioInfo(L"RADIO1", field);
+    EXPECT_EQ(w.stations.RadioInfo(L"NIKDE1", L"name"), L"");
+  }
+  EXPECT_EQ(w.files.reads(w.path(L"radios.tt")), 1U);
 }
 
 TEST(StationLookup, SurvivesHostileFiles) {

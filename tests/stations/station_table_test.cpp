@@ -8,12 +8,14 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
 #include <vector>
 
 namespace lumotune::test {
 namespace {
 
 using base::record_field;
+using stations::StationField;
 using stations::StationRecord;
 
 constexpr const wchar_t* file = L"C:\\Orb\\radios.tt";
@@ -30,7 +32,8 @@ struct TableWorld {
   platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
   platform::memory::MemoryMachine machine;
-  stations::StationTable table{{files, codec, machine}};
+  stations::StationFiles station_files{{files, codec, machine}};
+  stations::StationTable table{{station_files, codec}};
 
   void load(const std::string& bytes) {
     (void)files.replace(file, bytes);
@@ -128,9 +131,33 @@ TEST(StationRecord, BothWaysOfReadingGiveTheSameFields) {
     const StationRecord record(line, codec);
     for (std::size_t number = 0; number < 17; ++number) {
       const std::string expected = static_cast<int>(number) < fields ? std::to_string(number) : "";
+      const auto field = static_cast<StationField>(number);
       EXPECT_EQ(record_field(line, number), expected) << fields << " fields";
-      EXPECT_EQ(record.at(number + 1), codec.decode(expected)) << fields << " fields";
+      EXPECT_EQ(record[field], expected) << fields << " fields";
+      EXPECT_EQ(record.text(field), codec.decode(expected)) << fields << " fields";
+      EXPECT_EQ(record_field(record.from(field), 0), expected) << fields << " fields";
     }
+  }
+}
+
+TEST(StationRecord, WordsNameFields) {
+  using enum StationField;
+  for (const auto& [word, field] : {std::pair{L"name", name},
+                                    {L"kk", category},
+                                    {L"www", www},
+                                    {L"u1", u1},
+                                    {L"U5", u5},
+                                    {L"k1", k1},
+                                    {L"K5", k5},
+                                    {L"KK", category},
+                                    {L"WwW", www}})
+    EXPECT_EQ(stations::station_field(word), field) << word;
+  for (const wchar_t* other : {L"", L"u", L"u0", L"u6", L"k", L"k11", L"id", L"zeme", L"names"})
+    EXPECT_EQ(stations::station_field(other), std::nullopt) << other;
+  for (std::size_t quality = 1; quality <= 5; ++quality) {
+    const std::wstring digit = std::to_wstring(quality);
+    EXPECT_EQ(stations::station_field(L"u" + digit), stations::address_of(quality));
+    EXPECT_EQ(stations::station_field(L"k" + digit), stations::bit_rate_of(quality));
   }
 }
 
@@ -151,30 +178,33 @@ TEST(StationRecord, NearlyADelimiterIsNone) {
   EXPECT_EQ(record_field("//@//b", 1), "/b");
 }
 
-TEST(StationRecord, TheDetailsArePositionsOfTheRecord) {
+TEST(StationRecord, FieldsHaveTheirNames) {
+  using enum StationField;
   const platform::memory::MemoryCodec codec;
   const StationRecord record(
       "ID/@/Jm\xe9no/@/tip/@/x/@/\xc8"
       "esko/@/100001/@/u1/@/u2/@/u3/@/u4/@/u5/@/k1/@/k2/@/k3/@/k4/@/k5/@/www/@/Popis/@/dal\x9a\xed",
       codec);
-  EXPECT_EQ(record.at(1), L"ID");
-  EXPECT_EQ(record.at(2), L"Jméno");
-  EXPECT_EQ(record.at(5), L"Česko");
-  EXPECT_EQ(record.stream_address(1), L"u1");
-  EXPECT_EQ(record.stream_address(5), L"u5");
-  EXPECT_EQ(record.bit_rate(1), L"k1");
-  EXPECT_EQ(record.bit_rate(5), L"k5");
-  EXPECT_EQ(record.at(17), L"www") << "cut at a further delimiter";
-  EXPECT_EQ(record.at(18), L"Popis/@/další") << "everything after it";
-  EXPECT_EQ(record.at(0), L"");
-  EXPECT_EQ(record.at(19), L"");
+  EXPECT_EQ(record.text(id), L"ID");
+  EXPECT_EQ(record.text(name), L"Jméno");
+  EXPECT_EQ(record[marker], "tip");
+  EXPECT_EQ(record[carried], "x");
+  EXPECT_EQ(record.text(country), L"Česko");
+  EXPECT_EQ(record[category], "100001");
+  EXPECT_EQ(record[u1], "u1");
+  EXPECT_EQ(record[u5], "u5");
+  EXPECT_EQ(record[k1], "k1");
+  EXPECT_EQ(record[k5], "k5");
+  EXPECT_EQ(record.text(www), L"www") << "cut at a further delimiter";
+  EXPECT_EQ(record.text(description), L"Popis/@/další") << "everything after it";
+  EXPECT_EQ(codec.decode(record.from(www)), L"www/@/Popis/@/další");
 }
 
 TEST(StationTable, TheLastRecordOfAStationWins) {
   TableWorld w;
   w.load("RADIO1/@/Prvni\r\nRADIO2/@/Jine\r\nradio1/@/Druhe\r\n\r\n");
-  EXPECT_EQ(w.table.last_of(L"Radio1")->at(2), L"Druhe");
-  EXPECT_EQ(w.table.last_of(L"RADIO2")->at(2), L"Jine");
+  EXPECT_EQ(w.table.last_of(L"Radio1")->text(StationField::name), L"Druhe");
+  EXPECT_EQ(w.table.last_of(L"RADIO2")->text(StationField::name), L"Jine");
   EXPECT_FALSE(w.table.last_of(L"RADIO3").has_value());
   EXPECT_FALSE(w.table.last_of(L"RADIO").has_value()) << "six characters of the line are compared";
   EXPECT_FALSE(w.table.last_of(L"RADIO12").has_value());
@@ -200,7 +230,7 @@ TEST(StationTable, AnIdentifierThatIsNotOfSixCharactersMeetsOnlyALineAsShort) {
   EXPECT_FALSE(w.table.last_of(L"AB").has_value());
   EXPECT_FALSE(w.table.last_of(L"DELSI77").has_value());
   EXPECT_TRUE(w.table.last_of(L"DELSI7").has_value());
-  EXPECT_EQ(w.table.last_of(L"CD")->at(1), L"CD");
+  EXPECT_EQ(w.table.last_of(L"CD")->text(StationField::id), L"CD");
 }
 
 TEST(StationTable, AnEmptyIdentifierIsNoStations) {
@@ -236,7 +266,7 @@ TEST(StationTable, HostileFilesAreJustLines) {
   bytes += "RADIO1/@/Zde/@/torn";
   w.load(bytes);
   EXPECT_EQ(w.table.lines()->count(), 2U + 41U + 1U);
-  EXPECT_EQ(w.table.last_of(L"RADIO1")->at(3), L"torn");
+  EXPECT_EQ(w.table.last_of(L"RADIO1")->text(StationField::marker), L"torn");
   EXPECT_EQ(w.table.RadioInfo(L"RADIO1", L"name"), L"Zde");
 }
 

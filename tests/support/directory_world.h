@@ -57,13 +57,13 @@ struct DirectoryWorld : PlayerWorld {
   platform::memory::MemoryConnection connection;
   platform::memory::MemoryPopupMenus popups{loop};
   platform::memory::MemoryFramedWindowMaker windows{files};
-  player::Favourites favourite_list{
-      {files, codec, machine, settings, session, form, playback, stations, dialogs, loop, pointer, menu_tree}};
+  player::Favourites favourite_list{{files, codec, machine, settings, session, form, playback, station_files, stations,
+                                     dialogs, loop, pointer, menu_tree}};
   companions::Identity identity{{files, codec, machine, loop, settings}};
   companions::WebPages pages{shell};
-  directory::Directory directory{{settings, session, form, error_log, stations, playback, favourite_list, sender,
-                                  identity, pages, loop, files, codec, machine, shell, dialogs, connection, popups,
-                                  windows}};
+  directory::Directory directory{{settings,       session, form,     error_log,  station_files, stations, playback,
+                                  favourite_list, sender,  identity, pages,      loop,          files,    codec,
+                                  machine,        shell,   dialogs,  connection, popups,        windows}};
 
   DirectoryWorld() {
     popups.modal.lets_run(loop);

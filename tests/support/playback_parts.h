@@ -10,6 +10,7 @@
 #include "player/media_key_rule.h"
 #include "player/playback.h"
 #include "player/report_programs.h"
+#include "stations/station_files.h"
 
 namespace lumotune::test {
 
@@ -36,7 +37,8 @@ struct PlaybackParts {
       : form(u.window),
         error_log({u.files, u.codec, u.machine}),
         options({u.files, u.codec, u.machine, u.loop, u.window, error_log, settings, session}),
-        stations({u.files, u.codec, u.machine}),
+        station_files({u.files, u.codec, u.machine}),
+        stations({station_files, u.codec}),
         sender({u.loop, u.messages, u.shell, u.codec}),
         programs({settings, u.machine, u.shell}),
         client_link({u.files, u.codec, u.machine, u.loop, u.dialogs, settings, options, sender, programs}),
@@ -51,6 +53,7 @@ struct PlaybackParts {
   base::MenuTree menu_tree;
   base::ErrorLog error_log;
   base::SettingsFiles options;
+  stations::StationFiles station_files;
   stations::StationLookup stations;
   companions::CommandSender sender;
   player::ReportPrograms programs;

@@ -2,13 +2,15 @@
 // The stations room on the backend in memory, with two stations.
 #pragma once
 
+#include "stations/station_files.h"
 #include "stations/station_lookup.h"
 #include "tests/support/base_world.h"
 
 namespace lumotune::test {
 
 struct StationsWorld : BaseWorld {
-  stations::StationLookup stations{{files, codec, machine}};
+  stations::StationFiles station_files{{files, codec, machine}};
+  stations::StationLookup stations{{station_files, codec}};
 
   StationsWorld() {
     put(L"radios.tt", record("RADIO1", "Prvn\xed", "u1a", "u2a") + record("radio2", "Druh\xe9", "u1b", "u2b"));
