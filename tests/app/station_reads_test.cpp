@@ -61,8 +61,15 @@ TEST_F(StationReads, NoMenuReadsIt) {
 
 TEST_F(StationReads, NoArrowKeyInTheFavouritesReadsIt) {
   const std::size_t before = reads();
-  for (std::size_t i = 0; i < 100; ++i)
+  auto* play = window.picture(L"Control_Play");
+  for (std::size_t i = 0; i < 100; ++i) {
     EXPECT_TRUE(list.user_pick(i % list.count())) << "a list box tells a key that moves its selection as a click";
+    if (i % 10 == 9) {
+      EXPECT_TRUE(play->user_click());
+      EXPECT_EQ(program.session.station_name, L"NRADI" + std::to_wstring(10 + i % 50));
+      EXPECT_TRUE(play->user_click()) << "ends it again";
+    }
+  }
   EXPECT_EQ(program.settings.IDlastRadio, L"RADI59");
   EXPECT_EQ(reads(), before);
 }
