@@ -90,7 +90,7 @@ void StationKeys::put(std::size_t slot, std::uint64_t hash, std::size_t row) {
 
 bool StationKeys::add(std::size_t row, std::string_view id) {
   if (used_ * 2 >= tags_.size())
-    grow();
+    grow(tags_.size() * 2);
   const std::uint64_t hashed = hash(id);
   const std::size_t at = slot_of(hashed, id);
   if (tags_[at] != 0)
@@ -105,8 +105,16 @@ std::size_t StationKeys::find(std::string_view id) const {
   return tags_[at] == 0 ? 0 : rows_[at];
 }
 
-void StationKeys::grow() {
-  const std::vector<std::uint8_t> old_tags = std::exchange(tags_, std::vector<std::uint8_t>(tags_.size() * 2));
+void StationKeys::reserve(std::size_t rows) {
+  std::size_t slots = tags_.size();
+  while (rows * 2 > slots)
+    slots *= 2;
+  if (slots > tags_.size())
+    grow(slots);
+}
+
+void StationKeys::grow(std::size_t slots) {
+  const std::vector<std::uint8_t> old_tags = std::exchange(tags_, std::vector<std::uint8_t>(slots));
   const std::vector<std::uint32_t> old_rows = std::exchange(rows_, std::vector<std::uint32_t>(tags_.size()));
   for (std::size_t i = 0; i < old_tags.size(); ++i) {
     if (old_tags[i] == 0)

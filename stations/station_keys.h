@@ -22,6 +22,7 @@ public:
   StationKeys(const base::CodePageFold& fold, IdOf id_of);
 
   void clear();
+  void reserve(std::size_t rows); // room for that many: adding them moves none
   // Adds the row unless a row with its identifier is there: then false.
   [[nodiscard]] bool add(std::size_t row, std::string_view id);
   [[nodiscard]] std::size_t find(std::string_view id) const; // 0 when there is none
@@ -31,7 +32,7 @@ private:
   [[nodiscard]] std::uint64_t folded_word(std::string_view bytes) const;
   [[nodiscard]] std::size_t slot_of(std::uint64_t hash, std::string_view id) const;
   void put(std::size_t slot, std::uint64_t hash, std::size_t row);
-  void grow();
+  void grow(std::size_t slots);
 
   const base::CodePageFold& fold_;
   IdOf id_of_;

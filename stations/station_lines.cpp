@@ -36,6 +36,7 @@ std::optional<std::string_view> StationLines::last_of(std::string_view id) const
   const auto id_of = [this](std::size_t row) { return line(row - 1).substr(0, base::station_id_length); };
   if (!keys_) {
     auto keys = std::make_unique<StationKeys>(fold_, id_of);
+    keys->reserve(count());
     for (std::size_t row = count(); row > 0; --row) {
       if (const std::string_view key = id_of(row); !key.empty())
         (void)keys->add(row, key); // false: a line further on is the station's
