@@ -44,6 +44,12 @@ TEST_F(StationReads, TheStartReadsItOnce) {
   EXPECT_EQ(reads(), 1U) << "the directory has the same lines";
 }
 
+TEST_F(StationReads, TheDirectoryHoldsTheOwnersLinesAndNoCopy) {
+  const long alone = program.station_files.stations().use_count();
+  open_directory();
+  EXPECT_GT(program.station_files.stations().use_count(), alone);
+}
+
 TEST_F(StationReads, NoMenuReadsIt) {
   ASSERT_TRUE(list.user_pick(3));
   ASSERT_TRUE(window.picture(L"Control_Play")->user_click());
@@ -77,6 +83,7 @@ TEST_F(StationReads, NoArrowKeyInTheFavouritesReadsIt) {
 TEST_F(StationReads, NeitherMenusNorArrowKeysOfTheDirectoryReadIt) {
   open_directory();
   auto& rows = part<platform::memory::MemoryListView>(L"ListView1");
+  ASSERT_TRUE(rows.user_pick(1, MouseButton::left)) << "the keyboard goes where the mouse is pressed";
   const std::size_t before = reads();
   for (std::size_t i = 0; i < 100; ++i) {
     EXPECT_TRUE(rows.user_arrow(1 + i % rows.count()));
