@@ -138,6 +138,7 @@ public:
     }
     return nullptr;
   }
+  [[nodiscard]] std::vector<std::wstring> control_names() const { return names_of(controls_); }
   [[nodiscard]] const std::wstring& name() const { return name_; }
   void user_minimize();
   void user_maximize();

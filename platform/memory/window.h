@@ -166,6 +166,13 @@ private:
   std::size_t shown_columns_ = none;
 };
 
+[[nodiscard]] inline std::vector<std::wstring> names_of(const std::vector<std::unique_ptr<Control>>& controls) {
+  std::vector<std::wstring> names;
+  for (const auto& control : controls)
+    names.push_back(control->name());
+  return names;
+}
+
 class MemoryWindow final : public Window {
 public:
   explicit MemoryWindow(const Files& files) : files_(files) {}
@@ -202,6 +209,7 @@ public:
   [[nodiscard]] MemoryLabel* label(const std::wstring& name) const;
   [[nodiscard]] MemoryButton* button(const std::wstring& name) const;
   [[nodiscard]] MemoryList* list(const std::wstring& name) const;
+  [[nodiscard]] std::vector<std::wstring> control_names() const { return names_of(controls_); }
 
   // The user's hand: another program's window comes to the front; other monitors.
   void user_leaves() { keyboard_.window_active(false); }
