@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Any metadata of a stream: what the listener reads is short, one line, and what the status says of it has its columns.
-#include "player/status_text.h"
 #include "platform/media/title.h"
 #include "platform/media/wide.h"
+#include "player/status_text.h"
 #include "tests/fuzz/fuzzing.h"
 
 #include <cstddef>
