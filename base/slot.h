@@ -2,7 +2,7 @@
 // Where a room calls upward: a slot that is bound once, when the program is wired.
 #pragma once
 
-#include <cstdlib>
+#include <cstdio>
 
 namespace lumotune::base {
 
@@ -19,8 +19,11 @@ public:
   void bind(Port& port) { bound_ = &port; }
   Port* operator->() { return &**this; }
   Port& operator*() {
-    if (bound_ == nullptr)
-      std::abort();
+    if (bound_ == nullptr) {
+      // Not abort(), which may open a message box: events would run behind it.
+      (void)std::fputs("lumotune: a port was called before it was bound\n", stderr);
+      __builtin_trap();
+    }
     return *bound_;
   }
 
