@@ -51,7 +51,7 @@ struct Session {
   std::wstring title_text;   // for the tray tip; written by the status display
   std::wstring window_shown; // "1" shown, "0" hidden, empty before either; written by FormMax, FormMin, OrbMinMax
   std::wstring favourite_line = L"lt:/"; // line of the favourite clicked last; written by Control_List_Click
-  std::wstring refresh_favourites;       // "1" while the directory has them shown anew; written by CommandOK
+  std::wstring refresh_favourites;       // "1" while CommandOK has them shown anew; nothing of ours reads it
   bool playing = false;                  // whether sound is wanted; written by Playback
   bool ClientStartedByUs = false;        // written by Form_Load
   KeptSkinFields skin;

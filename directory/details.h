@@ -25,8 +25,9 @@ inline constexpr std::size_t quality_count = 5;
 struct SelectedStation {
   std::wstring id;
   std::wstring name;
-  std::wstring web;                                         // its web address
-  std::array<std::wstring, quality_count> stream_addresses; // empty for a quality that it has not
+  std::wstring web; // its web address
+  // Empty for a quality that it has not. Part of the selected state, though playing looks the address up anew.
+  std::array<std::wstring, quality_count> stream_addresses;
 };
 
 // The entries Kvalita1..5 and Kvalita1play..5play, as the last MenuRadia left them.

@@ -133,10 +133,9 @@ std::optional<Probe> Updater::read_probe(unsigned run) {
 
 std::wstring Updater::TestOnLine() {
   uses_.loop.run_pending();
-  const platform::ConnectionState state = uses_.connection.state();
-  connection_name_ = state.name;
+  const bool connected = uses_.connection.state().connected;
   uses_.loop.run_pending();
-  return state.connected ? L"true" : L"false";
+  return connected ? L"true" : L"false";
 }
 
 } // namespace lumotune::directory

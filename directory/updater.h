@@ -60,7 +60,6 @@ private:
   std::unique_ptr<platform::Timer> Timer1;
   std::unique_ptr<platform::Timer> Timer2;
   std::unique_ptr<platform::Timer> Timer3;
-  std::wstring connection_name_; // as the system names the connection asked for last
 };
 
 } // namespace lumotune::directory

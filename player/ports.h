@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What the core asks of the rooms above it. Every call is synchronous, on the user-interface thread: the order of steps
-// matters. A call may let events run only where it says so.
+// What the player asks of the rooms above it. Every call is synchronous, on the user-interface thread: the order of
+// steps matters. A call may let events run only where it says so.
 #pragma once
 
 #include "base/slot.h"

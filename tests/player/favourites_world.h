@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The favourites in the core's world, their list wired and their menu recorded.
+// The favourites in the player's world, their list wired and their menu recorded.
 #pragma once
 
 #include "platform/memory/menus.h"
