@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "tests/support/skin_world.h"
-
-#include <gtest/gtest.h>
+// What each line of a skin file does, and what follows the play state and the volume.
+#include "tests/skin/loaded_skin.h"
 
 namespace lumotune::test {
 namespace {
@@ -9,13 +8,7 @@ namespace {
 using platform::Colour;
 using platform::TwipsRect;
 
-struct SkinTest : testing::Test {
-  SkinWorld w;
-  void load(const std::string& text) {
-    w.description(L"Tmava", text);
-    w.look.LoadSkin(L"Tmava");
-  }
-};
+struct SkinTest : LoadedSkin {};
 
 TEST_F(SkinTest, SizesTheWindowAndLoadsItsBackground) {
   load("ltFORM|6300|3480\r\n");
@@ -82,78 +75,6 @@ TEST_F(SkinTest, KeepsTheFieldsOfDisplayLogoAndStatus) {
   EXPECT_EQ(w.form.InfoStatus.text_colour(), Colour{65280});
 }
 
-// Every kind of line, with other numbers than "Tmava" has by itself.
-constexpr const char* full_skin =
-    "LTform|6300|3480\r\nLTDisplay|show|10|20|showevery|showifnulllist\r\nOrbwww|show|30|40|showevery\r\n"
-    "Control_Play|show|1|2\r\nControl_Volume|show|1|2\r\nControl_Menu|show|1|2\r\nLineMenu_OnTop|show|1|2\r\n"
-    "InfoName|1|2|3|4|5\r\nInfoTime|1|2|3|4|5\r\nInfoNaladit|1|2|3|4|5\r\nInfoStatus|1|1|2|3|4|5|6|7\r\n"
-    "Control_List|show|1|2|hideplay|3|4|5|6\r\n";
-
-struct NextSkinTest : SkinTest {
-  void expect_nothing_of_the_last_one(bool its_ground = false) {
-    for (const wchar_t* state : {L"Stop", L"Zapnout"}) {
-      w.look.ZobrazCoMas(state);
-      w.look.SkinVolume(60);
-      for (const platform::PictureBox* each : std::initializer_list<const platform::PictureBox*>{
-               &w.form.LTDisplay, &w.form.Orbwww, &w.form.Control_Menu, &w.form.LineMenu_OnTop, &w.form.Control_Play,
-               &w.form.Control_Volume}) {
-        EXPECT_EQ(each->picture(), L"") << testing::PrintToString(each->name());
-        EXPECT_EQ(each->rect(), TwipsRect{}) << testing::PrintToString(each->name());
-      }
-      for (const platform::Label* each : std::initializer_list<const platform::Label*>{
-               &w.form.InfoName, &w.form.InfoTime, &w.form.InfoNaladit, &w.form.InfoStatus}) {
-        EXPECT_EQ(each->rect(), TwipsRect{}) << testing::PrintToString(each->name());
-        EXPECT_EQ(each->text_colour(), Colour{0}) << testing::PrintToString(each->name());
-      }
-      EXPECT_FALSE(w.form.Control_List.visible());
-    }
-    EXPECT_EQ(w.form.Control_List.rect(), TwipsRect{});
-    EXPECT_EQ(w.form.Control_List.background_colour(), Colour{0xffffff});
-    EXPECT_EQ(w.session.skin.display_value, L"");
-    EXPECT_EQ(w.session.skin.status_mode, L"");
-    EXPECT_EQ(w.session.skin.list_show, L"");
-    if (its_ground)
-      return;
-    EXPECT_EQ(w.window.background(), L"");
-    EXPECT_EQ(w.window.rect().width, 6000);
-    EXPECT_EQ(w.window.rect().height, 3000);
-  }
-};
-
-TEST_F(NextSkinTest, HasNothingOfTheLastOneWhateverItLeavesOut) {
-  w.picture(L"Jina", L"form", gif(5, 5));
-  w.description(L"Jina", "Author|x\r\nLTform|900|1200\r\n");
-  load(full_skin);
-  w.look.ZobrazCoMas(L"Stop");
-  w.look.SkinVolume(60);
-  w.look.LoadSkin(L"Jina");
-  expect_nothing_of_the_last_one(true);
-  EXPECT_EQ(w.window.rect().width, 900);
-  EXPECT_EQ(w.window.background(), w.machine.folder + L"\\Orb_Data\\skins\\Jina\\form.gif");
-}
-
-TEST_F(NextSkinTest, WithoutAFormHasTheWindowsOwnColourAndSize) {
-  w.description(L"Jina", "Author|x\r\n");
-  load(full_skin);
-  w.look.LoadSkin(L"Jina");
-  expect_nothing_of_the_last_one();
-}
-
-TEST_F(NextSkinTest, ThatFailsOrIsRefusedHasNothingOfTheLastOne) {
-  load(full_skin);
-  w.look.LoadSkin(L"Neni");
-  expect_nothing_of_the_last_one();
-  load(full_skin);
-  w.description(L"Velka", "LTform|99999999999|3000\r\n");
-  w.look.LoadSkin(L"Velka");
-  expect_nothing_of_the_last_one();
-  load(full_skin);
-  w.description(L"Bez obrazku", "LTform|900|1200\r\n");
-  w.look.LoadSkin(L"Bez obrazku");
-  EXPECT_EQ(w.window.background(), L"");
-  EXPECT_EQ(w.window.rect().width, 900) << "what it gave before it failed";
-}
-
 TEST_F(SkinTest, DisplayAndLogoHaveTheirPictureAndPlaceAlsoWhereTheyAreNotShown) {
   load("LTDisplay|hide|10|20|showevery\r\nOrbwww||30|40|showstop\r\n");
   EXPECT_FALSE(w.form.LTDisplay.visible());
@@ -176,37 +97,6 @@ TEST_F(SkinTest, AHiddenLogoWithoutAPlaceNeedsNoPicture) {
   load("Orbwww|hide|1|2\r\nControl_Menu|show|1|2\r\n");
   EXPECT_FALSE(w.form.Control_Menu.visible()) << "the playing state would show it";
   EXPECT_NE(w.log().find("orb.gif"), std::string::npos);
-}
-
-TEST_F(SkinTest, TheCurrentSkinChosenAgainShowsAnEditedPictureAndMissesADeletedOne) {
-  load("LTform|6300|3480\r\nControl_Rec|show|1|2\r\nControl_Sat|show|1|2\r\n");
-  w.picture(L"Tmava", L"rec", gif(40, 30));
-  w.look.LoadSkin(L"Tmava");
-  EXPECT_EQ(w.form.Control_Rec.rect(), (TwipsRect{2, 1, 600, 450}));
-  (void)w.files.remove(w.machine.folder + L"\\Orb_Data\\skins\\Tmava\\rec.gif");
-  w.look.LoadSkin(L"Tmava");
-  EXPECT_FALSE(w.form.Control_Rec.visible());
-  EXPECT_FALSE(w.form.Control_Sat.visible());
-}
-
-TEST_F(SkinTest, TheSavedNameIsThatOfTheLastSkinThatCouldBeRead) {
-  w.settings.saved_skin = L"Drive";
-  w.look.LoadSkin(L"Neni");
-  EXPECT_EQ(w.settings.LTskin, L"Neni");
-  EXPECT_EQ(w.settings.saved_skin, L"Drive");
-  load("LTform|6300|3480\r\n");
-  EXPECT_EQ(w.settings.saved_skin, L"Tmava");
-  w.description(L"Bez obrazku", "LTform|900|1200\r\n");
-  w.look.LoadSkin(L"Bez obrazku");
-  EXPECT_EQ(w.settings.LTskin, L"Bez obrazku");
-  EXPECT_EQ(w.settings.saved_skin, L"Tmava");
-}
-
-TEST_F(SkinTest, ALoadThatIsInterruptedByTheEndIsNotSaved) {
-  w.settings.saved_skin = L"Drive";
-  w.loop.at(0, [this] { w.loop.quit(); });
-  load("Author|x\r\nControl_Menu|show|1|2\r\n");
-  EXPECT_EQ(w.settings.saved_skin, L"Drive");
 }
 
 TEST_F(SkinTest, EmptyFieldsOfTheStatusCountAsZero) {
@@ -302,29 +192,6 @@ TEST_F(SkinTest, TheListFollowsThePlayState) {
   EXPECT_FALSE(w.form.LTDisplay.visible());
 }
 
-TEST_F(SkinTest, AnEndingProgramStopsTheLoad) {
-  w.loop.at(0, [this] { w.loop.quit(); });
-  load("Author|x\r\nControl_Menu|show|1|2\r\n");
-  EXPECT_FALSE(w.form.Control_Menu.visible());
-}
-
-TEST_F(SkinTest, EventsRunAfterEachLine) {
-  const auto before = w.loop.pending_runs();
-  load("a\r\nb\r\nAuthor|x\r\n");
-  EXPECT_EQ(w.loop.pending_runs() - before, 3U);
-}
-
-TEST_F(SkinTest, ALoadInsideAnotherOneWins) {
-  w.description(L"Druha", "LTform|999|999\r\n");
-  w.picture(L"Druha", L"form", gif(1, 1));
-  w.picture(L"Druha", L"menu", gif(1, 1)); // so that nothing but the turn can stop the interrupted load
-  w.loop.at(0, [this] { w.look.LoadSkin(L"Druha"); });
-  load("Author|x\r\nControl_Menu|show|1|2\r\n");
-  EXPECT_EQ(w.settings.LTskin, L"Druha");
-  EXPECT_FALSE(w.form.Control_Menu.visible()) << "the interrupted load must not go on";
-  EXPECT_EQ(w.window.rect().width, 999);
-}
-
 TEST_F(SkinTest, TheFirstMatchingNameOfALineWinsAndRepeatedLinesApplyInTurn) {
   load("Control_Menu|show|10|20\r\nControl_Menu|show|30|40\r\n");
   EXPECT_EQ(w.form.Control_Menu.rect().top, 30);
@@ -359,69 +226,6 @@ TEST_F(SkinTest, ThePlayPictureFollowsTheButton) {
   w.look.ZobrazCoMas(L"Stop");
   w.look.load_play_picture();
   EXPECT_EQ(w.file_name(w.form.Control_Play.picture()), L"play.gif");
-}
-
-// Of a skin that asks for too much nothing is used.
-struct SkinLimitsTest : SkinTest {
-  void expect_refused(const std::string& why) {
-    load("Control_Menu|show|1|2\r\nLTform|6300|3480\r\n");
-    EXPECT_FALSE(w.form.Control_Menu.visible());
-    EXPECT_NE(w.window.rect().width, 6300);
-    EXPECT_NE(w.log().find(why), std::string::npos) << w.log();
-  }
-};
-
-TEST_F(SkinLimitsTest, ADescriptionOfOneMebibyteIsReadAndALargerOneNot) {
-  const std::string line = "Control_Menu|show|1|2\r\n";
-  load(line + std::string(1024 * 1024 - line.size(), 'x'));
-  EXPECT_TRUE(w.form.Control_Menu.visible());
-  load(line + std::string(1024 * 1024 - line.size() + 1, 'x'));
-  EXPECT_FALSE(w.form.Control_Menu.visible());
-  EXPECT_NE(w.log().find("Tmava.skin: larger than 1 MiB"), std::string::npos);
-}
-
-TEST_F(SkinLimitsTest, APictureOfMoreThanEightAndAHalfMegapixelsIsRefused) {
-  w.picture(L"Tmava", L"sat", gif(3400, 2500));
-  load("Control_Sat|show|1|2\r\n");
-  EXPECT_TRUE(w.form.Control_Sat.visible()) << "8,500,000 pixels";
-  w.picture(L"Tmava", L"sat", gif(3401, 2500));
-  expect_refused("sat.gif: more than 8.5 megapixels");
-}
-
-TEST_F(SkinLimitsTest, ALargePictureThatIsShownLaterCountsAsWell) {
-  w.picture(L"Tmava", L"vol5", gif(65535, 65535));
-  expect_refused("vol5.gif: more than 8.5 megapixels");
-}
-
-TEST_F(SkinLimitsTest, PicturesOfMoreThan24MegapixelsTogetherAreRefused) {
-  for (const wchar_t* name : {L"vol0", L"vol1", L"vol2"})
-    w.picture(L"Tmava", name, gif(3200, 2495)); // 7,984,000 each; the other sixteen have 200
-  load("Control_Menu|show|1|2\r\n");
-  EXPECT_TRUE(w.form.Control_Menu.visible());
-  w.picture(L"Tmava", L"vol2", gif(3215, 2500));
-  expect_refused("Tmava: pictures of more than 24 megapixels");
-}
-
-TEST_F(SkinLimitsTest, AWindowLargerThanTenWorkAreasIsRefused) {
-  w.window.monitors = {{0, 0, 12000, 9000}};
-  load("LTform|90000|12000\r\nControl_Menu|show|1|2\r\n");
-  EXPECT_EQ(w.window.rect().width, 90000) << "ten times the area";
-  for (const char* form :
-       {"LTform|90001|12000\r\n", "ltform|120000|100\r\nLTform|120001|1\r\nLTform|110000|90000\r\n"}) {
-    load(std::string("Control_Menu|show|1|2\r\n") + form);
-    EXPECT_FALSE(w.form.Control_Menu.visible()) << form;
-    EXPECT_EQ(w.window.rect().width, 6000) << form;
-  }
-  w.window.monitors = {{0, 0, 9000, 9000}};
-  load("LTform|90001|1\r\n");
-  EXPECT_EQ(w.window.rect().width, 6000) << "a side";
-  EXPECT_NE(w.log().find("Tmava.skin: window larger than ten work areas"), std::string::npos);
-}
-
-TEST_F(SkinLimitsTest, WithoutAMonitorTheSizeIsTaken) {
-  w.window.monitors.clear();
-  load("LTform|6300|3480\r\n");
-  EXPECT_EQ(w.window.rect().width, 6300);
 }
 
 } // namespace
