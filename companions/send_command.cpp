@@ -38,9 +38,9 @@ void CommandSender::SendCommand(const std::wstring& ProgramFile, const std::wstr
 
 void CommandSender::show_users(const std::wstring& ProgramFile, const std::wstring& WindowCaption,
                                const std::wstring& Text, const std::wstring& Mode, const std::wstring& application) {
-  if (showing_users_)
+  const base::Busy turn(showing_users_);
+  if (!turn)
     return;
-  const base::Busy guard(showing_users_);
   SendCommand(ProgramFile, WindowCaption, Text, Mode, application);
 }
 

@@ -64,9 +64,9 @@ void ClientCommands::take(const std::wstring& text) {
 // flood must not keep the user out: what is left after a while waits for a timer, which the system lets tick only when
 // there is neither input nor anything to be drawn.
 void ClientCommands::run_waiting() {
-  if (busy_)
+  const base::Busy turn(busy_);
+  if (!turn)
     return;
-  const base::Busy guard(busy_);
   const std::uint32_t start = uses_.loop.tick_count_ms();
   while (!waiting_.empty() && !uses_.loop.quitting()) {
     if (uses_.loop.tick_count_ms() - start >= at_a_stretch_ms)

@@ -22,9 +22,9 @@ bool begins_with_number(std::wstring_view text) {
 } // namespace
 
 void Console::LTconsole() {
-  if (busy_)
+  const base::Busy turn(busy_);
+  if (!turn)
     return;
-  const base::Busy guard(busy_);
   bool again = true;
   while (again && !uses_.loop.quitting()) {
     std::wstring command = uses_.input.ask(L"Lumotune console", platform::Dialogs::default_title, L"").value_or(L"");
