@@ -8,6 +8,7 @@
 #include "menus/menu_commands.h"
 #include "menus/menus.h"
 #include "menus/skin_menu.h"
+#include "menus/tray_events.h"
 #include "platform/connection.h"
 #include "platform/framed_window.h"
 #include "platform/input_box.h"
@@ -101,6 +102,7 @@ public:
   menus::SkinMenu skin_menu;
   menus::MenuCommands menu_commands;
   menus::Menus menus;
+  menus::TrayEvents tray_events;
 
   ChromeParts chrome_parts;
 

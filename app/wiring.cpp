@@ -18,11 +18,12 @@ void bind_window(Program& program, const Platform& platform, platform::Window& w
   window.on_resume = [&player = platform.player] { player.system_resumed(); };
 }
 
-void bind_frame(skin::Chrome& chrome, skin::TrayIcon& tray_icon, base::LumotuneForm& form) {
+void bind_frame(Program& program, base::LumotuneForm& form) {
+  skin::Chrome& chrome = program.chrome;
   form.LineMenu_OnTop.on_click = [&] { chrome.LineMenu_OnTop_Click(); };
   form.LineMenu_Min.on_click = [&] { chrome.LineMenu_Min_Click(); };
-  form.LineMenu_End.on_click = [&] { chrome.LineMenu_End_Click(); };
-  form.TrayIcon.on_mouse_move = [&](const MouseEvent& event) { tray_icon.TrayIcon_MouseMove(event); };
+  form.LineMenu_End.on_click = [&] { program.shutdown.Konec(); };
+  form.TrayIcon.on_mouse_move = [&](const MouseEvent& event) { program.tray_events.TrayIcon_MouseMove(event); };
   form.InfoName.on_mouse_move = [&](const MouseEvent&) { chrome.InfoName_MouseMove(); };
   form.InfoNaladit.on_mouse_move = [&](const MouseEvent&) { chrome.InfoNaladit_MouseMove(); };
   form.LTDisplay.on_mouse_move = [&](const MouseEvent&) { chrome.LTDisplay_MouseMove(); };
@@ -44,11 +45,14 @@ void bind_buttons(Program& program, base::LumotuneForm& form) {
 void bind_favourites(Program& program, base::LumotuneForm& form) {
   form.Control_List.on_click = [&] { program.favourites.Control_List_Click(); };
   form.Control_List.on_double_click = [&] { program.favourites.Control_List_DblClick(); };
-  form.Control_List.on_mouse_down = [&](const MouseEvent& event) { program.favourites.Control_List_MouseDown(event); };
+  form.Control_List.on_mouse_down = [&](const MouseEvent& event) {
+    if (program.favourites.Control_List_MouseDown(event))
+      program.menus.open_favourite();
+  };
   // Without the menu button nothing else that the keyboard reaches may lead to the main menu.
   form.Control_List.on_menu_key = [&] {
     if (form.Control_List.selected() != platform::ListBox::none && form.Control_Menu.visible())
-      program.favourites.open_menu();
+      program.menus.open_favourite();
     else
       program.menus.open_main();
   };
@@ -65,15 +69,13 @@ void bind_ports(Program& program) {
   program.shutdown.chrome.bind(program.chrome_parts);
   program.status.title.bind(program.tray_icon);
   program.favourites.directory.bind(program.directory);
-  program.favourites.menu.bind(program.menus);
-  program.tray_icon.menu.bind(program.menus);
 }
 
 void bind_events(Program& program, const Platform& platform, base::LumotuneForm& form) {
   bind_window(program, platform, form.window);
   bind_buttons(program, form);
   bind_favourites(program, form);
-  bind_frame(program.chrome, program.tray_icon, form);
+  bind_frame(program, form);
   platform.player.on_play_state_change = [&](int state) { program.status.PlayStateChange(state); };
   platform.player.on_status_change = [&] { program.status.StatusChange(); };
 }

@@ -49,6 +49,7 @@ void Menus::open_station() {
 }
 
 void Menus::open_favourite() {
+  uses_.tree.set_tune_caption(L"Naladit rádio " + uses_.stations.RadioInfo(uses_.favourites.selected_id(), L"name"));
   open(L"LT_MenuRadia", &uses_.form.Control_List);
 }
 

@@ -9,7 +9,7 @@
 #include "menus/skin_menu.h"
 #include "platform/event_loop.h"
 #include "platform/popup_menus.h"
-#include "player/ports.h"
+#include "player/favourites.h"
 #include "stations/station_lookup.h"
 
 #include <string>
@@ -19,7 +19,7 @@ namespace lumotune::menus {
 
 // User-interface thread. Each open_... lets events run while the menu is open and while the chosen item does its work;
 // while one menu is open no other opens.
-class Menus final : public player::MenuPort {
+class Menus {
 public:
   struct Uses {
     const base::Settings& settings;
@@ -27,17 +27,18 @@ public:
     const platform::EventLoop& loop;
     platform::PopupMenus& popups;
     stations::StationLookup& stations;
+    const player::Favourites& favourites;
     SkinMenu& skin_menu;
     base::MenuTree& tree;
     MenuCommands& commands;
   };
   explicit Menus(const Uses& uses) : uses_(uses) {}
 
-  void open_main();               // LT_Menu
-  void open_volume();             // LT_Volume alone
-  void open_station();            // LT_MenuPlRaria
-  void open_favourite() override; // LT_MenuRadia
-  void open_tray() override;      // LT_TrayMenu
+  void open_main();      // LT_Menu
+  void open_volume();    // LT_Volume alone
+  void open_station();   // LT_MenuPlRaria
+  void open_favourite(); // LT_MenuRadia, for the selected entry of the list
+  void open_tray();      // LT_TrayMenu at the pointer
 
 private:
   void prepare_station();

@@ -141,15 +141,17 @@ void Favourites::Control_List_DblClick() {
     uses_.playback.PlayAll(item->address);
 }
 
-void Favourites::Control_List_MouseDown(const platform::MouseEvent& event) {
+bool Favourites::Control_List_MouseDown(const platform::MouseEvent& event) {
   const auto& list = uses_.form.Control_List;
   if (event.button == platform::MouseButton::left && list.item_at(event.x, event.y) == platform::ListBox::none)
     clicked_ = true; // beside the rows: no click follows
-  if (event.button != platform::MouseButton::right || clicking_)
-    return;
+  if (event.button != platform::MouseButton::right)
+    return false;
+  const base::Busy turn(clicking_);
+  if (!turn)
+    return false;
   click_row(event);
-  if (!uses_.loop.quitting() && uses_.form.Control_List.visible())
-    open_menu();
+  return !uses_.loop.quitting() && list.visible();
 }
 
 // The click goes through the system's input, which may take its time. Before it is there the menu would be another
@@ -157,7 +159,6 @@ void Favourites::Control_List_MouseDown(const platform::MouseEvent& event) {
 void Favourites::click_row(const platform::MouseEvent& event) {
   constexpr std::uint32_t longest_ms = 500;
   auto& list = uses_.form.Control_List;
-  const base::Busy guard(clicking_);
   const std::size_t row = list.item_at(event.x, event.y);
   const std::uint32_t start = uses_.loop.tick_count_ms();
   clicked_ = false;
@@ -171,12 +172,9 @@ void Favourites::click_row(const platform::MouseEvent& event) {
   Control_List_Click();
 }
 
-void Favourites::open_menu() {
-  std::wstring id;
-  if (const auto item = read_favourite_item(selected_text()))
-    id = item->id;
-  uses_.menu_tree.set_tune_caption(L"Naladit rádio " + uses_.stations.RadioInfo(id, L"name"));
-  menu->open_favourite();
+std::wstring Favourites::selected_id() const {
+  const auto item = read_favourite_item(selected_text());
+  return item ? item->id : std::wstring();
 }
 
 } // namespace lumotune::player

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "base/lumotune_form.h"
-#include "base/menu_tree.h"
 #include "base/session.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
@@ -12,7 +11,6 @@
 #include "player/ports.h"
 #include "stations/favourite_file.h"
 #include "stations/station_files.h"
-#include "stations/station_lookup.h"
 
 #include <optional>
 #include <string>
@@ -49,16 +47,13 @@ public:
     base::LumotuneForm& form;
     Playback& playback;
     stations::StationFiles& station_files;
-    stations::StationLookup& stations;
     platform::Dialogs& dialogs;
     platform::EventLoop& loop;
     platform::Pointer& pointer;
-    base::MenuTree& menu_tree;
   };
   explicit Favourites(const Uses& uses);
 
   DirectorySlot directory;
-  MenuSlot menu;
 
   // Fills Control_List anew. While nothing plays and no address of the client's waits, it also shows the list, or the
   // hint where there is no favourite.
@@ -72,13 +67,13 @@ public:
   [[nodiscard]] stations::FavouriteAdded add(const std::wstring& line) { return file_.add(line); }
 
   // Events of the list. The right button lets events run, half a second at most, until the click that it makes is
-  // there.
+  // there; true when the menu of the entry under the pointer, selected by then, is to open.
   void Control_List_Click();
   void Control_List_DblClick();
-  void Control_List_MouseDown(const platform::MouseEvent& event);
+  [[nodiscard]] bool Control_List_MouseDown(const platform::MouseEvent& event);
 
-  // The menu of the selected entry, without a click first: for the keyboard. Events run while it is open.
-  void open_menu();
+  // The identifier of the selected entry's station; empty when none is selected.
+  [[nodiscard]] std::wstring selected_id() const;
 
 private:
   void click_row(const platform::MouseEvent& event);

@@ -30,14 +30,6 @@ struct ChromePort {
 };
 using ChromeSlot = base::Slot<ChromePort>;
 
-// The pop-up menus that the favourites and the tray icon open. Events run while one is open.
-struct MenuPort {
-  virtual ~MenuPort() = default;
-  virtual void open_favourite() = 0; // LT_MenuRadia
-  virtual void open_tray() = 0;      // LT_TrayMenu at the pointer
-};
-using MenuSlot = base::Slot<MenuPort>;
-
 // The list of favourite stations.
 struct FavouritesPort {
   virtual ~FavouritesPort() = default;

@@ -6,7 +6,6 @@
 #include "base/menu_tree.h"
 #include "base/session.h"
 #include "platform/machine.h"
-#include "player/shutdown.h"
 
 namespace lumotune::skin {
 
@@ -19,7 +18,6 @@ public:
     base::LumotuneForm& form;
     const platform::Machine& machine;
     base::MenuTree& menu_tree;
-    player::Shutdown& shutdown;
   };
   explicit Chrome(const Uses& uses) : uses_(uses) {}
 
@@ -33,7 +31,6 @@ public:
   void Form_MouseMove(const platform::MouseEvent& event); // with the left button held the system moves the window
   void LineMenu_OnTop_Click();
   void LineMenu_Min_Click() { FormMin(); }
-  void LineMenu_End_Click() { uses_.shutdown.Konec(); }
   void InfoName_MouseMove();
   void InfoNaladit_MouseMove();
   void LTDisplay_MouseMove();

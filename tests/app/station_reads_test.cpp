@@ -59,7 +59,7 @@ TEST_F(StationReads, NoMenuReadsIt) {
     EXPECT_TRUE(window.picture(L"Control_Menu")->user_click());
     EXPECT_TRUE(window.picture(L"Control_Volume")->user_click());
     tray_event(517);
-    program.favourites.open_menu();
+    program.menus.open_favourite();
   }
   EXPECT_EQ(popups.opened.size(), 50U);
   EXPECT_EQ(reads(), before);

@@ -77,16 +77,6 @@ private:
   std::unique_ptr<platform::Timer> timer_;
 };
 
-struct NotingMenu final : player::MenuPort {
-  NotingMenu(const base::Settings& settings_used, const int& clicks_used)
-      : settings(settings_used), clicks(clicks_used) {}
-  void open_tray() override {}
-  void open_favourite() override { opened.push_back(settings.IDlastRadio + L" after " + std::to_wstring(clicks)); }
-  const base::Settings& settings;
-  const int& clicks;
-  std::vector<std::wstring> opened;
-};
-
 TEST_F(Win32UserInput, TheMenuOfAFavouriteIsForTheRowUnderThePointerHoweverLateTheClickComes) {
   const auto player = contract::make_player(b.loop);
   player->set_auto_start(false);
@@ -96,17 +86,19 @@ TEST_F(Win32UserInput, TheMenuOfAFavouriteIsForTheRowUnderThePointerHoweverLateT
   auto& settings = parts.settings;
   LatePointer late(b.loop);
   player::Favourites favourites({b.files, b.codec, b.real.machine, settings, parts.session, form, parts.playback,
-                                 parts.station_files, parts.stations, b.real.dialogs, b.loop, late, parts.menu_tree});
+                                 parts.station_files, b.real.dialogs, b.loop, late});
   int clicks = 0;
-  NotingMenu menu(settings, clicks);
-  favourites.menu.bind(menu);
+  std::vector<std::wstring> opened;
   auto& list = form.Control_List;
   list.on_click = [&] {
     ++clicks;
     favourites.Control_List_Click();
   };
   list.on_double_click = [&] { favourites.Control_List_DblClick(); };
-  list.on_mouse_down = [&](const platform::MouseEvent& event) { favourites.Control_List_MouseDown(event); };
+  list.on_mouse_down = [&](const platform::MouseEvent& event) {
+    if (favourites.Control_List_MouseDown(event))
+      opened.push_back(settings.IDlastRadio + L" after " + std::to_wstring(clicks));
+  };
   list.resize(3000, 2000);
   list.set_items({std::wstring(93, L'a') + L"1RADIO1u", std::wstring(93, L'b') + L"2RADIO2u"});
   list.select(0);
@@ -117,7 +109,7 @@ TEST_F(Win32UserInput, TheMenuOfAFavouriteIsForTheRowUnderThePointerHoweverLateT
   SetCursorPos(place.x, place.y);
   mouse_event(MOUSEEVENTF_RIGHTDOWN | MOUSEEVENTF_RIGHTUP, 0, 0, 0, 0);
   b.pass(700);
-  EXPECT_EQ(menu.opened, std::vector<std::wstring>{L"RADIO2 after 1"});
+  EXPECT_EQ(opened, std::vector<std::wstring>{L"RADIO2 after 1"});
   EXPECT_EQ(list.selected(), 1U);
   EXPECT_EQ(clicks, 1);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "menus/menus.h"
+#include "menus/tray_events.h"
 #include "platform/memory/framed_window.h"
 #include "platform/memory/menus.h"
 #include "tests/support/player_world.h"
@@ -21,8 +22,8 @@ struct MenuWorld : SkinWorld {
   platform::memory::MemoryFramedWindowMaker framed_windows{files};
   companions::WebPages web{shell};
   companions::Identity identity{{files, codec, machine, loop, settings}};
-  player::Favourites favourite_list{{files, codec, machine, settings, session, form, playback, station_files, stations,
-                                     dialogs, loop, pointer, menu_tree}};
+  player::Favourites favourite_list{
+      {files, codec, machine, settings, session, form, playback, station_files, dialogs, loop, pointer}};
   player::Console console{{session, loop, input_box, dialogs, playback}};
   directory::Directory directory{{settings,       session, form,     error_log,  station_files, stations,      playback,
                                   favourite_list, sender,  identity, web,        loop,          files,         codec,
@@ -31,7 +32,8 @@ struct MenuWorld : SkinWorld {
   menus::MenuCommands items{{settings,  session,  form,           loop,        machine,   shell,    dialogs,
                              options,   stations, playback,       client_link, look,      frame,    web,
                              menu_tree, status,   favourite_list, console,     directory, shutdown, identity}};
-  menus::Menus real_menus{{settings, form, loop, popups, stations, skin_menu, menu_tree, items}};
+  menus::Menus real_menus{{settings, form, loop, popups, stations, favourite_list, skin_menu, menu_tree, items}};
+  menus::TrayEvents tray_events{{form, menu_tree, frame, real_menus}};
   base::MenuTree& tree = menu_tree;
 
   MenuWorld() {
@@ -40,9 +42,7 @@ struct MenuWorld : SkinWorld {
     playback.skin.bind(look);
     playback.favourites.bind(favourite_list);
     favourite_list.directory.bind(directory);
-    favourite_list.menu.bind(real_menus);
-    tray_icon.menu.bind(real_menus);
-    form.TrayIcon.on_mouse_move = [this](const platform::MouseEvent& event) { tray_icon.TrayIcon_MouseMove(event); };
+    form.TrayIcon.on_mouse_move = [this](const platform::MouseEvent& event) { tray_events.TrayIcon_MouseMove(event); };
     settings.idh = L"IDH";
     settings.h = L"HHH";
     settings.IDlastRadio = L"RADIO1";

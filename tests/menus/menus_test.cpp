@@ -113,9 +113,14 @@ TEST_F(MenusTest, AnEarlierQualityKeepsItsMarkUntilTheMenuIsPrepared) {
 }
 
 TEST_F(MenusTest, TheTuneItemOfTheFavouritesNamesTheStation) {
-  w.menu_tree.set_tune_caption(L"Naladit rádio A & B");
+  w.put(L"list.tt", "lt:RADIO1/1\r\nlt:radio2/2\r\n");
+  w.favourite_list.ZobrazOblibene();
+  w.form.Control_List.select(1);
   w.real_menus.open_favourite();
-  EXPECT_EQ(w.shown(L"LT_MenuRadia_Naladit").caption, L"Naladit rádio A & B");
+  EXPECT_EQ(w.shown(L"LT_MenuRadia_Naladit").caption, L"Naladit rádio Druhé");
+  w.form.Control_List.clear();
+  w.real_menus.open_favourite();
+  EXPECT_EQ(w.shown(L"LT_MenuRadia_Naladit").caption, L"Naladit rádio ");
 }
 
 TEST_F(MenusTest, SkinsAreListedAnewBeforeEachOpening) {

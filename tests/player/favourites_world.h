@@ -10,23 +10,11 @@
 
 namespace lumotune::test {
 
-// Notes what the menu that opens says of the entry.
-struct RecordingFavouriteMenu final : player::MenuPort {
-  RecordingFavouriteMenu(Journal& journal_used, base::MenuTree& tree_used) : journal(journal_used), tree(tree_used) {}
-  void open_favourite() override {
-    journal.push_back(L"favourite menu: " + tree.item(L"LT_MenuRadia_Naladit").caption);
-  }
-  void open_tray() override {}
-  Journal& journal;
-  base::MenuTree& tree;
-};
-
 struct FavouritesWorld : testing::Test {
   PlayerWorld w;
   platform::memory::MemoryPointer pointer;
   player::Favourites favourites{{w.files, w.codec, w.machine, w.settings, w.session, w.form, w.playback,
-                                 w.station_files, w.stations, w.dialogs, w.loop, pointer, w.menu_tree}};
-  RecordingFavouriteMenu menu{w.journal, w.menu_tree};
+                                 w.station_files, w.dialogs, w.loop, pointer}};
   platform::memory::MemoryList& list = *w.window.list(L"Control_List");
 
   FavouritesWorld() {
@@ -34,10 +22,12 @@ struct FavouritesWorld : testing::Test {
     w.session.skin.list_show = L"show";
     list.resize(5820, 1800);
     favourites.directory.bind(w.directory);
-    favourites.menu.bind(menu);
     list.on_click = [this] { favourites.Control_List_Click(); };
     list.on_double_click = [this] { favourites.Control_List_DblClick(); };
-    list.on_mouse_down = [this](const platform::MouseEvent& event) { favourites.Control_List_MouseDown(event); };
+    list.on_mouse_down = [this](const platform::MouseEvent& event) {
+      if (favourites.Control_List_MouseDown(event))
+        w.journal.push_back(L"menu of " + favourites.selected_id());
+    };
   }
   void show(const std::string& favourites_file) {
     w.put(L"list.tt", favourites_file);

@@ -83,10 +83,5 @@ TEST_F(ChromeTest, TheLinksAreUnderlinedUnderThePointer) {
   EXPECT_FALSE(w.form.InfoNaladit.underline());
 }
 
-TEST_F(ChromeTest, TheClosePictureEndsTheProgram) {
-  w.frame.LineMenu_End_Click();
-  EXPECT_TRUE(w.loop.quitting());
-}
-
 } // namespace
 } // namespace lumotune::test

@@ -57,8 +57,8 @@ struct DirectoryWorld : PlayerWorld {
   platform::memory::MemoryConnection connection;
   platform::memory::MemoryPopupMenus popups{loop};
   platform::memory::MemoryFramedWindowMaker windows{files};
-  player::Favourites favourite_list{{files, codec, machine, settings, session, form, playback, station_files, stations,
-                                     dialogs, loop, pointer, menu_tree}};
+  player::Favourites favourite_list{
+      {files, codec, machine, settings, session, form, playback, station_files, dialogs, loop, pointer}};
   companions::Identity identity{{files, codec, machine, loop, settings}};
   companions::WebPages pages{shell};
   directory::Directory directory{{settings,       session, form,     error_log,  station_files, stations, playback,

@@ -22,8 +22,8 @@ inline std::string gif(int width, int height) {
 
 struct SkinWorld : PlayerWorld {
   skin::Skin look{{settings, session, form, files, codec, machine, loop, error_log, menu_tree}};
-  skin::Chrome frame{{settings, session, form, machine, menu_tree, shutdown}};
-  skin::TrayIcon tray_icon{{form, tray, frame, menu_tree}};
+  skin::Chrome frame{{settings, session, form, machine, menu_tree}};
+  skin::TrayIcon tray_icon{tray};
 
   SkinWorld() {
     for (const wchar_t* name : {L"form", L"ot", L"otn", L"min", L"end", L"play", L"stop", L"rec", L"show", L"menu",
