@@ -25,21 +25,26 @@ struct Settings {
   std::wstring server_address; // community server; written by LoadOptionsServer
 };
 
-// Fields of the current skin's lines that the window keeps; written by LoadSkin alone.
+// What the window keeps of the current skin's lines, its words read; written by LoadSkin alone.
 struct KeptSkinFields {
-  std::wstring list_show;     // field 1 of Control_List
-  std::wstring list_mode;     // field 4
-  std::wstring display_show;  // field 1 of LTDisplay
-  std::wstring display_mode;  // field 4
-  std::wstring display_value; // field 5: "showifnulllist" shows the display behind the empty list
-  std::wstring logo_show;     // field 1 of Orbwww
-  std::wstring logo_mode;     // field 4
-  std::wstring status_mode;   // field 1 of InfoStatus
-  int status_top_1 = 0;       // field 2, twips
-  int status_top_2 = 0;       // field 3, twips
-  int status_height_1 = 0;    // field 6, twips
-  int status_height_2 = 0;    // field 7, twips
+  enum class LogoSeen { while_playing, always, while_stopped };
+
+  bool list = false; // Control_List is shown at all
+  bool list_hidden_while_playing = false;
+  bool display = false; // LTDisplay is shown at all; while something plays it always is
+  bool display_while_stopped = false;
+  bool display_behind_empty_list = false;
+  bool logo = false; // Orbwww is shown at all
+  LogoSeen logo_seen = LogoSeen::while_playing;
+  bool status_has_first_layout = false; // InfoStatus stands elsewhere until something is heard
+  int status_top_1 = 0;                 // twips, as all that follow
+  int status_top_2 = 0;
+  int status_height_1 = 0;
+  int status_height_2 = 0;
 };
+
+// What stands in the middle of the main window.
+enum class Panel { as_designed, station, favourites, hint };
 
 // What lasts as long as the program runs.
 struct Session {
@@ -53,6 +58,7 @@ struct Session {
   std::wstring favourite_line = L"lt:/"; // line of the favourite clicked last; written by Control_List_Click
   std::wstring refresh_favourites;       // "1" while CommandOK has them shown anew; nothing of ours reads it
   bool playing = false;                  // whether sound is wanted; written by Playback
+  Panel panel = Panel::as_designed;      // written by Play and by the favourites while nothing plays
   bool ClientStartedByUs = false;        // written by Form_Load
   KeptSkinFields skin;
 };

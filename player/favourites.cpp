@@ -4,6 +4,7 @@
 #include "base/busy.h"
 #include "base/record_bytes.h"
 #include "base/text.h"
+#include "player/visible_controls.h"
 #include "stations/station_record.h"
 
 #include <algorithm>
@@ -64,39 +65,11 @@ void Favourites::ZobrazOblibene() {
 }
 
 void Favourites::show_in_place() {
-  if (!uses_.playback.stopped() || !uses_.session.OverrideURL.empty())
+  auto& session = uses_.session;
+  if (!uses_.playback.stopped() || !session.OverrideURL.empty())
     return;
-  if (uses_.form.Control_List.count() > 0)
-    show_entries();
-  else
-    show_hint();
-}
-
-void Favourites::hide_station_labels() {
-  uses_.form.InfoName.set_visible(false);
-  uses_.form.InfoTime.set_visible(false);
-  uses_.form.InfoStatus.set_visible(false);
-}
-
-void Favourites::show_entries() {
-  const auto& kept = uses_.session.skin;
-  uses_.form.Control_List.set_visible(base::equal_ignoring_case(kept.list_show, L"show"));
-  hide_station_labels();
-  uses_.form.InfoNaladit.set_visible(false);
-  // The picture that stood behind the empty list goes with the hint, unless the skin shows it anyway.
-  const bool shown_anyway = base::equal_ignoring_case(kept.display_show, L"show") &&
-                            base::equal_ignoring_case(kept.display_mode, L"showevery");
-  if (base::equal_ignoring_case(kept.display_value, L"showifnulllist") && !shown_anyway)
-    uses_.form.LTDisplay.set_visible(false);
-}
-
-// The empty list would cover the hint.
-void Favourites::show_hint() {
-  uses_.form.Control_List.set_visible(false);
-  hide_station_labels();
-  uses_.form.InfoNaladit.set_visible(true);
-  if (base::equal_ignoring_case(uses_.session.skin.display_value, L"showifnulllist"))
-    uses_.form.LTDisplay.set_visible(true);
+  session.panel = uses_.form.Control_List.count() > 0 ? base::Panel::favourites : base::Panel::hint;
+  show_controls(visible_controls(session.playing, session.panel, session.skin), uses_.form);
 }
 
 void Favourites::DeleteFromOblibene(const std::wstring& RadioDelete) {

@@ -78,9 +78,6 @@ public:
 private:
   void click_row(const platform::MouseEvent& event);
   [[nodiscard]] std::wstring selected_text() const;
-  void show_entries();
-  void show_hint();
-  void hide_station_labels();
 
   Uses uses_;
   stations::FavouriteFile file_;

@@ -43,11 +43,8 @@ void Playback::Play() {
     return;
   uses_.player.play();
   set_playing(true);
+  uses_.session.panel = base::Panel::station;
   skin->ZobrazCoMas(uses_.form.PlayTL.text());
-  uses_.form.InfoTime.set_visible(true);
-  uses_.form.InfoName.set_visible(true);
-  uses_.form.InfoStatus.set_visible(true);
-  uses_.form.InfoNaladit.set_visible(false);
   uses_.session.station_name = uses_.stations.RadioInfo(uses_.settings.IDlastRadio, L"name");
   uses_.client_link.enable_Timer1();
 }

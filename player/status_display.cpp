@@ -65,7 +65,7 @@ void StatusDisplay::show_status() {
   constexpr std::size_t title_column = 55;
   constexpr std::size_t quality_column = 33;
   const auto& kept = uses_.session.skin;
-  const bool first = base::equal_ignoring_case(kept.status_mode, L"1") && uses_.session.time_text.empty();
+  const bool first = kept.status_has_first_layout && uses_.session.time_text.empty();
   auto& label = uses_.form.InfoStatus;
   const platform::TwipsRect place = label.rect();
   const std::wstring columns = Status1(uses_.player.status());

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "skin/skin.h"
 
-#include "skin/play_look.h"
+#include "base/text.h"
+#include "player/visible_controls.h"
 #include "skin/skin_limits.h"
 #include "skin/volume_look.h"
 
@@ -16,6 +17,13 @@ constexpr const wchar_t* skins_folder = L"\\Orb_Data\\skins\\";
 
 std::wstring bad_number(const SkinLine& line) {
   return L"'" + line.field(0) + L"': bad number";
+}
+
+base::KeptSkinFields::LogoSeen logo_seen(const SkinLine& line) {
+  using Seen = base::KeptSkinFields::LogoSeen;
+  if (line.says(4, L"showevery"))
+    return Seen::always;
+  return line.says(4, L"showstop") ? Seen::while_stopped : Seen::while_playing;
 }
 
 } // namespace
@@ -201,8 +209,8 @@ std::wstring Skin::place_picture(const SkinLine& line, platform::PictureBox& con
 
 std::wstring Skin::apply_list(const SkinLine& line) {
   auto& kept = uses_.session.skin;
-  kept.list_show = line.field(1);
-  kept.list_mode = line.field(4);
+  kept.list = line.shows();
+  kept.list_hidden_while_playing = line.says(4, L"hideplay");
   if (!line.shows())
     return L"";
   const auto top = line.twips(2);
@@ -251,7 +259,7 @@ std::wstring Skin::apply_status(const SkinLine& line) {
   if (!top_1 || !top_2 || !left || !width || !height_1 || !height_2 || !colour)
     return bad_number(line);
   auto& kept = uses_.session.skin;
-  kept.status_mode = line.field(1);
+  kept.status_has_first_layout = line.says(1, L"1");
   kept.status_top_1 = *top_1;
   kept.status_top_2 = *top_2;
   kept.status_height_1 = *height_1;
@@ -267,26 +275,24 @@ std::wstring Skin::apply_status(const SkinLine& line) {
 std::wstring Skin::apply_kept(const SkinLine& line) {
   auto& kept = uses_.session.skin;
   if (line.names(L"LTDisplay")) {
-    kept.display_show = line.field(1);
-    kept.display_mode = line.field(4);
-    kept.display_value = line.field(5);
+    kept.display = line.shows();
+    kept.display_while_stopped = line.says(4, L"showevery");
+    kept.display_behind_empty_list = line.says(5, L"showifnulllist");
     return apply_state_picture(line, uses_.form.LTDisplay, L"\\display.gif");
   }
   if (line.names(L"Orbwww")) {
-    kept.logo_show = line.field(1);
-    kept.logo_mode = line.field(4);
+    kept.logo = line.shows();
+    kept.logo_seen = logo_seen(line);
     return apply_state_picture(line, uses_.form.Orbwww, L"\\orb.gif");
   }
   return L"";
 }
 
 void Skin::ZobrazCoMas(const std::wstring& play_button_text) {
-  const PlayLook look = play_look(play_button_text, uses_.session.skin);
+  const bool playing = base::equal_ignoring_case(play_button_text, base::caption_stop);
   // A missing picture leaves this skin's other one; the visibility below must follow the state all the same.
-  (void)uses_.form.Control_Play.load_picture(picture_path(look.playing ? L"\\stop.gif" : L"\\play.gif"));
-  uses_.form.Control_List.set_visible(look.list);
-  uses_.form.LTDisplay.set_visible(look.display);
-  uses_.form.Orbwww.set_visible(look.logo);
+  (void)uses_.form.Control_Play.load_picture(picture_path(playing ? L"\\stop.gif" : L"\\play.gif"));
+  player::show_controls(player::visible_controls(playing, uses_.session.panel, uses_.session.skin), uses_.form);
 }
 
 void Skin::SkinVolume(int percent) {

@@ -58,12 +58,8 @@ const std::wstring& SkinLine::field(std::size_t index) const {
   return index < fields_.size() ? fields_[index] : missing;
 }
 
-bool SkinLine::names(std::wstring_view control) const {
-  return base::equal_ignoring_case(field(0), control);
-}
-
-bool SkinLine::shows() const {
-  return base::equal_ignoring_case(field(1), L"show");
+bool SkinLine::says(std::size_t index, std::wstring_view word) const {
+  return base::equal_ignoring_case(field(index), word);
 }
 
 bool SkinLine::blank(std::size_t index) const {

@@ -23,9 +23,10 @@ public:
 
   // A field that the line lacks is empty.
   [[nodiscard]] const std::wstring& field(std::size_t index) const;
-  [[nodiscard]] bool names(std::wstring_view control) const; // letter case ignored
-  [[nodiscard]] bool shows() const;                          // field 1 is "show"
-  [[nodiscard]] bool blank(std::size_t index) const;         // missing, or nothing but blanks
+  [[nodiscard]] bool says(std::size_t index, std::wstring_view word) const; // letter case ignored
+  [[nodiscard]] bool names(std::wstring_view control) const { return says(0, control); }
+  [[nodiscard]] bool shows() const { return says(1, L"show"); }
+  [[nodiscard]] bool blank(std::size_t index) const; // missing, or nothing but blanks
 
   // A whole number, however many digits it has; nothing where the field is missing or holds something else. One that
   // is too large for its use counts as the largest there.

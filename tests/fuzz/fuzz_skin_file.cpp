@@ -96,6 +96,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   demand(w.settings.saved_skin == L"Dobra" && w.form.LTDisplay.picture().empty() &&
          w.form.Control_List.rect().width == 0);
   demand(w.log() == log && w.window.rect().width == 6000 && w.form.Control_Menu.rect().top == 10);
-  demand(!w.form.Control_Sat.visible() && w.form.InfoName.rect().width == 0 && w.session.skin.list_mode.empty());
+  demand(!w.form.Control_Sat.visible() && w.form.InfoName.rect().width == 0 &&
+         !w.session.skin.list_hidden_while_playing);
   return 0;
 }

@@ -170,7 +170,7 @@ TEST_F(FavouritesTest, WithoutFavouritesTheHintIsShown) {
 }
 
 TEST_F(FavouritesTest, TheDisplayStandsBehindAnEmptyListWhereTheSkinSaysSo) {
-  w.session.skin.display_value = L"ShowIfNullList";
+  w.session.skin.display_behind_empty_list = true;
   w.form.LTDisplay.set_visible(false);
   show("");
   EXPECT_TRUE(w.form.LTDisplay.visible());
@@ -179,25 +179,27 @@ TEST_F(FavouritesTest, TheDisplayStandsBehindAnEmptyListWhereTheSkinSaysSo) {
 }
 
 TEST_F(FavouritesTest, ADisplayThatIsShownAnywayStays) {
-  w.session.skin.display_value = L"showifnulllist";
-  w.session.skin.display_show = L"show";
-  w.session.skin.display_mode = L"showevery";
+  w.session.skin.display = w.session.skin.display_while_stopped = true;
+  w.session.skin.display_behind_empty_list = true;
   show("lt:RADIO1/1\r\n");
   EXPECT_TRUE(w.form.LTDisplay.visible());
 }
 
 TEST_F(FavouritesTest, ADisplayThatIsShownAtOtherTimesGoesWithTheHint) {
-  w.session.skin.display_value = L"showifnulllist";
-  for (const auto& [shown, mode] : {std::pair{L"show", L"showstop"}, std::pair{L"hide", L"showevery"}}) {
-    w.session.skin.display_show = shown;
-    w.session.skin.display_mode = mode;
+  w.session.skin.display_behind_empty_list = true;
+  for (const auto& [shown, while_stopped] : {std::pair{true, false}, std::pair{false, true}}) {
+    w.session.skin.display = shown;
+    w.session.skin.display_while_stopped = while_stopped;
     w.form.LTDisplay.set_visible(true);
     show("lt:RADIO1/1\r\n");
-    EXPECT_FALSE(w.form.LTDisplay.visible()) << shown << mode;
+    EXPECT_FALSE(w.form.LTDisplay.visible()) << shown << while_stopped;
   }
 }
 
 TEST_F(FavouritesTest, ADisplayThatIsNotTheEmptyListsStays) {
+  w.session.skin.display = w.session.skin.display_while_stopped = true;
+  show("");
+  EXPECT_TRUE(w.form.LTDisplay.visible());
   show("lt:RADIO1/1\r\n");
   EXPECT_TRUE(w.form.LTDisplay.visible());
 }
@@ -224,15 +226,12 @@ TEST_F(FavouritesTest, AnAddressOfTheClientsKeepsTheLabels) {
 }
 
 TEST_F(FavouritesTest, ASkinThatDoesNotShowTheListNeverShowsIt) {
-  for (const wchar_t* field : {L"hide", L""}) {
-    w.session.skin.list_show = field;
-    list.set_visible(false);
-    show("lt:RADIO1/1\r\n");
-    EXPECT_EQ(list.count(), 1U);
-    EXPECT_FALSE(list.visible()) << field;
-    EXPECT_FALSE(w.form.InfoName.visible());
-  }
-  w.session.skin.list_show = L"SHOW";
+  w.session.skin.list = false;
+  show("lt:RADIO1/1\r\n");
+  EXPECT_EQ(list.count(), 1U);
+  EXPECT_FALSE(list.visible());
+  EXPECT_FALSE(w.form.InfoName.visible());
+  w.session.skin.list = true;
   show("lt:RADIO1/1\r\n");
   EXPECT_TRUE(list.visible());
 }

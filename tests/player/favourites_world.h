@@ -19,7 +19,7 @@ struct FavouritesWorld : testing::Test {
 
   FavouritesWorld() {
     w.player.set_auto_start(false);
-    w.session.skin.list_show = L"show";
+    w.session.skin.list = true;
     list.resize(5820, 1800);
     favourites.directory.bind(w.directory);
     list.on_click = [this] { favourites.Control_List_Click(); };

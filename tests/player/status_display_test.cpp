@@ -26,7 +26,7 @@ struct StatusDisplayTest : testing::Test {
     playing.kbps = 128;
     playing.hertz = 44100;
     playing.title = L"Umělec - Píseň";
-    w.session.skin.status_mode = L"1";
+    w.session.skin.status_has_first_layout = true;
     w.session.skin.status_top_1 = 100;
     w.session.skin.status_height_1 = 200;
     w.session.skin.status_top_2 = 300;
@@ -51,7 +51,7 @@ TEST_F(StatusDisplayTest, WithATimeTheSecondLayoutShowsItFromColumn33) {
 }
 
 TEST_F(StatusDisplayTest, AnotherModeAlwaysTakesTheSecondLayout) {
-  w.session.skin.status_mode = L"2";
+  w.session.skin.status_has_first_layout = false;
   w.status.tick();
   EXPECT_EQ(w.form.InfoStatus.rect().top, 300);
   w.player.reported->title.clear();

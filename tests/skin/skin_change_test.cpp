@@ -37,9 +37,9 @@ struct NextSkinTest : LoadedSkin {
     }
     EXPECT_EQ(w.form.Control_List.rect(), TwipsRect{});
     EXPECT_EQ(w.form.Control_List.background_colour(), Colour{0xffffff});
-    EXPECT_EQ(w.session.skin.display_value, L"");
-    EXPECT_EQ(w.session.skin.status_mode, L"");
-    EXPECT_EQ(w.session.skin.list_show, L"");
+    EXPECT_FALSE(w.session.skin.display_behind_empty_list);
+    EXPECT_FALSE(w.session.skin.status_has_first_layout);
+    EXPECT_FALSE(w.session.skin.list);
     if (its_ground)
       return;
     EXPECT_EQ(w.window.background(), L"");

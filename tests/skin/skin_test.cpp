@@ -47,15 +47,15 @@ TEST_F(SkinTest, PlacesTheListWithItsColours) {
   EXPECT_EQ(w.form.Control_List.rect(), (TwipsRect{240, 600, 5820, 1800}));
   EXPECT_EQ(w.form.Control_List.background_colour(), Colour{255});
   EXPECT_EQ(w.form.Control_List.text_colour(), Colour{0xff0000});
-  EXPECT_EQ(w.session.skin.list_show, L"show");
-  EXPECT_EQ(w.session.skin.list_mode, L"hideplay");
+  EXPECT_TRUE(w.session.skin.list);
+  EXPECT_TRUE(w.session.skin.list_hidden_while_playing);
 }
 
 TEST_F(SkinTest, AHiddenListNeedsNoNumbersButKeepsItsFields) {
-  load("Control_List|hide|||showevery\r\nInfoTime|1|2|3|4|5\r\n");
+  load("Control_List|hide|||hideplay\r\nInfoTime|1|2|3|4|5\r\n");
   EXPECT_FALSE(w.form.Control_List.visible());
-  EXPECT_EQ(w.session.skin.list_show, L"hide");
-  EXPECT_EQ(w.session.skin.list_mode, L"showevery");
+  EXPECT_FALSE(w.session.skin.list);
+  EXPECT_TRUE(w.session.skin.list_hidden_while_playing);
   EXPECT_EQ(w.form.InfoTime.rect(), (TwipsRect{2, 1, 3, 4}));
 }
 
@@ -63,10 +63,10 @@ TEST_F(SkinTest, KeepsTheFieldsOfDisplayLogoAndStatus) {
   load("LTDisplay|show|10|20|showevery|showifnulllist\r\nOrbwww|show|30|40|showstop\r\n"
        "InfoStatus|1|111|222|333|444|555|666|65280\r\n");
   const auto& kept = w.session.skin;
-  EXPECT_EQ(kept.display_mode, L"showevery");
-  EXPECT_EQ(kept.display_value, L"showifnulllist");
-  EXPECT_EQ(kept.logo_mode, L"showstop");
-  EXPECT_EQ(kept.status_mode, L"1");
+  EXPECT_TRUE(kept.display && kept.display_while_stopped && kept.display_behind_empty_list);
+  EXPECT_TRUE(kept.logo);
+  EXPECT_EQ(kept.logo_seen, base::KeptSkinFields::LogoSeen::while_stopped);
+  EXPECT_TRUE(kept.status_has_first_layout);
   EXPECT_EQ(kept.status_top_1, 111);
   EXPECT_EQ(kept.status_top_2, 222);
   EXPECT_EQ(kept.status_height_1, 555);
@@ -175,9 +175,25 @@ TEST_F(SkinTest, EveryLabelHasItsOwnPlaceAndColour) {
   EXPECT_EQ(w.form.InfoNaladit.text_colour(), Colour{25});
 }
 
+TEST_F(SkinTest, TheWordsOfALineAreReadWhateverTheirCase) {
+  using Seen = base::KeptSkinFields::LogoSeen;
+  const auto& kept = w.session.skin;
+  load("Control_List|SHOW|1|2|HidePlay|3|4|5|6\r\nLTDisplay|Show|1|2|ShowEvery|ShowIfNullList\r\n"
+       "Orbwww|shoW|1|2|SHOWEVERY\r\n");
+  EXPECT_TRUE(kept.list && kept.list_hidden_while_playing);
+  EXPECT_TRUE(kept.display && kept.display_while_stopped && kept.display_behind_empty_list);
+  EXPECT_TRUE(kept.logo);
+  EXPECT_EQ(kept.logo_seen, Seen::always);
+  load("Control_List|shown|1|2|hideplay |3|4|5|6\r\nLTDisplay||1|2|showstop|\r\nOrbwww|hide|1|2|\r\nInfoStatus|2\r\n");
+  EXPECT_FALSE(kept.list || kept.list_hidden_while_playing || kept.display || kept.display_while_stopped ||
+               kept.display_behind_empty_list || kept.logo || kept.status_has_first_layout)
+      << "any other word is none of these";
+  EXPECT_EQ(kept.logo_seen, Seen::while_playing);
+}
+
 TEST_F(SkinTest, TheDisplaysShowFieldIsKept) {
   load("LTDisplay|show|1|2|showevery\r\n");
-  EXPECT_EQ(w.session.skin.display_show, L"show");
+  EXPECT_TRUE(w.session.skin.display);
   w.look.ZobrazCoMas(L"Zapnout");
   EXPECT_TRUE(w.form.LTDisplay.visible());
 }

@@ -13,6 +13,7 @@
 #include "player/shutdown.h"
 #include "player/startup.h"
 #include "player/status_display.h"
+#include "player/visible_controls.h"
 #include "tests/support/stations_world.h"
 
 #include <string>
@@ -23,12 +24,18 @@ namespace lumotune::test {
 using Journal = std::vector<std::wstring>;
 
 struct RecordingSkin final : player::SkinPort {
-  explicit RecordingSkin(Journal& journal_used) : journal(journal_used) {}
+  RecordingSkin(Journal& journal_used, const base::Session& session_used, base::LumotuneForm& form_used)
+      : journal(journal_used), session(session_used), form(form_used) {}
   void LoadSkin(const std::wstring& name) override { journal.push_back(L"LoadSkin " + name); }
-  void ZobrazCoMas(const std::wstring& text) override { journal.push_back(L"ZobrazCoMas " + text); }
+  void ZobrazCoMas(const std::wstring& text) override {
+    journal.push_back(L"ZobrazCoMas " + text);
+    player::show_controls(player::visible_controls(text == base::caption_stop, session.panel, session.skin), form);
+  }
   void SkinVolume(int percent) override { journal.push_back(L"SkinVolume " + std::to_wstring(percent)); }
   void load_play_picture() override { journal.emplace_back(L"play picture"); }
   Journal& journal;
+  const base::Session& session;
+  base::LumotuneForm& form;
 };
 
 struct RecordingChrome final : player::ChromePort {
@@ -65,7 +72,7 @@ struct SilentTitle final : player::TitlePort {
 
 struct PlayerWorld : StationsWorld {
   Journal journal;
-  RecordingSkin skin{journal};
+  RecordingSkin skin{journal, session, form};
   RecordingChrome chrome{journal};
   RecordingFavourites favourites{journal};
   RecordingDirectory directory{journal};
