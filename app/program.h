@@ -75,6 +75,7 @@ public:
   base::Session session;
 
   base::MenuTree menu_tree;
+  base::ProgramFolder folder;
   base::ErrorLog error_log;
   base::SettingsFiles options;
   stations::StationFiles station_files;

@@ -3,17 +3,17 @@
 
 namespace lumotune::base {
 
-void settle_leftovers(platform::Files& files, const std::wstring& program_folder) {
-  for (const wchar_t* name : {L"\\Orb_Data\\options.ini", L"\\Orb_Data\\orb_server.tt", L"\\list.tt"})
-    files.settle(program_folder + name);
-  files.settle(program_folder + L"\\radios.tt", program_folder + L"\\kategories.tt");
+void settle_leftovers(const ProgramFolder& folder) {
+  for (const std::wstring& file : {folder.data(L"options.ini"), folder.data(L"orb_server.tt"), folder.path(L"list.tt")})
+    folder.files().settle(file);
+  folder.files().settle(folder.path(L"radios.tt"), folder.path(L"kategories.tt"));
 }
 
-std::wstring files_that_cannot_be_saved(platform::Files& files, const std::wstring& program_folder) {
+std::wstring files_that_cannot_be_saved(const ProgramFolder& folder) {
   std::wstring names;
-  for (const wchar_t* name : {L"\\Orb_Data\\options.ini", L"\\list.tt"}) {
-    if (!files.can_replace(program_folder + name))
-      names += L"\r\n" + program_folder + name;
+  for (const std::wstring& file : {folder.data(L"options.ini"), folder.path(L"list.tt")}) {
+    if (!folder.files().can_replace(file))
+      names += L"\r\n" + file;
   }
   return names;
 }

@@ -5,14 +5,15 @@ namespace lumotune::base {
 
 // Nowhere is left to report a log that cannot be written.
 void ErrorLog::add(const std::wstring& procedure, const std::wstring& what) {
-  const std::string line = uses_.codec.encode(uses_.machine.date_and_time() + L" Lumotune (" + procedure + L") " +
-                                              what.substr(0, max_text) + L"\r\n");
-  const std::wstring log = uses_.machine.program_folder() + L"\\Orb_Data\\error.log";
+  const std::string line = uses_.folder.codec().encode(uses_.machine.date_and_time() + L" Lumotune (" + procedure +
+                                                       L") " + what.substr(0, max_text) + L"\r\n");
+  const std::wstring log = uses_.folder.data(L"error.log");
   // One step of the file system: a crash leaves every line in one file or the other. A log that is full and cannot be
   // put aside takes no more lines.
-  if (uses_.files.size(log).value_or(0) + line.size() > max_bytes && !uses_.files.move(log, log + L".old"))
+  if (uses_.folder.files().size(log).value_or(0) + line.size() > max_bytes &&
+      !uses_.folder.files().move(log, log + L".old"))
     return;
-  (void)uses_.files.append(log, line);
+  (void)uses_.folder.files().append(log, line);
 }
 
 } // namespace lumotune::base

@@ -2,8 +2,7 @@
 // The error log of the data folder, append only: error.log, and error.log.old with the lines before.
 #pragma once
 
-#include "platform/ansi_codec.h"
-#include "platform/files.h"
+#include "base/program_folder.h"
 #include "platform/machine.h"
 
 #include <cstddef>
@@ -19,8 +18,7 @@ public:
   static constexpr std::size_t max_text = 1000;
 
   struct Uses {
-    platform::Files& files;
-    const platform::AnsiCodec& codec;
+    const ProgramFolder& folder;
     const platform::Machine& machine;
   };
   explicit ErrorLog(const Uses& uses) : uses_(uses) {}

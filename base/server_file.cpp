@@ -3,20 +3,21 @@
 
 namespace lumotune::base {
 
-void read_server_file(const ServerFileUses& uses, const wchar_t* procedure, TextLines& lines, std::wstring& address) {
+void read_server_file(const ProgramFolder& folder, ErrorLog& error_log, const wchar_t* procedure, TextLines& lines,
+                      std::wstring& address) {
   constexpr std::size_t address_line = 6;
   constexpr std::size_t address_position = 16;
   lines.clear();
-  const std::wstring path = uses.machine.program_folder() + L"\\Orb_Data\\orb_server.tt";
-  if (const auto bytes = uses.files.read(path))
+  const std::wstring path = folder.data(L"orb_server.tt");
+  if (const auto bytes = folder.files().read(path))
     lines = split_text_lines(*bytes);
   if (lines.size() > address_line) {
-    address = line_value(lines, address_line, address_position, uses.codec);
+    address = line_value(lines, address_line, address_position, folder.codec());
     return;
   }
   // Without a backup the file stays as it is; the log line below tells.
-  (void)uses.files.copy(path + L".tmp", path);
-  uses.error_log.add(procedure, L"orb_server.tt");
+  (void)folder.files().copy(path + L".tmp", path);
+  error_log.add(procedure, L"orb_server.tt");
 }
 
 } // namespace lumotune::base

@@ -4,24 +4,16 @@
 
 #include "base/error_log.h"
 #include "base/options_lines.h"
-#include "platform/ansi_codec.h"
-#include "platform/files.h"
-#include "platform/machine.h"
+#include "base/program_folder.h"
 
 #include <string>
 
 namespace lumotune::base {
 
-struct ServerFileUses {
-  platform::Files& files;
-  const platform::AnsiCodec& codec;
-  const platform::Machine& machine;
-  ErrorLog& error_log;
-};
-
 // Takes all lines of the file into `lines` and the address out of the seventh. On any error (no file, fewer lines) the
 // client's backup takes the file's place, the error log gets a line that names the procedure, and the address keeps its
 // value. User-interface thread.
-void read_server_file(const ServerFileUses& uses, const wchar_t* procedure, TextLines& lines, std::wstring& address);
+void read_server_file(const ProgramFolder& folder, ErrorLog& error_log, const wchar_t* procedure, TextLines& lines,
+                      std::wstring& address);
 
 } // namespace lumotune::base

@@ -10,14 +10,14 @@ namespace {
 constexpr std::size_t check_line = 6;
 constexpr std::size_t link_line = 18;
 
-std::wstring options_file(const platform::Machine& machine) {
-  return machine.program_folder() + L"\\Orb_Data\\options.ini";
+std::wstring options_file(const ProgramFolder& folder) {
+  return folder.data(L"options.ini");
 }
 
 } // namespace
 
-std::optional<TextLines> read_options_lines(const platform::Files& files, const platform::Machine& machine) {
-  const auto bytes = files.read(options_file(machine));
+std::optional<TextLines> read_options_lines(const ProgramFolder& folder) {
+  const auto bytes = folder.files().read(options_file(folder));
   if (!bytes.has_value())
     return std::nullopt;
   return without_empty_lines(split_text_lines(*bytes));
@@ -28,9 +28,9 @@ std::optional<TextLines> read_options_lines(const platform::Files& files, const 
 bool SettingsFiles::read_whole() {
   const std::uint32_t start = uses_.loop.tick_count_ms();
   for (;;) {
-    const auto lines = read_options_lines(uses_.files, uses_.machine);
+    const auto lines = read_options_lines(uses_.folder);
     const std::size_t count = lines.has_value() ? lines->size() : 0;
-    const bool full = count >= options_line_count && !uses_.files.being_written(options_file(uses_.machine));
+    const bool full = count >= options_line_count && !uses_.folder.files().being_written(options_file(uses_.folder));
     if ((full && count >= known_lines_) || uses_.loop.tick_count_ms() - start >= max_wait_ms ||
         !uses_.loop.wait_a_little()) {
       List4 = lines.value_or(TextLines());
@@ -45,13 +45,13 @@ void SettingsFiles::LoadOptions() {
 }
 
 void SettingsFiles::LoadClientValues() {
-  const auto lines = read_options_lines(uses_.files, uses_.machine);
+  const auto lines = read_options_lines(uses_.folder);
   // The last line of a file that grows may be half a one.
   if (!lines.has_value() ||
-      (lines->size() < options_line_count && uses_.files.being_written(options_file(uses_.machine))))
+      (lines->size() < options_line_count && uses_.folder.files().being_written(options_file(uses_.folder))))
     return;
   Settings written;
-  read_settings(*lines, uses_.codec, written);
+  read_settings(*lines, uses_.folder.codec(), written);
   if (lines->size() > link_line)
     uses_.settings.client_link = written.client_link;
   if (written.idh.empty())
@@ -63,11 +63,11 @@ void SettingsFiles::LoadClientValues() {
 
 void SettingsFiles::read_values() {
   values_read_ = true;
-  read_settings(List4, uses_.codec, uses_.settings);
+  read_settings(List4, uses_.folder.codec(), uses_.settings);
 }
 
 bool SettingsFiles::logged_in() const {
-  return !line_value(List4, 5, 12, uses_.codec).empty();
+  return !line_value(List4, 5, 12, uses_.folder.codec()).empty();
 }
 
 void SettingsFiles::SaveOptions() {
@@ -85,14 +85,13 @@ void SettingsFiles::SaveOptions() {
     return;
   // The client may have written since. When the disk is full or the file is held the old one stays whole: the settings
   // of the last run are kept.
-  if (!read_whole() || !write_settings(List4, uses_.codec, settings) ||
-      !uses_.files.replace(options_file(uses_.machine), join_lines(List4)))
+  if (!read_whole() || !write_settings(List4, uses_.folder.codec(), settings) ||
+      !uses_.folder.files().replace(options_file(uses_.folder), join_lines(List4)))
     uses_.error_log.add(L"SaveOptions", L"options.ini");
 }
 
 void SettingsFiles::LoadOptionsServer() {
-  read_server_file({uses_.files, uses_.codec, uses_.machine, uses_.error_log}, L"LoadOptionsServer", List4,
-                   uses_.settings.server_address);
+  read_server_file(uses_.folder, uses_.error_log, L"LoadOptionsServer", List4, uses_.settings.server_address);
 }
 
 } // namespace lumotune::base

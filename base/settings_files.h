@@ -5,11 +5,9 @@
 #include "base/error_log.h"
 #include "base/lumotune_form.h"
 #include "base/options_lines.h"
+#include "base/program_folder.h"
 #include "base/session.h"
-#include "platform/ansi_codec.h"
 #include "platform/event_loop.h"
-#include "platform/files.h"
-#include "platform/machine.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -19,16 +17,13 @@
 namespace lumotune::base {
 
 // The lines of options.ini that are not empty; nothing when it cannot be read.
-[[nodiscard]] std::optional<TextLines> read_options_lines(const platform::Files& files,
-                                                          const platform::Machine& machine);
+[[nodiscard]] std::optional<TextLines> read_options_lines(const ProgramFolder& folder);
 
 // User-interface thread. Nothing throws or shows a message.
 class SettingsFiles {
 public:
   struct Uses {
-    platform::Files& files;
-    const platform::AnsiCodec& codec;
-    const platform::Machine& machine;
+    const ProgramFolder& folder;
     platform::EventLoop& loop;
     platform::Window& window;
     ErrorLog& error_log;

@@ -75,17 +75,17 @@ Launch download(const CompanionValues& values, const std::wstring& path_and_quer
 
 } // namespace
 
-CompanionValues companion_values(const platform::Machine& machine, const base::Settings& settings) {
-  return {machine.program_folder(), std::wstring(base::trimmed(settings.server_address)), settings.idh, settings.h};
+CompanionValues companion_values(const base::ProgramFolder& folder, const base::Settings& settings) {
+  return {folder.path(), std::wstring(base::trimmed(settings.server_address)), settings.idh, settings.h};
 }
 
-std::wstring companion_program(const std::wstring& program_folder, std::wstring_view name) {
+std::wstring companion_program(const base::ProgramFolder& folder, std::wstring_view name) {
   static constexpr std::array<std::wstring_view, 6> programs = {L"orb.exe",    L"OrbBrowser.exe", L"OrbRecorder.exe",
                                                                 L"Telvix.exe", L"remind.exe",     L"load.exe"};
   name = base::trimmed(name, L" ");
   for (const std::wstring_view program : programs) {
     if (base::equal_ignoring_case(name, program))
-      return program_folder + L"\\" + std::wstring(program);
+      return folder.path(program);
   }
   return {};
 }

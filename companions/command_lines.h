@@ -3,8 +3,8 @@
 // `launch`.
 #pragma once
 
+#include "base/program_folder.h"
 #include "base/session.h"
-#include "platform/machine.h"
 #include "platform/shell.h"
 
 #include <cstddef>
@@ -34,11 +34,11 @@ struct CompanionValues {
   std::wstring idh;            // account identity
   std::wstring h;              // account check value
 };
-[[nodiscard]] CompanionValues companion_values(const platform::Machine& machine, const base::Settings& settings);
+[[nodiscard]] CompanionValues companion_values(const base::ProgramFolder& folder, const base::Settings& settings);
 
 // The full path of the client's or a companion's program by its plain name, blanks around it and letter case ignored;
 // empty for any other name. Nothing else may be started because a text from outside says so.
-[[nodiscard]] std::wstring companion_program(const std::wstring& program_folder, std::wstring_view name);
+[[nodiscard]] std::wstring companion_program(const base::ProgramFolder& folder, std::wstring_view name);
 
 // Every text is inserted unquoted and unescaped. A quotation mark in it becomes an apostrophe and a control character a
 // blank: neither means anything in a name, an address or a number, and the first could join or part arguments. All but

@@ -37,15 +37,15 @@ std::optional<unsigned char> code_value(std::wstring_view piece) {
 } // namespace
 
 void Identity::read_lines() {
-  List5 = base::read_options_lines(uses_.files, uses_.machine).value_or(base::TextLines());
+  List5 = base::read_options_lines(uses_.folder).value_or(base::TextLines());
 }
 
 bool Identity::LoadOptionsLodin() {
   read_lines();
   if (List5.size() <= h_line)
     return false;
-  uses_.settings.idh = base::line_value(List5, idh_line, 12, uses_.codec);
-  uses_.settings.h = base::line_value(List5, h_line, 14, uses_.codec);
+  uses_.settings.idh = base::line_value(List5, idh_line, 12, uses_.folder.codec());
+  uses_.settings.h = base::line_value(List5, h_line, 14, uses_.folder.codec());
   return true;
 }
 
@@ -53,7 +53,7 @@ bool Identity::LoadOptionsNick() {
   read_lines();
   if (List5.size() <= nick_line)
     return false;
-  uses_.settings.nickname = base::line_value(List5, nick_line, 14, uses_.codec);
+  uses_.settings.nickname = base::line_value(List5, nick_line, 14, uses_.folder.codec());
   return true;
 }
 
@@ -74,7 +74,7 @@ std::wstring Identity::Prehod(std::wstring Orbvstup) {
 std::wstring Identity::Encrypt(std::wstring& Orbvstup) {
   Orbvstup = Prehod(Orbvstup);
   std::wstring codes;
-  for (const char byte : uses_.codec.encode(Orbvstup))
+  for (const char byte : uses_.folder.codec().encode(Orbvstup))
     codes += std::to_wstring(static_cast<unsigned char>(byte)) + L"-";
   return codes;
 }
@@ -93,7 +93,7 @@ std::wstring Identity::Encrypt2(std::wstring& Orbvstup) {
       break;
     bytes += static_cast<char>(*code);
   }
-  Orbvstup = uses_.codec.decode(bytes);
+  Orbvstup = uses_.folder.codec().decode(bytes);
   return Prehod(Orbvstup);
 }
 

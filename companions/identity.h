@@ -3,11 +3,9 @@
 #pragma once
 
 #include "base/options_lines.h"
+#include "base/program_folder.h"
 #include "base/session.h"
-#include "platform/ansi_codec.h"
 #include "platform/event_loop.h"
-#include "platform/files.h"
-#include "platform/machine.h"
 
 #include <string>
 
@@ -18,9 +16,7 @@ namespace lumotune::companions {
 class Identity {
 public:
   struct Uses {
-    const platform::Files& files;
-    const platform::AnsiCodec& codec;
-    const platform::Machine& machine;
+    const base::ProgramFolder& folder;
     platform::EventLoop& loop;
     base::Settings& settings;
   };

@@ -48,20 +48,19 @@ void Actions::PridejRadioDoFAST(const std::wstring& Kvalita) {
 
 void Actions::Diskuze_Click() {
   const SelectedStation& station = uses_.details.selected();
-  companions::launch(uses_.shell, companions::discussion(companions::companion_values(uses_.machine, uses_.settings),
+  companions::launch(uses_.shell, companions::discussion(companions::companion_values(uses_.folder, uses_.settings),
                                                          station.id, station.name));
 }
 
 void Actions::Label10_Click() {
-  companions::launch(uses_.shell, companions::discussion(companions::companion_values(uses_.machine, uses_.settings),
+  companions::launch(uses_.shell, companions::discussion(companions::companion_values(uses_.folder, uses_.settings),
                                                          uses_.list.selected_id(), uses_.list.selected_text()));
 }
 
 void Actions::Potize_Click() {
   const SelectedStation& station = uses_.details.selected();
-  companions::launch(uses_.shell,
-                     companions::problem_report(companions::companion_values(uses_.machine, uses_.settings), station.id,
-                                                station.name));
+  companions::launch(uses_.shell, companions::problem_report(companions::companion_values(uses_.folder, uses_.settings),
+                                                             station.id, station.name));
 }
 
 void Actions::Label6_Click() {
@@ -70,7 +69,7 @@ void Actions::Label6_Click() {
   if (id.empty() || name.empty())
     return say(L"Vyberte prosím rádio, s jehož poslechem máte potíže.");
   companions::launch(uses_.shell,
-                     companions::problem_report(companions::companion_values(uses_.machine, uses_.settings), id, name));
+                     companions::problem_report(companions::companion_values(uses_.folder, uses_.settings), id, name));
 }
 
 void Actions::show_users(const std::wstring& id) {
@@ -105,7 +104,7 @@ void Actions::Image3_Click() {
   const std::wstring token = uses_.identity.Heslo(uses_.settings.h);
   if (uses_.loop.quitting())
     return;
-  const auto values = companions::companion_values(uses_.machine, uses_.settings);
+  const auto values = companions::companion_values(uses_.folder, uses_.settings);
   if (!uses_.web.open_own(companions::login_address(values, token, L"")))
     tell_refused(uses_.form);
 }

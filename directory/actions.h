@@ -2,6 +2,7 @@
 // What a listener does with the selected station besides playing it, and the menus that offer it.
 #pragma once
 
+#include "base/program_folder.h"
 #include "base/session.h"
 #include "companions/identity.h"
 #include "companions/open_url.h"
@@ -31,7 +32,7 @@ public:
     platform::PopupMenus& menus;
     const platform::EventLoop& loop;
     platform::Shell& shell;
-    const platform::Machine& machine;
+    const base::ProgramFolder& folder;
     platform::Dialogs& dialogs;
     companions::WebPages& web;
   };

@@ -65,7 +65,7 @@ void Details::NaladitRadio(const std::wstring& Kvalita) {
   settings.IDlastRadio = id;
   settings.KvalitaLT = Kvalita;
   if (is_television(id)) {
-    const auto player = companions::television(companions::companion_values(uses_.machine, settings),
+    const auto player = companions::television(companions::companion_values(uses_.folder, settings),
                                                uses_.stations.RadioInfo(id, L"u" + Kvalita));
     if (player.has_value())
       companions::launch(uses_.shell, *player);

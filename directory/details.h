@@ -3,12 +3,12 @@
 #pragma once
 
 #include "base/lumotune_form.h"
+#include "base/program_folder.h"
 #include "base/session.h"
 #include "directory/advert.h"
 #include "directory/list_radios_form.h"
 #include "directory/station_list.h"
 #include "platform/dialogs.h"
-#include "platform/machine.h"
 #include "platform/shell.h"
 #include "player/playback.h"
 #include "stations/station_lookup.h"
@@ -47,7 +47,7 @@ public:
     stations::StationLookup& stations; // of the main window
     player::Playback& playback;
     platform::Shell& shell;
-    const platform::Machine& machine;
+    const base::ProgramFolder& folder;
     platform::Dialogs& dialogs;
     Advert& advert;
   };

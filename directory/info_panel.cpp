@@ -108,7 +108,7 @@ void InfoPanelLine::open_url() {
   if (uses_.loop.quitting())
     return;
   std::wstring page = panel_parameter_;
-  const auto values = companions::companion_values(uses_.machine, uses_.settings);
+  const auto values = companions::companion_values(uses_.folder, uses_.settings);
   if (!uses_.web.open_own(companions::login_address(values, token, MakePageRe(page))))
     tell_refused(uses_.form);
 }
@@ -123,8 +123,8 @@ void InfoPanelLine::show_users() {
   pieces[0] = replace_ignoring_case(pieces[0], L"..", L"");
   // A program that we do not know is not started, wherever it lies: the downloader writes files into the program
   // folder. The message still reaches a window that is there.
-  const std::wstring program = companions::companion_program(uses_.machine.program_folder(), pieces[0]);
-  const bool known = !program.empty() && uses_.files.exists(program);
+  const std::wstring program = companions::companion_program(uses_.folder, pieces[0]);
+  const bool known = !program.empty() && uses_.folder.files().exists(program);
   uses_.sender.show_users(pieces[0], pieces[1], pieces[2], known ? pieces[3] : L"x", program);
 }
 
@@ -146,7 +146,7 @@ void InfoPanelLine::open_browser() {
   if (uses_.loop.quitting())
     return;
   companions::launch(uses_.shell,
-                     companions::browser_page(companions::companion_values(uses_.machine, settings), page, fields));
+                     companions::browser_page(companions::companion_values(uses_.folder, settings), page, fields));
 }
 
 } // namespace lumotune::directory

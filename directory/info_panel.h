@@ -2,6 +2,7 @@
 // The information line of the directory window: types out a message of the server's and obeys a command when clicked.
 #pragma once
 
+#include "base/program_folder.h"
 #include "base/session.h"
 #include "companions/command_lines.h"
 #include "companions/identity.h"
@@ -11,8 +12,6 @@
 #include "directory/list_radios_form.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
-#include "platform/files.h"
-#include "platform/machine.h"
 #include "platform/shell.h"
 
 #include <cstddef>
@@ -35,8 +34,7 @@ public:
     platform::EventLoop& loop;
     platform::Dialogs& dialogs;
     platform::Shell& shell;
-    const platform::Files& files;
-    const platform::Machine& machine;
+    const base::ProgramFolder& folder;
     companions::CommandSender& sender;
     companions::Identity& identity;
     companions::WebPages& web;

@@ -16,16 +16,16 @@ ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state)
       window_(uses.windows.make(window_name)),
       form_(*window_),
       layout_(form_),
-      list_({form_, uses.station_files, uses.codec, uses.session, uses.favourites}),
+      list_({form_, uses.station_files, uses.folder.codec(), uses.session, uses.favourites}),
       advert_({form_, layout_, advert_state}),
-      panel_({form_, layout_, uses.settings, uses.loop, uses.dialogs, uses.shell, uses.files, uses.machine, uses.sender,
+      panel_({form_, layout_, uses.settings, uses.loop, uses.dialogs, uses.shell, uses.folder, uses.sender,
               uses.identity, uses.web}),
-      details_({form_, list_, uses.main_form, uses.settings, uses.stations, uses.playback, uses.shell, uses.machine,
+      details_({form_, list_, uses.main_form, uses.settings, uses.stations, uses.playback, uses.shell, uses.folder,
                 uses.dialogs, advert_}),
       actions_({form_, list_, details_, uses.identity, uses.settings, uses.favourites, uses.sender, uses.menus,
-                uses.loop, uses.shell, uses.machine, uses.dialogs, uses.web}),
-      updater_({form_, list_, *this, uses.station_files, uses.settings, uses.loop, uses.files, uses.codec, uses.machine,
-                uses.shell, uses.dialogs, uses.connection}) {
+                uses.loop, uses.shell, uses.folder, uses.dialogs, uses.web}),
+      updater_({form_, list_, *this, uses.station_files, uses.settings, uses.loop, uses.folder, uses.shell,
+                uses.dialogs, uses.connection}) {
   set_texts();
   load_pictures();
   form_.InfoPanel.set_visible(false);
@@ -62,8 +62,7 @@ void ListRadios::Form_Unload() {
 }
 
 void ListRadios::LoadOptions() {
-  base::read_server_file({uses_.files, uses_.codec, uses_.machine, uses_.error_log}, L"LoadOptions", List2,
-                         uses_.settings.server_address);
+  base::read_server_file(uses_.folder, uses_.error_log, L"LoadOptions", List2, uses_.settings.server_address);
 }
 
 void ListRadios::show() {
@@ -105,7 +104,7 @@ void ListRadios::set_texts() {
 
 // Without its pictures the window works all the same.
 void ListRadios::load_pictures() {
-  const std::wstring folder = uses_.machine.program_folder() + L"\\Orb_Data\\pictures\\";
+  const std::wstring folder = uses_.folder.data(L"pictures\\");
   (void)form_.Image3.load_picture(folder + L"logo.gif");
   (void)form_.ImageInPan.load_picture(folder + L"info.gif");
 }

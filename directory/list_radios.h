@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/lumotune_form.h"
+#include "base/program_folder.h"
 #include "base/session.h"
 #include "base/settings_files.h"
 #include "companions/identity.h"
@@ -44,8 +45,7 @@ struct DirectoryUses {
   companions::Identity& identity;
   companions::WebPages& web;
   platform::EventLoop& loop;
-  platform::Files& files;
-  const platform::AnsiCodec& codec;
+  const base::ProgramFolder& folder;
   const platform::Machine& machine;
   platform::Shell& shell;
   platform::Dialogs& dialogs;

@@ -21,25 +21,25 @@ Updater::Updater(const Uses& uses)
                                   [this] { carry_out(update_.Timer3_Timer(facts(path(stations::probe_file)))); })) {}
 
 std::wstring Updater::path(const wchar_t* name) const {
-  return uses_.machine.program_folder() + L"\\" + name;
+  return uses_.folder.path(name);
 }
 
 // Whether a file is being written is asked only where it matters: the question itself keeps writers out for a moment,
 // and a downloader may open its file anew for every piece.
 FileFacts Updater::facts(const std::wstring& file) const {
-  const auto length = uses_.files.size(file);
-  return {length, length.value_or(0) > 0 && uses_.files.being_written(file)};
+  const auto length = uses_.folder.files().size(file);
+  return {length, length.value_or(0) > 0 && uses_.folder.files().being_written(file)};
 }
 
 // The downloader is told this very path, forward slash and all.
 FileFacts Updater::list_facts() const {
-  const std::wstring file = uses_.machine.program_folder() + L"/" + stations::download_file;
-  const auto length = uses_.files.size(file);
-  return {length, length == update_.announced_size() && uses_.files.being_written(file)};
+  const std::wstring file = uses_.folder.path() + L"/" + stations::download_file;
+  const auto length = uses_.folder.files().size(file);
+  return {length, length == update_.announced_size() && uses_.folder.files().being_written(file)};
 }
 
 void Updater::watch_for_categories() {
-  if (!uses_.files.exists(path(stations::new_categories_file)))
+  if (!uses_.folder.files().exists(path(stations::new_categories_file)))
     Timer2->start();
 }
 
@@ -82,7 +82,7 @@ void Updater::carry_out_own(const UpdateStep& step) {
   auto& form = uses_.form;
   switch (step.step) {
   case Step::remove_file:
-    (void)uses_.files.remove(path(step.text.c_str())); // a missing file is no error
+    (void)uses_.folder.files().remove(path(step.text.c_str())); // a missing file is no error
     return;
   case Step::set_status:
     return form.Label1.set_text(step.text);
@@ -93,10 +93,10 @@ void Updater::carry_out_own(const UpdateStep& step) {
     return form.Progress.set_visible(false);
   case Step::start_probe:
     return companions::launch(
-        uses_.shell, companions::station_list_size(companions::companion_values(uses_.machine, uses_.settings)));
+        uses_.shell, companions::station_list_size(companions::companion_values(uses_.folder, uses_.settings)));
   case Step::start_list:
     return companions::launch(uses_.shell,
-                              companions::station_list(companions::companion_values(uses_.machine, uses_.settings)));
+                              companions::station_list(companions::companion_values(uses_.folder, uses_.settings)));
   case Step::repaint:
     return uses_.loop.run_pending();
   case Step::reload:
@@ -120,12 +120,12 @@ void Updater::carry_out_own(const UpdateStep& step) {
 
 // The window repaints after each line, however many a server sends; nobody waits for the rest once the update is over.
 std::optional<Probe> Updater::read_probe(unsigned run) {
-  if (uses_.files.size(path(stations::probe_file)).value_or(0) > max_probe_bytes)
+  if (uses_.folder.files().size(path(stations::probe_file)).value_or(0) > max_probe_bytes)
     return Probe{};
   std::string bytes;
-  if (!uses_.files.read_at_most(path(stations::probe_file), bytes, max_probe_bytes))
+  if (!uses_.folder.files().read_at_most(path(stations::probe_file), bytes, max_probe_bytes))
     return std::nullopt;
-  return parse_probe(bytes, uses_.settings.server_address, uses_.codec, [this, run] {
+  return parse_probe(bytes, uses_.settings.server_address, uses_.folder.codec(), [this, run] {
     uses_.loop.run_pending();
     return run == update_.run() && !uses_.loop.quitting();
   });

@@ -2,6 +2,7 @@
 // Carries out the steps of the update: timers, files, the downloader, the status line.
 #pragma once
 
+#include "base/program_folder.h"
 #include "base/session.h"
 #include "base/settings_files.h"
 #include "directory/list_radios_form.h"
@@ -10,8 +11,6 @@
 #include "platform/connection.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
-#include "platform/files.h"
-#include "platform/machine.h"
 #include "platform/shell.h"
 #include "stations/station_files.h"
 
@@ -30,9 +29,7 @@ public:
     stations::StationFiles& station_files;
     base::Settings& settings;
     platform::EventLoop& loop;
-    platform::Files& files;
-    const platform::AnsiCodec& codec;
-    const platform::Machine& machine;
+    const base::ProgramFolder& folder;
     platform::Shell& shell;
     platform::Dialogs& dialogs;
     platform::Connection& connection;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/menu_tree.h"
+#include "base/program_folder.h"
 #include "base/settings_files.h"
 #include "companions/command_lines.h"
 #include "companions/identity.h"
@@ -31,7 +32,7 @@ public:
     base::Session& session;
     base::LumotuneForm& form;
     const platform::EventLoop& loop;
-    const platform::Machine& machine;
+    const base::ProgramFolder& folder;
     platform::Shell& shell;
     platform::Dialogs& dialogs;
     base::SettingsFiles& options;
@@ -79,7 +80,7 @@ private:
 
   [[nodiscard]] bool ready();
   [[nodiscard]] companions::CompanionValues values() const {
-    return companions::companion_values(uses_.machine, uses_.settings);
+    return companions::companion_values(uses_.folder, uses_.settings);
   }
   [[nodiscard]] std::wstring tuned_name();
   void open_login();

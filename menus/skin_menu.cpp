@@ -8,7 +8,7 @@ namespace lumotune::menus {
 void SkinMenu::NactiSeznamSkinu(const std::wstring& current_skin) {
   uses_.tree.unload_skins();
   std::size_t index = 0;
-  for (const std::wstring& file : uses_.files.list(uses_.machine.program_folder() + L"\\Orb_Data\\Skins", L"*.skin")) {
+  for (const std::wstring& file : uses_.folder.files().list(uses_.folder.data(L"Skins"), L"*.skin")) {
     constexpr std::size_t ending = 5; // ".skin"
     if (file.size() <= ending)
       continue;

@@ -3,8 +3,7 @@
 #pragma once
 
 #include "base/menu_tree.h"
-#include "platform/files.h"
-#include "platform/machine.h"
+#include "base/program_folder.h"
 
 #include <string>
 
@@ -13,8 +12,7 @@ namespace lumotune::menus {
 class SkinMenu {
 public:
   struct Uses {
-    const platform::Files& files;
-    const platform::Machine& machine;
+    const base::ProgramFolder& folder;
     base::MenuTree& tree;
   };
   explicit SkinMenu(const Uses& uses) : uses_(uses) {}

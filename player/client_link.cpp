@@ -20,7 +20,7 @@ ClientLink::ClientLink(const Uses& uses)
       Timer2(uses.loop.make_timer(reply_poll_ms, [this] { look_for_reply(); })) {}
 
 std::wstring ClientLink::reply_file() const {
-  return uses_.machine.program_folder() + L"\\orblt.tt";
+  return uses_.folder.path(L"orblt.tt");
 }
 
 void ClientLink::report() {
@@ -38,7 +38,7 @@ void ClientLink::report() {
     uses_.programs.start_client();
     uses_.programs.start_report(true);
   } else {
-    (void)uses_.files.remove(reply_file()); // there may be none
+    (void)uses_.folder.files().remove(reply_file()); // there may be none
     uses_.loop.run_pending();
     if (uses_.loop.ending())
       return;
@@ -51,16 +51,16 @@ void ClientLink::report() {
 void ClientLink::look_for_reply() {
   if (uses_.loop.ending())
     return;
-  if (!uses_.files.exists(reply_file()) || uses_.files.being_written(reply_file()))
+  if (!uses_.folder.files().exists(reply_file()) || uses_.folder.files().being_written(reply_file()))
     return;
   Timer2->stop();
   uses_.loop.run_pending();
   // A report that was made meanwhile wants no reply any more, or looks for its own.
   if (uses_.loop.ending() || !awaiting_ || Timer2->running())
     return;
-  const bool too_long = uses_.files.size(reply_file()).value_or(0) > max_reply_bytes;
+  const bool too_long = uses_.folder.files().size(reply_file()).value_or(0) > max_reply_bytes;
   std::string bytes;
-  if (!too_long && !uses_.files.read_at_most(reply_file(), bytes, max_reply_bytes)) {
+  if (!too_long && !uses_.folder.files().read_at_most(reply_file(), bytes, max_reply_bytes)) {
     Timer2->start(); // the writer was back: not there yet
     return;
   }
@@ -70,13 +70,13 @@ void ClientLink::look_for_reply() {
     return; // perhaps with questions that nobody saw
   // A report that was made meanwhile has its own reply coming, which is not to be lost.
   if (!Timer2->running())
-    (void)uses_.files.remove(reply_file()); // the next report removes what cannot be removed now
+    (void)uses_.folder.files().remove(reply_file()); // the next report removes what cannot be removed now
 }
 
 void ClientLink::read_reply(std::string_view bytes) {
   std::wstring new_messages;
   for (const std::string& line : base::split_text_lines(bytes)) {
-    const std::wstring text = uses_.codec.decode(line);
+    const std::wstring text = uses_.folder.codec().decode(line);
     if (base::starts_with_ignoring_case(text, L"new:"))
       new_messages = base::mid(text, 5);
     if (!base::starts_with_ignoring_case(text, L"inf:"))

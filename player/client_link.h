@@ -3,6 +3,7 @@
 // reply to it, and the wish to see who listens.
 #pragma once
 
+#include "base/program_folder.h"
 #include "base/session.h"
 #include "base/settings_files.h"
 #include "companions/send_command.h"
@@ -25,9 +26,7 @@ public:
   static constexpr std::uint64_t max_reply_bytes = 64 * 1024;
 
   struct Uses {
-    platform::Files& files;
-    const platform::AnsiCodec& codec;
-    const platform::Machine& machine;
+    const base::ProgramFolder& folder;
     platform::EventLoop& loop;
     platform::Dialogs& dialogs;
     base::Settings& settings;

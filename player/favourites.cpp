@@ -56,11 +56,12 @@ std::vector<std::wstring> favourite_items(std::string_view favourites, const sta
   return items;
 }
 
-Favourites::Favourites(const Uses& uses) : uses_(uses), file_({uses.files, uses.codec, uses.machine}) {}
+Favourites::Favourites(const Uses& uses) : uses_(uses), file_(uses.folder) {}
 
 void Favourites::ZobrazOblibene() {
   // A file that cannot be read is an empty one: no favourite is shown, and their own file keeps them.
-  uses_.form.Control_List.set_items(favourite_items(file_.read(), *uses_.station_files.stations(), uses_.codec));
+  uses_.form.Control_List.set_items(
+      favourite_items(file_.read(), *uses_.station_files.stations(), uses_.folder.codec()));
   show_in_place();
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/lumotune_form.h"
+#include "base/program_folder.h"
 #include "base/session.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
@@ -39,9 +40,7 @@ favourite_items(std::string_view favourites, const stations::StationLines& stati
 class Favourites final : public FavouritesPort {
 public:
   struct Uses {
-    platform::Files& files;
-    const platform::AnsiCodec& codec;
-    const platform::Machine& machine;
+    const base::ProgramFolder& folder;
     base::Settings& settings;
     base::Session& session;
     base::LumotuneForm& form;

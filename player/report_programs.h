@@ -2,8 +2,8 @@
 // The programs of the play report.
 #pragma once
 
+#include "base/program_folder.h"
 #include "base/session.h"
-#include "platform/machine.h"
 #include "platform/shell.h"
 
 namespace lumotune::player {
@@ -13,7 +13,7 @@ class ReportPrograms {
 public:
   struct Uses {
     const base::Settings& settings;
-    const platform::Machine& machine;
+    const base::ProgramFolder& folder;
     platform::Shell& shell;
   };
   explicit ReportPrograms(const Uses& uses) : uses_(uses) {}

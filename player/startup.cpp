@@ -15,7 +15,7 @@ bool Startup::Form_Load() {
     uses_.loop.quit();
     return false;
   }
-  base::settle_leftovers(uses_.files, uses_.machine.program_folder());
+  base::settle_leftovers(uses_.folder);
   uses_.commands.hold();
   uses_.commands.Hook(true);
   uses_.player.set_auto_start(false);
@@ -39,7 +39,7 @@ bool Startup::Form_Load() {
 // Once, when all is up: a box in the middle of the start would keep the rest of it waiting.
 void Startup::tell_what_cannot_be_saved() {
   read_only_check_->stop();
-  const std::wstring names = base::files_that_cannot_be_saved(uses_.files, uses_.machine.program_folder());
+  const std::wstring names = base::files_that_cannot_be_saved(uses_.folder);
   if (!names.empty())
     (void)uses_.dialogs.message(L"Tyto soubory nelze zapsat, změny v nich se neuloží:" + names,
                                 platform::Dialogs::default_title, platform::BoxIcon::information,
@@ -82,7 +82,7 @@ bool Startup::LoadOptionsWorkIt() {
 
 void Startup::load_skin_of_settings() {
   const std::wstring chosen = uses_.settings.LTskin;
-  const bool there = uses_.files.exists(uses_.machine.program_folder() + L"\\Orb_Data\\skins\\" + chosen + L".skin");
+  const bool there = uses_.folder.files().exists(uses_.folder.skins(chosen + L".skin"));
   skin->LoadSkin(there ? chosen : default_skin);
   if (!there)
     uses_.settings.saved_skin = chosen; // the default serves this run only
@@ -120,7 +120,7 @@ void Startup::start_client_if_missing() {
   uses_.session.ClientStartedByUs = missing;
   if (!missing)
     return;
-  const std::wstring program = uses_.machine.program_folder() + L"\\" + companions::client_program;
+  const std::wstring program = uses_.folder.path(companions::client_program);
   // The player works without the client as well; nothing more is to be done when it cannot be started.
   (void)uses_.shell.start(program + L" m", program, platform::ShowWindow::normal_no_focus);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/menu_tree.h"
+#include "base/program_folder.h"
 #include "base/settings_files.h"
 #include "companions/send_command.h"
 #include "platform/dialogs.h"
@@ -27,7 +28,7 @@ public:
     base::Session& session;
     base::LumotuneForm& form;
     platform::EventLoop& loop;
-    platform::Files& files;
+    const base::ProgramFolder& folder;
     const platform::Machine& machine;
     platform::WindowMessages& messages;
     platform::Shell& shell;

@@ -12,8 +12,7 @@ void Chrome::SetTopmost(bool& flag) {
 
 void Chrome::show_layer_picture(const wchar_t* picture) {
   // A skin without the picture keeps the one it shows.
-  (void)uses_.form.LineMenu_OnTop.load_picture(uses_.machine.program_folder() + L"\\Orb_Data\\skins\\" +
-                                               uses_.settings.LTskin + picture);
+  (void)uses_.form.LineMenu_OnTop.load_picture(uses_.folder.skins(uses_.settings.LTskin + picture));
 }
 
 void Chrome::OnTopYES() {

@@ -4,8 +4,8 @@
 
 #include "base/lumotune_form.h"
 #include "base/menu_tree.h"
+#include "base/program_folder.h"
 #include "base/session.h"
-#include "platform/machine.h"
 
 namespace lumotune::skin {
 
@@ -16,7 +16,7 @@ public:
     base::Settings& settings;
     base::Session& session;
     base::LumotuneForm& form;
-    const platform::Machine& machine;
+    const base::ProgramFolder& folder;
     base::MenuTree& menu_tree;
   };
   explicit Chrome(const Uses& uses) : uses_(uses) {}

@@ -5,15 +5,12 @@
 #include "base/error_log.h"
 #include "base/lumotune_form.h"
 #include "base/menu_tree.h"
+#include "base/program_folder.h"
 #include "base/session.h"
-#include "platform/ansi_codec.h"
 #include "platform/event_loop.h"
-#include "platform/files.h"
-#include "platform/machine.h"
 #include "player/ports.h"
-#include "skin/skin_file.h"
+#include "skin/line_applier.h"
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,9 +23,7 @@ public:
     base::Settings& settings;
     base::Session& session;
     base::LumotuneForm& form;
-    const platform::Files& files;
-    const platform::AnsiCodec& codec;
-    const platform::Machine& machine;
+    const base::ProgramFolder& folder;
     platform::EventLoop& loop;
     base::ErrorLog& error_log;
     base::MenuTree& menu_tree;
@@ -47,31 +42,17 @@ public:
 
 private:
   [[nodiscard]] std::wstring picture_path(const std::wstring& picture) const;
-  void forget_pictures();
-  void forget_labels();
-  void forget_ground() const;
+  void forget_pictures() const;
+  void forget_labels() const;
+  void forget_ground(const LineApplier& applied) const;
   [[nodiscard]] bool fits(const std::vector<std::wstring>& lines) const;
   // Each answers what was wrong, empty when nothing was.
-  [[nodiscard]] std::wstring load(const std::wstring& name, unsigned turn);
+  [[nodiscard]] std::wstring load(const std::wstring& name, unsigned turn, LineApplier& applier) const;
   [[nodiscard]] std::wstring apply_lines(const std::wstring& path, const std::vector<std::wstring>& lines,
-                                         unsigned turn);
-  [[nodiscard]] std::wstring apply(const SkinLine& line);
-  [[nodiscard]] std::wstring apply_form(const SkinLine& line);
-  [[nodiscard]] std::wstring apply_picture(const SkinLine& line, platform::PictureBox& control,
-                                           const std::wstring& picture);
-  [[nodiscard]] std::wstring apply_state_picture(const SkinLine& line, platform::PictureBox& control,
-                                                 const std::wstring& picture);
-  [[nodiscard]] std::wstring place_picture(const SkinLine& line, platform::PictureBox& control,
-                                           const std::wstring& picture);
-  [[nodiscard]] std::wstring apply_list(const SkinLine& line);
-  [[nodiscard]] std::wstring apply_label(const SkinLine& line, platform::Label& label);
-  [[nodiscard]] std::wstring apply_status(const SkinLine& line);
-  [[nodiscard]] std::wstring apply_kept(const SkinLine& line);
+                                         unsigned turn, LineApplier& applier) const;
 
   Uses uses_;
-  unsigned turn_ = 0;     // counts the loads, so that an interrupted one knows
-  bool sized_ = false;    // the current skin has given the window its size
-  bool grounded_ = false; // and its background
+  unsigned turn_ = 0; // counts the loads, so that an interrupted one knows
 };
 
 } // namespace lumotune::skin

@@ -43,46 +43,46 @@ std::wstring favourite_line(const std::wstring& id, const std::wstring& quality)
 }
 
 std::wstring FavouriteFile::path() const {
-  return uses_.machine.program_folder() + L"\\" + favourites_file;
+  return folder_.path(favourites_file);
 }
 
 std::string FavouriteFile::read() const {
-  return uses_.files.read(path()).value_or(std::string());
+  return folder_.files().read(path()).value_or(std::string());
 }
 
 FavouriteAdded FavouriteFile::add(const std::wstring& line) {
   if (line.find_first_of(std::wstring_view(L"\r\n\0", 3)) != std::wstring::npos)
     return FavouriteAdded::failed;
   // A file that is there but cannot be read is never written: it would lose what it holds.
-  const bool exists = uses_.files.exists(path());
-  const auto bytes = exists ? uses_.files.read(path()) : std::string();
+  const bool exists = folder_.files().exists(path());
+  const auto bytes = exists ? folder_.files().read(path()) : std::string();
   if (!bytes.has_value())
     return FavouriteAdded::failed;
   base::TextLines List3 = base::without_empty_lines(base::split_text_lines(*bytes));
   bool there = false;
   for (const std::string& kept : List3)
-    there = there || base::equal_ignoring_case(uses_.codec.decode(kept), line);
+    there = there || base::equal_ignoring_case(folder_.codec().decode(kept), line);
   if (!there && !line.empty())
-    List3.push_back(uses_.codec.encode(line));
+    List3.push_back(folder_.codec().encode(line));
   const std::string fresh = lines_with_ends(List3);
   if (fresh.empty()) {
     if (exists)
-      (void)uses_.files.remove(path()); // it holds no favourite: one that stays does no harm
+      (void)folder_.files().remove(path()); // it holds no favourite: one that stays does no harm
     return FavouriteAdded::added;
   }
-  if (fresh != *bytes && !uses_.files.replace(path(), fresh) && !there)
+  if (fresh != *bytes && !folder_.files().replace(path(), fresh) && !there)
     return FavouriteAdded::failed;
   return there ? FavouriteAdded::already_there : FavouriteAdded::added;
 }
 
 FavouriteRemoved FavouriteFile::remove(const std::wstring& line) {
-  const auto bytes = uses_.files.read(path());
-  if (!bytes.has_value() && uses_.files.exists(path()))
+  const auto bytes = folder_.files().read(path());
+  if (!bytes.has_value() && folder_.files().exists(path()))
     return FavouriteRemoved::failed;
   base::TextLines List5 = base::without_empty_lines(base::split_text_lines(bytes.value_or(std::string())));
   const std::size_t removed = std::erase_if(
-      List5, [&](const std::string& kept) { return base::equal_ignoring_case(uses_.codec.decode(kept), line); });
-  if (!uses_.files.replace(path(), line_end + lines_with_ends(List5)))
+      List5, [&](const std::string& kept) { return base::equal_ignoring_case(folder_.codec().decode(kept), line); });
+  if (!folder_.files().replace(path(), line_end + lines_with_ends(List5)))
     return FavouriteRemoved::failed;
   return removed == 0 ? FavouriteRemoved::not_there : FavouriteRemoved::removed;
 }

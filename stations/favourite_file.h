@@ -3,9 +3,7 @@
 // quality. A change is complete on disk beside the old file before that one goes: no crash loses a favourite.
 #pragma once
 
-#include "platform/ansi_codec.h"
-#include "platform/files.h"
-#include "platform/machine.h"
+#include "base/program_folder.h"
 
 #include <cstddef>
 #include <string>
@@ -35,12 +33,7 @@ struct Favourite {
 // User-interface thread. Lines are compared without regard to letter case; those that are no favourites are kept.
 class FavouriteFile {
 public:
-  struct Uses {
-    platform::Files& files;
-    const platform::AnsiCodec& codec;
-    const platform::Machine& machine;
-  };
-  explicit FavouriteFile(const Uses& uses) : uses_(uses) {}
+  explicit FavouriteFile(const base::ProgramFolder& folder) : folder_(folder) {}
 
   // The bytes of the file as it is now, which is short and the user's own: no copy of it is kept. Empty when there is
   // none or it cannot be read.
@@ -58,7 +51,7 @@ public:
 private:
   [[nodiscard]] std::wstring path() const;
 
-  Uses uses_;
+  const base::ProgramFolder& folder_;
 };
 
 } // namespace lumotune::stations

@@ -9,7 +9,7 @@
 namespace lumotune::stations {
 
 std::wstring StationFiles::path(const wchar_t* name) const {
-  return uses_.machine.program_folder() + L"\\" + name;
+  return folder_.path(name);
 }
 
 std::shared_ptr<const StationLines> StationFiles::lines_of(std::string bytes) const {
@@ -17,19 +17,19 @@ std::shared_ptr<const StationLines> StationFiles::lines_of(std::string bytes) co
 }
 
 std::shared_ptr<const std::vector<CategoryNode>> StationFiles::nodes_of(const std::string& bytes) const {
-  return std::make_shared<const std::vector<CategoryNode>>(read_categories(bytes, uses_.codec));
+  return std::make_shared<const std::vector<CategoryNode>>(read_categories(bytes, folder_.codec()));
 }
 
 // The stamp is taken before the file is read: one that changes meanwhile is read again at the next call. The old
 // content goes first, so that there are not two of them at a time.
 template <typename Content, typename Make>
 std::shared_ptr<const Content> StationFiles::current(Kept<Content>& kept, const wchar_t* name, const Make& make) {
-  const auto stamp = uses_.files.stamp(path(name));
+  const auto stamp = folder_.files().stamp(path(name));
   if (kept.content && stamp.has_value() && stamp == kept.stamp)
     return kept.content;
   kept = {};
   std::string bytes;
-  const bool read = stamp.has_value() && uses_.files.read_at_most(path(name), bytes, max_station_bytes);
+  const bool read = stamp.has_value() && folder_.files().read_at_most(path(name), bytes, max_station_bytes);
   kept.content = make(std::move(bytes));
   if (read)
     kept.stamp = stamp;
@@ -48,17 +48,18 @@ std::shared_ptr<const std::vector<CategoryNode>> StationFiles::categories() {
 // still written may have grown since its length was asked.
 Conversion StationFiles::convert_download(std::uint64_t announced_size, ConversionPort& port) {
   std::string list;
-  if (!uses_.files.read_at_most(uses_.machine.program_folder() + L"/" + download_file, list, announced_size) ||
+  if (!folder_.files().read_at_most(folder_.path() + L"/" + download_file, list, announced_size) ||
       list.size() != announced_size)
     return Conversion::unreadable;
-  auto converted = convert(list, uses_.codec, port);
+  auto converted = convert(list, folder_.codec(), port);
   if (!converted)
     return Conversion::too_long;
   std::string().swap(list); // its room, while the stations are there three times
-  if (!uses_.files.replace_both(path(stations_file), converted->stations, path(categories_file), converted->categories))
+  if (!folder_.files().replace_both(path(stations_file), converted->stations, path(categories_file),
+                                    converted->categories))
     return Conversion::not_written;
-  stations_ = {lines_of(std::move(converted->stations)), uses_.files.stamp(path(stations_file))};
-  categories_ = {nodes_of(converted->categories), uses_.files.stamp(path(categories_file))};
+  stations_ = {lines_of(std::move(converted->stations)), folder_.files().stamp(path(stations_file))};
+  categories_ = {nodes_of(converted->categories), folder_.files().stamp(path(categories_file))};
   return Conversion::done;
 }
 

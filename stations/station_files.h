@@ -4,9 +4,7 @@
 #pragma once
 
 #include "base/code_page_fold.h"
-#include "platform/ansi_codec.h"
-#include "platform/files.h"
-#include "platform/machine.h"
+#include "base/program_folder.h"
 #include "stations/categories.h"
 #include "stations/conversion.h"
 #include "stations/station_lines.h"
@@ -22,12 +20,7 @@ namespace lumotune::stations {
 // User-interface thread. Nothing throws or shows a message.
 class StationFiles {
 public:
-  struct Uses {
-    platform::Files& files;
-    const platform::AnsiCodec& codec;
-    const platform::Machine& machine;
-  };
-  explicit StationFiles(const Uses& uses) : uses_(uses), fold_(uses.codec) {}
+  explicit StationFiles(const base::ProgramFolder& folder) : folder_(folder), fold_(folder.codec()) {}
 
   // What the files hold now, never null. A file is read only when its stamp is not the one of the last reading or
   // replacing; a missing, unreadable or too long one holds nothing and is tried again at the next call. Whoever keeps
@@ -52,7 +45,7 @@ private:
   [[nodiscard]] std::shared_ptr<const StationLines> lines_of(std::string bytes) const;
   [[nodiscard]] std::shared_ptr<const std::vector<CategoryNode>> nodes_of(const std::string& bytes) const;
 
-  Uses uses_;
+  const base::ProgramFolder& folder_;
   base::CodePageFold fold_;
   Kept<StationLines> stations_;
   Kept<std::vector<CategoryNode>> categories_;

@@ -9,7 +9,7 @@ namespace lumotune::test {
 namespace {
 
 struct ErrorLogTest : testing::Test, MemoryPlatform {
-  base::ErrorLog log{{files, codec, machine}};
+  base::ErrorLog log{{folder, machine}};
   std::wstring path = machine.folder + L"\\Orb_Data\\error.log";
   std::wstring old = path + L".old";
   [[nodiscard]] std::uint64_t size(const std::wstring& file) const { return files.size(file).value_or(0); }

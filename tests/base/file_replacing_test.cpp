@@ -2,6 +2,7 @@
 // Files that take the place of others while the machine dies, at every step, and while other programs hold them.
 #include "base/crash_leftovers.h"
 #include "platform/memory/files.h"
+#include "platform/memory/messages.h"
 
 #include <gtest/gtest.h>
 
@@ -15,6 +16,12 @@ using platform::memory::MemoryFiles;
 const std::wstring folder = L"C:\\Orb";
 const std::wstring first = folder + L"\\radios.tt";
 const std::wstring second = folder + L"\\kategories.tt";
+
+void settle_leftovers(MemoryFiles& files) {
+  const platform::memory::MemoryCodec codec;
+  const platform::memory::MemoryMachine machine;
+  base::settle_leftovers({files, codec, machine});
+}
 
 struct FileReplacingTest : testing::Test {
   // A missing file and an empty one are the same to whoever reads them.
@@ -117,7 +124,7 @@ TEST_F(FileReplacingTest, APairIsCompletedAtTheNextStartUnlessTheSecondFileIsNew
     if (newer) {
       EXPECT_TRUE(files.append(second, " and more"));
     }
-    base::settle_leftovers(files, folder);
+    settle_leftovers(files);
     EXPECT_EQ(content(files, second), newer ? "old 2 and more" : "new 2");
     expect_nothing_beside(files);
   }
@@ -126,7 +133,7 @@ TEST_F(FileReplacingTest, APairIsCompletedAtTheNextStartUnlessTheSecondFileIsNew
 TEST_F(FileReplacingTest, AnOldFileComesBackWhereThereIsNone) {
   MemoryFiles files;
   put(files, first + L".old", "old 1");
-  base::settle_leftovers(files, folder);
+  settle_leftovers(files);
   EXPECT_EQ(content(files, first), "old 1");
   EXPECT_EQ(files.list(folder, L"*").size(), 1U);
 }
@@ -138,7 +145,7 @@ TEST_F(FileReplacingTest, EveryFileThatIsWrittenIsPutInOrderAtTheStart) {
     const std::wstring path = folder + name;
     put(files, path, "whole");
     put(files, path + L".new", "to");
-    base::settle_leftovers(files, folder);
+    settle_leftovers(files);
     EXPECT_EQ(content(files, path), "whole");
     EXPECT_FALSE(files.exists(path + L".new"));
   }
@@ -179,7 +186,7 @@ TEST_F(FileReplacingTest, TwoFilesThatAreHeldCostAsMuchTwiceAtMost) {
   EXPECT_FALSE(files.replace_both(first, "newer 1", second, "newer 2")) << "not before the last one is put right";
   files.release(first);
   files.release(second);
-  base::settle_leftovers(files, folder);
+  settle_leftovers(files);
   EXPECT_EQ(content(files, first), "new 1");
   EXPECT_EQ(content(files, second), "new 2");
   expect_nothing_beside(files);

@@ -100,12 +100,13 @@ double slowest_category_ms(directory::StationRows& rows, const stations::Station
 int run(DiskFiles& files) {
   const platform::memory::MemoryCodec codec;
   const platform::memory::MemoryMachine machine;
+  const base::ProgramFolder folder(files, codec, machine);
   Silent silent;
   const std::string list = downloaded_list();
   const std::uint64_t size = list.size();
   if (!files.replace(stations::download_file, list))
     return fail("the list was not written");
-  const auto convert = [&] { return stations::StationFiles({files, codec, machine}).convert_download(size, silent); };
+  const auto convert = [&] { return stations::StationFiles(folder).convert_download(size, silent); };
   if (convert() != stations::Conversion::done)
     return fail("the list was not converted");
   const Times conversion = bench::best_ms(
@@ -115,14 +116,11 @@ int run(DiskFiles& files) {
   std::size_t lines = 0;
   const std::size_t held_before = live_bytes;
   const Times loading = bench::best_ms(
-      rounds,
-      [&] {
-        (void)stations::StationFiles({files, codec, machine}).stations();
-      },
+      rounds, [&] { (void)stations::StationFiles(folder).stations(); },
       [&] { lines = bench::read_lines(files, stations::stations_file, buffer); });
   const double file_size = static_cast<double>(buffer.size());
   std::string().swap(buffer);
-  stations::StationFiles station_files({files, codec, machine});
+  stations::StationFiles station_files(folder);
   stations::StationTable table({station_files, codec});
   directory::StationRows rows(codec);
   table.load();

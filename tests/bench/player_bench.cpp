@@ -82,7 +82,8 @@ Times against_reading(const DiskFiles& files, const std::function<void()>& work)
 int bench_look_up(DiskFiles& files) {
   const platform::memory::MemoryCodec codec;
   const platform::memory::MemoryMachine machine;
-  stations::StationFiles station_files({files, codec, machine});
+  const base::ProgramFolder folder(files, codec, machine);
+  stations::StationFiles station_files(folder);
   stations::StationLookup stations({station_files, codec});
   const std::string first_id = identifier(0);
   const std::wstring first(first_id.begin(), first_id.end());
@@ -95,7 +96,7 @@ int bench_look_up(DiskFiles& files) {
   const std::size_t used = allocations - before;
 
   const Times first_time = against_reading(files, [&] {
-    stations::StationFiles unread({files, codec, machine});
+    stations::StationFiles unread(folder);
     (void)stations::StationLookup({unread, codec}).RadioInfo(first, L"u2");
   });
   constexpr std::size_t allocation_limit = 20;
@@ -124,8 +125,8 @@ int bench_favourites(DiskFiles& files) {
   platform::memory::MemoryShell shell;
   test::PlaybackParts parts({files, codec, machine, loop, window, messages, shell, dialogs, player});
   auto& form = parts.form;
-  player::Favourites favourites({files, codec, machine, parts.settings, parts.session, form, parts.playback,
-                                 parts.station_files, parts.stations, dialogs, loop, pointer, parts.menu_tree});
+  player::Favourites favourites(
+      {parts.folder, parts.settings, parts.session, form, parts.playback, parts.station_files, dialogs, loop, pointer});
   favourites.ZobrazOblibene();
   if (form.Control_List.count() != favourite_count ||
       form.Control_List.item(favourite_count - 1).substr(93) != L"2S49999http://proud.example:8000/S49999-128")

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "companions/command_lines.h"
-#include "platform/memory/messages.h"
+#include "tests/support/memory_platform.h"
 
 #include <gtest/gtest.h>
 
@@ -95,11 +95,11 @@ TEST(CompanionsTest, AddressesOfTheSite) {
 }
 
 TEST(CompanionsTest, BlanksAroundTheServersAddressAreLeftOut) {
-  const platform::memory::MemoryMachine machine;
+  const MemoryPlatform p;
   base::Settings settings;
   settings.server_address = L"  http://s.example ";
   settings.idh = L"IDH1";
-  const CompanionValues blank = companions::companion_values(machine, settings);
+  const CompanionValues blank = companions::companion_values(p.folder, settings);
   EXPECT_EQ(companions::help_address(blank), L"http://s.example/faq");
   EXPECT_EQ(companions::login_address(blank, L"75-", L""), L"http://s.example/login/IDH1/75-//1");
   EXPECT_TRUE(companions::station_list(blank).command_line.starts_with(L"load.exe http://s.example/lumotune.brelt/"));
@@ -177,11 +177,12 @@ TEST(CompanionsTest, LongTextsAreCut) {
 }
 
 TEST(CompanionsTest, ProgramsThatATextFromOutsideMayName) {
-  EXPECT_EQ(companions::companion_program(L"C:\\Orb", L"ORB.EXE"), L"C:\\Orb\\orb.exe");
-  EXPECT_EQ(companions::companion_program(L"C:\\Orb", L" telvix.exe  "), L"C:\\Orb\\Telvix.exe");
+  const MemoryPlatform p;
+  EXPECT_EQ(companions::companion_program(p.folder, L"ORB.EXE"), L"C:\\Orb\\orb.exe");
+  EXPECT_EQ(companions::companion_program(p.folder, L" telvix.exe  "), L"C:\\Orb\\Telvix.exe");
   for (const wchar_t* name : {L"", L" ", L"orb", L"orb.exe m", L"x\\orb.exe", L"orb.exe.", L"seznam.tt",
                               L"seznam.tt.exe", L"orb.exe:a", L"explorer.exe", L"cmd.exe", L"\torb.exe"})
-    EXPECT_EQ(companions::companion_program(L"C:\\Orb", name), L"") << testing::PrintToString(std::wstring(name));
+    EXPECT_EQ(companions::companion_program(p.folder, name), L"") << testing::PrintToString(std::wstring(name));
 }
 
 TEST(CompanionsTest, AHugeNameIsDealtWithInOnePass) {

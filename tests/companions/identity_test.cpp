@@ -16,8 +16,9 @@ struct IdentityWorld {
   platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
   platform::memory::MemoryMachine machine;
+  base::ProgramFolder folder{files, codec, machine};
   base::Settings settings;
-  companions::Identity identity{{files, codec, machine, loop, settings}};
+  companions::Identity identity{{folder, loop, settings}};
 
   IdentityWorld() {
     settings.idh = L"stare idh";

@@ -85,8 +85,8 @@ TEST_F(Win32UserInput, TheMenuOfAFavouriteIsForTheRowUnderThePointerHoweverLateT
   auto& form = parts.form;
   auto& settings = parts.settings;
   LatePointer late(b.loop);
-  player::Favourites favourites({b.files, b.codec, b.real.machine, settings, parts.session, form, parts.playback,
-                                 parts.station_files, b.real.dialogs, b.loop, late});
+  player::Favourites favourites(
+      {parts.folder, settings, parts.session, form, parts.playback, parts.station_files, b.real.dialogs, b.loop, late});
   int clicks = 0;
   std::vector<std::wstring> opened;
   auto& list = form.Control_List;

@@ -135,7 +135,7 @@ TEST_F(ListRadiosActions, WhileOneWindowAsksForListenersNoOtherOneDoes) {
   platform::memory::MemoryFramedWindow other{L"ListRadios", files};
   ListRadiosForm other_form{other};
   Layout layout{other_form};
-  InfoPanelLine line{{other_form, layout, settings, loop, dialogs, shell, files, machine, sender, identity, pages}};
+  InfoPanelLine line{{other_form, layout, settings, loop, dialogs, shell, folder, sender, identity, pages}};
   line.ZobrazInfoPanel(L"0/@//@/1000/@/t/@//@/showusers/@/orb.exe||Orb - Lumotune||lts:RADIO1||2");
   (void)list().user_pick(1, MouseButton::left);
   const std::vector<std::function<void()>> wishes = {[&] { client_link.Control_ShowUser_Click(); },

@@ -25,10 +25,10 @@ struct ListRadiosPanel : testing::Test, test::MemoryPlatform {
   AdvertState state;
   base::Settings settings;
   companions::CommandSender sender{{loop, messages, shell, codec}};
-  companions::Identity identity{{files, codec, machine, loop, settings}};
+  companions::Identity identity{{folder, loop, settings}};
   companions::WebPages pages{shell};
   Advert advert{{form, layout, state}};
-  InfoPanelLine line{{form, layout, settings, loop, dialogs, shell, files, machine, sender, identity, pages}};
+  InfoPanelLine line{{form, layout, settings, loop, dialogs, shell, folder, sender, identity, pages}};
   platform::memory::MemoryLabel& shown = *window.find<platform::memory::MemoryLabel>(L"InfoPanel");
   platform::memory::MemoryBrowser& browser = *window.find<platform::memory::MemoryBrowser>(L"WebBrowser1");
 

@@ -15,9 +15,9 @@ struct StationActions : testing::Test, test::DirectoryWorld {
   AdvertState state;
   Advert advert{{bare_form, layout, state}};
   StationList stations_shown{{bare_form, station_files, codec, session, favourite_list}};
-  Details details{{bare_form, stations_shown, form, settings, stations, playback, shell, machine, dialogs, advert}};
+  Details details{{bare_form, stations_shown, form, settings, stations, playback, shell, folder, dialogs, advert}};
   Actions actions{{bare_form, stations_shown, details, identity, settings, favourite_list, sender, popups, loop, shell,
-                   machine, dialogs, pages}};
+                   folder, dialogs, pages}};
 
   StationActions() { load(false); }
   void load(bool OnlyMemory) { stations_shown.NactiRadia(OnlyMemory); }

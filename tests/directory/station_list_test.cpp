@@ -31,7 +31,8 @@ struct StationListTest : testing::Test {
   platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
   platform::memory::MemoryMachine machine;
-  stations::StationFiles station_files{{files, codec, machine}};
+  base::ProgramFolder folder{files, codec, machine};
+  stations::StationFiles station_files{folder};
   base::Session session;
   CountingFavourites favourites{session};
   platform::memory::MemoryFramedWindow window{L"ListRadios", files};

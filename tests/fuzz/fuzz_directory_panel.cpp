@@ -26,11 +26,10 @@ struct Panel : test::MemoryPlatform {
   directory::AdvertState state;
   base::Settings settings;
   companions::CommandSender sender{{loop, messages, shell, codec}};
-  companions::Identity identity{{files, codec, machine, loop, settings}};
+  companions::Identity identity{{folder, loop, settings}};
   companions::WebPages pages{shell};
   directory::Advert advert{{form, layout, state}};
-  directory::InfoPanelLine line{
-      {form, layout, settings, loop, dialogs, shell, files, machine, sender, identity, pages}};
+  directory::InfoPanelLine line{{form, layout, settings, loop, dialogs, shell, folder, sender, identity, pages}};
 
   Panel() {
     window.on_resize = [this] { layout.place(); };

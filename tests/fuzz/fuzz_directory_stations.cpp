@@ -79,7 +79,8 @@ void check_rows(const stations::StationTable& table, const base::TextLines& line
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string bytes = fuzz::expanded(data, size, words);
   static platform::memory::MemoryFiles files;
-  static stations::StationFiles station_files({files, codec, machine});
+  static const base::ProgramFolder folder(files, codec, machine);
+  static stations::StationFiles station_files(folder);
   static stations::StationTable table({station_files, codec});
   demand(files.replace(machine.program_folder() + L"\\radios.tt", bytes));
   files.forget_changes();

@@ -17,8 +17,8 @@ using fuzz::demand;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   test::PlayerWorld w;
   platform::memory::MemoryPointer pointer;
-  player::Favourites favourites({w.files, w.codec, w.machine, w.settings, w.session, w.form, w.playback,
-                                 w.station_files, w.dialogs, w.loop, pointer});
+  player::Favourites favourites(
+      {w.folder, w.settings, w.session, w.form, w.playback, w.station_files, w.dialogs, w.loop, pointer});
   // The first byte says where the station file begins. One favourite is there whatever the rest is.
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   const std::size_t cut = size == 0 ? 0 : 1 + data[0] * (size - 1) / 255;

@@ -14,11 +14,11 @@ struct ReplyWorld : test::MemoryPlatform {
   platform::memory::MemoryWindow window{files};
   base::Settings settings;
   base::Session session;
-  base::ErrorLog error_log{{files, codec, machine}};
-  base::SettingsFiles options{{files, codec, machine, loop, window, error_log, settings, session}};
+  base::ErrorLog error_log{{folder, machine}};
+  base::SettingsFiles options{{folder, loop, window, error_log, settings, session}};
   companions::CommandSender sender{{loop, messages, shell, codec}};
-  player::ReportPrograms programs{{settings, machine, shell}};
-  player::ClientLink link{{files, codec, machine, loop, dialogs, settings, options, sender, programs}};
+  player::ReportPrograms programs{{settings, folder, shell}};
+  player::ClientLink link{{folder, loop, dialogs, settings, options, sender, programs}};
 };
 
 } // namespace

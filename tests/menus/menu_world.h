@@ -21,15 +21,14 @@ struct MenuWorld : SkinWorld {
   platform::memory::MemoryInputBox input_box{loop};
   platform::memory::MemoryFramedWindowMaker framed_windows{files};
   companions::WebPages web{shell};
-  companions::Identity identity{{files, codec, machine, loop, settings}};
-  player::Favourites favourite_list{
-      {files, codec, machine, settings, session, form, playback, station_files, dialogs, loop, pointer}};
+  companions::Identity identity{{folder, loop, settings}};
+  player::Favourites favourite_list{{folder, settings, session, form, playback, station_files, dialogs, loop, pointer}};
   player::Console console{{session, loop, input_box, dialogs, playback}};
-  directory::Directory directory{{settings,       session, form,     error_log,  station_files, stations,      playback,
-                                  favourite_list, sender,  identity, web,        loop,          files,         codec,
-                                  machine,        shell,   dialogs,  connection, popups,        framed_windows}};
-  menus::SkinMenu skin_menu{{files, machine, menu_tree}};
-  menus::MenuCommands items{{settings,  session,  form,           loop,        machine,   shell,    dialogs,
+  directory::Directory directory{{settings, session, form, error_log, station_files, stations, playback, favourite_list,
+                                  sender, identity, web, loop, folder, machine, shell, dialogs, connection, popups,
+                                  framed_windows}};
+  menus::SkinMenu skin_menu{{folder, menu_tree}};
+  menus::MenuCommands items{{settings,  session,  form,           loop,        folder,    shell,    dialogs,
                              options,   stations, playback,       client_link, look,      frame,    web,
                              menu_tree, status,   favourite_list, console,     directory, shutdown, identity}};
   menus::Menus real_menus{{settings, form, loop, popups, stations, favourite_list, skin_menu, menu_tree, items}};

@@ -10,7 +10,7 @@ namespace {
 
 TEST(SkinMenuTest, ListsTheSkinsAndChecksTheCurrentOne) {
   SkinWorld w;
-  menus::SkinMenu skin_menu({w.files, w.machine, w.menu_tree});
+  menus::SkinMenu skin_menu({w.folder, w.menu_tree});
   const auto rows = [&] {
     std::vector<std::wstring> all;
     for (const auto& item : w.menu_tree.item(L"LT_Menu_Skins").children)

@@ -13,8 +13,8 @@ namespace lumotune::test {
 struct FavouritesWorld : testing::Test {
   PlayerWorld w;
   platform::memory::MemoryPointer pointer;
-  player::Favourites favourites{{w.files, w.codec, w.machine, w.settings, w.session, w.form, w.playback,
-                                 w.station_files, w.dialogs, w.loop, pointer}};
+  player::Favourites favourites{
+      {w.folder, w.settings, w.session, w.form, w.playback, w.station_files, w.dialogs, w.loop, pointer}};
   platform::memory::MemoryList& list = *w.window.list(L"Control_List");
 
   FavouritesWorld() {

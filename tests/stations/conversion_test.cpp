@@ -33,7 +33,8 @@ struct ConversionWorld {
   platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
   platform::memory::MemoryMachine machine;
-  stations::StationFiles station_files{{files, codec, machine}};
+  base::ProgramFolder folder{files, codec, machine};
+  stations::StationFiles station_files{folder};
   RecordingPort port;
 
   stations::Converted convert(const std::string& list) { return stations::convert(list, codec, port).value(); }

@@ -10,7 +10,7 @@ namespace {
 
 struct FavouriteFileTest : testing::Test {
   StationsWorld w;
-  stations::FavouriteFile file{{w.files, w.codec, w.machine}};
+  stations::FavouriteFile file{w.folder};
 };
 
 TEST_F(FavouriteFileTest, RemovingWhatIsNotThereRewritesTheRest) {

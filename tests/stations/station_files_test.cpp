@@ -142,7 +142,7 @@ TEST_F(StationFilesTest, AnUpdateHandsOverWhatItWrites) {
 TEST_F(StationFilesTest, WhatAnUpdateHandsOverIsWhatTheFilesHold) {
   ASSERT_EQ(update("orb:k:new//100001/@/C\r\norb:k:add//1000012/@/D\r\n\r\nA1\r\n\nB22222\r<end>\r\nC\n"),
             stations::Conversion::done);
-  stations::StationFiles fresh({w.files, w.codec, w.machine});
+  stations::StationFiles fresh(w.folder);
   const auto ours = w.station_files.stations();
   const auto read = fresh.stations();
   ASSERT_EQ(ours->count(), read->count());

@@ -32,7 +32,8 @@ struct TableWorld {
   platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
   platform::memory::MemoryMachine machine;
-  stations::StationFiles station_files{{files, codec, machine}};
+  base::ProgramFolder folder{files, codec, machine};
+  stations::StationFiles station_files{folder};
   stations::StationTable table{{station_files, codec}};
 
   void load(const std::string& bytes) {

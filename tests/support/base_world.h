@@ -47,8 +47,8 @@ struct BaseWorld : MemoryPlatform {
   base::Settings settings;
   base::Session session;
 
-  base::ErrorLog error_log{{files, codec, machine}};
-  base::SettingsFiles options{{files, codec, machine, loop, window, error_log, settings, session}};
+  base::ErrorLog error_log{{folder, machine}};
+  base::SettingsFiles options{{folder, loop, window, error_log, settings, session}};
 
   BaseWorld() {
     put(L"Orb_Data\\options.ini", joined(option_lines()));

@@ -57,13 +57,12 @@ struct DirectoryWorld : PlayerWorld {
   platform::memory::MemoryConnection connection;
   platform::memory::MemoryPopupMenus popups{loop};
   platform::memory::MemoryFramedWindowMaker windows{files};
-  player::Favourites favourite_list{
-      {files, codec, machine, settings, session, form, playback, station_files, dialogs, loop, pointer}};
-  companions::Identity identity{{files, codec, machine, loop, settings}};
+  player::Favourites favourite_list{{folder, settings, session, form, playback, station_files, dialogs, loop, pointer}};
+  companions::Identity identity{{folder, loop, settings}};
   companions::WebPages pages{shell};
-  directory::Directory directory{{settings,       session, form,     error_log,  station_files, stations, playback,
-                                  favourite_list, sender,  identity, pages,      loop,          files,    codec,
-                                  machine,        shell,   dialogs,  connection, popups,        windows}};
+  directory::Directory directory{{settings, session, form, error_log, station_files, stations, playback, favourite_list,
+                                  sender, identity, pages, loop, folder, machine, shell, dialogs, connection, popups,
+                                  windows}};
 
   DirectoryWorld() {
     popups.modal.lets_run(loop);

@@ -2,6 +2,7 @@
 // The system in memory, as every world of the tests needs it.
 #pragma once
 
+#include "base/program_folder.h"
 #include "platform/memory/event_loop.h"
 #include "platform/memory/files.h"
 #include "platform/memory/media_player.h"
@@ -15,6 +16,7 @@ struct MemoryPlatform {
   platform::memory::MemoryFiles files;
   platform::memory::MemoryCodec codec;
   platform::memory::MemoryMachine machine;
+  base::ProgramFolder folder{files, codec, machine};
   platform::memory::MemoryMessages messages;
   platform::memory::MemoryShell shell;
   platform::memory::MemoryDialogs dialogs{loop};

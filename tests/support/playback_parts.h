@@ -35,13 +35,14 @@ struct PlaybackParts {
   };
   explicit PlaybackParts(const Uses& u)
       : form(u.window),
-        error_log({u.files, u.codec, u.machine}),
-        options({u.files, u.codec, u.machine, u.loop, u.window, error_log, settings, session}),
-        station_files({u.files, u.codec, u.machine}),
+        folder(u.files, u.codec, u.machine),
+        error_log({folder, u.machine}),
+        options({folder, u.loop, u.window, error_log, settings, session}),
+        station_files(folder),
         stations({station_files, u.codec}),
         sender({u.loop, u.messages, u.shell, u.codec}),
-        programs({settings, u.machine, u.shell}),
-        client_link({u.files, u.codec, u.machine, u.loop, u.dialogs, settings, options, sender, programs}),
+        programs({settings, folder, u.shell}),
+        client_link({folder, u.loop, u.dialogs, settings, options, sender, programs}),
         media_keys({form, session}),
         playback({settings, session, form, u.player, stations, u.loop, client_link, media_keys}) {
     playback.skin.bind(skin);
@@ -51,6 +52,7 @@ struct PlaybackParts {
   base::Session session;
   base::LumotuneForm form;
   base::MenuTree menu_tree;
+  base::ProgramFolder folder;
   base::ErrorLog error_log;
   base::SettingsFiles options;
   stations::StationFiles station_files;

@@ -79,13 +79,13 @@ struct PlayerWorld : StationsWorld {
 
   base::MenuTree menu_tree;
   companions::CommandSender sender{{loop, messages, shell, codec}};
-  player::ReportPrograms report_programs{{settings, machine, shell}};
-  player::ClientLink client_link{{files, codec, machine, loop, dialogs, settings, options, sender, report_programs}};
+  player::ReportPrograms report_programs{{settings, folder, shell}};
+  player::ClientLink client_link{{folder, loop, dialogs, settings, options, sender, report_programs}};
   player::MediaKeyRule media_keys{{form, session}};
   player::Playback playback{{settings, session, form, player, stations, loop, client_link, media_keys}};
   player::StatusDisplay status{{session, form, player, loop}};
   player::ClientCommands commands{{settings, session, form, loop, messages, dialogs, codec, playback, favourites}};
-  player::Startup startup{{settings, session, form, loop, files, machine, messages, shell, dialogs, player, options,
+  player::Startup startup{{settings, session, form, loop, folder, machine, messages, shell, dialogs, player, options,
                            playback, commands, sender, favourites, menu_tree}};
   player::Shutdown shutdown{{session, loop, machine, messages, player, options, commands, sender}};
   SilentTitle title;

@@ -9,7 +9,7 @@
 namespace lumotune::test {
 
 struct StationsWorld : BaseWorld {
-  stations::StationFiles station_files{{files, codec, machine}};
+  stations::StationFiles station_files{folder};
   stations::StationLookup stations{{station_files, codec}};
 
   StationsWorld() {
