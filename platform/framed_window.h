@@ -14,7 +14,8 @@ namespace lumotune::platform {
 // Made hidden. User-interface thread; handlers run there too. The controls live as long as the window; each carries the
 // window property "<window name>.<designer name>", the window itself "<window name>.Form". Texts are drawn in the
 // system's message font. Tab moves in reading order by where the controls lie, arrow keys as the system's controls do.
-// A window that no monitor shows comes into view when it is shown and when the monitors change.
+// A window that no monitor shows comes into view when it is shown and when the monitors change. After such a change
+// half of it has to be in view; a place that the user has chosen since stays while there is something to take hold of.
 class FramedWindow {
 public:
   FramedWindow() = default;

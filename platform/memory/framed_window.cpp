@@ -2,7 +2,6 @@
 #include "platform/memory/framed_window.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cwctype>
 #include <utility>
 
@@ -208,29 +207,23 @@ void MemoryFramedWindow::resize(int width, int height) {
   height = std::clamp(height, 0, work_area.height);
   rect_.width = std::max({width, minimum.first, system_minimum_width});
   rect_.height = std::max({height, minimum.second, system_minimum_height});
-  place_in_view();
+  move_to(place_within(screen_rect(work_area), screen_rect(rect_)));
   owed_ = !in_normal_state();
   if (in_normal_state())
     tell_size();
 }
 
-void MemoryFramedWindow::place_in_view() {
-  const auto within = [](int start, int length, int low, int room) {
-    return std::max(low, std::min(start, low + room - length));
-  };
-  rect_.left = within(rect_.left, rect_.width, work_area.left, work_area.width);
-  rect_.top = within(rect_.top, rect_.height, work_area.top, work_area.height);
+void MemoryFramedWindow::move_to(const ScreenPoint& corner) {
+  rect_.left = static_cast<int>(corner.x);
+  rect_.top = static_cast<int>(corner.y);
 }
 
-// A place where there is something of it to take hold of stays.
 void MemoryFramedWindow::come_into_view() {
-  constexpr std::int64_t piece = 480; // twips
-  const auto seen = [](std::int64_t start, std::int64_t length, std::int64_t other, std::int64_t other_length) {
-    return std::min(start + length, other + other_length) - std::max(start, other);
-  };
-  if (in_normal_state() && (seen(rect_.left, rect_.width, monitor.left, monitor.width) < piece ||
-                            seen(rect_.top, rect_.height, monitor.top, monitor.height) < piece))
-    place_in_view();
+  const std::vector<Monitor> monitors{{screen_rect(monitor), screen_rect(work_area)}};
+  if (!in_normal_state())
+    return;
+  if (const auto wanted = view_.correction(screen_rect(rect_), monitors, piece_to_hold, 0))
+    move_to(*wanted);
 }
 
 void MemoryFramedWindow::user_minimize() {
@@ -266,6 +259,7 @@ void MemoryFramedWindow::user_move(int left, int top) {
 void MemoryFramedWindow::user_changes_monitor(const TwipsRect& whole, const TwipsRect& without_task_bar) {
   monitor = whole;
   work_area = without_task_bar;
+  view_.screen_changed();
   if (visible_)
     come_into_view();
 }

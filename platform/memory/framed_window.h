@@ -168,7 +168,7 @@ private:
   [[nodiscard]] bool in_normal_state() const { return !minimized_ && !maximized_; }
   void tell_size();
   void note_sight();
-  void place_in_view();
+  void move_to(const ScreenPoint& corner);
   void come_into_view();
   template <typename Kind, typename... Arguments>
   Kind& make_stop(Arguments&&... arguments) {
@@ -195,6 +195,7 @@ private:
   bool maximized_ = false;
   bool owed_ = false; // the size of rect_ was given while it was not in its normal state
   TwipsRect rect_{1500, 1500, 9000, 6000};
+  ViewKeeper view_;
 };
 
 class MemoryFramedWindowMaker final : public FramedWindowMaker {

@@ -151,7 +151,7 @@ void MemoryWindow::activate() {
 
 void MemoryWindow::user_changes_monitors(std::vector<TwipsRect> wanted) {
   monitors = std::move(wanted);
-  screen_changed_ = true;
+  view_.screen_changed();
   if (visible_ && state_ == WindowState::normal)
     come_into_view();
 }
@@ -173,25 +173,17 @@ bool MemoryWindow::user_menu_key() {
   return true;
 }
 
-bool MemoryWindow::mostly_in_view() const {
-  const auto overlap = [](std::int64_t start, std::int64_t length, std::int64_t other, std::int64_t other_length) {
-    return std::max<std::int64_t>(0, std::min(start + length, other + other_length) - std::max(start, other));
-  };
-  std::int64_t seen = 0;
+// Without a task bar.
+std::vector<Monitor> MemoryWindow::all_monitors() const {
+  std::vector<Monitor> all;
   for (const TwipsRect& monitor : monitors)
-    seen += overlap(rect_.left, rect_.width, monitor.left, monitor.width) *
-            overlap(rect_.top, rect_.height, monitor.top, monitor.height);
-  return seen * 2 >= std::int64_t{rect_.width} * rect_.height;
+    all.push_back({screen_rect(monitor), screen_rect(monitor)});
+  return all;
 }
 
-// A place that the user has chosen stays, as long as there is something of the window to take hold of.
 void MemoryWindow::come_into_view() {
-  const bool chosen = !std::exchange(screen_changed_, false);
-  if (monitors.empty() || (on_some_monitor(rect_.left, rect_.top) && (chosen || mostly_in_view())))
-    return;
-  const TwipsRect& room = monitors.front();
-  rect_.left = std::max(room.left, std::min(rect_.left, room.left + room.width - rect_.width));
-  rect_.top = std::max(room.top, std::min(rect_.top, room.top + room.height - rect_.height));
+  if (const auto wanted = view_.correction(screen_rect(rect_), all_monitors(), piece_to_hold, 0))
+    move(static_cast<int>(wanted->x), static_cast<int>(wanted->y));
 }
 
 void MemoryWindow::move(int left, int top) {
@@ -204,16 +196,8 @@ void MemoryWindow::resize(int width, int height) {
   rect_.height = std::max(height, 0);
 }
 
-// A usable piece is where the user can take hold of the window: its upper left corner with some room beside it.
 bool MemoryWindow::on_some_monitor(int left, int top) const {
-  constexpr std::int64_t piece = 32 * twips_a_pixel;
-  const auto overlap = [](std::int64_t start, std::int64_t length, std::int64_t other, std::int64_t other_length) {
-    return std::min(start + length, other + other_length) - std::max(start, other);
-  };
-  return std::any_of(monitors.begin(), monitors.end(), [&](const TwipsRect& monitor) {
-    return overlap(left, rect_.width, monitor.left, monitor.width) >= piece &&
-           overlap(top, rect_.height, monitor.top, monitor.height) >= piece;
-  });
+  return can_be_held(screen_rect({left, top, rect_.width, rect_.height}), all_monitors(), piece_to_hold);
 }
 
 std::int64_t MemoryWindow::picture_pixels(const std::wstring& path) const {

@@ -2,10 +2,12 @@
 // A window without a screen, 15 twips a pixel, and the user's hand for tests.
 #pragma once
 
+#include "platform/common/view_keeper.h"
 #include "platform/files.h"
 #include "platform/memory/keyboard.h"
 #include "platform/window.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -166,6 +168,13 @@ private:
   std::size_t shown_columns_ = none;
 };
 
+[[nodiscard]] inline ScreenRect screen_rect(const TwipsRect& rect) {
+  return {rect.left, rect.top, std::int64_t{rect.left} + rect.width, std::int64_t{rect.top} + rect.height};
+}
+
+// Enough of a window to take hold of, as on Windows.
+inline constexpr std::int64_t piece_to_hold = 480; // twips
+
 [[nodiscard]] inline std::vector<std::wstring> names_of(const std::vector<std::unique_ptr<Control>>& controls) {
   std::vector<std::wstring> names;
   for (const auto& control : controls)
@@ -231,7 +240,7 @@ private:
   template <typename Kind>
   Kind* find(const std::wstring& name) const;
   bool fire_menu();
-  [[nodiscard]] bool mostly_in_view() const;
+  [[nodiscard]] std::vector<Monitor> all_monitors() const;
   void come_into_view();
 
   const Files& files_;
@@ -243,7 +252,7 @@ private:
   TwipsRect rect_{1500, 1500, 6000, 3000};
   std::wstring background_;
   bool topmost_ = false;
-  bool screen_changed_ = false; // since it last came into view
+  ViewKeeper view_;
 };
 
 } // namespace lumotune::platform::memory

@@ -2,6 +2,7 @@
 // An ordinary window of the desktop: caption, system menu, edges to take hold of, a button in the task bar.
 #pragma once
 
+#include "platform/common/view_keeper.h"
 #include "platform/framed_window.h"
 #include "platform/win32/control_host.h"
 
@@ -54,6 +55,7 @@ private:
   [[nodiscard]] POINT smallest_size() const; // pixels
   void note_state(WPARAM state);             // of WM_SIZE
   void come_back();
+  void look_at_screen();
   void come_into_view();
   void draw_ground(HDC target, const RECT& area) override;
   [[nodiscard]] COLORREF label_colour(LabelKind kind, bool enabled) const override;
@@ -63,8 +65,10 @@ private:
   RECT normal_{}; // pixels of the desktop, where it was last in its normal state
   bool was_normal_ = true;
   std::optional<SIZE> owed_; // twips, given while it was not in that state
-  POINT count_from_{};       // what the system's normal places are relative to
-  int least_width_ = 0;      // twips
+  ViewKeeper view_;
+  bool user_moves_ = false; // drags it, or changes its size
+  POINT count_from_{};      // what the system's normal places are relative to
+  int least_width_ = 0;     // twips
   int least_height_ = 0;
 };
 

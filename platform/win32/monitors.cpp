@@ -1,61 +1,52 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/win32/monitors.h"
 
-#include <algorithm>
+#include <cstddef>
 
 namespace lumotune::platform::win32 {
 namespace {
 
-LONGLONG area_of(const RECT& rect) {
-  return static_cast<LONGLONG>(rect.right - rect.left) * (rect.bottom - rect.top);
-}
-
-struct Seen {
-  RECT window{};
-  LONGLONG area = 0;
-};
-
-BOOL CALLBACK add_seen(HMONITOR /*monitor*/, HDC /*dc*/, RECT* place, LPARAM l) {
-  auto& seen = *reinterpret_cast<Seen*>(l);
-  RECT both{};
-  if (IntersectRect(&both, &seen.window, place) != 0)
-    seen.area += area_of(both);
+// Nothing may be thrown through the system's code: only what there is room for is added.
+BOOL CALLBACK add_monitor(HMONITOR monitor, HDC /*dc*/, RECT* /*place*/, LPARAM into) {
+  auto& found = *reinterpret_cast<std::vector<Monitor>*>(into);
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  if (found.size() == found.capacity())
+    return FALSE;
+  if (GetMonitorInfoW(monitor, &info) != 0)
+    found.push_back({screen_rect(info.rcMonitor), screen_rect(info.rcWork)});
   return TRUE;
 }
 
 } // namespace
 
-LONG moved_within(LONG start, LONG length, LONG low, LONG high) {
-  return std::max(low, std::min(start, high - length));
+std::vector<Monitor> monitors() {
+  constexpr std::size_t most = 64;
+  std::vector<Monitor> found;
+  found.reserve(most);
+  EnumDisplayMonitors(nullptr, nullptr, add_monitor, reinterpret_cast<LPARAM>(&found));
+  return found;
+}
+
+ScreenRect screen_rect(const RECT& rect) {
+  return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+POINT pixel_point(const ScreenPoint& point) {
+  return {static_cast<LONG>(point.x), static_cast<LONG>(point.y)};
 }
 
 RECT work_area(const RECT& window) {
-  MONITORINFO info{};
-  info.cbSize = sizeof info;
-  GetMonitorInfoW(MonitorFromRect(&window, MONITOR_DEFAULTTONEAREST), &info);
-  return info.rcWork;
-}
-
-bool in_view(const RECT& window, int piece) {
-  MONITORINFO info{};
-  info.cbSize = sizeof info;
-  RECT seen{};
-  const HMONITOR monitor = MonitorFromRect(&window, MONITOR_DEFAULTTONULL);
-  return monitor != nullptr && GetMonitorInfoW(monitor, &info) != 0 &&
-         IntersectRect(&seen, &window, &info.rcMonitor) != 0 && seen.right - seen.left >= piece &&
-         seen.bottom - seen.top >= piece;
-}
-
-bool mostly_in_view(const RECT& window) {
-  Seen seen{window};
-  EnumDisplayMonitors(nullptr, nullptr, add_seen, reinterpret_cast<LPARAM>(&seen));
-  return seen.area * 2 >= area_of(window);
+  const std::vector<Monitor> all = monitors();
+  if (all.empty())
+    return window;
+  const ScreenRect& area = monitor_of(screen_rect(window), all).work_area;
+  return {static_cast<LONG>(area.left), static_cast<LONG>(area.top), static_cast<LONG>(area.right),
+          static_cast<LONG>(area.bottom)};
 }
 
 POINT place_in_view(const RECT& window) {
-  const RECT room = work_area(window);
-  return {moved_within(window.left, window.right - window.left, room.left, room.right),
-          moved_within(window.top, window.bottom - window.top, room.top, room.bottom)};
+  return pixel_point(place_within(screen_rect(work_area(window)), screen_rect(window)));
 }
 
 } // namespace lumotune::platform::win32

@@ -1,24 +1,25 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Where windows lie among the monitors. Pixels of the desktop.
+// The monitors of the desktop, as platform/common/view_keeper.h wants them. Pixels of the desktop.
 #pragma once
 
+#include "platform/common/view_keeper.h"
 #include "platform/win32/win.h"
+
+#include <vector>
 
 namespace lumotune::platform::win32 {
 
-// The nearest place at which a length lies within the bounds, from their start where it is too long.
-[[nodiscard]] LONG moved_within(LONG start, LONG length, LONG low, LONG high);
+[[nodiscard]] std::vector<Monitor> monitors();
 
-// Of the monitor that shows most of the window, or is nearest to it: without the task bar and its like.
+[[nodiscard]] ScreenRect screen_rect(const RECT& rect);
+
+// Of the monitor that shows most of the window, or is nearest to it: without the task bar and its like. Nothing but the
+// window's own rectangle where there is no monitor.
 [[nodiscard]] RECT work_area(const RECT& window);
 
-// Whether some monitor shows enough of the window to take hold of it with the mouse: `piece` in both directions.
-[[nodiscard]] bool in_view(const RECT& window, int piece);
-
-// Whether the monitors together show at least half of the window.
-[[nodiscard]] bool mostly_in_view(const RECT& window);
-
-// Where the window has to go so that it is wholly on the nearest monitor, in its own size.
+// Where the window's upper left corner has to go so that it is wholly on that monitor, in its own size.
 [[nodiscard]] POINT place_in_view(const RECT& window);
+
+[[nodiscard]] POINT pixel_point(const ScreenPoint& point);
 
 } // namespace lumotune::platform::win32

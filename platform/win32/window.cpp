@@ -2,18 +2,15 @@
 #include "platform/win32/window.h"
 
 #include "platform/win32/dpi.h"
-#include "platform/win32/monitors.h"
 
 #include <windowsx.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace lumotune::platform::win32 {
 namespace {
 
 constexpr const wchar_t* class_name = L"LumotuneWindow";
-constexpr int piece_to_hold = 480; // twips
 
 } // namespace
 
@@ -139,7 +136,7 @@ bool Win32Window::handle_system_message(UINT message, WPARAM w, LPARAM l, LRESUL
     result = TRUE;
     return true;
   case WM_DISPLAYCHANGE:
-    screen_changed_ = true;
+    view_.screen_changed();
     look_at_screen();
     return false;
   case WM_DPICHANGED: {
@@ -167,7 +164,6 @@ void Win32Window::set_visible(bool visible) {
     return;
   }
   settling_since_ = GetTickCount();
-  look_at_screen();
   come_into_view();
   place_first();
   if (IsIconic(window_) != 0) {
@@ -203,103 +199,6 @@ WindowState Win32Window::state() const {
   if (!visible())
     return hidden_state_;
   return IsIconic(window_) != 0 ? WindowState::minimized : WindowState::normal;
-}
-
-// Just after it was shown, or brought back into view, a window may be put somewhere else by a window manager that did
-// not ask the user: it goes back. A busy one takes longer to answer a new screen; what it then leaves in sight is no
-// more than a corner. Whatever else moves the window is right: the user, and tools, which are other programs and send
-// their wish.
-void Win32Window::note_place() {
-  RECT place{};
-  constexpr LONG far_off = -30000; // where a minimised window is kept
-  constexpr DWORD settling_ms = 400;
-  constexpr DWORD settling_on_screen_ms = 10000;
-  if (!placed_ || IsIconic(window_) != 0 || GetWindowRect(window_, &place) == 0 || place.left <= far_off ||
-      place.top <= far_off)
-    return;
-  const bool unasked = visible() && !dragging_ && InSendMessageEx(nullptr) == ISMEX_NOSEND;
-  const DWORD now = GetTickCount();
-  const bool settling = now - settling_since_ < settling_ms || (now - came_into_view_ < settling_on_screen_ms &&
-                                                                !mostly_in_view(area_at({place.left, place.top})));
-  if (!unasked || !settling)
-    place_ = {place.left, place.top};
-  else if (place.left != place_.x || place.top != place_.y)
-    SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void Win32Window::move(int left, int top) {
-  place_ = {pixels(left, system_dpi_), pixels(top, system_dpi_)};
-  if (!placed_)
-    return;
-  SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void Win32Window::resize(int width, int height) {
-  width_ = std::max(width, 0);
-  height_ = std::max(height, 0);
-  apply_size();
-}
-
-// Until it is first shown its place and size are only noted, for one move then.
-void Win32Window::place_first() {
-  if (!std::exchange(placed_, true))
-    SetWindowPos(window_, nullptr, place_.x, place_.y, pixels(width_, dpi_), pixels(height_, dpi_),
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void Win32Window::apply_size() {
-  if (!placed_)
-    return;
-  SetWindowPos(window_, nullptr, 0, 0, pixels(width_, dpi_), pixels(height_, dpi_),
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  redraw();
-}
-
-TwipsRect Win32Window::rect() const {
-  return {twips(place_.x, system_dpi_), twips(place_.y, system_dpi_), width_, height_};
-}
-
-RECT Win32Window::area_at(POINT place) const {
-  return {place.x, place.y, place.x + pixels(width_, dpi_), place.y + pixels(height_, dpi_)};
-}
-
-bool Win32Window::on_some_monitor(int left, int top) const {
-  return in_view(area_at({pixels(left, system_dpi_), pixels(top, system_dpi_)}), pixels(piece_to_hold, dpi_));
-}
-
-// A window manager may tell that it has moved the window where the system does not tell that the screen is another one.
-// A window that is out of sight may find its monitor back until it is shown.
-void Win32Window::look_at_screen() {
-  const RECT now{GetSystemMetrics(SM_XVIRTUALSCREEN), GetSystemMetrics(SM_YVIRTUALSCREEN),
-                 GetSystemMetrics(SM_CXVIRTUALSCREEN), GetSystemMetrics(SM_CYVIRTUALSCREEN)};
-  const RECT before = std::exchange(screen_, now);
-  if (before.right != 0 && EqualRect(&before, &now) == 0)
-    screen_changed_ = true;
-  if (screen_changed_ && visible() && IsIconic(window_) == 0)
-    come_into_view();
-}
-
-// Its monitor may be gone, or another resolution has left it outside, where a window manager may leave a corner in
-// sight. A place that the user has chosen stays, as long as there is something of the window to take hold of.
-void Win32Window::come_into_view() {
-  const RECT area = area_at(place_);
-  const bool chosen = !std::exchange(screen_changed_, false);
-  if (in_view(area, pixels(piece_to_hold, dpi_)) && (chosen || mostly_in_view(area)))
-    return;
-  place_ = place_in_view(area);
-  came_into_view_ = settling_since_ = GetTickCount(); // a window manager answers a new screen with a place of its own
-  if (placed_ && IsIconic(window_) == 0)
-    SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-TwipsRect Win32Window::work_area() const {
-  MONITORINFO info{};
-  info.cbSize = sizeof info;
-  if (GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &info) == 0)
-    return {};
-  const RECT& work = info.rcWork;
-  return {twips(work.left, dpi_), twips(work.top, dpi_), twips(work.right - work.left, dpi_),
-          twips(work.bottom - work.top, dpi_)};
 }
 
 std::int64_t Win32Window::picture_pixels(const std::wstring& path) const {

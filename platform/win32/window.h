@@ -2,6 +2,7 @@
 // The borderless main window.
 #pragma once
 
+#include "platform/common/view_keeper.h"
 #include "platform/win32/control_host.h"
 #include "platform/win32/picture.h"
 #include "platform/win32/win.h"
@@ -75,10 +76,8 @@ private:
   Picture background_;
   std::wstring background_path_;
   bool topmost_ = false;
-  DWORD settling_since_ = 0;    // tick count
-  DWORD came_into_view_ = 0;    // tick count
-  RECT screen_{};               // of all monitors: corner and size
-  bool screen_changed_ = false; // since it last came into view
+  DWORD settling_since_ = 0; // tick count
+  ViewKeeper view_;
   bool dragging_ = false;
 };
 

@@ -83,6 +83,11 @@ struct Backend {
   }
   // A program that arranges windows puts it where no monitor is; the system says that the monitors are others now.
   void move_away(platform::FramedWindow& framed) { twin(framed).user_move(15000 * 15, 9000 * 15); }
+  // The user moves it to the lower right of the screen, where so much of it stays in sight.
+  void move_to_corner(platform::FramedWindow& framed, int shown) {
+    const auto& monitor = twin(framed).monitor;
+    twin(framed).user_move(monitor.left + monitor.width - shown, monitor.top + monitor.height - shown);
+  }
   void monitors_change(platform::FramedWindow& framed) {
     twin(framed).user_changes_monitor(twin(framed).monitor, twin(framed).work_area);
   }

@@ -6,6 +6,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -174,6 +175,18 @@ struct Backend {
   // A program that arranges windows puts it where no monitor is; the system says that the monitors are others now.
   void move_away(platform::FramedWindow& framed) {
     SetWindowPos(handle(framed), nullptr, 15000, 9000, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  // The user moves it to the lower right of the screen, where so many twips of it stay in sight.
+  void move_to_corner(platform::FramedWindow& framed, int shown) {
+    const int left = GetSystemMetrics(SM_CXSCREEN) - MulDiv(shown, 96, 1440);
+    const int top = GetSystemMetrics(SM_CYSCREEN) - MulDiv(shown, 96, 1440);
+    SetWindowPos(handle(framed), nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    (void)until([&] {
+      RECT place{};
+      GetWindowRect(handle(framed), &place);
+      return std::abs(place.left - left) < 5 && std::abs(place.top - top) < 5;
+    });
+    pass(window_manager_ms);
   }
   void monitors_change(platform::FramedWindow& framed) {
     SendMessageW(handle(framed), WM_DISPLAYCHANGE, 32,

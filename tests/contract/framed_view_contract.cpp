@@ -11,6 +11,8 @@ namespace {
 
 using platform::TwipsRect;
 
+constexpr int corner = 1050; // twips of the window that stay in sight, in both directions
+
 struct FramedViewContract : testing::Test {
   Backend b;
   std::unique_ptr<platform::FramedWindow> window = b.framed_windows.make(L"ListRadios");
@@ -82,6 +84,46 @@ TEST_F(FramedViewContract, APlaceThatCanBeReachedIsLeftAlone) {
   b.minimize(*window);
   b.restore(*window);
   EXPECT_TRUE(b.until([&] { return window->rect() == before; }));
+  b.pass(250);
+  EXPECT_EQ(window->rect(), before);
+}
+
+// Enough to take hold of, but nothing that anybody has chosen.
+TEST_F(FramedViewContract, ACornerThatOtherMonitorsLeaveInSightIsNotEnough) {
+  show();
+  b.move_to_corner(*window, corner);
+  EXPECT_FALSE(in_view());
+  b.monitors_change(*window);
+  expect_to_come_into_view();
+}
+
+TEST_F(FramedViewContract, ACornerLeftWhileItWasHiddenIsNotEnoughWhenItIsShown) {
+  show();
+  window->set_visible(false);
+  b.move_to_corner(*window, corner);
+  b.monitors_change(*window);
+  EXPECT_FALSE(in_view());
+  window->set_visible(true);
+  expect_to_come_into_view();
+}
+
+TEST_F(FramedViewContract, ACornerThatTheUserHasChosenIsLeftAlone) {
+  show();
+  b.move_to_corner(*window, corner);
+  const TwipsRect before = window->rect();
+  b.minimize(*window);
+  b.restore(*window);
+  EXPECT_TRUE(b.until([&] { return window->rect() == before; })) << window->rect().left << ", " << window->rect().top;
+  b.pass(250);
+  EXPECT_EQ(window->rect(), before);
+}
+
+// Where half of it is seen it stays, whatever the monitors are.
+TEST_F(FramedViewContract, MostOfItInSightIsEnough) {
+  show();
+  b.move_to_corner(*window, 4200);
+  const TwipsRect before = window->rect();
+  b.monitors_change(*window);
   b.pass(250);
   EXPECT_EQ(window->rect(), before);
 }
