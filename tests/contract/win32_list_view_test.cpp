@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The user's mouse and keyboard on a list in columns.
+#include "tests/contract/win32_framed.h"
+
+#include <cstring>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace lumotune::contract {
+namespace {
+
+using platform::MouseButton;
+using platform::MouseEvent;
+
+struct ManyRows final : platform::RowModel {
+  std::size_t size = 300;
+  mutable std::set<std::size_t> asked;
+  [[nodiscard]] std::size_t count() const override { return size; }
+  [[nodiscard]] std::wstring text(std::size_t row, std::size_t column) const override {
+    asked.insert(row);
+    if (column == 1)
+      return L"Česko";
+    return row == size ? L"Žluťoučký kůň & přátelé" : L"Stejné jméno";
+  }
+  [[nodiscard]] bool bold(std::size_t row) const override { return row == 5; }
+};
+
+struct Win32ListViewTest : Win32Framed {
+  ManyRows rows;
+  platform::ListView& list = window->make_list_view(L"ListView1");
+  std::wstring events; // in their order, each with what was selected then
+
+  Win32ListViewTest() {
+    place(list, 150, 150, 4500, 3000);
+    list.add_column(L"Name", L"Název rádia", 2000);
+    list.add_column(L"zeme", L"Země", 800);
+    list.set_rows(&rows);
+    list.on_mouse_down = [this](const MouseEvent& event) {
+      note(event.button == MouseButton::right ? L"right" : L"left");
+    };
+    list.on_click = [this] { note(L"click"); };
+    list.on_double_click = [this] { note(L"double"); };
+    list.on_key_up = [this] { note(L"up"); };
+    list.on_key_press = [this](wchar_t c) { note(L"key" + std::to_wstring(static_cast<int>(c))); };
+    show();
+    SetFocus(handle(list));
+  }
+  ~Win32ListViewTest() override { window.reset(); } // before its rows
+  void note(const std::wstring& what) { events += what + std::to_wstring(list.selected()) + L" "; }
+  [[nodiscard]] RECT area(std::size_t row) const {
+    RECT found{};
+    found.left = LVIR_BOUNDS;
+    SendMessageW(handle(list), LVM_GETITEMRECT, row - 1, reinterpret_cast<LPARAM>(&found));
+    return found;
+  }
+  [[nodiscard]] POINT middle(std::size_t row) const {
+    const RECT found = area(row);
+    return {found.left + 40, (found.top + found.bottom) / 2};
+  }
+};
+
+TEST_F(Win32ListViewTest, TheButtonIsToldBeforeTheRowAndTheClickAfterIt) {
+  click(list, middle(3));
+  EXPECT_EQ(events, L"left0 click3 ");
+  events.clear();
+  mouse(list, WM_RBUTTONDOWN, middle(5));
+  EXPECT_EQ(events, L"right3 ") << "a menu waits until the button is let go";
+  EXPECT_EQ(list.selected(), 5U);
+  mouse(list, WM_RBUTTONUP, middle(5));
+  EXPECT_EQ(events, L"right3 click5 ");
+}
+
+TEST_F(Win32ListViewTest, TheSecondColumnBelongsToTheRow) {
+  POINT at = middle(4);
+  at.x = area(4).left + 150;
+  click(list, at);
+  EXPECT_EQ(events, L"left0 click4 ");
+}
+
+TEST_F(Win32ListViewTest, BesideTheRowsNothingIsClicked) {
+  rows.size = 3;
+  list.rows_changed();
+  list.select(2);
+  const POINT below{50, 150};
+  click(list, below);
+  mouse(list, WM_RBUTTONDOWN, below);
+  mouse(list, WM_RBUTTONUP, below);
+  mouse(list, WM_LBUTTONDBLCLK, below);
+  mouse(list, WM_LBUTTONUP, below);
+  EXPECT_EQ(events.find(L"click"), std::wstring::npos) << "neither a click nor a double click";
+  EXPECT_EQ(events.find(L"double"), std::wstring::npos);
+  EXPECT_EQ(list.selected(), 2U);
+}
+
+TEST_F(Win32ListViewTest, ADoubleClickIsToldOnceWhenItIsLetGo) {
+  click(list, middle(3));
+  mouse(list, WM_LBUTTONDBLCLK, middle(3));
+  EXPECT_EQ(events, L"left0 click3 ");
+  mouse(list, WM_LBUTTONUP, middle(3));
+  EXPECT_EQ(events, L"left0 click3 double3 ");
+  mouse(list, WM_LBUTTONUP, middle(3));
+  EXPECT_EQ(events, L"left0 click3 double3 ");
+}
+
+TEST_F(Win32ListViewTest, EnterIsACharacterAndItsEndNoMove) {
+  list.select(7);
+  key(VK_RETURN);
+  EXPECT_EQ(events, L"key137 ");
+}
+
+TEST_F(Win32ListViewTest, ArrowsMoveAndAreTold) {
+  list.select(7);
+  key(VK_DOWN);
+  key(VK_END);
+  EXPECT_EQ(events, L"up8 up300 ");
+  events.clear();
+  SendMessageW(handle(list), WM_KEYUP, VK_TAB, static_cast<LPARAM>(0xc0000001));
+  SendMessageW(handle(list), WM_KEYUP, VK_DOWN, static_cast<LPARAM>(0xc0000001));
+  EXPECT_EQ(events, L"") << "these went down somewhere else";
+}
+
+TEST_F(Win32ListViewTest, TheKeyForMenusIsNoClick) {
+  list.on_menu_key = [this] { note(L"menu"); };
+  list.select(6);
+  const auto asked = [this](LPARAM place) {
+    SendMessageW(handle(list), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(handle(list)), place);
+  };
+  asked(-1);
+  EXPECT_EQ(events, L"menu6 ");
+  asked(MAKELPARAM(100, 100)); // the mouse's, which has been told as a press
+  EXPECT_EQ(events, L"menu6 ");
+}
+
+TEST_F(Win32ListViewTest, TypingFindsARowAmongFiftyThousand) {
+  rows.size = 50000;
+  list.rows_changed();
+  letter(L'ž');
+  EXPECT_EQ(list.selected(), 50000U);
+}
+
+TEST_F(Win32ListViewTest, OnlyRowsInSightAreAskedFor) {
+  rows.size = 50000;
+  list.rows_changed();
+  rows.asked.clear();
+  list.select(40000);
+  RedrawWindow(handle(list), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+  EXPECT_TRUE(b.until([&] { return rows.asked.contains(40000); }));
+  EXPECT_LT(rows.asked.size(), 200U);
+}
+
+TEST_F(Win32ListViewTest, ABoldRowHasMoreInk) {
+  RedrawWindow(handle(list), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+  b.loop.run_pending();
+  const HDC dc = GetDC(handle(list));
+  const auto ink = [&](std::size_t row) {
+    const RECT place = area(row);
+    long dark = 0;
+    for (int y = place.top; y < place.bottom; ++y)
+      for (int x = place.left; x < place.left + 120; ++x)
+        dark += 255 - GetRValue(GetPixel(dc, x, y));
+    return dark;
+  };
+  const long normal = ink(4);
+  EXPECT_GT(normal, 5000);
+  EXPECT_GT(ink(5), normal);
+  EXPECT_EQ(ink(6), normal) << "the font goes back";
+  ReleaseDC(handle(list), dc);
+}
+
+TEST_F(Win32ListViewTest, TextsCanBeReadFromOutsideAsTheyAre) {
+  wchar_t text[64] = {};
+  LVITEMW item{};
+  item.pszText = text;
+  item.cchTextMax = 64;
+  SendMessageW(handle(list), LVM_GETITEMTEXTW, 299, reinterpret_cast<LPARAM>(&item));
+  EXPECT_STREQ(text, L"Žluťoučký kůň & přátelé");
+  rows.size = 5; // behind the list's back
+  SendMessageW(handle(list), LVM_GETITEMTEXTW, 299, reinterpret_cast<LPARAM>(&item));
+  EXPECT_STREQ(text, L"");
+}
+
+TEST_F(Win32ListViewTest, TheRowsMayChangeInTheirOwnClick) {
+  list.on_click = [this] {
+    rows.size = 1;
+    list.rows_changed();
+  };
+  click(list, middle(5));
+  EXPECT_EQ(list.selected(), 0U);
+  mouse(list, WM_LBUTTONDBLCLK, {40, 100});
+  mouse(list, WM_LBUTTONUP, {40, 100});
+  EXPECT_EQ(list.selected(), 0U);
+}
+
+using Win32ListViewFirst = Win32Framed;
+
+TEST_F(Win32ListViewFirst, ARowSelectedBeforeTheWindowCameIsInSight) {
+  ManyRows rows;
+  auto& list = window->make_list_view(L"ListView1");
+  list.add_column(L"Name", L"Název rádia", 2000);
+  list.set_rows(&rows);
+  list.select(250);
+  place(list, 150, 150, 4500, 3000);
+  show();
+  const LRESULT top = SendMessageW(handle(list), LVM_GETTOPINDEX, 0, 0);
+  const LRESULT page = SendMessageW(handle(list), LVM_GETCOUNTPERPAGE, 0, 0);
+  EXPECT_GE(249, top);
+  EXPECT_LT(249, top + page);
+  window.reset();
+}
+
+} // namespace
+} // namespace lumotune::contract
