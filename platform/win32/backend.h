@@ -2,11 +2,14 @@
 // Everything of the system that the program is built on, made in the right order on the user-interface thread.
 #pragma once
 
+#include "platform/win32/codec.h"
+#include "platform/win32/dialogs.h"
 #include "platform/win32/event_loop.h"
 #include "platform/win32/files.h"
 #include "platform/win32/framed_window.h"
+#include "platform/win32/machine.h"
 #include "platform/win32/messages.h"
-#include "platform/win32/system.h"
+#include "platform/win32/shell.h"
 #include "platform/win32/tray.h"
 #include "platform/win32/window.h"
 

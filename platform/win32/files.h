@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "platform/ansi_codec.h"
 #include "platform/files.h"
 
 namespace lumotune::platform::win32 {
@@ -26,16 +25,6 @@ public:
   [[nodiscard]] bool remove(const std::wstring& path) override;
   [[nodiscard]] bool copy(const std::wstring& from, const std::wstring& to) override;
   [[nodiscard]] std::vector<std::wstring> list(const std::wstring& folder, const std::wstring& pattern) const override;
-};
-
-class Win32Codec final : public AnsiCodec {
-public:
-  Win32Codec();
-  [[nodiscard]] std::wstring decode(std::string_view bytes) const override;
-  [[nodiscard]] std::string encode(std::wstring_view text) const override;
-
-private:
-  bool system_; // the system's code page is single-byte
 };
 
 } // namespace lumotune::platform::win32

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Message boxes of the system.
+#pragma once
+
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/win32/end_watch.h"
+#include "platform/win32/win.h"
+
+#include <string>
+
+namespace lumotune::platform::win32 {
+
+// The end of the program closes a box as "no" does, or as "OK", and no other one opens. Without a window of ours in
+// sight a box has none for its owner, and with that a button of its own in the task bar.
+class Win32Dialogs final : public Dialogs {
+public:
+  Win32Dialogs(EventLoop& loop, HWND owner);
+  [[nodiscard]] bool bring_forward() override;
+  BoxAnswer message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) override;
+
+private:
+  EventLoop& loop_;
+  HWND owner_;
+  EndWatch end_watch_;
+};
+
+} // namespace lumotune::platform::win32

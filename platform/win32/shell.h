@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// Starts programs, and opens documents by the system's shell.
+#pragma once
+
+#include "platform/shell.h"
+
+#include <string>
+
+namespace lumotune::platform::win32 {
+
+class Win32Shell final : public Shell {
+public:
+  [[nodiscard]] bool start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) override;
+  [[nodiscard]] int open(const std::wstring& quoted_target) override;
+};
+
+} // namespace lumotune::platform::win32
