@@ -7,8 +7,9 @@
 #include "platform/media/title.h"
 
 #include <algorithm>
+#include <charconv>
 #include <chrono>
-#include <cstdlib>
+#include <string_view>
 #include <utility>
 
 namespace lumotune::media {
@@ -279,8 +280,13 @@ std::wstring Source::codec_name() const {
 // The bit rate that the station announces comes first: listeners choose by it.
 int Source::icy_bit_rate() const {
   const std::string headers = feed_->option("icy_metadata_headers");
-  const std::size_t at = headers.find("icy-br:");
-  return at == std::string::npos ? 0 : std::atoi(headers.c_str() + at + 7);
+  constexpr std::string_view name = "icy-br:";
+  const std::size_t at = headers.find(name);
+  const std::size_t first = at == std::string::npos ? at : headers.find_first_not_of(" \t", at + name.size());
+  int value = 0;
+  if (first != std::string::npos)
+    (void)std::from_chars(headers.data() + first, headers.data() + headers.size(), value); // 0 without a number
+  return value;
 }
 
 int Source::kbps() const {
