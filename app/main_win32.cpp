@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The program's entry on Windows: makes the backend, the player and the program, and runs the loop.
 #include "app/program.h"
+#include "base/error_log.h"
 #include "platform/media/player.h"
 #include "platform/win32/backend.h"
 #include "platform/win32/connection.h"
@@ -13,6 +14,8 @@
 #include "resource.h"
 #include "version.h"
 
+#include <string>
+
 namespace {
 
 using namespace lumotune;
@@ -21,12 +24,9 @@ using namespace lumotune;
 // that users are promised. The settings are saved first thing.
 constexpr std::uint32_t longest_end_ms = 5000;
 
-int run() {
-  // A file look-up dialog of the system would hide what we report ourselves.
-  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
-  platform::win32::Backend backend(LUMOTUNE_ICON);
+void run(platform::win32::Backend& backend) {
   backend.machine.on_begin_end = [] { platform::win32::limit_end(longest_end_ms); };
-  platform::win32::Win32MediaKeys media_keys(backend.window.handle());
+  platform::win32::Win32MediaKeys media_keys(backend.loop, backend.window.handle());
   platform::win32::Win32PopupMenus popups(backend.loop, backend.window.handle());
   platform::win32::Win32InputBox input_box(backend.loop, backend.window.handle());
   platform::win32::Win32Pointer pointer;
@@ -47,7 +47,24 @@ int run() {
   if (program.start())
     backend.loop.run();
   backend.machine.begin_end(); // a start that came to nothing ends too
-  return 0;
+}
+
+// What the program's handlers throw, and the program itself, is written down: nobody sees it otherwise.
+int run_and_log() {
+  // A file look-up dialog of the system would hide what we report ourselves.
+  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+  platform::win32::Backend backend(LUMOTUNE_ICON);
+  const base::ProgramFolder folder(backend.files, backend.codec, backend.machine);
+  base::ErrorLog log({folder, backend.machine});
+  platform::CaughtErrors& caught = backend.loop.caught();
+  caught.on_caught = [&](const std::string& what) { log.add(L"exception", backend.codec.decode(what)); };
+  int result = 1;
+  caught.guard([&] {
+    run(backend);
+    result = 0;
+  });
+  caught.on_caught = {}; // the log goes before the backend
+  return result;
 }
 
 } // namespace
@@ -55,7 +72,7 @@ int run() {
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   platform::win32::harden_process();
   int result = 1;
-  platform::win32::guarded([&] { result = run(); });
+  platform::win32::guarded([&] { result = run_and_log(); });
   // Not by returning: a worker that hangs in a name look-up must not keep the process alive.
   platform::win32::end_now(static_cast<unsigned>(result));
 }

@@ -6,7 +6,7 @@ namespace lumotune::platform::win32 {
 Backend::Backend(int icon)
     : window(loop, L"Lumotune", icon),
       framed_windows(loop, icon),
-      messages(window.handle(), codec),
+      messages(window.handle(), codec, loop),
       dialogs(loop, window.handle()) {}
 
 } // namespace lumotune::platform::win32

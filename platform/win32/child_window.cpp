@@ -41,7 +41,7 @@ LRESULT CALLBACK ChildWindow::procedure(HWND window, UINT message, WPARAM w, LPA
   auto* child = reinterpret_cast<ChildWindow*>(self);
   LRESULT result = 0;
   bool done = false;
-  guarded([&] {
+  child->surface_.caught().guard([&] {
     if (message == WM_SETFOCUS)
       child->surface_.keyboard_came(window);
     done = child->handle_message(message, w, l, result);

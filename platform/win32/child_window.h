@@ -2,6 +2,7 @@
 // What all controls have in common: a child window of one of the system's classes, subclassed.
 #pragma once
 
+#include "platform/common/caught_errors.h"
 #include "platform/win32/win.h"
 #include "platform/window.h"
 
@@ -17,6 +18,7 @@ public:
   Surface& operator=(const Surface&) = delete;
   virtual ~Surface() = default;
 
+  [[nodiscard]] virtual CaughtErrors& caught() = 0; // for what the system calls
   [[nodiscard]] virtual HWND handle() const = 0;
   [[nodiscard]] virtual const std::wstring& window_name() const = 0; // stands before the names of its controls
   [[nodiscard]] virtual unsigned dpi() const = 0;                    // of the monitor that the window is on
@@ -160,7 +162,7 @@ protected:
   template <typename Handler, typename... Arguments>
   void fire(const Handler& handler, const Arguments&... arguments) {
     if (const Handler copy = handler)
-      guarded([&] { copy(arguments...); });
+      surface_.caught().guard([&] { copy(arguments...); });
   }
 
   std::wstring text_;

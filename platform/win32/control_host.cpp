@@ -45,7 +45,7 @@ ChildWindow* ControlHost::child_of(HWND window) const {
 
 void ControlHost::fire(const std::function<void()>& handler) {
   if (const auto copy = handler)
-    guarded(copy);
+    loop_.caught().guard(copy);
 }
 
 void ControlHost::settle_controls() {

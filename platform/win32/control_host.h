@@ -32,6 +32,7 @@ protected:
   ~ControlHost() override;
 
   [[nodiscard]] unsigned dpi() const override { return dpi_; }
+  [[nodiscard]] CaughtErrors& caught() override { return loop_.caught(); }
   void draw_behind(HDC target, HWND control) override;
   [[nodiscard]] HFONT font(LabelFont kind, bool underline, bool bold) override;
   [[nodiscard]] bool keyboard_used() const override;

@@ -61,7 +61,9 @@ public:
   }
   Win32Waker(const Win32Waker&) = delete;
   Win32Waker& operator=(const Win32Waker&) = delete;
-  ~Win32Waker() override { std::erase(loop_.wakers_, this); }
+  ~Win32Waker() override {
+    std::erase(loop_.wakers_, this);
+  }
 
   // A full message queue refuses the post; the wish stays, and the next round of the loop sees it.
   void wake() override {
@@ -94,9 +96,9 @@ Win32EventLoop::~Win32EventLoop() {
 LRESULT CALLBACK Win32EventLoop::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
   auto* self = reinterpret_cast<Win32EventLoop*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self != nullptr && message == WM_TIMER)
-    guarded([&] { self->tick(w); });
+    self->caught_.guard([&] { self->tick(w); });
   else if (self != nullptr && message == message_wake)
-    guarded([&] { self->run_wakers(); });
+    self->caught_.guard([&] { self->run_wakers(); });
   else
     return DefWindowProcW(window, message, w, l);
   return 0;
@@ -108,7 +110,7 @@ void Win32EventLoop::tick(UINT_PTR id) {
     return;
   const auto ticking = found->second; // the tick may destroy its timer
   ticking->busy = true;
-  guarded(ticking->tick);
+  caught_.guard(ticking->tick);
   ticking->busy = false;
 }
 
@@ -118,7 +120,7 @@ void Win32EventLoop::run_wakers() {
     again = false;
     for (Win32Waker* waker : wakers_) {
       if (const auto work = waker->take()) {
-        guarded(work);
+        caught_.guard(work);
         again = true;
         break;
       }
@@ -145,7 +147,7 @@ std::unique_ptr<TopLevelWork> Win32EventLoop::post_top_level(std::function<void(
 void Win32EventLoop::run_top_level() {
   for (std::size_t left = top_level_.size(); left != 0 && !quitting_; --left) {
     if (const auto work = top_level_.take())
-      guarded(work);
+      caught_.guard(work);
   }
 }
 
@@ -160,8 +162,12 @@ void Win32EventLoop::set_filter(const void* owner, std::function<bool(MSG&)> wor
 // The list is copied, and with it the filter that works is kept alive: what it does may change the list.
 bool Win32EventLoop::filtered(MSG& message) {
   const auto filters = filters_;
-  return std::any_of(filters.begin(), filters.end(),
-                     [&](const auto& filter) { return !filter->removed && filter->work(message); });
+  bool done = false;
+  for (const auto& filter : filters) {
+    if (!done && !filter->removed)
+      caught_.guard([&] { done = filter->work(message); });
+  }
+  return done;
 }
 
 void Win32EventLoop::dispatch(MSG& message) {
@@ -194,6 +200,10 @@ bool Win32EventLoop::wait_a_little() {
 
 std::uint32_t Win32EventLoop::tick_count_ms() const {
   return GetTickCount();
+}
+
+void Win32EventLoop::begin_end() {
+  ending_ = true;
 }
 
 void Win32EventLoop::quit() {

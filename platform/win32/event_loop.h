@@ -2,6 +2,7 @@
 // The message loop of the user-interface thread.
 #pragma once
 
+#include "platform/common/caught_errors.h"
 #include "platform/common/top_level_queue.h"
 #include "platform/event_loop.h"
 #include "platform/win32/win.h"
@@ -30,11 +31,14 @@ public:
   void run_pending() override;
   [[nodiscard]] bool wait_a_little() override;
   [[nodiscard]] std::uint32_t tick_count_ms() const override;
-  void begin_end() override { ending_ = true; }
+  void begin_end() override;
   [[nodiscard]] bool ending() const override { return ending_ || quitting_; }
   void quit() override;
   [[nodiscard]] bool quitting() const override { return quitting_; }
   void run() override;
+
+  // For whatever the system calls: handlers must not throw through its code.
+  [[nodiscard]] CaughtErrors& caught() { return caught_; }
 
   // A window's filter sees every message before it is dispatched; true when it is dealt with. One for each owner; an
   // empty one takes the owner's away. Filters may come and go while one of them works.
@@ -59,6 +63,7 @@ private:
   void run_wakers();
   void run_top_level();
 
+  CaughtErrors caught_;
   HWND window_ = nullptr;
   bool ending_ = false;
   bool quitting_ = false;

@@ -121,7 +121,7 @@ LRESULT CALLBACK Win32FramedWindow::procedure(HWND window, UINT message, WPARAM 
   if (self == nullptr)
     return DefWindowProcW(window, message, w, l);
   LRESULT result = 0;
-  guarded([&] { result = self->handle_message(message, w, l); });
+  self->caught().guard([&] { result = self->handle_message(message, w, l); });
   return result;
 }
 

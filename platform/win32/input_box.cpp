@@ -91,6 +91,7 @@ Template make_template() {
 }
 
 struct Answer {
+  CaughtErrors& caught;
   bool done = false;
   std::optional<std::wstring> text;
 };
@@ -110,7 +111,7 @@ INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   if (answer == nullptr || answer->done || message != WM_COMMAND)
     return FALSE;
   if (LOWORD(w) == IDOK)
-    guarded([&] { answer->text = text_of(GetDlgItem(dialog, id_text)); });
+    answer->caught.guard([&] { answer->text = text_of(GetDlgItem(dialog, id_text)); });
   else if (LOWORD(w) != IDCANCEL) // Escape and the system's close come as this one too
     return FALSE;
   answer->done = true;
@@ -152,7 +153,7 @@ std::optional<std::wstring> Win32InputBox::ask(const std::wstring& prompt, const
                                                const std::wstring& default_text) {
   if (open_ || loop_.ending())
     return std::nullopt;
-  Answer answer;
+  Answer answer{loop_.caught(), false, std::nullopt};
   const HWND dialog = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), make_template().get(), owner_, procedure,
                                                  reinterpret_cast<LPARAM>(&answer));
   if (dialog == nullptr)

@@ -2,9 +2,8 @@
 // The box that asks for one line of text.
 #pragma once
 
-#include "platform/event_loop.h"
 #include "platform/input_box.h"
-#include "platform/win32/win.h"
+#include "platform/win32/event_loop.h"
 
 #include <optional>
 #include <string>
@@ -15,13 +14,13 @@ namespace lumotune::platform::win32 {
 class Win32InputBox final : public InputBox {
 public:
   // The owner takes no input while a box is open.
-  Win32InputBox(const EventLoop& loop, HWND owner) : loop_(loop), owner_(owner) {}
+  Win32InputBox(Win32EventLoop& loop, HWND owner) : loop_(loop), owner_(owner) {}
 
   [[nodiscard]] std::optional<std::wstring> ask(const std::wstring& prompt, const std::wstring& title,
                                                 const std::wstring& default_text) override;
 
 private:
-  const EventLoop& loop_;
+  Win32EventLoop& loop_;
   HWND owner_;
   bool open_ = false;
 };

@@ -80,7 +80,7 @@ LRESULT CALLBACK Win32Messages::WindowProc(HWND hwnd, UINT msg, WPARAM wParam, L
     return DefWindowProcW(hwnd, msg, wParam, lParam);
   if (msg != WM_COPYDATA)
     return CallWindowProcW(self->old_procedure_, hwnd, msg, wParam, lParam);
-  guarded([&] { self->receive(lParam); });
+  self->loop_.caught().guard([&] { self->receive(lParam); });
   return -1;
 }
 

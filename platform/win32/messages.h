@@ -2,14 +2,15 @@
 #pragma once
 
 #include "platform/ansi_codec.h"
-#include "platform/win32/win.h"
+#include "platform/win32/event_loop.h"
 #include "platform/window_messages.h"
 
 namespace lumotune::platform::win32 {
 
 class Win32Messages final : public WindowMessages {
 public:
-  Win32Messages(HWND main_window, const AnsiCodec& codec) : window_(main_window), codec_(codec) {}
+  Win32Messages(HWND main_window, const AnsiCodec& codec, Win32EventLoop& loop)
+      : window_(main_window), codec_(codec), loop_(loop) {}
   Win32Messages(const Win32Messages&) = delete;
   Win32Messages& operator=(const Win32Messages&) = delete;
   ~Win32Messages() override { Hook(false); }
@@ -27,6 +28,7 @@ private:
 
   HWND window_;
   const AnsiCodec& codec_;
+  Win32EventLoop& loop_;
   std::function<void(const CopyData&)> receive_;
   WNDPROC old_procedure_ = nullptr; // kept while the hook is installed
 };

@@ -11,11 +11,6 @@ constexpr int hot_play_pause = 1;
 constexpr int hot_stop = 2;
 constexpr UINT_PTR subclass = 2;
 
-void fire(const std::function<void()>& handler) {
-  if (const auto copy = handler)
-    guarded(copy);
-}
-
 } // namespace
 
 // Both in one call: nothing of the user's hand can come between.
@@ -25,7 +20,7 @@ void Win32Pointer::click_left() {
               0, 0);
 }
 
-Win32MediaKeys::Win32MediaKeys(HWND window) : window_(window) {
+Win32MediaKeys::Win32MediaKeys(Win32EventLoop& loop, HWND window) : loop_(loop), window_(window) {
   SetWindowSubclass(window_, procedure, subclass, reinterpret_cast<DWORD_PTR>(this));
 }
 
@@ -56,6 +51,11 @@ LRESULT CALLBACK Win32MediaKeys::procedure(HWND window, UINT message, WPARAM w, 
   if (reinterpret_cast<Win32MediaKeys*>(self)->handle_message(message, w, l))
     return TRUE;
   return DefSubclassProc(window, message, w, l);
+}
+
+void Win32MediaKeys::fire(const std::function<void()>& handler) {
+  if (const auto copy = handler)
+    loop_.caught().guard(copy);
 }
 
 bool Win32MediaKeys::handle_message(UINT message, WPARAM w, LPARAM l) {

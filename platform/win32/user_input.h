@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/user_input.h"
-#include "platform/win32/win.h"
+#include "platform/win32/event_loop.h"
 
 namespace lumotune::platform::win32 {
 
@@ -17,7 +17,7 @@ public:
 // window's procedure for itself, and destroyed after that has given it back.
 class Win32MediaKeys final : public MediaKeys {
 public:
-  explicit Win32MediaKeys(HWND window);
+  Win32MediaKeys(Win32EventLoop& loop, HWND window);
   Win32MediaKeys(const Win32MediaKeys&) = delete;
   Win32MediaKeys& operator=(const Win32MediaKeys&) = delete;
   ~Win32MediaKeys() override;
@@ -28,7 +28,9 @@ public:
 private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR self);
   [[nodiscard]] bool handle_message(UINT message, WPARAM w, LPARAM l);
+  void fire(const std::function<void()>& handler);
 
+  Win32EventLoop& loop_;
   HWND window_;
   bool taken_ = false;
 };

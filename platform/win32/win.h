@@ -38,7 +38,7 @@ struct DeleteMemoryDc {
 };
 using MemoryDc = std::unique_ptr<void, DeleteMemoryDc>;
 
-// Whatever a handler throws ends here: nothing may be thrown through the system's code.
+// For the program's own entry, where nobody can be told yet; all other entries use CaughtErrors.
 template <typename Work>
 void guarded(const Work& work) noexcept {
   try {

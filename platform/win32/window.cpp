@@ -69,7 +69,7 @@ LRESULT CALLBACK Win32Window::procedure(HWND window, UINT message, WPARAM w, LPA
   if (self == nullptr)
     return DefWindowProcW(window, message, w, l);
   LRESULT result = 0;
-  guarded([&] { result = self->handle_message(message, w, l); });
+  self->caught().guard([&] { result = self->handle_message(message, w, l); });
   return result;
 }
 

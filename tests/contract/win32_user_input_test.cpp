@@ -16,7 +16,7 @@ namespace {
 struct Win32UserInput : testing::Test {
   Backend b;
   platform::win32::Win32Pointer pointer;
-  platform::win32::Win32MediaKeys keys{b.window.handle()};
+  platform::win32::Win32MediaKeys keys{b.loop, b.window.handle()};
   std::wstring heard;
 
   void SetUp() override {
