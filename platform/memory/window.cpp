@@ -99,48 +99,58 @@ MemoryList* MemoryWindow::list(const std::wstring& name) const {
   return find<MemoryList>(name);
 }
 
-PictureBox& MemoryWindow::make_picture(const std::wstring& designer_name, PictureKind kind) {
-  auto made = std::make_unique<MemoryPicture>(designer_name, files_, kind);
-  auto& reference = *made;
-  if (kind == PictureKind::button)
+template <typename Kind, typename... Arguments>
+Kind& MemoryWindow::make(bool stop, Arguments&&... arguments) {
+  auto made = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
+  Kind& reference = *made;
+  if (stop)
     reference.be_stop_of(keyboard_);
+  else
+    reference.be_in(keyboard_);
   controls_.push_back(std::move(made));
   return reference;
+}
+
+PictureBox& MemoryWindow::make_picture(const std::wstring& designer_name, PictureKind kind) {
+  return make<MemoryPicture>(kind == PictureKind::button, designer_name, files_, kind);
 }
 
 Label& MemoryWindow::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont /*font*/) {
-  auto made = std::make_unique<MemoryLabel>(designer_name, kind);
-  auto& reference = *made;
-  if (kind == LabelKind::link)
-    reference.be_stop_of(keyboard_);
-  controls_.push_back(std::move(made));
-  return reference;
+  return make<MemoryLabel>(kind == LabelKind::link, designer_name, kind);
 }
 
 Button& MemoryWindow::make_button(const std::wstring& designer_name) {
-  auto made = std::make_unique<MemoryButton>(designer_name);
-  auto& reference = *made;
-  controls_.push_back(std::move(made));
-  return reference;
+  return make<MemoryButton>(false, designer_name);
 }
 
 ListBox& MemoryWindow::make_list(const std::wstring& designer_name) {
-  auto made = std::make_unique<MemoryList>(designer_name);
-  auto& reference = *made;
-  reference.be_stop_of(keyboard_);
-  controls_.push_back(std::move(made));
-  return reference;
+  return make<MemoryList>(true, designer_name);
+}
+
+void MemoryWindow::set_caption(const std::wstring& caption) {
+  caption_ = caption;
+}
+
+void MemoryWindow::set_state(WindowState state) {
+  state_ = state;
+  note_sight();
+}
+
+// The mouse reaches what is in it only while the user sees it.
+void MemoryWindow::note_sight() {
+  keyboard_.window_seen(visible_ && state_ == WindowState::normal);
 }
 
 // Showing brings it back from the icon, and into view.
 void MemoryWindow::set_visible(bool visible) {
   visible_ = visible;
-  if (!visible) {
+  if (visible) {
+    state_ = WindowState::normal;
+    come_into_view();
+  } else {
     keyboard_.window_active(false);
-    return;
   }
-  state_ = WindowState::normal;
-  come_into_view();
+  note_sight();
 }
 
 void MemoryWindow::activate() {

@@ -49,7 +49,9 @@ public:
       keyboard_->resized(*this, rect_.width > 0 && rect_.height > 0);
   }
   [[nodiscard]] TwipsRect rect() const override { return rect_; }
-  void set_text(const std::wstring& text) override { text_ = text; }
+  void set_text(const std::wstring& text) override {
+    text_ = text;
+  }
   [[nodiscard]] std::wstring text() const override { return text_; }
   void set_tooltip(const std::wstring& text) override { tooltip_ = text; }
   [[nodiscard]] std::wstring tooltip() const override { return tooltip_; }
@@ -184,18 +186,18 @@ inline constexpr std::int64_t piece_to_hold = 480; // twips
 
 class MemoryWindow final : public Window {
 public:
-  explicit MemoryWindow(const Files& files) : files_(files) {}
+  explicit MemoryWindow(const Files& files) : files_(files) { note_sight(); }
 
   [[nodiscard]] PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
   [[nodiscard]] Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
   [[nodiscard]] Button& make_button(const std::wstring& designer_name) override;
   [[nodiscard]] ListBox& make_list(const std::wstring& designer_name) override;
 
-  void set_caption(const std::wstring& caption) override { caption_ = caption; }
+  void set_caption(const std::wstring& caption) override;
   [[nodiscard]] std::wstring caption() const override { return caption_; }
   void set_visible(bool visible) override;
   [[nodiscard]] bool visible() const override { return visible_; }
-  void set_state(WindowState state) override { state_ = state; }
+  void set_state(WindowState state) override;
   [[nodiscard]] WindowState state() const override { return state_; }
   void move(int left, int top) override;
   void resize(int width, int height) override;
@@ -239,7 +241,10 @@ public:
 private:
   template <typename Kind>
   Kind* find(const std::wstring& name) const;
+  template <typename Kind, typename... Arguments>
+  Kind& make(bool stop, Arguments&&... arguments);
   bool fire_menu();
+  void note_sight();
   [[nodiscard]] std::vector<Monitor> all_monitors() const;
   void come_into_view();
 

@@ -45,6 +45,10 @@ struct Backend {
     else if (auto* label = dynamic_cast<platform::memory::MemoryLabel*>(&control))
       (void)label->user_double_click();
   }
+  // The mouse on the middle of a control of the main window, wherever that is.
+  static void press(platform::Button& button) {
+    (void)dynamic_cast<platform::memory::MemoryButton&>(button).user_click();
+  }
   // The same for framed windows.
   static platform::memory::MemoryFramedWindow& twin(platform::FramedWindow& framed) {
     return dynamic_cast<platform::memory::MemoryFramedWindow&>(framed);

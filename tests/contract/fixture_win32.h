@@ -108,6 +108,16 @@ struct Backend {
       loop.run_pending();
     }
   }
+  // The mouse on the middle of a control of the main window, wherever that is.
+  void press(const platform::Control& control) {
+    const HWND target = window.handle_of(control);
+    RECT area{};
+    GetClientRect(target, &area);
+    POINT at{(area.left + area.right) / 2 + aimed_++ % 2, (area.top + area.bottom) / 2};
+    ClientToScreen(target, &at);
+    SetCursorPos(at.x, at.y);
+    click(platform::MouseButton::left);
+  }
   // The same for framed windows.
   static HWND handle(platform::FramedWindow& framed) {
     return dynamic_cast<platform::win32::Win32FramedWindow&>(framed).handle();

@@ -18,6 +18,7 @@ struct FavouritesWorld : testing::Test {
   platform::memory::MemoryList& list = *w.window.list(L"Control_List");
 
   FavouritesWorld() {
+    w.window.set_visible(true);
     w.player.set_auto_start(false);
     w.session.skin.list = true;
     list.resize(5820, 1800);
