@@ -16,15 +16,23 @@ public:
   }
   MemoryTimer(const MemoryTimer&) = delete;
   MemoryTimer& operator=(const MemoryTimer&) = delete;
-  ~MemoryTimer() override { std::erase(loop_.timers_, this); }
+  ~MemoryTimer() override {
+    loop_.thread_.check();
+    std::erase(loop_.timers_, this);
+  }
 
   void start() override {
+    loop_.thread_.check();
     if (!running_)
       arm();
   }
-  void stop() override { running_ = false; }
+  void stop() override {
+    loop_.thread_.check();
+    running_ = false;
+  }
   [[nodiscard]] bool running() const override { return running_; }
   void set_interval(std::uint32_t milliseconds) override {
+    loop_.thread_.check();
     interval_ = std::max(milliseconds, 1U);
     if (running_)
       arm();
@@ -66,7 +74,10 @@ public:
   }
   MemoryWaker(const MemoryWaker&) = delete;
   MemoryWaker& operator=(const MemoryWaker&) = delete;
-  ~MemoryWaker() override { std::erase(loop_.wakers_, this); }
+  ~MemoryWaker() override {
+    loop_.thread_.check();
+    std::erase(loop_.wakers_, this);
+  }
 
   void wake() override { pending_ = true; }
   // Takes the wish to run; the work itself runs when no member is touched any more.
@@ -83,15 +94,33 @@ MemoryEventLoop::~MemoryEventLoop() {
 }
 
 std::unique_ptr<Timer> MemoryEventLoop::make_timer(std::uint32_t interval_ms, std::function<void()> tick) {
+  thread_.check();
   return std::make_unique<MemoryTimer>(*this, interval_ms, std::move(tick));
 }
 
 std::unique_ptr<Waker> MemoryEventLoop::make_waker(std::function<void()> work) {
+  thread_.check();
   return std::make_unique<MemoryWaker>(*this, std::move(work));
 }
 
 std::unique_ptr<TopLevelWork> MemoryEventLoop::post_top_level(std::function<void()> work) {
+  thread_.check();
   return top_level_.post(std::move(work));
+}
+
+std::uint32_t MemoryEventLoop::tick_count_ms() const {
+  thread_.check();
+  return static_cast<std::uint32_t>(now_);
+}
+
+void MemoryEventLoop::begin_end() {
+  thread_.check();
+  ending_ = true;
+}
+
+void MemoryEventLoop::quit() {
+  thread_.check();
+  quitting_ = true;
 }
 
 void MemoryEventLoop::run_top_level() {
@@ -139,12 +168,14 @@ void MemoryEventLoop::run_due() {
 }
 
 void MemoryEventLoop::run_pending() {
+  thread_.check();
   ++pending_runs_;
   const Nested nested(*this);
   run_due();
 }
 
 bool MemoryEventLoop::wait_a_little() {
+  thread_.check();
   if (quitting_)
     return false;
   ++wait_passes_;
@@ -187,6 +218,7 @@ void MemoryEventLoop::at(std::uint64_t in_ms, std::function<void()> action) {
 }
 
 void MemoryEventLoop::run() {
+  thread_.check();
   run_due();
   std::uint64_t due = 0;
   while (!quitting_ && next_due(due)) {

@@ -2,6 +2,7 @@
 // An event loop without a screen, whose clock is moved by hand: for tests, on one thread.
 #pragma once
 
+#include "platform/common/thread_check.h"
 #include "platform/common/top_level_queue.h"
 #include "platform/event_loop.h"
 
@@ -29,10 +30,10 @@ public:
   [[nodiscard]] std::unique_ptr<TopLevelWork> post_top_level(std::function<void()> work) override;
   void run_pending() override;
   [[nodiscard]] bool wait_a_little() override;
-  [[nodiscard]] std::uint32_t tick_count_ms() const override { return static_cast<std::uint32_t>(now_); }
-  void begin_end() override { ending_ = true; }
+  [[nodiscard]] std::uint32_t tick_count_ms() const override;
+  void begin_end() override;
   [[nodiscard]] bool ending() const override { return ending_ || quitting_; }
-  void quit() override { quitting_ = true; }
+  void quit() override;
   [[nodiscard]] bool quitting() const override { return quitting_; }
   void run() override; // returns also when nothing will ever happen any more
 
@@ -72,6 +73,7 @@ private:
   [[nodiscard]] bool run_one_due();
   [[nodiscard]] bool next_due(std::uint64_t& due) const;
 
+  const ThreadCheck thread_{"user-interface thread"};
   std::uint64_t now_;
   std::uint64_t order_ = 0;
   std::uint64_t pending_runs_ = 0;

@@ -174,6 +174,7 @@ std::vector<std::wstring> MemoryFramedWindow::made_stops() const {
 
 // Showing brings it back from the icon, and into view.
 void MemoryFramedWindow::set_visible(bool visible) {
+  thread_.check();
   visible_ = visible;
   if (!visible)
     keyboard_.window_active(false);
@@ -184,11 +185,22 @@ void MemoryFramedWindow::set_visible(bool visible) {
   note_sight();
 }
 
+void MemoryFramedWindow::set_caption(const std::wstring& caption) {
+  thread_.check();
+  caption_ = caption;
+}
+
+void MemoryFramedWindow::set_minimum(int width, int height) {
+  thread_.check();
+  minimum = {width, height};
+}
+
 void MemoryFramedWindow::note_sight() {
   keyboard_.window_seen(visible_ && !minimized_);
 }
 
 void MemoryFramedWindow::activate() {
+  thread_.check();
   ++activated;
   if (visible_ && !minimized_)
     keyboard_.window_active(true);
@@ -203,6 +215,7 @@ void MemoryFramedWindow::tell_size() {
 
 // The system's limits hold for the program as well. A minimised or maximised window takes the size when it comes back.
 void MemoryFramedWindow::resize(int width, int height) {
+  thread_.check();
   width = std::clamp(width, 0, work_area.width);
   height = std::clamp(height, 0, work_area.height);
   rect_.width = std::max({width, minimum.first, system_minimum_width});

@@ -113,7 +113,7 @@ public:
   [[nodiscard]] Frame& make_frame(const std::wstring& designer_name) override;
   [[nodiscard]] Browser& make_browser(const std::wstring& designer_name) override;
 
-  void set_caption(const std::wstring& caption) override { caption_ = caption; }
+  void set_caption(const std::wstring& caption) override;
   [[nodiscard]] std::wstring caption() const override { return caption_; }
   void set_visible(bool visible) override;
   [[nodiscard]] bool visible() const override { return visible_; }
@@ -121,7 +121,7 @@ public:
   void activate() override;
   void resize(int width, int height) override;
   [[nodiscard]] TwipsRect rect() const override { return rect_; }
-  void set_minimum(int width, int height) override { minimum = {width, height}; }
+  void set_minimum(int width, int height) override;
   // A frame of 120 twips on each side and a caption of 435. A minimised window has no inside.
   [[nodiscard]] int client_width() const override { return minimized_ ? 0 : std::max(outside().width - 240, 0); }
   [[nodiscard]] int client_height() const override {
@@ -185,6 +185,7 @@ private:
     return reference;
   }
 
+  const ThreadCheck thread_{"user-interface thread"};
   std::wstring name_;
   const Files& files_;
   Keyboard keyboard_;

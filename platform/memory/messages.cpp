@@ -3,9 +3,12 @@
 
 #include "platform/common/program_file.h"
 
+#include <utility>
+
 namespace lumotune::platform::memory {
 
 WindowRef MemoryMessages::find_by_caption(const std::wstring& caption) const {
+  thread_.check();
   if (caption.empty() || caption.size() > max_caption)
     return WindowRef::none;
   looked_up.push_back(caption);
@@ -16,13 +19,25 @@ WindowRef MemoryMessages::find_by_caption(const std::wstring& caption) const {
 }
 
 WindowRef MemoryMessages::find_copy(const std::wstring& caption) const {
+  thread_.check();
   const auto found = copies_.find(caption);
   return found != copies_.end() ? found->second : find_by_caption(caption);
 }
 
 void MemoryMessages::send_copy_data(WindowRef target, std::string_view bytes) {
+  thread_.check();
   if (target != WindowRef::none && bytes.size() <= max_bytes)
     sent.push_back({target, std::string(bytes)});
+}
+
+void MemoryMessages::let_take_foreground(WindowRef target) {
+  thread_.check();
+  foreground_given.push_back(target);
+}
+
+void MemoryMessages::hook(std::function<void(const CopyData&)> receive) {
+  thread_.check();
+  receive_ = std::move(receive);
 }
 
 int MemoryMessages::deliver(const std::string& bytes, std::uint32_t kind) {
@@ -71,15 +86,22 @@ int MemoryShell::open(const std::wstring& quoted_target) {
 }
 
 void MemoryTray::add(const std::wstring& text) {
+  thread_.check();
   added = true;
   tip = text.substr(0, max_tip);
 }
 
 void MemoryTray::modify(const std::wstring& text) {
+  thread_.check();
   if (!added)
     return;
   tip = text.substr(0, max_tip);
   ++modified;
+}
+
+void MemoryTray::remove() {
+  thread_.check();
+  added = false;
 }
 
 } // namespace lumotune::platform::memory

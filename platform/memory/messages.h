@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/common/code_page_1250.h"
+#include "platform/common/thread_check.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/machine.h"
@@ -29,8 +30,8 @@ public:
   [[nodiscard]] WindowRef find_by_caption(const std::wstring& caption) const override;
   [[nodiscard]] WindowRef find_copy(const std::wstring& caption) const override;
   void send_copy_data(WindowRef target, std::string_view bytes) override;
-  void let_take_foreground(WindowRef target) override { foreground_given.push_back(target); }
-  void hook(std::function<void(const CopyData&)> receive) override { receive_ = std::move(receive); }
+  void let_take_foreground(WindowRef target) override;
+  void hook(std::function<void(const CopyData&)> receive) override;
 
   // A window of another program appears or goes.
   void add_window(const std::wstring& caption, WindowRef window) { windows_[caption] = window; }
@@ -47,6 +48,7 @@ public:
   std::function<void(const std::wstring& caption)> on_look_up; // lets a test make a window appear at the n-th look-up
 
 private:
+  const ThreadCheck thread_{"user-interface thread"};
   std::map<std::wstring, WindowRef> windows_;
   std::map<std::wstring, WindowRef> copies_;
   std::function<void(const CopyData&)> receive_;
@@ -96,11 +98,14 @@ class MemoryTray final : public Tray {
 public:
   void add(const std::wstring& tip) override;
   void modify(const std::wstring& tip) override;
-  void remove() override { added = false; }
+  void remove() override;
 
   bool added = false;
   std::wstring tip;
   std::size_t modified = 0;
+
+private:
+  const ThreadCheck thread_{"user-interface thread"};
 };
 
 class MemoryMachine final : public Machine {

@@ -2,6 +2,7 @@
 // What boxes and menus in memory let happen while they are open.
 #pragma once
 
+#include "platform/common/thread_check.h"
 #include "platform/memory/event_loop.h"
 
 #include <cstdint>
@@ -16,6 +17,7 @@ public:
   void lets_run(MemoryEventLoop& loop) { loop_ = &loop; }
   // What is due runs, and what falls due until the user answers; then `further`, if there is something.
   void open(const std::function<void()>& further) const {
+    thread_.check();
     const std::function<void()> copy = further; // it may replace itself
     std::optional<MemoryEventLoop::Nested> nested;
     if (loop_ != nullptr) {
@@ -29,6 +31,7 @@ public:
   std::uint32_t open_for_ms = 0; // of the loop's time
 
 private:
+  const ThreadCheck thread_{"user-interface thread"};
   MemoryEventLoop* loop_ = nullptr;
 };
 

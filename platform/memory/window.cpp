@@ -128,10 +128,12 @@ ListBox& MemoryWindow::make_list(const std::wstring& designer_name) {
 }
 
 void MemoryWindow::set_caption(const std::wstring& caption) {
+  thread_.check();
   caption_ = caption;
 }
 
 void MemoryWindow::set_state(WindowState state) {
+  thread_.check();
   state_ = state;
   note_sight();
 }
@@ -143,6 +145,7 @@ void MemoryWindow::note_sight() {
 
 // Showing brings it back from the icon, and into view.
 void MemoryWindow::set_visible(bool visible) {
+  thread_.check();
   visible_ = visible;
   if (visible) {
     state_ = WindowState::normal;
@@ -154,6 +157,7 @@ void MemoryWindow::set_visible(bool visible) {
 }
 
 void MemoryWindow::activate() {
+  thread_.check();
   ++activated;
   if (visible_)
     keyboard_.window_active(true);
@@ -197,11 +201,13 @@ void MemoryWindow::come_into_view() {
 }
 
 void MemoryWindow::move(int left, int top) {
+  thread_.check();
   rect_.left = left;
   rect_.top = top;
 }
 
 void MemoryWindow::resize(int width, int height) {
+  thread_.check();
   rect_.width = std::max(width, 0);
   rect_.height = std::max(height, 0);
 }

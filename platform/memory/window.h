@@ -2,6 +2,7 @@
 // A window without a screen, 15 twips a pixel, and the user's hand for tests.
 #pragma once
 
+#include "platform/common/thread_check.h"
 #include "platform/common/view_keeper.h"
 #include "platform/files.h"
 #include "platform/memory/keyboard.h"
@@ -22,12 +23,14 @@ public:
 
   [[nodiscard]] const std::wstring& name() const override { return name_; }
   void set_visible(bool visible) override {
+    thread_.check();
     visible_ = visible;
     if (keyboard_ != nullptr)
       keyboard_->reach_changed(*this);
   }
   [[nodiscard]] bool visible() const override { return visible_; }
   void set_enabled(bool enabled) override {
+    thread_.check();
     enabled_ = enabled;
     if (keyboard_ != nullptr)
       keyboard_->reach_changed(*this);
@@ -39,10 +42,12 @@ public:
     keyboard.add_stop(*this);
   }
   void move(int left, int top) override {
+    thread_.check();
     rect_.left = left;
     rect_.top = top;
   }
   void resize(int width, int height) override {
+    thread_.check();
     rect_.width = width < 0 ? 0 : width;
     rect_.height = height < 0 ? 0 : height;
     if (keyboard_ != nullptr)
@@ -50,6 +55,7 @@ public:
   }
   [[nodiscard]] TwipsRect rect() const override { return rect_; }
   void set_text(const std::wstring& text) override {
+    thread_.check();
     text_ = text;
   }
   [[nodiscard]] std::wstring text() const override { return text_; }
@@ -87,6 +93,7 @@ protected:
   }
 
 private:
+  const ThreadCheck thread_{"user-interface thread"};
   std::wstring name_;
   bool visible_ = true;
   bool enabled_ = true;
@@ -248,6 +255,7 @@ private:
   [[nodiscard]] std::vector<Monitor> all_monitors() const;
   void come_into_view();
 
+  const ThreadCheck thread_{"user-interface thread"};
   const Files& files_;
   Keyboard keyboard_;
   std::vector<std::unique_ptr<Control>> controls_;

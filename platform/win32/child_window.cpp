@@ -96,6 +96,7 @@ MouseEvent ChildWindow::mouse_event(WPARAM keys, LPARAM point, MouseButton press
 }
 
 void ChildWindow::show(bool visible) {
+  surface_.check_thread();
   if (shown_ == visible)
     return;
   shown_ = visible;
@@ -120,6 +121,7 @@ void ChildWindow::reach_changed(bool within) {
 }
 
 void ChildWindow::enable(bool enabled) {
+  surface_.check_thread();
   const bool leaves = !enabled && GetFocus() == window_;
   EnableWindow(window_, enabled ? TRUE : FALSE);
   redraw();

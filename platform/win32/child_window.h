@@ -19,6 +19,7 @@ public:
   virtual ~Surface() = default;
 
   [[nodiscard]] virtual CaughtErrors& caught() = 0; // for what the system calls
+  virtual void check_thread() const = 0;            // ends the program on another thread than the user interface's
   [[nodiscard]] virtual HWND handle() const = 0;
   [[nodiscard]] virtual const std::wstring& window_name() const = 0; // stands before the names of its controls
   [[nodiscard]] virtual unsigned dpi() const = 0;                    // of the monitor that the window is on
@@ -113,6 +114,7 @@ public:
   void set_enabled(bool enabled) override { enable(enabled); }
   [[nodiscard]] bool enabled() const override { return IsWindowEnabled(window_) != 0; }
   void move(int left, int top) override {
+    surface_.check_thread();
     if (place_.left == left && place_.top == top)
       return;
     place_.left = left;
@@ -120,6 +122,7 @@ public:
     apply_place();
   }
   void resize(int width, int height) override {
+    surface_.check_thread();
     width = width < 0 ? 0 : width;
     height = height < 0 ? 0 : height;
     const bool sized_before = sized_;
@@ -134,6 +137,7 @@ public:
   }
   [[nodiscard]] TwipsRect rect() const override { return place_; }
   void set_text(const std::wstring& text) override {
+    surface_.check_thread();
     if (text == text_)
       return; // nothing flickers that does not change
     text_ = text;

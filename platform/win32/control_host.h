@@ -33,6 +33,7 @@ protected:
 
   [[nodiscard]] unsigned dpi() const override { return dpi_; }
   [[nodiscard]] CaughtErrors& caught() override { return loop_.caught(); }
+  void check_thread() const override { loop_.check_thread(); }
   void draw_behind(HDC target, HWND control) override;
   [[nodiscard]] HFONT font(LabelFont kind, bool underline, bool bold) override;
   [[nodiscard]] bool keyboard_used() const override;
@@ -46,6 +47,7 @@ protected:
 
   template <typename Kind, typename... Arguments>
   Kind& make_control(Arguments&&... arguments) {
+    check_thread();
     auto made = std::make_unique<Kind>(*this, std::forward<Arguments>(arguments)...);
     Kind& reference = *made;
     children_.push_back(std::move(made));

@@ -29,16 +29,19 @@ public:
     loop_.timers_.erase(id_);
   }
   void start() override {
+    loop_.check_thread();
     if (!running_)
       arm();
   }
   void stop() override {
+    loop_.check_thread();
     if (running_)
       KillTimer(loop_.window_, id_);
     running_ = false;
   }
   [[nodiscard]] bool running() const override { return running_; }
   void set_interval(std::uint32_t milliseconds) override {
+    loop_.check_thread();
     interval_ = std::max(milliseconds, 1U);
     if (running_)
       arm();
@@ -62,6 +65,7 @@ public:
   Win32Waker(const Win32Waker&) = delete;
   Win32Waker& operator=(const Win32Waker&) = delete;
   ~Win32Waker() override {
+    loop_.check_thread();
     std::erase(loop_.wakers_, this);
   }
 
@@ -129,15 +133,18 @@ void Win32EventLoop::run_wakers() {
 }
 
 std::unique_ptr<Timer> Win32EventLoop::make_timer(std::uint32_t interval_ms, std::function<void()> tick) {
+  thread_.check();
   return std::make_unique<Win32Timer>(*this, interval_ms, std::move(tick));
 }
 
 std::unique_ptr<Waker> Win32EventLoop::make_waker(std::function<void()> work) {
+  thread_.check();
   return std::make_unique<Win32Waker>(*this, std::move(work));
 }
 
 // A message makes the loop come round.
 std::unique_ptr<TopLevelWork> Win32EventLoop::post_top_level(std::function<void()> work) {
+  thread_.check();
   PostMessageW(window_, WM_NULL, 0, 0);
   return top_level_.post(std::move(work));
 }
@@ -182,6 +189,7 @@ void Win32EventLoop::dispatch(MSG& message) {
 }
 
 void Win32EventLoop::run_pending() {
+  thread_.check();
   MSG message{};
   for (int i = 0; i < most_messages && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0; ++i)
     dispatch(message);
@@ -190,6 +198,7 @@ void Win32EventLoop::run_pending() {
 
 bool Win32EventLoop::wait_a_little() {
   constexpr DWORD pass_ms = 5;
+  thread_.check();
   if (quitting_)
     return false;
   run_pending();
@@ -199,19 +208,23 @@ bool Win32EventLoop::wait_a_little() {
 }
 
 std::uint32_t Win32EventLoop::tick_count_ms() const {
+  thread_.check();
   return GetTickCount();
 }
 
 void Win32EventLoop::begin_end() {
+  thread_.check();
   ending_ = true;
 }
 
 void Win32EventLoop::quit() {
+  thread_.check();
   quitting_ = true;
   PostMessageW(window_, WM_NULL, 0, 0); // wakes `run`
 }
 
 void Win32EventLoop::run() {
+  thread_.check();
   MSG message{};
   while (!quitting_) {
     const int got = GetMessageW(&message, nullptr, 0, 0);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/common/caught_errors.h"
+#include "platform/common/thread_check.h"
 #include "platform/common/top_level_queue.h"
 #include "platform/event_loop.h"
 #include "platform/win32/win.h"
@@ -37,6 +38,9 @@ public:
   [[nodiscard]] bool quitting() const override { return quitting_; }
   void run() override;
 
+  // Ends the program unless called on the thread of the loop. Any thread.
+  void check_thread() const { thread_.check(); }
+
   // For whatever the system calls: handlers must not throw through its code.
   [[nodiscard]] CaughtErrors& caught() { return caught_; }
 
@@ -63,6 +67,7 @@ private:
   void run_wakers();
   void run_top_level();
 
+  const ThreadCheck thread_{"user-interface thread"};
   CaughtErrors caught_;
   HWND window_ = nullptr;
   bool ending_ = false;

@@ -160,11 +160,13 @@ COLORREF Win32FramedWindow::label_colour(LabelKind kind, bool enabled) const {
 }
 
 void Win32FramedWindow::set_caption(const std::wstring& caption) {
+  check_thread();
   caption_ = caption;
   SetWindowTextW(window_, caption.c_str());
 }
 
 void Win32FramedWindow::set_visible(bool visible) {
+  check_thread();
   if (!visible)
     ShowWindow(window_, SW_HIDE);
   else if (minimized())
@@ -176,6 +178,7 @@ void Win32FramedWindow::set_visible(bool visible) {
 }
 
 void Win32FramedWindow::activate() {
+  check_thread();
   if (!visible())
     return;
   BringWindowToTop(window_);
@@ -185,6 +188,7 @@ void Win32FramedWindow::activate() {
 }
 
 std::unique_ptr<FramedWindow> Win32FramedWindowMaker::make(const std::wstring& name) {
+  loop_.check_thread();
   return std::make_unique<Win32FramedWindow>(loop_, name, icon_);
 }
 

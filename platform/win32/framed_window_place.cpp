@@ -105,6 +105,7 @@ void Win32FramedWindow::set_normal_place(const RECT& place) {
 
 // A maximised or minimised window keeps its state; the size is the one that it will come back to.
 void Win32FramedWindow::resize(int width, int height) {
+  check_thread();
   RECT place = normal_place();
   const RECT room = work_area(place);
   const POINT least = smallest_size();
@@ -170,6 +171,7 @@ TwipsRect Win32FramedWindow::rect() const {
 }
 
 void Win32FramedWindow::set_minimum(int width, int height) {
+  check_thread();
   least_width_ = std::max(width, 0);
   least_height_ = std::max(height, 0);
 }

@@ -151,6 +151,7 @@ void wait_for(const Answer& answer, HWND dialog, const EventLoop& loop) {
 
 std::optional<std::wstring> Win32InputBox::ask(const std::wstring& prompt, const std::wstring& title,
                                                const std::wstring& default_text) {
+  loop_.check_thread();
   if (open_ || loop_.ending())
     return std::nullopt;
   Answer answer{loop_.caught(), false, std::nullopt};

@@ -16,6 +16,7 @@ HWND handle_of(WindowRef window) {
 } // namespace
 
 WindowRef Win32Messages::find_by_caption(const std::wstring& caption) const {
+  loop_.check_thread();
   if (caption.empty() || caption.size() > max_caption)
     return WindowRef::none;
   return static_cast<WindowRef>(reinterpret_cast<std::uintptr_t>(FindWindowA(nullptr, codec_.encode(caption).c_str())));
@@ -23,6 +24,7 @@ WindowRef Win32Messages::find_by_caption(const std::wstring& caption) const {
 
 // A copy's main window is of the same class as ours.
 WindowRef Win32Messages::find_copy(const std::wstring& caption) const {
+  loop_.check_thread();
   std::array<wchar_t, 257> name{};
   if (GetClassNameW(window_, name.data(), static_cast<int>(name.size())) > 0) {
     HWND found = FindWindowW(name.data(), caption.c_str());
@@ -36,6 +38,7 @@ WindowRef Win32Messages::find_copy(const std::wstring& caption) const {
 
 // The receiver copies the bytes before it answers. Its answer tells nothing that anybody asks for.
 void Win32Messages::send_copy_data(WindowRef target, std::string_view bytes) {
+  loop_.check_thread();
   if (target == WindowRef::none || bytes.size() > max_bytes)
     return;
   std::string text(bytes);
@@ -49,12 +52,14 @@ void Win32Messages::send_copy_data(WindowRef target, std::string_view bytes) {
 }
 
 void Win32Messages::let_take_foreground(WindowRef target) {
+  loop_.check_thread();
   DWORD process = 0;
   if (target != WindowRef::none && GetWindowThreadProcessId(handle_of(target), &process) != 0)
     AllowSetForegroundWindow(process);
 }
 
 void Win32Messages::hook(std::function<void(const CopyData&)> receive) {
+  loop_.check_thread();
   Hook(static_cast<bool>(receive));
   receive_ = std::move(receive);
 }

@@ -59,6 +59,7 @@ private:
 } // namespace
 
 bool Win32Shell::start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) {
+  thread_.check();
   const ProgramFile file = program_file(command_line, application);
   const std::wstring program = file.whole || file.name.empty() ? file.name : found_program(file.name);
   if (program.empty())
@@ -81,6 +82,7 @@ bool Win32Shell::start(const std::wstring& command_line, const std::wstring& app
 }
 
 int Win32Shell::open(const std::wstring& quoted_target) {
+  thread_.check();
   const ComSession com;
   return static_cast<int>(reinterpret_cast<INT_PTR>(
       ShellExecuteW(nullptr, nullptr, quoted_target.c_str(), nullptr, nullptr, SW_SHOWNORMAL)));

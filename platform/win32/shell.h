@@ -2,6 +2,7 @@
 // Starts programs, and opens documents by the system's shell.
 #pragma once
 
+#include "platform/common/thread_check.h"
 #include "platform/shell.h"
 
 #include <string>
@@ -12,6 +13,9 @@ class Win32Shell final : public Shell {
 public:
   [[nodiscard]] bool start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) override;
   [[nodiscard]] int open(const std::wstring& quoted_target) override;
+
+private:
+  const ThreadCheck thread_{"user-interface thread"};
 };
 
 } // namespace lumotune::platform::win32

@@ -71,12 +71,14 @@ void Win32Tray::fill_tip(const std::wstring& tip) {
 }
 
 void Win32Tray::add(const std::wstring& tip) {
+  thread_.check();
   fill_tip(tip);
   Shell_NotifyIconA(NIM_ADD, &record_);
   added_ = true; // also where no shell runs yet: it will say when it does
 }
 
 void Win32Tray::modify(const std::wstring& tip) {
+  thread_.check();
   if (!added_)
     return;
   fill_tip(tip);
@@ -84,6 +86,7 @@ void Win32Tray::modify(const std::wstring& tip) {
 }
 
 void Win32Tray::remove() {
+  thread_.check();
   if (added_)
     Shell_NotifyIconA(NIM_DELETE, &record_);
   added_ = false;

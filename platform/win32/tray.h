@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "platform/common/thread_check.h"
 #include "platform/tray.h"
 #include "platform/win32/window.h"
 
@@ -38,6 +39,7 @@ private:
   void fill_tip(const std::wstring& tip);
   void load_icon();
 
+  const ThreadCheck thread_{"user-interface thread"};
   Win32Window& window_;
   IconHandle icon_; // in the size of the notification area
   NOTIFYICONDATAA record_{};

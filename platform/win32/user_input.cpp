@@ -31,6 +31,7 @@ Win32MediaKeys::~Win32MediaKeys() {
 
 // A key that is held elsewhere cannot be registered, and stays there.
 void Win32MediaKeys::take() {
+  loop_.check_thread();
   if (taken_)
     return;
   taken_ = true;
@@ -39,6 +40,7 @@ void Win32MediaKeys::take() {
 }
 
 void Win32MediaKeys::release() {
+  loop_.check_thread();
   if (!taken_)
     return;
   taken_ = false;

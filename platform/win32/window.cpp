@@ -152,12 +152,14 @@ bool Win32Window::handle_system_message(UINT message, WPARAM w, LPARAM l, LRESUL
 }
 
 void Win32Window::set_caption(const std::wstring& caption) {
+  check_thread();
   caption_ = caption;
   SetWindowTextW(window_, caption.c_str());
 }
 
 // Restoring a minimised window in one step brings it back to its place; showing it first would not.
 void Win32Window::set_visible(bool visible) {
+  check_thread();
   if (!visible) {
     hidden_state_ = state();
     ShowWindow(window_, SW_HIDE);
@@ -184,6 +186,7 @@ bool Win32Window::visible() const {
 
 // A hidden window stays hidden: showing it brings it back from the icon in any case.
 void Win32Window::set_state(WindowState state) {
+  check_thread();
   if (!visible()) {
     hidden_state_ = state;
     return;
@@ -237,6 +240,7 @@ bool Win32Window::topmost() const {
 }
 
 void Win32Window::activate() {
+  check_thread();
   BringWindowToTop(window_);
   SetForegroundWindow(window_);
   if (IsWindowVisible(window_) != 0 && GetFocus() == nullptr)
@@ -244,11 +248,13 @@ void Win32Window::activate() {
 }
 
 void Win32Window::redraw() {
+  check_thread();
   RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 // The system's own loop moves the window until the button is let go; mouse moves inside it must not begin again.
 void Win32Window::drag_by_caption() {
+  check_thread();
   if (dragging_)
     return;
   dragging_ = true;

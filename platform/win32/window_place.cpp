@@ -36,6 +36,7 @@ void Win32Window::note_place() {
 }
 
 void Win32Window::move(int left, int top) {
+  check_thread();
   place_ = {pixels(left, system_dpi_), pixels(top, system_dpi_)};
   if (!placed_)
     return;
@@ -43,6 +44,7 @@ void Win32Window::move(int left, int top) {
 }
 
 void Win32Window::resize(int width, int height) {
+  check_thread();
   width_ = std::max(width, 0);
   height_ = std::max(height, 0);
   apply_size();

@@ -60,20 +60,6 @@ TEST_F(Win32Caught, ATimersAWakersAndTheLoopsOwnWorkAreTold) {
     EXPECT_EQ(std::count(told.begin(), told.end(), text), 1) << text;
 }
 
-TEST_F(Win32Caught, AFilterIsToldAndTheMessageGoesOn) {
-  bool closed = false;
-  b.window.on_close = [&] { closed = true; };
-  b.loop.set_filter(this, [](MSG& message) {
-    if (message.message == WM_CLOSE)
-      fail("filter");
-    return false;
-  });
-  PostMessageW(b.window.handle(), WM_CLOSE, 0, 0);
-  EXPECT_TRUE(b.until([&] { return closed; }));
-  b.loop.set_filter(this, {});
-  EXPECT_EQ(told, Told{"filter"});
-}
-
 TEST_F(Win32Caught, CopyDataIsAnsweredAllTheSame) {
   b.messages.hook([](const platform::CopyData&) { fail("copy data"); });
   EXPECT_EQ(b.deliver("p:", 1), -1);
