@@ -74,7 +74,6 @@ public:
   base::Settings settings;
   base::Session session;
 
-  base::MenuTree menu_tree;
   base::ProgramFolder folder;
   base::ErrorLog error_log;
   base::SettingsFiles options;

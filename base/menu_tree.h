@@ -1,40 +1,145 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The pop-up menus of the hidden window `Menus` as a tree of data: names, captions, order, separators, marks.
+// Pop-up menus as data. A room designs its menus as a constexpr table, a row an item. A MenuTree holds the captions and
+// marks of one opening; it is built for that opening from the current state and then discarded.
 #pragma once
 
 #include "platform/popup_menus.h"
 
+#include <array>
 #include <cstddef>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace lumotune::base {
 
-// The element array of installed skins.
-inline constexpr const wchar_t* skin_array = L"LT_Menu_Skins_SKIN";
+inline constexpr std::wstring_view menu_separator = L"-"; // the caption of a row that is a line
 
-// User-interface thread.
+// `Choice`: what the procedure of a chosen item gets.
+template <typename... Choice>
+struct MenuRow {
+  using Procedure = void (*)(Choice...);
+
+  // A menu or a line.
+  constexpr MenuRow(std::size_t depth_given, std::wstring_view name_given, std::wstring_view caption_given)
+      : depth(depth_given), name(name_given), caption(caption_given) {}
+  // An item that can be chosen.
+  constexpr MenuRow(std::size_t depth_given, std::wstring_view name_given, std::wstring_view caption_given,
+                    Procedure procedure)
+      : depth(depth_given), name(name_given), caption(caption_given), act(procedure), acts(true) {}
+
+  std::size_t depth; // 0: a menu of its own; the rows of a menu follow it, one deeper
+  std::wstring_view name;
+  std::wstring_view caption;
+  Procedure act = nullptr;
+  bool acts = false; // `act != nullptr`, which is not a constant expression under the sanitizers
+};
+
+// Every item that can be chosen has a procedure and nothing else has; no row is more than one deeper than the one
+// before it; names are unique. A row at depth 0 may have no items.
+template <typename Rows>
+consteval bool well_formed(const Rows& rows) {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const bool menu = rows[i].depth == 0 || (i + 1 < rows.size() && rows[i + 1].depth > rows[i].depth);
+    const bool chosen = !menu && rows[i].caption != menu_separator;
+    if (rows[i].depth > (i == 0 ? 0 : rows[i - 1].depth + 1) || chosen != rows[i].acts)
+      return false;
+    for (std::size_t other = 0; other < i; ++other) {
+      if (rows[other].name == rows[i].name)
+        return false;
+    }
+  }
+  return true;
+}
+
+struct MenuNode {
+  std::size_t depth = 0;
+  platform::MenuItem item;
+  std::vector<platform::MenuItem> elements; // shown in the item's place when there are any
+};
+
+// The items of that depth at the beginning of `nodes`, each with those below it; `nodes` is left with the rest.
+[[nodiscard]] std::vector<platform::MenuItem> take_items(std::span<const MenuNode>& nodes, std::size_t depth);
+
+// `Table::rows` is the design, an array of MenuRow.
+template <typename Table>
 class MenuTree {
+  static constexpr const auto& rows = Table::rows;
+  static_assert(well_formed(rows),
+                "every item that can be chosen has one row with a procedure, at a depth of its menu");
+
 public:
-  MenuTree(); // as designed: nothing checked, and no skin known
+  using Row = typename std::remove_cvref_t<decltype(Table::rows)>::value_type;
 
-  [[nodiscard]] const std::vector<platform::MenuItem>& top_level() const { return top_level_; }
-  // The item of that name, wherever it stands; there must be one. Valid until elements of the skin array come or go.
-  [[nodiscard]] platform::MenuItem& item(std::wstring_view name);
+  // The name of a row. One that is not in the table does not compile.
+  class Name {
+  public:
+    consteval Name(const wchar_t* name) { // NOLINT(google-explicit-constructor): literals stand where names are used
+      while (rows.at(row_).name != name)
+        ++row_;
+    }
+    [[nodiscard]] constexpr std::size_t row() const { return row_; }
 
-  // Marks and captions that follow the settings.
-  void check_auto_start(bool on) { item(L"LT_Menu_Nastaveni_AutoStart").checked = on; }
-  void check_on_top(bool on) { item(L"LT_Menu_Nastaveni_OnTop").checked = on; }
-  void check_volume(int level); // Volume0..Volume5: that one checked, the others not
-  void set_tune_caption(const std::wstring& caption) { item(L"LT_MenuRadia_Naladit").caption = caption; }
+  private:
+    std::size_t row_ = 0;
+  };
 
-  // The skin array: element 0 always exists and is "..." while no skin is known, which cannot be chosen.
-  void unload_skins();
-  void set_skin(std::size_t index, const std::wstring& caption, bool checked); // index: at most the next free one
+  MenuTree() { // as designed: everything visible and enabled, nothing checked
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+      nodes_[row].depth = rows[row].depth;
+      nodes_[row].item.name = rows[row].name;
+      nodes_[row].item.caption = rows[row].caption;
+      nodes_[row].item.separator = rows[row].caption == menu_separator;
+    }
+  }
+
+  [[nodiscard]] platform::MenuItem& item(Name name) { return nodes_[name.row()].item; }
+
+  // Shows the row as an array: with these items in its place, named NAME(0), NAME(1) and so on, all with its procedure.
+  void set_elements(Name name, std::vector<platform::MenuItem> elements) {
+    MenuNode& node = nodes_[name.row()];
+    for (std::size_t index = 0; index < elements.size(); ++index)
+      elements[index].name = node.item.name + L"(" + std::to_wstring(index) + L")";
+    node.elements = std::move(elements);
+  }
+
+  // What a menu shows.
+  [[nodiscard]] std::vector<platform::MenuItem> below(Name menu) const {
+    auto rest = std::span<const MenuNode>(nodes_).subspan(menu.row() + 1);
+    return take_items(rest, rows[menu.row()].depth + 1);
+  }
+  [[nodiscard]] std::vector<platform::MenuItem> all() const {
+    std::span<const MenuNode> rest = nodes_;
+    return take_items(rest, 0);
+  }
+
+  struct Chosen {
+    const Row& row;
+    std::wstring caption; // that the user saw
+  };
+  // The item of that name, which a pop-up menu reported; none for a name of no item that can be chosen.
+  [[nodiscard]] std::optional<Chosen> chosen(const std::wstring& name) const {
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+      if (!rows[row].acts)
+        continue;
+      if (const platform::MenuItem* item = find(nodes_[row], name))
+        return Chosen{rows[row], item->caption};
+    }
+    return std::nullopt;
+  }
 
 private:
-  std::vector<platform::MenuItem> top_level_;
+  static const platform::MenuItem* find(const MenuNode& node, const std::wstring& name) {
+    for (const platform::MenuItem& element : node.elements) {
+      if (element.name == name)
+        return &element;
+    }
+    return node.elements.empty() && node.item.name == name ? &node.item : nullptr;
+  }
+
+  std::array<MenuNode, rows.size()> nodes_;
 };
 
 } // namespace lumotune::base

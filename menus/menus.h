@@ -3,22 +3,18 @@
 #pragma once
 
 #include "base/lumotune_form.h"
-#include "base/menu_tree.h"
 #include "base/session.h"
-#include "menus/menu_commands.h"
+#include "menus/menu_table.h"
 #include "menus/skin_menu.h"
 #include "platform/event_loop.h"
 #include "platform/popup_menus.h"
 #include "player/favourites.h"
 #include "stations/station_lookup.h"
 
-#include <string>
-#include <string_view>
-
 namespace lumotune::menus {
 
-// User-interface thread. Each open_... lets events run while the menu is open and while the chosen item does its work;
-// while one menu is open no other opens.
+// User-interface thread. Each open_... builds its tree from the current state and runs events while the menu is open
+// and while the chosen item does its work. Only one menu is open at a time.
 class Menus {
 public:
   struct Uses {
@@ -28,8 +24,7 @@ public:
     platform::PopupMenus& popups;
     stations::StationLookup& stations;
     const player::Favourites& favourites;
-    SkinMenu& skin_menu;
-    base::MenuTree& tree;
+    const SkinMenu& skin_menu;
     MenuCommands& commands;
   };
   explicit Menus(const Uses& uses) : uses_(uses) {}
@@ -41,9 +36,9 @@ public:
   void open_tray();      // LT_TrayMenu at the pointer
 
 private:
-  void prepare_station();
-  void prepare_tray();
-  void open(std::wstring_view menu, const platform::Control* anchor);
+  void mark_volume(MenuTree& tree) const;
+  void prepare_station(MenuTree& tree) const;
+  void open(const MenuTree& tree, MenuTree::Name menu, const platform::Control* anchor);
 
   Uses uses_;
 };

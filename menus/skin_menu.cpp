@@ -5,16 +5,19 @@
 
 namespace lumotune::menus {
 
-void SkinMenu::NactiSeznamSkinu(const std::wstring& current_skin) {
-  uses_.tree.unload_skins();
-  std::size_t index = 0;
-  for (const std::wstring& file : uses_.folder.files().list(uses_.folder.data(L"Skins"), L"*.skin")) {
+void SkinMenu::NactiSeznamSkinu(MenuTree& tree, const std::wstring& current_skin) const {
+  std::vector<platform::MenuItem> skins;
+  for (const std::wstring& file : folder_.files().list(folder_.data(L"Skins"), L"*.skin")) {
     constexpr std::size_t ending = 5; // ".skin"
     if (file.size() <= ending)
       continue;
-    const std::wstring name = file.substr(0, file.size() - ending);
-    uses_.tree.set_skin(index++, name, base::equal_ignoring_case(name, current_skin));
+    platform::MenuItem skin;
+    skin.caption = file.substr(0, file.size() - ending);
+    skin.checked = base::equal_ignoring_case(skin.caption, current_skin);
+    skins.push_back(std::move(skin));
   }
+  tree.item(L"LT_Menu_Skins_SKIN").enabled = false; // the "..." of a folder without skins
+  tree.set_elements(L"LT_Menu_Skins_SKIN", std::move(skins));
 }
 
 } // namespace lumotune::menus

@@ -2,8 +2,8 @@
 // The submenu of installed skins.
 #pragma once
 
-#include "base/menu_tree.h"
 #include "base/program_folder.h"
+#include "menus/menu_table.h"
 
 #include <string>
 
@@ -11,18 +11,14 @@ namespace lumotune::menus {
 
 class SkinMenu {
 public:
-  struct Uses {
-    const base::ProgramFolder& folder;
-    base::MenuTree& tree;
-  };
-  explicit SkinMenu(const Uses& uses) : uses_(uses) {}
+  explicit SkinMenu(const base::ProgramFolder& folder) : folder_(folder) {}
 
-  // Rebuilds the submenu from the skin folder, in the file system's order; the current skin is checked, letter case
-  // ignored. With no skins element 0 stays as it is. User-interface thread.
-  void NactiSeznamSkinu(const std::wstring& current_skin);
+  // Fills the submenu from the skin folder, in the file system's order; the current skin is checked, letter case
+  // ignored. Without any skin it has one item, "...", which cannot be chosen. User-interface thread.
+  void NactiSeznamSkinu(MenuTree& tree, const std::wstring& current_skin) const;
 
 private:
-  Uses uses_;
+  const base::ProgramFolder& folder_;
 };
 
 } // namespace lumotune::menus

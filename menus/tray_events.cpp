@@ -24,7 +24,6 @@ void TrayEvents::TrayIcon_MouseMove(const platform::MouseEvent& event) {
   } else if (message == right_button_up) {
     // The system closes a menu at a click elsewhere only when the menu's window is in the foreground.
     uses_.form.window.activate();
-    uses_.tree.item(L"LT_Volume").visible = true;
     uses_.menus.open_tray();
   }
 }

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "base/lumotune_form.h"
-#include "base/menu_tree.h"
 #include "menus/menus.h"
 #include "skin/chrome.h"
 
@@ -14,7 +13,6 @@ class TrayEvents {
 public:
   struct Uses {
     base::LumotuneForm& form;
-    base::MenuTree& tree;
     skin::Chrome& chrome;
     Menus& menus;
   };

@@ -71,7 +71,6 @@ bool Startup::LoadOptionsWorkIt() {
     uses_.playback.AutoStart(uses_.settings.IDlastRadio, uses_.settings.KvalitaLT);
   else
     tune_last_station();
-  uses_.menu_tree.check_auto_start(uses_.settings.LTautoStart == L"1");
   if (uses_.settings.LTTop == L"1")
     chrome->OnTopYES();
   else

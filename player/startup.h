@@ -2,7 +2,6 @@
 // What happens when the main window is loaded.
 #pragma once
 
-#include "base/menu_tree.h"
 #include "base/program_folder.h"
 #include "base/settings_files.h"
 #include "companions/send_command.h"
@@ -39,7 +38,6 @@ public:
     ClientCommands& commands;
     companions::CommandSender& sender;
     FavouritesPort& favourites;
-    base::MenuTree& menu_tree;
   };
   explicit Startup(const Uses& uses) : uses_(uses) {}
 

@@ -20,7 +20,6 @@ void Chrome::OnTopYES() {
   SetTopmost(flag);
   uses_.settings.LTTop = L"1";
   show_layer_picture(L"\\ot.gif");
-  uses_.menu_tree.check_on_top(true);
 }
 
 void Chrome::OnTopNO() {
@@ -28,7 +27,6 @@ void Chrome::OnTopNO() {
   SetTopmost(flag);
   uses_.settings.LTTop = L"0";
   show_layer_picture(L"\\otn.gif");
-  uses_.menu_tree.check_on_top(false);
 }
 
 void Chrome::FormMax() {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "base/lumotune_form.h"
-#include "base/menu_tree.h"
 #include "base/program_folder.h"
 #include "base/session.h"
 
@@ -17,7 +16,6 @@ public:
     base::Session& session;
     base::LumotuneForm& form;
     const base::ProgramFolder& folder;
-    base::MenuTree& menu_tree;
   };
   explicit Chrome(const Uses& uses) : uses_(uses) {}
 

@@ -120,7 +120,6 @@ void Skin::ZobrazCoMas(const std::wstring& play_button_text) {
 
 void Skin::SkinVolume(int percent) {
   const int level = volume_level(percent);
-  uses_.menu_tree.check_volume(level);
   // A skin without that picture keeps the one it shows.
   (void)uses_.form.Control_Volume.load_picture(picture_path(L"\\vol" + std::to_wstring(level) + L".gif"));
 }

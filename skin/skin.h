@@ -4,7 +4,6 @@
 
 #include "base/error_log.h"
 #include "base/lumotune_form.h"
-#include "base/menu_tree.h"
 #include "base/program_folder.h"
 #include "base/session.h"
 #include "platform/event_loop.h"
@@ -26,7 +25,6 @@ public:
     const base::ProgramFolder& folder;
     platform::EventLoop& loop;
     base::ErrorLog& error_log;
-    base::MenuTree& menu_tree;
   };
   explicit Skin(const Uses& uses) : uses_(uses) {}
 

@@ -6,115 +6,94 @@
 namespace lumotune::test {
 namespace {
 
-using platform::MenuItem;
+using Row = base::MenuRow<std::wstring&, const std::wstring&>;
 
-// One line an item: as deep as it stands, its name, its caption.
-std::wstring drawn(const std::vector<MenuItem>& items, const std::wstring& indent = L"") {
-  std::wstring text;
-  for (const MenuItem& item : items) {
-    text += indent + item.name + L" = " + item.caption + L"\n";
-    text += drawn(item.children, indent + L"  ");
+void note(std::wstring& heard, const std::wstring& caption) {
+  heard = caption;
+}
+
+struct Table {
+  static constexpr auto rows = std::to_array<Row>({
+      {0, L"Title", L"Title"},
+      {0, L"Menu", L"Menu"},
+      {1, L"First", L"První", note},
+      {1, L"Line", L"-"},
+      {1, L"More", L"Další"},
+      {2, L"Deep", L"Hluboká", note},
+      {2, L"Array", L"...", note},
+      {1, L"Last", L"Poslední", note},
+      {0, L"Other", L"Other"},
+      {1, L"Only", L"Jediná", note},
+  });
+};
+using Tree = base::MenuTree<Table>;
+
+std::vector<std::wstring> names(const std::vector<platform::MenuItem>& items) {
+  std::vector<std::wstring> all;
+  for (const platform::MenuItem& item : items)
+    all.push_back(item.name);
+  return all;
+}
+using Names = std::vector<std::wstring>;
+
+TEST(MenuTreeTest, RowsBecomeMenusByTheirDepth) {
+  const Tree tree;
+  EXPECT_EQ(names(tree.all()), (Names{L"Title", L"Menu", L"Other"}));
+  EXPECT_EQ(names(tree.below(L"Menu")), (Names{L"First", L"Line", L"More", L"Last"}));
+  EXPECT_EQ(names(tree.below(L"Menu")[2].children), (Names{L"Deep", L"Array"}));
+  EXPECT_EQ(names(tree.below(L"More")), (Names{L"Deep", L"Array"}));
+  EXPECT_EQ(names(tree.below(L"Other")), Names{L"Only"});
+  EXPECT_TRUE(tree.below(L"Menu")[1].separator);
+  EXPECT_FALSE(tree.below(L"Menu")[0].separator);
+}
+
+TEST(MenuTreeTest, AnArrayStandsInThePlaceOfItsRow) {
+  Tree tree;
+  tree.item(L"Array").enabled = false;
+  EXPECT_EQ(names(tree.below(L"More")), (Names{L"Deep", L"Array"}));
+  EXPECT_FALSE(tree.below(L"More")[1].enabled);
+  platform::MenuItem dash;
+  dash.caption = L"-";
+  tree.set_elements(L"Array", {dash, dash});
+  EXPECT_EQ(names(tree.below(L"More")), (Names{L"Deep", L"Array(0)", L"Array(1)"}));
+  EXPECT_FALSE(tree.below(L"More")[1].separator) << "a caption from outside is no design";
+  EXPECT_TRUE(tree.below(L"More")[1].enabled);
+}
+
+TEST(MenuTreeTest, WhatWasChosenHasItsProcedureAndTheCaptionShown) {
+  Tree tree;
+  tree.item(L"Deep").caption = L"Dno";
+  platform::MenuItem second;
+  second.caption = L"Druhá";
+  tree.set_elements(L"Array", {{}, second});
+  for (const auto& [name, caption] : {std::pair{L"First", L"První"}, {L"Deep", L"Dno"}, {L"Array(1)", L"Druhá"}}) {
+    const auto chosen = tree.chosen(name);
+    ASSERT_TRUE(chosen) << testing::PrintToString(std::wstring(name));
+    std::wstring heard;
+    chosen->row.act(heard, chosen->caption);
+    EXPECT_EQ(heard, caption);
   }
-  return text;
+  for (const wchar_t* name : {L"", L"Title", L"Menu", L"More", L"Line", L"Array", L"Array(2)", L"None"})
+    EXPECT_FALSE(tree.chosen(name)) << testing::PrintToString(std::wstring(name));
 }
 
-const wchar_t* const design = LR"(LTmenus = LUMOTUNE
-LT_TrayMenu = LT_TrayMenu
-  LT_TrayMenu_Play = Zapnout
-  LT_Volume = Hlasitost
-    Volume5 = lllllllllllllll
-    Volume4 = llllllllllll
-    Volume3 = lllllllll
-    Volume2 = llllll
-    Volume1 = lll
-    Volume0 = O
-  LT_TrayMenu_delcara = -
-  LT_TrayMenu_Melodeon = Melodeon
-  LT_TrayMenu_RadioList = Seznam rádií
-  LT_TrayMenu_delicicara = -
-  LT_TrayMenu_Konec = Konec
-LT_Menu = LT_Menu
-  LT_Menu_Orbcz = Orb
-  LT_Menu_delicicaraax = -
-  LT_Menu_ShowUsers = Zobrazit posluchače tohoto rádia
-  LT_Menu_Disk = Diskuze k rádiové stanici
-  LT_Menu_Potize = Mám potíže s poslechem...
-  LT_Menu_delicicaraa = -
-  LT_Menu_Mp3rec = Mp3 nahrávání
-  LT_Menu_library = Knihovna nahrávek
-  LT_Menu_OM = Orb Melodeon
-  LT_Menu_LTadd = Přidat nové rádio
-  LT_Menu_delicicara = -
-  LT_Menu_FAQ = Nápověda
-  LT_Menu_Skins = Skiny
-    LT_Menu_Skins_SKIN(0) = ...
-  LT_Menu_Nastaveni = Nastavení
-    LT_Menu_Nastaveni_AutoStart = Zapnout rádio při startu
-    LT_Menu_Nastaveni_OnTop = Vždy nahoře
-    LT_Menu_Nastaveni_LTCC = Konzole
-LT_MenuRadia = LT_MenuRadia
-  LT_MenuRadia_Naladit = Naladit rádio
-  LT_MenuRadia_delicicara = -
-  LT_MenuRadia_ZobrazUzivatele = Zobrazit uživatele poslouchající toto rádio
-  LT_MenuRadia_Disk = Diskuze k rádiové stanici
-  LT_MenuRadia_Potize = Mám potíže s poslechem tohoto rádia
-  LT_MenuRadia_delicicara2 = -
-  LT_MenuRadia_Delete = Odebrat z oblíbených rádií
-LT_MenuPlRaria = LT_MenuPlRaria
-  LT_MenuPlRaria_www = Web rádia
-  LT_MenuPlRariaCc = -
-  LT_MenuPlRaria_Users = Zobrazit posluchače
-  LT_MenuPlRaria_Disk = Diskuze k rádiové stanici
-  LT_MenuPlRaria_Err = Mám problém s poslechem
-  LT_MenuPlRaria_K = Dostupné kvality
-    LT_MenuPlRaria_K_1 = 1
-    LT_MenuPlRaria_K_2 = 2
-    LT_MenuPlRaria_K_3 = 3
-    LT_MenuPlRaria_K_4 = 4
-    LT_MenuPlRaria_K_5 = 5
-  LT_MenuPlRariaC = -
-  LT_MenuPlRariaSat = Naladit jiné rádio
-)";
-
-TEST(MenuTreeTest, NamesCaptionsOrderAndSeparatorsAreAsDesigned) {
-  const base::MenuTree tree;
-  EXPECT_EQ(drawn(tree.top_level()), design);
+template <std::size_t count>
+consteval bool good(const Row (&rows)[count]) {
+  return base::well_formed(std::to_array(rows));
 }
 
-bool plain(const std::vector<MenuItem>& items) {
-  for (const MenuItem& item : items) {
-    const bool choosable = item.name != L"LT_Menu_Skins_SKIN(0)";
-    if (item.checked || !item.visible || item.enabled != choosable || !plain(item.children))
-      return false;
-  }
-  return true;
-}
-
-TEST(MenuTreeTest, NothingIsCheckedHiddenOrDisabledButTheSkinThatIsNone) {
-  const base::MenuTree tree;
-  EXPECT_TRUE(plain(tree.top_level()));
-}
-
-TEST(MenuTreeTest, SkinsComeAndGo) {
-  base::MenuTree tree;
-  tree.set_skin(0, L"Lumo", false);
-  tree.set_skin(1, L"Tmavá & světlá", true);
-  const auto& elements = tree.item(L"LT_Menu_Skins").children;
-  ASSERT_EQ(elements.size(), 2U);
-  EXPECT_TRUE(elements[0].enabled);
-  EXPECT_FALSE(elements[0].checked);
-  EXPECT_EQ(tree.item(L"LT_Menu_Skins_SKIN(1)").caption, L"Tmavá & světlá");
-  EXPECT_TRUE(elements[1].checked);
-  tree.unload_skins();
-  ASSERT_EQ(elements.size(), 1U);
-  EXPECT_EQ(elements[0].caption, L"...");
-  EXPECT_FALSE(elements[0].enabled);
-}
-
-TEST(MenuTreeDeathTest, AnUnknownNameIsAMistakeOfOurs) {
-  base::MenuTree tree;
-  EXPECT_DEATH((void)tree.item(L"LT_Menu_Neni"), "");
-  EXPECT_DEATH(tree.set_skin(2, L"Lumo", false), "");
+// A table that is not well-formed does not compile; here each rule is asked on its own.
+TEST(MenuTreeTest, ATableHasAProcedureForEachItemThatCanBeChosenAndForNothingElse) {
+  static_assert(
+      good({{0, L"M", L"M"}, {1, L"A", L"a", note}, {1, L"L", L"-"}, {1, L"S", L"s"}, {2, L"B", L"b", note}}));
+  static_assert(!good({{0, L"M", L"M"}, {1, L"A", L"a"}}), "an item without a procedure");
+  static_assert(!good({{0, L"M", L"M"}, {1, L"A", L"-", note}}), "a line with one");
+  static_assert(!good({{0, L"M", L"M", note}, {1, L"A", L"a", note}}), "a menu with one");
+  static_assert(!good({{0, L"M", L"M"}, {1, L"S", L"s", note}, {2, L"A", L"a", note}}), "a submenu with one");
+  static_assert(!good({{0, L"M", L"M"}, {1, L"A", L"a", note}, {1, L"A", L"b", note}}), "two of one name");
+  static_assert(!good({{0, L"M", L"M"}, {2, L"A", L"a", note}}), "an item below nothing");
+  static_assert(!good({{1, L"A", L"a", note}}), "an item of no menu");
+  SUCCEED();
 }
 
 } // namespace

@@ -21,7 +21,8 @@ TEST_F(MenuSettingsTest, VolumeItemsSetTheVolume) {
     w.use(item);
     EXPECT_EQ(w.player.volume(), percent);
     EXPECT_EQ(w.settings.LTvolume, std::to_wstring(percent));
-    EXPECT_TRUE(w.tree.item(item).checked);
+    w.real_menus.open_volume();
+    EXPECT_TRUE(w.shown(item).checked);
   }
   w.choose(L"Volume1");
   w.real_menus.open_tray();
@@ -39,7 +40,8 @@ TEST_F(MenuSettingsTest, QualitiesPlayFirstAndAreKeptThen) {
     EXPECT_EQ(w.player.origin(), platform::AddressOrigin::station);
     EXPECT_EQ(w.player.calls.back(), L"play");
     EXPECT_EQ(w.settings.KvalitaLT, digit);
-    EXPECT_TRUE(w.tree.item(L"LT_MenuPlRaria_K_" + digit).checked);
+    w.real_menus.open_station();
+    EXPECT_TRUE(w.shown(L"LT_MenuPlRaria_K_" + digit).checked);
   }
 }
 
@@ -66,7 +68,8 @@ TEST_F(MenuSettingsTest, AlwaysOnTopTurns) {
     w.use(L"LT_Menu_Nastaveni_OnTop");
     EXPECT_EQ(w.settings.LTTop, after);
     EXPECT_EQ(w.window.topmost(), w.settings.LTTop == L"1");
-    EXPECT_EQ(w.tree.item(L"LT_Menu_Nastaveni_OnTop").checked, w.settings.LTTop == L"1");
+    w.real_menus.open_main();
+    EXPECT_EQ(w.shown(L"LT_Menu_Nastaveni_OnTop").checked, w.settings.LTTop == L"1");
   }
 }
 
@@ -75,7 +78,8 @@ TEST_F(MenuSettingsTest, AutoStartTurns) {
     w.settings.LTautoStart = before;
     w.use(L"LT_Menu_Nastaveni_AutoStart");
     EXPECT_EQ(w.settings.LTautoStart, after);
-    EXPECT_EQ(w.tree.item(L"LT_Menu_Nastaveni_AutoStart").checked, w.settings.LTautoStart == L"1");
+    w.real_menus.open_main();
+    EXPECT_EQ(w.shown(L"LT_Menu_Nastaveni_AutoStart").checked, w.settings.LTautoStart == L"1");
   }
 }
 

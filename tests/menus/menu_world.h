@@ -27,13 +27,12 @@ struct MenuWorld : SkinWorld {
   directory::Directory directory{{settings, session, form, error_log, station_files, stations, playback, favourite_list,
                                   sender, identity, web, loop, folder, machine, shell, dialogs, connection, popups,
                                   framed_windows}};
-  menus::SkinMenu skin_menu{{folder, menu_tree}};
-  menus::MenuCommands items{{settings,  session,  form,           loop,        folder,    shell,    dialogs,
-                             options,   stations, playback,       client_link, look,      frame,    web,
-                             menu_tree, status,   favourite_list, console,     directory, shutdown, identity}};
-  menus::Menus real_menus{{settings, form, loop, popups, stations, favourite_list, skin_menu, menu_tree, items}};
-  menus::TrayEvents tray_events{{form, menu_tree, frame, real_menus}};
-  base::MenuTree& tree = menu_tree;
+  menus::SkinMenu skin_menu{folder};
+  menus::MenuCommands items{{settings, session,        form,     loop,        folder,   shell,   dialogs,
+                             options,  stations,       playback, client_link, look,     frame,   web,
+                             status,   favourite_list, console,  directory,   shutdown, identity}};
+  menus::Menus real_menus{{settings, form, loop, popups, stations, favourite_list, skin_menu, items}};
+  menus::TrayEvents tray_events{{form, frame, real_menus}};
 
   MenuWorld() {
     popups.modal.lets_run(loop);

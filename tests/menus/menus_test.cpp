@@ -50,7 +50,6 @@ TEST_F(MenusTest, ClosingWithoutAChoiceDoesNothing) {
 TEST_F(MenusTest, TheTrayMenuFollowsThePlayButtonAndShowsTheVolume) {
   w.form.PlayTL.set_text(L"Zapnout");
   w.form.PlayTL.set_enabled(false);
-  w.tree.item(L"LT_Volume").visible = false;
   tray_event(517);
   EXPECT_EQ(w.shown(L"LT_TrayMenu_Play").caption, L"Zapnout");
   EXPECT_FALSE(w.shown(L"LT_TrayMenu_Play").enabled);
@@ -102,11 +101,10 @@ TEST_F(MenusTest, AStationWhoseAddressIsBlankHasNoPageToOpen) {
   EXPECT_FALSE(w.shown(L"LT_MenuPlRaria_www").enabled);
 }
 
-TEST_F(MenusTest, AnEarlierQualityKeepsItsMarkUntilTheMenuIsPrepared) {
+TEST_F(MenusTest, TheQualityChosenLastIsTheOnlyOneChecked) {
   w.use(L"LT_MenuPlRaria_K_1");
   w.use(L"LT_MenuPlRaria_K_3");
-  EXPECT_TRUE(w.tree.item(L"LT_MenuPlRaria_K_1").checked) << "checked when the menu was prepared";
-  EXPECT_TRUE(w.tree.item(L"LT_MenuPlRaria_K_3").checked);
+  EXPECT_TRUE(w.shown(L"LT_MenuPlRaria_K_1").checked) << "until the other one is chosen";
   w.real_menus.open_station();
   EXPECT_FALSE(w.shown(L"LT_MenuPlRaria_K_1").checked);
   EXPECT_TRUE(w.shown(L"LT_MenuPlRaria_K_3").checked);
@@ -138,18 +136,18 @@ TEST_F(MenusTest, SkinsAreListedAnewBeforeEachOpening) {
   (void)w.files.remove(w.path(L"Orb_Data\\skins\\Lumo.skin"));
   w.real_menus.open_main();
   ASSERT_EQ(w.shown(L"LT_Menu_Skins").children.size(), 1U);
-  EXPECT_EQ(w.shown(L"LT_Menu_Skins_SKIN(0)").caption, L"...");
-  EXPECT_FALSE(w.shown(L"LT_Menu_Skins_SKIN(0)").enabled);
+  EXPECT_EQ(w.shown(L"LT_Menu_Skins_SKIN").caption, L"...");
+  EXPECT_FALSE(w.shown(L"LT_Menu_Skins_SKIN").enabled);
 }
 
 TEST_F(MenusTest, MarksFollowTheSettings) {
-  w.menu_tree.check_auto_start(true);
-  w.menu_tree.check_on_top(true);
+  w.settings.LTautoStart = L"1";
+  w.settings.LTTop = L"1";
   w.real_menus.open_main();
   EXPECT_TRUE(w.shown(L"LT_Menu_Nastaveni_AutoStart").checked);
   EXPECT_TRUE(w.shown(L"LT_Menu_Nastaveni_OnTop").checked);
-  w.menu_tree.check_auto_start(false);
-  w.menu_tree.check_on_top(false);
+  w.settings.LTautoStart = L"0";
+  w.settings.LTTop = L"0";
   w.real_menus.open_main();
   EXPECT_FALSE(w.shown(L"LT_Menu_Nastaveni_AutoStart").checked);
   EXPECT_FALSE(w.shown(L"LT_Menu_Nastaveni_OnTop").checked);
@@ -184,11 +182,11 @@ TEST_F(MenusTest, TheUserChoosesWhatWasShown) {
   station("RADIO1/@/P/@/t/@/x/@/z/@/k/@/1/@/2/@/3/@/4/@/5/@/1/@/2/@/3/@/4/@/5/@/www.a.example\r\n");
   w.popups.while_open = [this] {
     (void)w.files.remove(w.path(L"Orb_Data\\skins\\Lumo.skin"));
-    w.skin_menu.NactiSeznamSkinu(L"Lumo");
-    w.tree.item(L"LT_MenuPlRaria_www").caption = L"www.jine.example";
+    station("RADIO1/@/P/@/t/@/x/@/z/@/k/@/1/@/2/@/3/@/4/@/5/@/1/@/2/@/3/@/4/@/5/@/www.jine.example\r\n");
   };
   w.use(L"LT_Menu_Skins_SKIN(1)");
   EXPECT_EQ(w.settings.LTskin, L"Tmava");
+  station("RADIO1/@/P/@/t/@/x/@/z/@/k/@/1/@/2/@/3/@/4/@/5/@/1/@/2/@/3/@/4/@/5/@/www.a.example\r\n");
   w.use(L"LT_MenuPlRaria_www");
   EXPECT_EQ(w.shell.opened, std::vector<std::wstring>{L"\"www.a.example\""});
 }

@@ -10,21 +10,22 @@ namespace {
 
 TEST(SkinMenuTest, ListsTheSkinsAndChecksTheCurrentOne) {
   SkinWorld w;
-  menus::SkinMenu skin_menu({w.folder, w.menu_tree});
-  const auto rows = [&] {
+  const menus::SkinMenu skin_menu(w.folder);
+  const auto rows = [&](const std::wstring& current) {
+    menus::MenuTree tree;
+    skin_menu.NactiSeznamSkinu(tree, current);
     std::vector<std::wstring> all;
-    for (const auto& item : w.menu_tree.item(L"LT_Menu_Skins").children)
-      all.push_back(item.caption + (item.checked ? L"!" : L""));
+    for (const auto& item : tree.below(L"LT_Menu_Skins"))
+      all.push_back(item.name + L" " + item.caption + (item.checked ? L"!" : L"") + (item.enabled ? L"" : L" (grey)"));
     return all;
   };
   (void)w.files.remove(w.path(L"Orb_Data\\skins\\Lumo.skin"));
-  skin_menu.NactiSeznamSkinu(L"");
-  EXPECT_EQ(rows(), (std::vector<std::wstring>{L"..."}));
+  EXPECT_EQ(rows(L""), (std::vector<std::wstring>{L"LT_Menu_Skins_SKIN ... (grey)"}));
   w.description(L"Dark", "");
-  w.description(L"Darkness", "");
+  w.description(L"-", "");
   w.description(L"Modrá", "");
-  skin_menu.NactiSeznamSkinu(L"dARK");
-  EXPECT_EQ(rows(), (std::vector<std::wstring>{L"Dark!", L"Darkness", L"Modrá"}));
+  EXPECT_EQ(rows(L"dARK"), (std::vector<std::wstring>{L"LT_Menu_Skins_SKIN(0) -", L"LT_Menu_Skins_SKIN(1) Dark!",
+                                                      L"LT_Menu_Skins_SKIN(2) Modrá"}));
 }
 
 } // namespace

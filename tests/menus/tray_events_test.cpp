@@ -10,10 +10,7 @@ namespace {
 
 struct TrayEventsTest : testing::Test {
   MenuWorld w;
-  TrayEventsTest() {
-    w.tree.item(L"LT_Volume").visible = false;
-    w.window.set_visible(true);
-  }
+  TrayEventsTest() { w.window.set_visible(true); }
   void event(int message) {
     w.window.picture(L"TrayIcon")
         ->system_mouse_move({platform::MouseButton::none, static_cast<int>(message * w.window.twips_per_pixel), 0});

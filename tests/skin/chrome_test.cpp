@@ -15,17 +15,15 @@ struct ChromeTest : testing::Test {
   ChromeTest() { w.settings.LTskin = L"Tmava"; }
 };
 
-TEST_F(ChromeTest, OnTopSetsLayerFlagPictureAndMark) {
+TEST_F(ChromeTest, OnTopSetsLayerFlagAndPicture) {
   w.frame.OnTopYES();
   EXPECT_TRUE(w.window.topmost());
   EXPECT_EQ(w.settings.LTTop, L"1");
   EXPECT_EQ(w.file_name(w.form.LineMenu_OnTop.picture()), L"ot.gif");
-  EXPECT_TRUE(w.menu_tree.item(L"LT_Menu_Nastaveni_OnTop").checked);
   w.frame.OnTopNO();
   EXPECT_FALSE(w.window.topmost());
   EXPECT_EQ(w.settings.LTTop, L"0");
   EXPECT_EQ(w.file_name(w.form.LineMenu_OnTop.picture()), L"otn.gif");
-  EXPECT_FALSE(w.menu_tree.item(L"LT_Menu_Nastaveni_OnTop").checked);
 }
 
 TEST_F(ChromeTest, TheClickGoesByTheNumericValue) {

@@ -2,7 +2,6 @@
 // A playback with all that it calls, on any backend. Nothing is seen of its skin.
 #pragma once
 
-#include "base/menu_tree.h"
 #include "platform/dialogs.h"
 #include "platform/shell.h"
 #include "platform/window_messages.h"
@@ -51,7 +50,6 @@ struct PlaybackParts {
   base::Settings settings;
   base::Session session;
   base::LumotuneForm form;
-  base::MenuTree menu_tree;
   base::ProgramFolder folder;
   base::ErrorLog error_log;
   base::SettingsFiles options;

@@ -2,7 +2,6 @@
 // The player on the backend in memory, with ports that record what they are asked.
 #pragma once
 
-#include "base/menu_tree.h"
 #include "platform/memory/event_loop.h"
 #include "platform/memory/files.h"
 #include "platform/memory/media_player.h"
@@ -77,7 +76,6 @@ struct PlayerWorld : StationsWorld {
   RecordingFavourites favourites{journal};
   RecordingDirectory directory{journal};
 
-  base::MenuTree menu_tree;
   companions::CommandSender sender{{loop, messages, shell, codec}};
   player::ReportPrograms report_programs{{settings, folder, shell}};
   player::ClientLink client_link{{folder, loop, dialogs, settings, options, sender, report_programs}};
@@ -86,7 +84,7 @@ struct PlayerWorld : StationsWorld {
   player::StatusDisplay status{{session, form, player, loop}};
   player::ClientCommands commands{{settings, session, form, loop, messages, dialogs, codec, playback, favourites}};
   player::Startup startup{{settings, session, form, loop, folder, machine, messages, shell, dialogs, player, options,
-                           playback, commands, sender, favourites, menu_tree}};
+                           playback, commands, sender, favourites}};
   player::Shutdown shutdown{{session, loop, machine, messages, player, options, commands, sender}};
   SilentTitle title;
 

@@ -21,8 +21,8 @@ inline std::string gif(int width, int height) {
 }
 
 struct SkinWorld : PlayerWorld {
-  skin::Skin look{{settings, session, form, folder, loop, error_log, menu_tree}};
-  skin::Chrome frame{{settings, session, form, folder, menu_tree}};
+  skin::Skin look{{settings, session, form, folder, loop, error_log}};
+  skin::Chrome frame{{settings, session, form, folder}};
   skin::TrayIcon tray_icon{tray};
 
   SkinWorld() {
