@@ -218,7 +218,7 @@ TEST_F(ProgramTest, WithoutFoldersOfSkinsAndWithoutAWritableFolderItStartsAndPla
   EXPECT_EQ(messages.deliver("play"), -1);
   loop.run_pending();
   EXPECT_EQ(player.calls.back(), L"play");
-  program.skin_menu.NactiSeznamSkinu(L"Lumo");
+  program.menus.open_main();
   window.on_close();
   EXPECT_TRUE(loop.quitting());
   EXPECT_EQ(get(L"Orb_Data\\options.ini"), joined(option_lines()));

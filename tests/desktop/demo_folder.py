@@ -6,7 +6,7 @@ import sys
 import tempfile
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from desk import TOP  # noqa: E402  pylint: disable=unused-import
+from probing import TOP  # noqa: E402  pylint: disable=unused-import
 
 COUNT = 320  # stations, when nobody says otherwise
 PROBE = "/lumotune.brelt/lt_list.php?size=1&idh=zkouska"

@@ -1,50 +1,17 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
-"""Drives the real program from outside: its folder, its process, its windows, the mouse, the keyboard and the sound.
+"""Drives the real program from outside: its folder, its process, its windows, the mouse and the keyboard.
 
 Runs inside tests/rig/with_rig, which gives the display, the Wine prefix and the sound sink.
 """
-import array
-import math
 import os
 import shutil
 import signal
 import subprocess
 import sys
-import tempfile
-import time
 import typing
 
-TOP = os.path.realpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))
-WINE = "/usr/lib/wine/wine64"
-PROBE = os.path.join(TOP, "build", "windows", "tests", "desktop", "probe.exe")
-RATE = 48000
-sys.path.insert(0, os.path.join(TOP, "demo"))
-from stations import STATIONS  # noqa: E402
-
-
-def wait_for(what, seconds=30.0, every=0.1):
-    """The first true answer of `what`, or what it last answered when the time is over."""
-    end = time.monotonic() + seconds
-    while True:
-        answer = what()
-        if answer or time.monotonic() > end:
-            return answer
-        time.sleep(every)
-
-
-class Answer:
-    def __init__(self, returncode, stdout):
-        self.returncode, self.stdout = returncode, stdout
-
-
-def wine(*words, cwd=None, timeout=30):
-    """Runs a Windows program to its end. Its output goes by way of a file: Wine's background processes, where this one
-    happens to start them, would keep a pipe open for ever."""
-    with tempfile.TemporaryFile() as out:
-        done = subprocess.run([WINE, *words], cwd=cwd, stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.DEVNULL,
-                              timeout=timeout, check=False)
-        out.seek(0)
-        return Answer(done.returncode, out.read())
+from open_menus import OpenMenus
+from probing import PROBE, TOP, WINE, lines_of, wait_for, wine
 
 
 class Control:
@@ -99,7 +66,7 @@ class Radio:
         return f"http://127.0.0.1:{self.port}{path}"
 
 
-class Desk:
+class Desk(OpenMenus):
     """One program folder and the program that runs in it."""
 
     def __init__(self, folder, radio, options=()):
@@ -125,8 +92,7 @@ class Desk:
         return wine("lumotune.exe", *arguments, cwd=self.folder)
 
     def controls(self, window="Lumotune"):
-        lines = wine(PROBE, "controls", window).stdout.decode("utf-8", "replace").splitlines()
-        rows = [line.split("\t") for line in lines]
+        rows = [line.split("\t") for line in lines_of("controls", window)]
         return {row[0]: Control(row) for row in rows if len(row) == 11}
 
     def form(self):
@@ -141,24 +107,22 @@ class Desk:
         return control is not None and control.visible
 
     def items(self):
-        return wine(PROBE, "items").stdout.decode("utf-8").splitlines()
+        return lines_of("items")
 
     def boxes(self):
-        return [line.split("\t") for line in wine(PROBE, "boxes").stdout.decode("utf-8").splitlines()]
+        return [line.split("\t") for line in lines_of("boxes")]
 
     def press(self, caption):
         return wine(PROBE, "press", caption).returncode == 0
 
     def rows(self):
         """The directory's list: Row(place, text, country)."""
-        lines = wine(PROBE, "rows").stdout.decode("utf-8", "replace").splitlines()
-        parts = [line.split("\t") for line in lines]
+        parts = [line.split("\t") for line in lines_of("rows")]
         return [Row((int(row[0]), int(row[1])), row[2], row[3]) for row in parts if len(row) == 4]
 
     def nodes(self):
         """The directory's tree: Node(place, depth, selected, text); a place of (-1, -1) is folded away."""
-        lines = wine(PROBE, "nodes").stdout.decode("utf-8", "replace").splitlines()
-        parts = [line.split("\t") for line in lines]
+        parts = [line.split("\t") for line in lines_of("nodes")]
         return [Node((int(row[0]), int(row[1])), int(row[2]), row[3] == "1", row[4]) for row in parts if len(row) == 5]
 
     def selected_row(self):
@@ -166,10 +130,6 @@ class Desk:
 
     def favourite_place(self, index):
         return tuple(int(value) for value in wine(PROBE, "item", str(index)).stdout.decode().split())
-
-    def menus(self):
-        """The places of the open menus: (left, top, width, height)."""
-        return [tuple(int(value) for value in line.split()) for line in wine(PROBE, "menus").stdout.decode().splitlines()]
 
     def app_command(self, number):
         """A special key of the keyboard; whether the program took it."""
@@ -200,10 +160,6 @@ class Desk:
                        check=True)
 
     @staticmethod
-    def key(*names):
-        subprocess.run(["xdotool", "key", "--delay", "120", *names], check=True)
-
-    @staticmethod
     def type(text):
         subprocess.run(["xdotool", "type", "--delay", "30", text], check=True)
 
@@ -224,14 +180,6 @@ class Desk:
                 return
             self.tab()
         raise RuntimeError(f"Tab does not reach {name}")
-
-    def in_menu(self, *keys):
-        """Chooses from the menu that was just opened, once it is there. What it starts may still be on its way."""
-        if not wait_for(self.menus):
-            raise RuntimeError("no menu opens")
-        self.key(*keys)
-        if not wait_for(lambda: not self.menus()):
-            raise RuntimeError("the menu stays open")
 
     def into_box(self, text, look=None):
         """Types into the input box, once it waits for that; what is typed can be looked at before it is sent."""
@@ -281,37 +229,3 @@ class Desk:
 def picture(path):
     os.makedirs(os.path.dirname(path), exist_ok=True)
     subprocess.run(["import", "-window", "root", path], check=True)
-
-
-class Sound:
-    """What the sink plays, mono samples."""
-
-    @staticmethod
-    def record(seconds):
-        recorder = subprocess.Popen(["parec", "-d", "nul.monitor", "--format=s16le", f"--rate={RATE}", "--channels=1",
-                                     "--latency-msec=20"], stdout=subprocess.PIPE)
-        data = recorder.stdout.read(int(seconds * RATE) * 2)
-        recorder.terminate()
-        recorder.wait()
-        return array.array("h", data)
-
-    @staticmethod
-    def level(samples):
-        return math.sqrt(sum(value * value for value in samples) / max(1, len(samples)))
-
-    @staticmethod
-    def strength(samples, hertz):
-        """How much of that tone there is."""
-        turn = 2 * math.cos(2 * math.pi * hertz / RATE)
-        one = two = 0.0
-        for value in samples:
-            one, two = value + turn * one - two, one
-        return math.sqrt(max(0.0, one * one + two * two - turn * one * two)) / max(1, len(samples))
-
-    @classmethod
-    def loudest(cls, seconds=0.6):
-        """The tone of the demonstration's stations that is heard, in hertz; 0 for silence."""
-        samples = cls.record(seconds)
-        if cls.level(samples) < 20:
-            return 0
-        return max((station.hertz for station in STATIONS), key=lambda hertz: cls.strength(samples, hertz))

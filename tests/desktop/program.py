@@ -5,7 +5,9 @@ import re
 import subprocess
 import sys
 
-from desk import STATIONS, TOP, Desk, Radio, Sound, wait_for
+from desk import Desk, Radio
+from probing import TOP, wait_for
+from sound import STATIONS, Sound
 
 CHECK_VALUE = "0123456789abcdef"
 IDENTITY = f"idh=demo-uzivatel&h={CHECK_VALUE}"

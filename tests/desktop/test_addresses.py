@@ -21,8 +21,7 @@ class TestAddresses(Program):
             with open(desk.path("Orb_Data", name), "w", encoding="cp1250", newline="") as out:
                 out.write(f"a\r\nb\r\nc\r\nd\r\ne\r\nf\r\nOrbServerAddr::{server}\r\n")
         desk.click("Control_Menu")
-        self.until(desk.menus, 10, "the main menu")
-        desk.key(*["Down"] * 9, "Return")
+        desk.choose("Nápověda")
         self.started("explorer", f"explorer {server}/faq", MINIMIZED)
 
     def test_a_web_entry_that_is_no_page_can_be_chosen_and_is_told(self):
@@ -37,8 +36,7 @@ class TestAddresses(Program):
         desk.start()
         self.hear(BY_ID["LUMO01"].hertz)
         desk.click("InfoName")
-        self.until(desk.menus, 10, "the station's menu")
-        desk.key("Down", "Return")
+        desk.choose("-")
         self.until(lambda: desk.text("InfoStatus") == REFUSED, 5, desk.text("InfoStatus"))
         self.until(lambda: (desk.text("InfoStatus") or "").startswith("MP3"), 15, desk.text("InfoStatus"))
         assert "explorer" not in desk.log("explorer"), desk.log("explorer")

@@ -7,10 +7,10 @@ import sys
 import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import directory_data  # noqa: E402
 from demo_folder import COUNT, LIST, PROBE, Folder  # noqa: E402
 from desk import Radio  # noqa: E402
 from directory_server_control import DirectoryServer, OwnServer  # noqa: E402
-import directory_data  # noqa: E402
 
 
 class TestServer(Folder):

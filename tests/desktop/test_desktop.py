@@ -7,8 +7,10 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import PROBE, TOP, WINE, Desk, Sound, wait_for, wine  # noqa: E402
+from desk import Desk  # noqa: E402
+from probing import PROBE, TOP, WINE, wait_for, wine  # noqa: E402
 from program import BY_ID, Program  # noqa: E402
+from sound import Sound  # noqa: E402
 
 
 class TestListening(Program):

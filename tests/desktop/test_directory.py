@@ -8,9 +8,11 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import PROBE, Desk, Sound, wine  # noqa: E402
+from desk import Desk  # noqa: E402
 from directory_server_control import DirectoryServer  # noqa: E402
+from probing import PROBE, wine  # noqa: E402
 from program import BY_ID, CHECK_VALUE, IDENTITY, MINIMIZED, NORMAL, WITHOUT_FOCUS, Program  # noqa: E402
+from sound import Sound  # noqa: E402
 
 DONE = "Hotovo, připraven..."
 REFUSED = "Aktualizaci nyní nelze provést, zkuste to prosím později."
@@ -189,7 +191,7 @@ class TestLists(Directory):
         desk.click_at(self.row("Vlna Šumava").place)
         self.until(lambda: self.control("Label2").text == "Vlna Šumava")
         desk.key("Return")
-        desk.in_menu("Down", "Down", "Return")
+        desk.choose("64 kbps")
         self.hear(BY_ID["LUMO02"].hertz)
         self.until(lambda: self.server.requests("lumo02-64"), text="the second quality")
 
@@ -290,7 +292,7 @@ class TestActions(Directory):
         with open(desk.path("list.tt"), "w", encoding="cp1250", newline="") as out:
             out.write("lt:LUMO01/1\r\n")
         self.click("Label5")
-        desk.in_menu("Down", "Return")
+        desk.choose("128 kbps")
         self.box("Rádio bylo přidáno k oblíbeným.")
         with open(desk.path("list.tt"), encoding="cp1250", newline="") as source:
             assert source.read() == "lt:LUMO01/1\r\nlt:LUMO08/1\r\n"
@@ -302,7 +304,7 @@ class TestActions(Directory):
         desk.click("Control_Play")
         self.until(lambda: desk.visible("Control_List"))
         desk.click_at(desk.favourite_place(1), 3)
-        desk.in_menu("Up", "Return")
+        desk.choose("Odebrat z oblíbených rádií")
         self.box("Rádio bylo ostraněno z oblíbených.")
         self.until(lambda: len(desk.items()) == 1)
         with open(desk.path("list.tt"), encoding="cp1250", newline="") as source:
@@ -343,8 +345,10 @@ class TestActions(Directory):
         desk.click_at(self.node("Televize").place)
         self.until(lambda: self.status().startswith("Zobrazeno "))
         desk.click_at(self.row("Televize Lumo").place, 3)
-        # Web page, tuning, listeners, discussion, trouble: were there adding, trouble would be the sixth from above.
-        desk.in_menu(*["Down"] * 5, "Return")
+        self.until(desk.menu_items, text="the menu opens")
+        captions = [item.caption for item in desk.menu_items()]
+        assert "Naladit rádio" in captions and "Přidat rádio do rychlého seznamu" not in captions, captions
+        desk.choose("Mám potíže s poslechem tohoto rádia")
         self.log_has("remind", "RadioOFF/@/LUMO14/@/Televize Lumo/@/")
 
 

@@ -1,25 +1,31 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
-"""Every pop-up menu of the real program: chosen by the keyboard, the companions tell what they were started with."""
+"""Every pop-up menu of the real program: items chosen by their captions, the companions tell what they were started with."""
 import os
 import shutil
 import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import Desk, Sound  # noqa: E402
+from desk import Desk  # noqa: E402
 from directory_server_control import DirectoryServer  # noqa: E402
 from program import BY_ID, CHECK_VALUE, IDENTITY, MINIMIZED, NORMAL, WITHOUT_FOCUS, Program  # noqa: E402
+from sound import Sound  # noqa: E402
 
 OFF = "13=#013:LTautoStart:0"
 
 
 class Menus(Program):
-    def from_main_menu(self, *keys):
+    def from_main_menu(self, *path):
         self.desk.click("Control_Menu")
-        self.desk.in_menu(*keys)
+        self.desk.choose(*path)
 
-    def right_click_favourite(self, index):
+    def from_station_menu(self, *path):
+        self.desk.click("InfoName")
+        self.desk.choose(*path)
+
+    def from_favourites_menu(self, index, *path):
         self.desk.click_at(self.desk.favourite_place(index), 3)
+        self.desk.choose(*path)
 
     def base(self):
         return self.radio.address("")
@@ -29,19 +35,19 @@ class TestMainMenu(Menus):
     def test_pages_of_the_community(self):
         desk = self.begin()
         self.hear(BY_ID["LUMO01"].hertz)
-        self.from_main_menu("Down", "Return")
+        self.from_main_menu("Orb")
         self.started("explorer", "explorer " + self.login(), MINIMIZED)
-        self.from_main_menu("Down", "Down", "Down", "Return")
+        self.from_main_menu("Diskuze k rádiové stanici")
         browser = self.windows_folder() + "\\OrbBrowser.exe "
         self.started("OrbBrowser", f"{browser}{self.base()}\\orb\\diskuze.php?{IDENTITY}&t=100000&tid=LUMO01"
                      "/@/9000/@/9000/@/Diskuze k rádiové stanici: Rádio Úsvit (Orb)/@/normal/@/endtestnull/@/", MINIMIZED)
-        self.from_main_menu(*["Down"] * 8, "Return")
+        self.from_main_menu("Přidat nové rádio")
         self.started("OrbBrowser", f"{browser}{self.base()}/lumotune.brelt/user_lt_add.php?{IDENTITY}/@/9000/@/9000/@/"
                      "Přidat nové rádio (Orb)/@/normal/@/endtestnull/@/", MINIMIZED)
-        self.from_main_menu(*["Down"] * 7, "Return")
+        self.from_main_menu("Orb Melodeon")
         self.started("OrbBrowser", f"{browser}{self.base()}\\orb\\melodeon.php?{IDENTITY}/@/14000/@/8000/@/Orb Melodeon (Orb)"
                      "/@/max/@/endtestnull/@/", MINIMIZED)
-        self.from_main_menu(*["Down"] * 9, "Return")
+        self.from_main_menu("Nápověda")
         self.started("explorer", f"explorer {self.base()}/faq", MINIMIZED)
         desk.click("Orbwww")
         self.until(lambda: desk.log("explorer").count("/login/") == 2, 15, "the logo")
@@ -49,15 +55,15 @@ class TestMainMenu(Menus):
     def test_recorder_listeners_and_trouble(self):
         desk = self.begin()
         self.hear(BY_ID["LUMO01"].hertz)
-        self.from_main_menu("Down", "Down", "Return")
+        self.from_main_menu("Zobrazit posluchače tohoto rádia")
         self.log_has("orb", "received kind=1 text=lts:LUMO01")
-        self.from_main_menu(*["Down"] * 4, "Return")
+        self.from_main_menu("Mám potíže s poslechem...")
         self.started("remind", f"remind.exe RadioOFF/@/LUMO01/@/Rádio Úsvit/@/demo-uzivatel/@/{CHECK_VALUE}/@/{self.base()}",
                      NORMAL)
-        self.from_main_menu(*["Down"] * 5, "Return")
+        self.from_main_menu("Mp3 nahrávání")
         recorder = self.windows_folder() + "\\OrbRecorder.exe "
         self.started("OrbRecorder", recorder + "Rádio Úsvit", NORMAL)
-        self.from_main_menu(*["Down"] * 6, "Return")
+        self.from_main_menu("Knihovna nahrávek")
         self.started("OrbRecorder", recorder + "l", NORMAL)
         desk.click("Control_Rec")
         self.until(lambda: desk.log("OrbRecorder").count("\\OrbRecorder.exe Rádio Úsvit") == 2)
@@ -69,11 +75,11 @@ class TestMainMenu(Menus):
         self.another_skin("Druhý")
         desk.start()
         self.hear(BY_ID["LUMO01"].hertz)
-        self.from_main_menu(*["Down"] * 11, "Right", "Down", "Return")
+        self.from_main_menu("Nastavení", "Vždy nahoře")
         self.until(lambda: desk.form().topmost, text="always on top")
-        self.from_main_menu(*["Down"] * 11, "Right", "Return")
+        self.from_main_menu("Nastavení", "Zapnout rádio při startu")
         assert (desk.form().width, self.play_button()) == (420, (16, 172)), "the skin of the settings"
-        self.from_main_menu(*["Down"] * 10, "Right", "Return")
+        self.from_main_menu("Skiny", "Druhý")
         self.until(lambda: (desk.form().width, self.play_button()) == (450, (26, 162)), text="the other skin")
         assert desk.text("PlayTL") == "Stop" and desk.visible("InfoName"), "it plays on, and says so"
         desk.click("LineMenu_End")
@@ -83,7 +89,7 @@ class TestMainMenu(Menus):
         assert desk.options()[21] == "#021:LTskin:Druhý"
 
     def another_skin(self, name):
-        """The usual one but for the window's width and a button's place; in the list it comes first."""
+        """The usual one but for the window's width and a button's place."""
         skins = self.desk.path("Orb_Data", "skins")
         shutil.copytree(os.path.join(skins, "Lumo"), os.path.join(skins, name))
         with open(os.path.join(skins, "Lumo.skin"), encoding="cp1250", newline="") as source:
@@ -101,15 +107,14 @@ class TestMainMenu(Menus):
 
     def test_the_console(self):
         desk = self.begin(OFF)
-        konzole = [*["Down"] * 11, "Right", "Down", "Down", "Return"]
-        self.from_main_menu(*konzole)
+        self.from_main_menu("Nastavení", "Konzole")
         desk.into_box("HELP.")
         self.box("vol=(hodnota 0 - 100)")
         desk.into_box(f"url={self.radio.address('/lumo05-128.mp3')}")
         self.hear(BY_ID["LUMO05"].hertz)
         self.until(lambda: desk.text("InfoName") == "Orb - Lumotune", text=desk.text("InfoName"))
         loud = Sound.level(Sound.record(1))
-        self.from_main_menu(*konzole)
+        self.from_main_menu("Nastavení", "Konzole")
         desk.into_box("vol=10")
         self.until(lambda: Sound.level(Sound.record(0.5)) < loud / 2, 10, "quieter")
         assert desk.options()[20] == "#020:LTvolume:60", "the one of the start, until the program ends"
@@ -123,8 +128,8 @@ class TestMainMenu(Menus):
         for name in ("orb_server.tt", "orb_server.tt.tmp"):
             with open(desk.path("Orb_Data", name), "w", encoding="cp1250", newline="") as out:
                 out.write("a\r\nb\r\nc\r\nd\r\ne\r\nf\r\nOrbServerAddr::\r\n")
-        for keys in (["Down"], ["Down"] * 3, ["Down"] * 7, ["Down"] * 8):
-            self.from_main_menu(*keys, "Return")
+        for caption in ("Orb", "Diskuze k rádiové stanici", "Orb Melodeon", "Přidat nové rádio"):
+            self.from_main_menu(caption)
             self.box("Nejprve použujte funkci Naladit rádio.")
         assert not desk.log("OrbBrowser")
 
@@ -135,25 +140,22 @@ class TestOtherMenus(Menus):
         self.hear(BY_ID["LUMO01"].hertz)
         loud = Sound.level(Sound.record(1))
         desk.click("Control_Volume")
-        desk.in_menu("Up", "Return")
+        desk.choose("O")
         self.until(lambda: Sound.loudest(0.4) == 0, 10, "volume 0")
         desk.click("Control_Volume")
-        desk.in_menu("Down", "Return")
+        desk.choose("lllllllllllllll")
         self.until(lambda: Sound.level(Sound.record(0.5)) > loud, text="volume 100")
 
     def test_the_stations_menu(self):
         desk = self.begin()
         self.hear(BY_ID["LUMO01"].hertz)
         server = DirectoryServer(self.radio.port)
-        desk.click("InfoName")
-        desk.in_menu(*["Down"] * 5, "Right", "Down", "Return")
+        self.from_station_menu("Dostupné kvality", "64 kbps")
         self.until(lambda: server.requests("lumo01-64"), text="the second quality")
         self.hear(BY_ID["LUMO01"].hertz)
-        desk.click("InfoName")
-        desk.in_menu("Down", "Return")
+        self.from_station_menu(self.base() + "/")
         self.log_has("explorer", "explorer " + self.base())
-        desk.click("InfoName")
-        desk.in_menu("Up", "Return")
+        self.from_station_menu("Naladit jiné rádio")
         self.until(lambda: "Form" in desk.controls("ListRadios"), text="the directory")
         desk.close_window("ListRadios")
         desk.click("LineMenu_End")
@@ -163,24 +165,19 @@ class TestOtherMenus(Menus):
     def test_the_favourites_menu(self):
         desk = self.begin(OFF)
         self.until(lambda: len(desk.items()) == 3, 10, str(desk.items()))
-        self.right_click_favourite(1)
-        desk.in_menu("Down", "Return")
         tuned = desk.items()[1]
         station = next(station for station in BY_ID.values() if tuned.startswith(station.name))
+        self.from_favourites_menu(1, "Naladit rádio " + station.name)
         self.hear(station.hertz)
         desk.click("Control_Play")
         self.until(lambda: desk.visible("Control_List"))
-        self.right_click_favourite(1)
-        desk.in_menu("Down", "Down", "Down", "Return")
+        self.from_favourites_menu(1, "Diskuze k rádiové stanici")
         self.log_has("OrbBrowser", f"tid={station.identifier}/@/9000/@/9000/@/Diskuze k rádiové stanici: {station.name} (Orb)")
-        self.right_click_favourite(1)
-        desk.in_menu("Down", "Down", "Return")
+        self.from_favourites_menu(1, "Zobrazit uživatele poslouchající toto rádio")
         self.log_has("orb", "text=lts:" + station.identifier)
-        self.right_click_favourite(1)
-        desk.in_menu("Down", "Down", "Down", "Down", "Return")
+        self.from_favourites_menu(1, "Mám potíže s poslechem tohoto rádia")
         self.log_has("remind", f"RadioOFF/@/{station.identifier}/@/{station.name}/@/")
-        self.right_click_favourite(1)
-        desk.in_menu("Up", "Return")
+        self.from_favourites_menu(1, "Odebrat z oblíbených rádií")
         self.box("Rádio bylo ostraněno z oblíbených.")
         assert len(desk.items()) == 2
 
@@ -197,17 +194,14 @@ class TestOtherMenus(Menus):
         desk = self.begin()
         self.hear(BY_ID["LUMO01"].hertz)
 
-        def open_menu():
+        def choose(caption):
             self.until(lambda: self.tray_icon() is not None)
             desk.click_at(self.tray_icon(), 3)
-            self.until(desk.menus, text="the tray's menu")
-            return desk.menus()[0]
+            desk.click_at(desk.item_place(caption))
 
-        left, top, _, _ = open_menu()
-        desk.click_at((left + 30, top + 12))
+        choose("Stop")
         self.until(lambda: desk.text("PlayTL") == "Zapnout", text="stopped from the tray")
-        left, top, _, height = open_menu()
-        desk.click_at((left + 30, top + height - 12))
+        choose("Konec")
         assert desk.ended(), "ended from the tray"
 
     def test_the_media_keys(self):

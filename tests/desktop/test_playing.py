@@ -5,8 +5,9 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import Desk, Sound  # noqa: E402
+from desk import Desk  # noqa: E402
 from program import BY_ID, Program  # noqa: E402
+from sound import Sound  # noqa: E402
 
 LABELS = ("InfoName", "InfoTime", "InfoStatus", "InfoNaladit")
 

@@ -5,7 +5,8 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import TOP, picture, wait_for  # noqa: E402
+from desk import picture  # noqa: E402
+from probing import TOP, wait_for  # noqa: E402
 from test_desktop import Program  # noqa: E402
 
 

@@ -7,13 +7,13 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import TOP, Desk, wait_for  # noqa: E402
+from desk import Desk  # noqa: E402
+from probing import TOP, wait_for  # noqa: E402
 from program import BY_ID, Program  # noqa: E402
 
 OFF = "13=#013:LTautoStart:0"
 SKINS = os.path.join(TOP, "tests", "data", "skins")
 SIZES = {"Lumo": (420, 232), "Denní": (560, 124), "Sloupek": (200, 420), "Vadná": (240, 90)}
-NAMES = sorted(SIZES)  # as the submenu has them
 CONTROLS = ("LineMenu_OnTop", "LineMenu_Min", "LineMenu_End", "Control_Play", "Control_Rec", "Control_ShowUser",
             "Control_Menu", "Control_Sat", "Control_Volume", "Control_List", "LTDisplay", "Orbwww")
 LIGHT_GROUND, LIGHT_DISPLAY = (253, 246, 227), (255, 255, 255)
@@ -52,11 +52,7 @@ class Skins(Program):
             open_menu()
         else:
             desk.click("Control_Menu")
-        self.until(desk.menus, 10, "the main menu")
-        desk.key(*["Down"] * 10, "Right")
-        self.until(lambda: len(desk.menus()) == 2, 10, "the submenu of skins")
-        desk.key(*["Down"] * NAMES.index(skin), "Return")
-        self.until(lambda: not desk.menus(), 10, "the menu closes")
+        desk.choose("Skiny", skin)
         self.until_sized_as(skin)
 
     def until_sized_as(self, skin):
@@ -198,10 +194,7 @@ class TestSkins(Skins):
         shutil.copy(os.path.join(skins, "Denní.skin"), os.path.join(skins, "-.skin"))
         shutil.copytree(os.path.join(skins, "Denní"), os.path.join(skins, "-"))
         desk.click("Control_Menu")
-        self.until(desk.menus, 10, "the main menu")
-        desk.key(*["Down"] * 10, "Right")
-        self.until(lambda: len(desk.menus()) == 2, 10, "the submenu of skins")
-        desk.key("Return")
+        desk.choose("Skiny", "-")
         self.until_sized_as("Denní")
         assert self.saved() == "-"
 

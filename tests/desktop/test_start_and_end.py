@@ -7,7 +7,8 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from desk import PROBE, Desk, wine  # noqa: E402
+from desk import Desk  # noqa: E402
+from probing import PROBE, wine  # noqa: E402
 from program import Program  # noqa: E402
 
 # Less than what a program that hangs is ended after.

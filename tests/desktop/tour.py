@@ -7,9 +7,11 @@ import subprocess
 import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from desk import PROBE, STATIONS, TOP, Desk, Radio, Sound, picture, wait_for, wine  # noqa: E402
+from desk import Desk, Radio, picture  # noqa: E402
 from directory_server_control import DirectoryServer  # noqa: E402
+from probing import PROBE, TOP, wait_for, wine  # noqa: E402
 from program import Program  # noqa: E402
+from sound import STATIONS, Sound  # noqa: E402
 
 
 SKINS = os.path.join(TOP, "tests", "data", "skins")
@@ -42,12 +44,11 @@ class Tour:
         heard = wait_for(lambda: Sound.loudest() == station.hertz)
         self.check(heard, f"{text}, {station.hertz} Hz heard", f"NO SOUND: {text}")
 
-    def menu(self, name, *, keys=()):
-        """A picture of the menu that was just opened, and of the one that the keys open in it; both are then closed."""
+    def menu(self, name, *path):
+        """A picture of the menu that was just opened, and of the submenu at the path of captions; both are then closed."""
         seen = wait_for(self.desk.menus)
-        if seen and keys:
-            self.desk.key(*keys)
-            seen = wait_for(lambda: len(self.desk.menus()) == 2)
+        if seen and path:
+            self.desk.open_submenu(*path)
         self.painted(self.desk.menus())
         self.show(name)
         self.check(seen, f"menu seen: {name}", f"NO MENU: {name}")
@@ -92,15 +93,15 @@ class Tour:
         desk.click("Control_Menu")
         self.menu("menu")
         desk.click("Control_Menu")
-        self.menu("menu-settings", keys=["Down"] * 11 + ["Right"])
+        self.menu("menu-settings", "Nastavení")
         desk.click("Control_Menu")
-        self.menu("menu-skins", keys=["Down"] * 10 + ["Right"])
+        self.menu("menu-skins", "Skiny")
         self.skins(first)
         self.console()
         desk.click("Control_Volume")
         self.menu("menu-volume")
         desk.click("InfoName")
-        self.menu("menu-station", keys=["Down"] * 5 + ["Right"])
+        self.menu("menu-station", "Dostupné kvality")
         desk.click("Control_Play")
         silent = wait_for(lambda: Sound.loudest() == 0)
         self.check(silent, "stopped by the mouse, silence", "NOT SILENT after stop")
@@ -113,10 +114,10 @@ class Tour:
     def skins(self, station):
         """Changes while the station plays: other sizes, colours and controls, and back."""
         desk = self.desk
-        for place, name, size, file in ((0, "Denní", (560, 124), "skin-light"), (2, "Sloupek", (200, 420), "skin-tall"),
-                                        (1, "Lumo", (420, 232), "skin-lumo")):
+        for name, size, file in (("Denní", (560, 124), "skin-light"), ("Sloupek", (200, 420), "skin-tall"),
+                                 ("Lumo", (420, 232), "skin-lumo")):
             desk.click("Control_Menu")
-            desk.in_menu(*["Down"] * 10, "Right", *["Down"] * place, "Return")
+            desk.choose("Skiny", name)
             changed = wait_for(lambda: (desk.form().width, desk.form().height) == size, 10)  # pylint: disable=cell-var-from-loop
             self.check(changed, f"the skin is changed to '{name}' while '{station.name}' plays", f"THE SKIN IS NOT '{name}'")
             self.hear(station, "it plays on")
@@ -124,7 +125,7 @@ class Tour:
 
     def console(self):
         self.desk.click("Control_Menu")
-        self.desk.in_menu(*["Down"] * 11, "Right", "Down", "Down", "Return")
+        self.desk.choose("Nastavení", "Konzole")
         self.desk.into_box("help", lambda: self.show("console"))
         self.box("vol=(hodnota 0 - 100)", "box-console-help")
 
@@ -154,13 +155,13 @@ class Tour:
         desk.click("Label5", window="ListRadios")
         self.menu("menu-add")
         desk.click("Label5", window="ListRadios")
-        desk.in_menu("Up", "Return")
+        desk.choose("Informace")
         self.box("Zvolte kvalitu úměrnou k rychlosti", "box-quality-advice")
         desk.click("Label5", window="ListRadios")
-        desk.in_menu("Down", "Return")
+        desk.choose("128 kbps")
         self.box("Rádio bylo přidáno k oblíbeným.", "box-favourite-added")
         desk.click("Label7", window="ListRadios")
-        desk.in_menu("Down", "Return")
+        desk.choose("128 kbps")
         self.hear(station, f"'{station.name}' of the directory plays")
         desk.close_window("ListRadios")
         wait_for(lambda: "Form" not in desk.controls("ListRadios"))
