@@ -30,6 +30,7 @@ import urllib.parse
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import directory_data  # noqa: E402
 import pages  # noqa: E402
+from replies import head, reply  # noqa: E402
 
 LIST_PATH = "/lumotune.brelt/lt_list.php"
 REPORT_PATH = "/orb/lt_all.php"
@@ -214,20 +215,6 @@ class Directory:
             if select.select([handler.connection], [], [], min(left, 0.2))[0] and not handler.connection.recv(4096):
                 return False
         return False
-
-
-def head(handler, length, kind="text/plain", status=200):
-    handler.send_response(status)
-    handler.send_header("Content-Type", kind)
-    handler.send_header("Content-Length", str(length))
-    handler.send_header("Cache-Control", "no-store")
-    handler.end_headers()
-
-
-def reply(handler, data, kind="text/plain; charset=utf-8", status=200):
-    head(handler, len(data), kind, status)
-    if handler.command != "HEAD":
-        handler.wfile.write(data)
 
 
 class Handler(http.server.BaseHTTPRequestHandler):

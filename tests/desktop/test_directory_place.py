@@ -6,7 +6,7 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
-from test_directory import DONE, OFF, Directory  # noqa: E402
+from directory_window import DONE, OFF, Directory  # noqa: E402
 from test_place_and_keyboard import NARROW, WIDE, screen  # noqa: E402
 
 PIXEL = 15  # twips

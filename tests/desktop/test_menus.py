@@ -153,7 +153,7 @@ class TestOtherMenus(Menus):
         self.from_station_menu("Dostupné kvality", "64 kbps")
         self.until(lambda: server.requests("lumo01-64"), text="the second quality")
         self.hear(BY_ID["LUMO01"].hertz)
-        self.from_station_menu(self.base() + "/")
+        self.from_station_menu(self.base() + "/radio/lumo01")
         self.log_has("explorer", "explorer " + self.base())
         self.from_station_menu("Naladit jiné rádio")
         self.until(lambda: "Form" in desk.controls("ListRadios"), text="the directory")

@@ -23,18 +23,6 @@ TEST_F(ListRadiosUpdate, TheDownloaderIsAskedAfterTheOldAnswersAreGone) {
   EXPECT_EQ(shell.started.size(), started + 1);
 }
 
-TEST_F(ListRadiosUpdate, FilesAreLookedAtTenTimesASecond) {
-  write(L"orb_test_size.tt", "size:5");
-  loop.advance(99);
-  EXPECT_EQ(status(), connecting);
-  loop.advance(1);
-  EXPECT_EQ(shell.started.size(), 2U);
-  loop.advance(99);
-  EXPECT_EQ(status(), connecting);
-  loop.advance(1);
-  EXPECT_EQ(status(), L"Aktualizuji seznam rádií (0%)");
-}
-
 TEST_F(ListRadiosUpdate, TheWindowRepaintsAfterEachLineOfTheProbe) {
   write(L"orb_test_size.tt", "a\r\nb\r\nsize:5\r\n\r\nc");
   const auto runs = loop.pending_runs();
@@ -53,37 +41,6 @@ TEST_F(ListRadiosUpdate, AProbeThatIsTooLongRefuses) {
   write(L"orb_test_size.tt", size + std::string(directory::max_probe_bytes - size.size(), ' '));
   loop.advance(100);
   EXPECT_EQ(shell.started.size(), 3U);
-}
-
-// The downloader goes on writing between the look at the length and the reading.
-TEST_F(ListRadiosUpdate, AListThatGrewBeforeItWasReadIsNotConverted) {
-  const std::string list = "RADIO9/@/Nove\r\norb:i:0/@//@/1/@/zprava\r\n";
-  announce(list.size());
-  write(L"seznam.tt", list);
-  for (const std::string& changed : {list + "x", list.substr(1), std::string()}) {
-    files.before_read = [&](const std::wstring& file) {
-      files.before_read = {};
-      EXPECT_TRUE(file.ends_with(L"seznam.tt"));
-      write(L"seznam.tt", changed);
-    };
-    loop.advance(100);
-    EXPECT_EQ(content(L"radios.tt"), before);
-    EXPECT_NE(status(), finished);
-    EXPECT_FALSE(label(L"InfoPanel").visible()) << "no order was obeyed";
-    write(L"seznam.tt", list);
-  }
-  loop.advance(100);
-  EXPECT_EQ(status(), finished);
-  EXPECT_EQ(content(L"radios.tt"), "RADIO9/@/Nove\r\n\r\n");
-}
-
-TEST_F(ListRadiosUpdate, AListOfTooManyLinesChangesNothing) {
-  std::string list = "orb:i:0/@//@/1/@/zprava\r\n";
-  list.append(stations::max_station_lines, '\n');
-  bring(list);
-  EXPECT_EQ(status(), refused);
-  EXPECT_EQ(content(L"radios.tt"), before);
-  EXPECT_FALSE(label(L"InfoPanel").visible());
 }
 
 TEST_F(ListRadiosUpdate, SeveralAdvertisementsAskForOnePage) {
@@ -127,81 +84,6 @@ TEST_F(ListRadiosUpdate, AnEndOfTheProgramWhileTheProbeIsReadEndsTheReading) {
   EXPECT_LE(loop.pending_runs() - runs, 2U);
   EXPECT_EQ(shell.started.size(), 1U);
   EXPECT_EQ(status(), connecting);
-}
-
-TEST_F(ListRadiosUpdate, AProbeStillOpenInTheDownloaderIsWaitedFor) {
-  write(L"orb_test_size.tt", "size:1");
-  files.set_being_written(path(L"orb_test_size.tt"), true);
-  loop.advance(1000);
-  EXPECT_EQ(shell.started.size(), 1U);
-  write(L"orb_test_size.tt", "size:100");
-  files.set_being_written(path(L"orb_test_size.tt"), false);
-  loop.advance(100);
-  EXPECT_EQ(shell.started.size(), 2U);
-}
-
-TEST_F(ListRadiosUpdate, AProbeThatCannotBeReadYetIsReadLater) {
-  write(L"orb_test_size.tt", "size:100");
-  files.make_unreadable(path(L"orb_test_size.tt"));
-  loop.advance(1000);
-  EXPECT_EQ(status(), connecting);
-  EXPECT_EQ(shell.started.size(), 1U);
-  files.mend(path(L"orb_test_size.tt"));
-  loop.advance(100);
-  EXPECT_EQ(shell.started.size(), 2U);
-}
-
-TEST_F(ListRadiosUpdate, AListStillOpenInTheDownloaderIsWaitedFor) {
-  const std::string fresh = Record{"NOVA01", "Nov\xe1"}.line();
-  files.set_being_written(path(L"seznam.tt"), true);
-  bring(fresh);
-  loop.advance(1000);
-  EXPECT_EQ(status(), L"Aktualizuji seznam rádií (100%)");
-  EXPECT_EQ(content(L"radios.tt"), before);
-  files.set_being_written(path(L"seznam.tt"), false);
-  loop.advance(100);
-  EXPECT_EQ(status(), finished);
-  EXPECT_EQ(content(L"radios.tt"), fresh + "\r\n");
-}
-
-// The question keeps a writer out while it is asked.
-TEST_F(ListRadiosUpdate, ADownloaderThatOpensItsFileForEveryPieceIsNotDisturbed) {
-  loop.advance(1000);
-  EXPECT_EQ(files.writers_asked_for(), 0U) << "there is no probe yet";
-  announce(100);
-  const auto asked = files.writers_asked_for();
-  for (std::size_t length = 0; length < 100; length += 20) {
-    write(L"seznam.tt", std::string(length, 'x'));
-    loop.advance(100);
-  }
-  EXPECT_EQ(files.writers_asked_for(), asked);
-  write(L"seznam.tt", std::string(100, 'x'));
-  loop.advance(100);
-  EXPECT_EQ(files.writers_asked_for(), asked + 1);
-}
-
-TEST_F(ListRadiosUpdate, AListThatCannotBeReadYetIsConvertedLater) {
-  const std::string fresh = Record{"NOVA01", "Nov\xe1"}.line();
-  files.make_unreadable(path(L"seznam.tt"));
-  bring(fresh);
-  loop.advance(1000);
-  EXPECT_EQ(content(L"radios.tt"), before);
-  EXPECT_EQ(list().count(), 4U);
-  files.mend(path(L"seznam.tt"));
-  loop.advance(100);
-  EXPECT_EQ(status(), finished);
-  EXPECT_EQ(content(L"radios.tt"), fresh + "\r\n");
-}
-
-TEST_F(ListRadiosUpdate, AListOfAnotherLengthLeavesTheOldOne) {
-  announce(100);
-  for (const std::size_t length : {0U, 1U, 99U, 101U, 5000U}) {
-    write(L"seznam.tt", std::string(length, 'x'));
-    loop.advance(300);
-    EXPECT_EQ(status(), L"Aktualizuji seznam rádií (" + std::to_wstring(length) + L"%)");
-    EXPECT_EQ(content(L"radios.tt"), before) << length;
-  }
-  EXPECT_EQ(progress().percent(), 100);
 }
 
 TEST_F(ListRadiosUpdate, AnUpdateOnTopOfAnotherBeginsAnew) {
@@ -256,20 +138,6 @@ TEST_F(ListRadiosUpdate, AnEndOfTheProgramWhileTheConnectionIsAskedForStartsNoth
   Command1().press();
   EXPECT_EQ(shell.started.size(), 1U);
   EXPECT_TRUE(dialogs.shown.empty());
-}
-
-TEST_F(ListRadiosUpdate, FilesThatCannotBeWrittenLeaveTheOldOnes) {
-  files.make_readonly(path(L"kategories.tt"));
-  const std::string categories = content(L"kategories.tt");
-  Command1().press();
-  bring("orb:k:new//100009/@/X\r\n" + Record{"NOVA01", "Nov\xe1"}.line());
-  EXPECT_EQ(status(), held);
-  EXPECT_FALSE(Command1().enabled()) << "only a completed update enables it";
-  EXPECT_FALSE(progress().visible());
-  EXPECT_EQ(content(L"radios.tt"), before);
-  EXPECT_EQ(content(L"kategories.tt"), categories);
-  EXPECT_EQ(tree().count(), 6U);
-  EXPECT_EQ(list().count(), 4U);
 }
 
 // Whatever an update ended with after the button was pressed, opening the window anew brings the button and an update.

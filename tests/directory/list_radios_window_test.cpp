@@ -1,29 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The directory window as a whole: opening, tree, list, update, closing.
-#include "tests/support/directory_world.h"
-
-#include <gtest/gtest.h>
-
-#include <optional>
+// The directory window as a whole: opening, tree, list, update.
+#include "tests/directory/window_world.h"
 
 namespace lumotune::directory {
 namespace {
 
-using Names = std::vector<std::wstring>;
 using platform::MouseButton;
 using platform::memory::MemoryProgress;
 
-struct ListRadiosWindow : testing::Test, test::DirectoryWorld {
-  // The downloader brings a file, complete, as soon as it is started.
-  void serve(const std::string& list) {
-    shell.on_start = [this, list](const platform::memory::MemoryShell::Started& started) {
-      if (started.command_line.find(L"size=1") != std::wstring::npos)
-        write(L"orb_test_size.tt", "size:" + std::to_string(list.size()) + "\r\n");
-      else if (started.command_line.find(L"lt_list.php") != std::wstring::npos)
-        write(L"seznam.tt", list);
-    };
-  }
-};
+struct ListRadiosWindow : WindowWorld {};
 
 TEST_F(ListRadiosWindow, OpensWithEverythingLoadedAndTheTunedStationSelected) {
   directory.Naladit();
@@ -237,115 +222,6 @@ TEST_F(ListRadiosWindow, CategoriesThatAreThereAlreadyAreNotWatchedFor) {
   directory.Naladit();
   loop.advance(2000);
   EXPECT_FALSE(favourites_shown_anew());
-}
-
-TEST_F(ListRadiosWindow, ClosingGivesUpTheUpdateAndOpeningStartsAnew) {
-  directory.Naladit();
-  write(L"orb_test_size.tt", "size:1000");
-  loop.advance(100);
-  pick_node(L"a100002");
-  window_shown().user_close();
-  EXPECT_FALSE(directory.open());
-  write(L"seznam.tt", std::string(1000, 'x'));
-  loop.advance(500);
-  EXPECT_NE(content(L"radios.tt").find("RADIO1"), std::string::npos);
-  directory.Naladit();
-  EXPECT_EQ(windows.made, 2);
-  EXPECT_EQ(names().size(), 4U);
-  EXPECT_EQ(status(), L"Připojování k databázi rádií...");
-  EXPECT_EQ(content(L"seznam.tt"), "(missing)");
-  loop.advance(500);
-  EXPECT_TRUE(part<platform::memory::MemoryButton>(L"Command1").enabled());
-}
-
-// Bringing a window to the front lets in what other programs have sent.
-TEST_F(ListRadiosWindow, ClosingWhileItComesToTheFrontIsHarmless) {
-  directory.Naladit();
-  window_shown().while_activating = [this] { window_shown().user_close(); };
-  directory.Naladit();
-  EXPECT_FALSE(directory.open());
-  loop.advance(1000);
-  directory.Naladit();
-  EXPECT_TRUE(directory.open());
-  EXPECT_EQ(windows.made, 2);
-}
-
-TEST_F(ListRadiosWindow, ClosingInsideABoxIsHarmless) {
-  directory.Naladit();
-  connection.now.connected = false;
-  dialogs.while_open = [this] {
-    window_shown().user_close();
-    loop.advance(1000);
-  };
-  part<platform::memory::MemoryButton>(L"Command1").press();
-  EXPECT_FALSE(directory.open());
-  loop.advance(1000);
-  dialogs.while_open = nullptr;
-  directory.Naladit();
-  EXPECT_EQ(windows.made, 2);
-}
-
-// The information line lets events run in the middle of the conversion: the list has been read, and nothing is written.
-TEST_F(ListRadiosWindow, ClosingWhileTheListIsConvertedIsHarmless) {
-  directory.Naladit();
-  const std::string station = test::Record{"NOVA01", "Nov\xe1"}.line();
-  serve("orb:i:0/@//@/10/@/Zpr\xe1va\r\n" + station);
-  std::string when_closed;
-  files.before_read = [this, &when_closed](const std::wstring& path) {
-    if (!path.ends_with(L"seznam.tt"))
-      return;
-    files.before_read = nullptr;
-    loop.at(0, [this, &when_closed] {
-      when_closed = content(L"radios.tt");
-      window_shown().user_close();
-      loop.advance(1000); // the closed window must outlive the conversion
-    });
-  };
-  part<platform::memory::MemoryButton>(L"Command1").press();
-  loop.advance(2000);
-  EXPECT_EQ(when_closed, stations_text()) << "closed before the conversion was over";
-  EXPECT_FALSE(directory.open());
-  EXPECT_EQ(content(L"radios.tt"), station + "\r\n") << "both files are whole";
-  EXPECT_EQ(content(L"kategories.tt"), "\r\n");
-  directory.Naladit();
-  EXPECT_EQ(windows.made, 2);
-  EXPECT_EQ(names(), Names{L"Nová"});
-}
-
-TEST_F(ListRadiosWindow, AClosedWindowTakesNoFurtherOrders) {
-  directory.Naladit();
-  serve("orb:r:1050/@/9000/@/1/@/http://server/1\r\norb:i:0/@//@/10/@/Zpr\xe1va\r\n"
-        "orb:r:1050/@/9000/@/1/@/http://server/2\r\norb:i:0/@//@/10/@/Druh\xe1\r\n");
-  bool closing = false;
-  bool looked = false;
-  std::optional<platform::memory::MemoryEventLoop::Nested> waiting; // while something does, it is not destroyed
-  const auto look = [&] {                                           // before the closed window is destroyed
-    looked = true;
-    EXPECT_EQ(label(L"InfoPanel").text(), L"") << "nothing is typed";
-    EXPECT_TRUE(part<platform::memory::MemoryBrowser>(L"WebBrowser1").visited.empty());
-    EXPECT_FALSE(window_shown().visible());
-  };
-  int height = 0;
-  files.before_read = [&](const std::wstring& path) {
-    if (closing || !path.ends_with(L"seznam.tt"))
-      return;
-    closing = true;
-    loop.at(0, [&] {
-      window_shown().user_resize(9000, 9900);
-      window_shown().user_close();
-      height = window_shown().rect().height;
-      waiting.emplace(loop);
-      loop.at(50, [&] {
-        look();
-        EXPECT_EQ(window_shown().rect().height, height);
-        waiting.reset();
-      });
-    });
-  };
-  part<platform::memory::MemoryButton>(L"Command1").press();
-  loop.advance(2000);
-  EXPECT_TRUE(looked);
-  EXPECT_FALSE(directory.open());
 }
 
 TEST_F(ListRadiosWindow, LinksAreUnderlinedUnderTheMouse) {

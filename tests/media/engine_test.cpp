@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What a listener does, and what a network does to him.
+// What a listener does, what a station answers, what becomes of the sound device.
 #include "tests/media/player_rig.h"
 
-#include <atomic>
 #include <chrono>
-#include <future>
-#include <memory>
-#include <mutex>
 
 namespace lumotune::media::rig {
 namespace {
@@ -81,117 +77,12 @@ TEST_F(Engine, LetsNothingOfTheOldStationIntoTheNew) {
   EXPECT_FALSE(device->has_heard(440));
 }
 
-TEST_F(Engine, ComesBackAfterADrop) {
-  play(radio.url("/live/440.mp3?burst=1&then=880.mp3"));
-  ASSERT_TRUE(until_hears(440)) << told();
-  radio.command("close");
-  ASSERT_TRUE(until_said("lost, retry in ")) << told();
-  EXPECT_EQ(states.back(), 11);
-  ASSERT_TRUE(until_said("not answering, retry in ")) << told();
-  radio.command("open");
-  ASSERT_TRUE(until_hears(880)) << told();
-  EXPECT_EQ(states.back(), 3);
-}
-
-TEST_F(Engine, ComesBackAfterAnErrorPage) {
-  play(radio.url("/live/440.mp3?fails=2"));
-  ASSERT_TRUE(until_said("not found (404), retry in 1 s")) << told();
-  EXPECT_TRUE(until_hears(440)) << told();
-  EXPECT_EQ(radio.hits("/live/440.mp3"), 3);
-}
-
-TEST_F(Engine, ComesBackAfterAnErrorOfTheServer) {
-  play(radio.url("/live/440.mp3?fails=1&code=503"));
-  ASSERT_TRUE(until_said("refused (5")) << told();
-  EXPECT_TRUE(until_hears(440)) << told();
-}
-
 TEST_F(Engine, ASmallBurstIsEnoughToBegin) {
   options.timeout_ms = 20000; // were more needed, sound would wait for that
   const auto begin = Clock::now();
   play(radio.url("/live/440.mp3?burst=1.1&mute=0.05"));
   ASSERT_TRUE(until_hears(440)) << told();
   EXPECT_LT(Clock::now() - begin, 15s);
-}
-
-TEST_F(Engine, ComesBackWhenTheStationSendsNothingAnyMore) {
-  options.timeout_ms = 4000; // later than what was sent ends
-  play(radio.url("/live/440.mp3?burst=2.5&mute=0.1&then=880.mp3"));
-  ASSERT_TRUE(until_hears(440)) << told();
-  ASSERT_TRUE(until([this] { return !states.empty() && states.back() == 6; })) << told(); // it says that it ran dry
-  EXPECT_TRUE(until_hears(880)) << told();
-}
-
-TEST_F(Engine, CountsDownAndStopWinsWhileItWaits) {
-  options.retry_scale = 20; // four seconds at least
-  play(radio.url("/nothing"));
-  ASSERT_TRUE(until_said("retry in ")) << told();
-  const auto first = texts.back();
-  ASSERT_TRUE(until([&, this] { return texts.back() != first && says("retry in "); })) << told();
-  player().stop();
-  ASSERT_TRUE(until([this] { return status() == "stopped"; })) << told();
-  const int hits = radio.hits("/nothing");
-  EXPECT_EQ(texts.back().find("retry"), std::string::npos) << told();
-  play(radio.url("/live/440.mp3"));
-  ASSERT_TRUE(until_hears(440)) << told();
-  EXPECT_EQ(radio.hits("/nothing"), hits) << "what was waited for is not tried any more";
-}
-
-TEST_F(Engine, NeverMakesTheCallerWaitForAServerThatHangs) {
-  options.timeout_ms = 60000;
-  play(radio.url("/hang"));
-  ASSERT_TRUE(until([this] { return radio.hits("/hang") == 1; })) << told();
-  EXPECT_EQ(status(), "connecting");
-  const auto start = Clock::now();
-  player().stop();
-  EXPECT_EQ(status(), "stopped");
-  play(radio.url("/live/440.mp3"));
-  player().set_volume(50);
-  EXPECT_LT(Clock::now() - start, 5s); // of the minute that the server is given
-  EXPECT_TRUE(until_hears(440)) << told();
-}
-
-TEST_F(Engine, GivesUpAServerThatHangs) {
-  options.timeout_ms = 500;
-  play(radio.url("/hang"));
-  EXPECT_TRUE(until_said("not answering, retry in ")) << told();
-  EXPECT_TRUE(until([this] { return radio.hits("/hang") >= 2; })) << told();
-}
-
-TEST_F(Engine, EndsWhileAServerHangs) {
-  options.timeout_ms = 60000;
-  make();
-  play(radio.url("/hang"));
-  ASSERT_TRUE(until([this] { return radio.hits("/hang") == 1; })) << told();
-  const auto start = Clock::now();
-  make(); // another one in its place
-  EXPECT_LT(Clock::now() - start, 10s);
-}
-
-// What nothing interrupts, as a name look-up: the worker is left behind and another one plays.
-TEST_F(Engine, LeavesAStuckWorkerBehind) {
-  auto free = std::make_shared<std::promise<void>>();
-  const std::shared_future<void> freed = free->get_future().share();
-  enum class Worker { elsewhere, stuck, awake };
-  const auto worker = std::make_shared<std::atomic<Worker>>(Worker::elsewhere);
-  options.proxy = [freed, worker](const std::string& address) {
-    if (address.find("stuck") != std::string::npos) {
-      *worker = Worker::stuck;
-      freed.wait();
-      *worker = Worker::awake;
-    }
-    return std::string();
-  };
-  play(radio.url("/stuck"));
-  ASSERT_TRUE(until([&] { return *worker == Worker::stuck; }));
-  play(radio.url("/live/440.mp3")); // which comes back, or this test would not
-  EXPECT_TRUE(until_hears(440)) << told();
-  free->set_value();
-  ASSERT_TRUE(until([&] { return *worker == Worker::awake; }));
-  const std::uint64_t blocks = device->blocks();
-  ASSERT_TRUE(until([&, this] { return device->blocks() >= blocks + 40; }));
-  EXPECT_TRUE(device->hears(440)) << "the old one disturbs nothing";
-  EXPECT_EQ(radio.hits("/stuck"), 0);
 }
 
 TEST_F(Engine, TakesTheLastOfManyStations) {
