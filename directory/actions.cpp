@@ -3,21 +3,17 @@
 
 #include "base/text.h"
 #include "companions/command_lines.h"
+#include "directory/station_menu.h"
 
 #include <algorithm>
+#include <array>
 
 namespace lumotune::directory {
-
-using platform::MenuItem;
 
 namespace {
 
 bool is_quality(const std::wstring& text) {
   return text.size() == 1 && text[0] >= L'1' && text[0] <= L'5';
-}
-
-MenuItem separator(const wchar_t* name) {
-  return {name, L"-", false, true, true, {}, true};
 }
 
 } // namespace
@@ -27,7 +23,7 @@ void Actions::say(const wchar_t* text) {
                               platform::BoxButtons::ok);
 }
 
-// A quality that there is not makes an empty line, which counts as added and is not written.
+// A quality that does not exist yields an empty line, which is reported as added but not written.
 void Actions::PridejRadioDoFAST(const std::wstring& Kvalita) {
   std::wstring line;
   const auto record = uses_.list.table().last_of(uses_.list.selected_id());
@@ -73,7 +69,7 @@ void Actions::Label6_Click() {
 }
 
 void Actions::show_users(const std::wstring& id) {
-  // Without a nickname the listeners are shown all the same.
+  // A missing nickname is not an error.
   (void)uses_.identity.LoadOptionsNick();
   uses_.sender.show_users(L"orb.exe ", L"Orb - Lumotune", L"lts:" + id, L"2");
 }
@@ -95,8 +91,8 @@ void Actions::Label4_Click() {
     tell_refused(uses_.form);
 }
 
-void Actions::WebRadia_Click() {
-  if (!uses_.web.open_station_web(WebRadia_caption_))
+void Actions::WebRadia_Click(const std::wstring& address) {
+  if (!uses_.web.open_station_web(address))
     tell_refused(uses_.form);
 }
 
@@ -109,47 +105,33 @@ void Actions::Image3_Click() {
     tell_refused(uses_.form);
 }
 
-std::vector<MenuItem> Actions::quality_items(const wchar_t* suffix) const {
-  std::vector<MenuItem> items;
+// For the station that MenuRadia found.
+void Actions::prepare(StationMenu& menu) const {
+  static constexpr std::array<StationMenu::Name, quality_count> play = {
+      L"Kvalita1play", L"Kvalita2play", L"Kvalita3play", L"Kvalita4play", L"Kvalita5play"};
+  static constexpr std::array<StationMenu::Name, quality_count> add = {L"Kvalita1", L"Kvalita2", L"Kvalita3",
+                                                                       L"Kvalita4", L"Kvalita5"};
   for (std::size_t n = 0; n < quality_count; ++n) {
     const QualityEntry& entry = uses_.details.qualities()[n];
-    items.push_back({L"Kvalita" + std::to_wstring(n + 1) + suffix, entry.caption, false, true, entry.visible, {}});
+    for (const StationMenu::Name name : {play[n], add[n]}) {
+      menu.item(name).caption = entry.caption;
+      menu.item(name).visible = entry.visible;
+    }
   }
-  return items;
+  menu.item(L"DostupnaKvalita").visible = uses_.details.DostupnaKvalita_visible();
+  const std::wstring& web = uses_.details.selected().web;
+  platform::MenuItem& page = menu.item(L"WebRadia");
+  page.enabled = !base::trimmed(web).empty();
+  if (page.enabled)
+    page.caption = web;
 }
 
-std::vector<MenuItem> Actions::DostupnaKvalita() const {
-  auto items = quality_items(L"");
-  items.push_back(separator(L"cara"));
-  items.push_back({L"KvalitaInfo", L"Informace", false, true, true, {}});
-  return items;
-}
-
-std::vector<MenuItem> Actions::NaladRadio() const {
-  auto items = quality_items(L"play");
-  items.push_back(separator(L"caraa"));
-  return items;
-}
-
-std::vector<MenuItem> Actions::SkryteMenu() const {
-  return {
-      {L"WebRadia", WebRadia_caption_, false, WebRadia_enabled_, true, {}},
-      separator(L"cara1"),
-      {L"NaladRadio", L"Naladit rádio", false, true, true, NaladRadio()},
-      {L"DostupnaKvalita", L"Přidat rádio do rychlého seznamu", false, true, uses_.details.DostupnaKvalita_visible(),
-       DostupnaKvalita()},
-      separator(L"cara2"),
-      {L"ShowUsers", L"Zobrazit posluchače", false, true, true, {}},
-      {L"Diskuze", L"Diskuze k rádiové stanici", false, true, true, {}},
-      {L"Potize", L"Mám potíže s poslechem tohoto rádia", false, true, true, {}},
-  };
-}
-
-void Actions::offer(const std::vector<MenuItem>& items, const platform::Control& anchor) {
+void Actions::offer(const StationMenu& menu, const std::vector<platform::MenuItem>& shown,
+                    const platform::Control& anchor) {
   const std::wstring id = uses_.list.selected_id();
-  const std::wstring name = uses_.menus.pop_up(items, &anchor);
-  if (!uses_.loop.quitting())
-    choose(name, id);
+  const auto chosen = menu.chosen(uses_.menus.pop_up(shown, &anchor));
+  if (chosen && !uses_.loop.quitting())
+    chosen->row.act(*this, {chosen->caption, id});
 }
 
 // An update may have landed while the menu was open: another row may be selected, the quality may be gone.
@@ -160,44 +142,39 @@ bool Actions::still_offers(const std::wstring& id, std::size_t quality) {
   return uses_.details.qualities()[quality - 1].visible;
 }
 
-void Actions::choose(const std::wstring& name, const std::wstring& id) {
-  for (std::size_t n = 1; n <= quality_count; ++n) {
-    const std::wstring number = std::to_wstring(n);
-    const bool add = name == L"Kvalita" + number;
-    if (!add && name != L"Kvalita" + number + L"play")
-      continue;
-    if (!still_offers(id, n))
-      return;
-    return add ? PridejRadioDoFAST(number) : uses_.details.NaladitRadio(number);
-  }
-  if (name == L"KvalitaInfo")
-    uses_.details.KvalitaInfo_Click();
-  else if (name == L"WebRadia")
-    WebRadia_Click();
-  else if (name == L"ShowUsers")
-    ShowUsers_Click();
-  else if (name == L"Diskuze")
-    Diskuze_Click();
-  else if (name == L"Potize")
-    Potize_Click();
+void Actions::play_quality(const Choice& choice, std::size_t quality) {
+  if (still_offers(choice.id, quality))
+    uses_.details.NaladitRadio(std::to_wstring(quality));
+}
+
+void Actions::add_quality(const Choice& choice, std::size_t quality) {
+  if (still_offers(choice.id, quality))
+    PridejRadioDoFAST(std::to_wstring(quality));
 }
 
 void Actions::Label5_Click() {
   uses_.details.MenuRadia();
-  offer(DostupnaKvalita(), uses_.form.Label5);
+  StationMenu menu;
+  prepare(menu);
+  offer(menu, menu.below(L"DostupnaKvalita"), uses_.form.Label5);
 }
 
 void Actions::Label7_Click() {
   uses_.details.MenuRadia();
-  offer(NaladRadio(), uses_.form.Label7);
+  offer_qualities(uses_.form.Label7);
+}
+
+void Actions::offer_qualities(const platform::Control& anchor) {
+  StationMenu menu;
+  prepare(menu);
+  offer(menu, menu.below(L"NaladRadio"), anchor);
 }
 
 void Actions::pop_up_station_menu() {
   uses_.details.MenuRadia();
-  const std::wstring& web = uses_.details.selected().web;
-  WebRadia_enabled_ = !base::trimmed(web).empty();
-  WebRadia_caption_ = WebRadia_enabled_ ? web : L"Web rádia";
-  offer(SkryteMenu(), uses_.form.ListView1);
+  StationMenu menu;
+  prepare(menu);
+  offer(menu, menu.below(L"SkryteMenu"), uses_.form.ListView1);
 }
 
 void Actions::tune_row() {
@@ -213,7 +190,7 @@ void Actions::tune_row() {
   else if (count == 1)
     uses_.details.NaladitRadio(std::to_wstring(first - qualities.begin() + 1));
   else
-    offer(NaladRadio(), uses_.form.ListView1);
+    offer_qualities(uses_.form.ListView1);
 }
 
 } // namespace lumotune::directory

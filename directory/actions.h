@@ -2,6 +2,7 @@
 // What a listener does with the selected station besides playing it, and the menus that offer it.
 #pragma once
 
+#include "base/menu_tree.h"
 #include "base/program_folder.h"
 #include "base/session.h"
 #include "companions/identity.h"
@@ -17,6 +18,9 @@
 #include <vector>
 
 namespace lumotune::directory {
+
+struct StationMenuTable;
+using StationMenu = base::MenuTree<StationMenuTable>;
 
 // User-interface thread. Events run while a menu or a box is open.
 class Actions {
@@ -38,6 +42,11 @@ public:
   };
   explicit Actions(const Uses& uses) : uses_(uses) {}
 
+  struct Choice {
+    std::wstring caption; // of the item that the user chose
+    std::wstring id;      // of the station that the menu was opened for
+  };
+
   // Adds the selected station to the favourites, in a quality "1".."5". Without a row, or for one that is no station of
   // the table, nothing is written.
   void PridejRadioDoFAST(const std::wstring& Kvalita);
@@ -46,7 +55,11 @@ public:
   void Diskuze_Click();
   void Potize_Click();
   void ShowUsers_Click();
-  void WebRadia_Click();
+  void WebRadia_Click(const std::wstring& address);
+  void KvalitaInfo_Click() { uses_.details.KvalitaInfo_Click(); }
+  // For the station that the menu was opened for: nothing, where another row is selected by now or the quality is gone.
+  void play_quality(const Choice& choice, std::size_t quality); // 1..5
+  void add_quality(const Choice& choice, std::size_t quality);
   // For the selected row.
   void Label10_Click(); // discussion
   void Label6_Click();  // trouble report
@@ -61,19 +74,14 @@ public:
   void tune_row();
 
 private:
-  [[nodiscard]] std::vector<platform::MenuItem> quality_items(const wchar_t* suffix) const;
-  [[nodiscard]] std::vector<platform::MenuItem> DostupnaKvalita() const;
-  [[nodiscard]] std::vector<platform::MenuItem> NaladRadio() const;
-  [[nodiscard]] std::vector<platform::MenuItem> SkryteMenu() const;
-  void offer(const std::vector<platform::MenuItem>& items, const platform::Control& anchor);
-  void choose(const std::wstring& name, const std::wstring& id); // of the station that the menu was opened for
+  void prepare(StationMenu& menu) const;
+  void offer_qualities(const platform::Control& anchor); // to play
+  void offer(const StationMenu& menu, const std::vector<platform::MenuItem>& shown, const platform::Control& anchor);
   [[nodiscard]] bool still_offers(const std::wstring& id, std::size_t quality);
   void say(const wchar_t* text);
   void show_users(const std::wstring& id);
 
   Uses uses_;
-  std::wstring WebRadia_caption_ = L"Web rádia";
-  bool WebRadia_enabled_ = false;
 };
 
 } // namespace lumotune::directory
