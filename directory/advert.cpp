@@ -10,7 +10,7 @@ namespace lumotune::directory {
 namespace {
 
 constexpr int shown_top = 5280;
-constexpr int collapsed_top = 10280; // out of sight, though it counts as visible
+constexpr int collapsed_top = 10280; // off-screen rather than hidden
 
 // No window of the system is taller than 16,383 pixels.
 std::optional<int> height_value(std::wstring_view text) {
@@ -23,7 +23,7 @@ bool is_letter(wchar_t character) {
   return (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z');
 }
 
-// Letters, digits and signs up to a colon. A drive is none; nor is a host, which a port and perhaps a path follow.
+// A scheme is letters, digits and signs up to a colon. A drive letter is not one, nor is a host followed by a port.
 bool has_scheme(std::wstring_view address) {
   const std::size_t colon = address.find(L':');
   if (colon == std::wstring_view::npos || colon < 2 || !is_letter(address.front()))

@@ -27,13 +27,13 @@ public:
   explicit Advert(const Uses& uses) : uses_(uses) {}
 
   // Fields of the command: height of the area, height of the window (twips both), "1" to show it, address of the page.
-  // A field that is missing, no number or out of range ends the procedure there.
+  // Stops at the first field that is missing, not a number or out of range.
   void ZobrazReklamu(const std::wstring& CommandsG);
-  // The same in two steps, so that several orders ask for one page: `take_order` each, then `request_page`, which asks
-  // when one of them got as far as its address.
+  // The same in two steps, so that several orders request a single page: `take_order` for each, then `request_page`,
+  // which requests it if any order got as far as its address.
   void take_order(const std::wstring& CommandsG);
   void request_page();
-  // Asks for the page anew, once there is one.
+  // Reloads the page, if there is one.
   void ReklamaTest();
 
 private:
@@ -41,7 +41,7 @@ private:
   bool request_due_ = false;
 };
 
-// The address as a browser takes it: one without a scheme gets "http://". Blanks around it do not count. Pure.
+// The address as a browser takes it: trimmed, with "http://" added when it has no scheme. Pure.
 [[nodiscard]] std::wstring page_address(std::wstring_view address);
 
 } // namespace lumotune::directory

@@ -56,7 +56,7 @@ void Details::NaladitRadio(const std::wstring& Kvalita) {
   MenuRadia();
   auto& settings = uses_.settings;
   const std::wstring id = uses_.list.selected_id();
-  if (id.empty()) { // what is tuned stays
+  if (id.empty()) { // keep the tuned station
     if (uses_.list.row_selected())
       uses_.form.Label1.set_text(L"Toto rádio nelze naladit.");
     return uses_.advert.ReklamaTest();
@@ -113,7 +113,7 @@ void Details::show_all() {
   uses_.form.Label5.set_visible(true);
 }
 
-// Leaving one label for its neighbour crosses nothing that would tell.
+// Moving from one label straight to its neighbour fires no event for the first: reset all of them.
 void Details::hover(platform::Label& label) {
   if (label.underline())
     return;

@@ -26,7 +26,7 @@ struct SelectedStation {
   std::wstring id;
   std::wstring name;
   std::wstring web; // its web address
-  // Empty for a quality that it has not. Part of the selected state, though playing looks the address up anew.
+  // Empty for a quality the station lacks. Playing looks the address up again.
   std::array<std::wstring, quality_count> stream_addresses;
 };
 
@@ -56,7 +56,7 @@ public:
   void MenuRadia();
   void NactiInfoRadio(); // Label2, Label3, Label4, Text1; they stay where the station is not found
   // Plays the selected station in a quality "1".."5"; a television station goes to its own player.
-  // Without a selected row nothing is tuned; one without an identifier cannot be, which the status line says.
+  // Does nothing without a selected row; a row without an identifier cannot be tuned, and the status line says so.
   void NaladitRadio(const std::wstring& Kvalita);
   void KvalitaInfo_Click();
 
@@ -64,7 +64,7 @@ public:
   void show_quality_choice();
   void show_fields();
   void hide_fields(); // and Label5
-  // The user was brought here, not by a click: everything is shown.
+  // The station was selected by the program, not by a click: everything is shown.
   void show_all();
 
   [[nodiscard]] const SelectedStation& selected() const { return selected_; }

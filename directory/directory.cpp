@@ -11,19 +11,19 @@ void Directory::Naladit() {
     ListRadios_->on_unload = [this] { forget(); };
     if (!ListRadios_->Form_Load())
       return;
-    // Loading lets events run: the window may be closed again already.
+    // Loading runs events: the user may have closed the window by now.
     if (!ListRadios_)
       return;
     ListRadios_->watch_for_categories();
   }
   ListRadios_->show();
-  // So does bringing it to the front, which takes in what other programs have sent.
+  // So does bringing it to the front, which delivers messages sent by other programs.
   if (!ListRadios_)
     return;
   ListRadios_->NajdiIndexRadia(uses_.settings.IDlastRadio);
 }
 
-// One of its procedures may be what lets this happen: it is destroyed when none waits any more.
+// One of its own procedures may be on the stack, waiting: destroy it from the top of the loop.
 void Directory::forget() {
   closed_.push_back(std::move(ListRadios_));
   destroy_closed_ = uses_.loop.post_top_level([this] { closed_.clear(); });

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The station directory: makes its window when it is first wanted, and forgets it when it is closed.
+// The station directory: creates its window on demand and drops it when it is closed.
 #pragma once
 
 #include "directory/list_radios.h"
@@ -16,7 +16,7 @@ class Directory final : public player::DirectoryPort {
 public:
   explicit Directory(const DirectoryUses& uses);
 
-  // Shows the window, made and loaded when there is none, and selects the tuned station in it.
+  // Shows the window, creating and loading it if necessary, and selects the tuned station.
   void Naladit() override;
 
   [[nodiscard]] bool open() const { return ListRadios_ != nullptr; }

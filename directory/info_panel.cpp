@@ -21,7 +21,7 @@ constexpr int height_with_line = 6045; // of the window, twips
 constexpr double longest_interval_ms = 65535;
 constexpr double largest_colour = 0xffffff;
 
-// A field that is a number from 0 on, halves rounded to the even neighbour; nothing where it is missing or too large.
+// A non-negative number, rounded half to even; nullopt when the field is missing, negative or too large.
 std::optional<std::uint32_t> number_of(const std::vector<std::wstring>& fields, std::size_t index, double largest) {
   const auto number = index < fields.size() ? base::whole_text_number(fields[index]) : std::nullopt;
   if (!number.has_value() || !(*number >= 0 && *number <= largest))
@@ -70,7 +70,7 @@ void InfoPanelLine::ZobrazInfoPanel(const std::wstring& CommandsG) {
   if (fields.size() > 6)
     panel_parameter_ = fields[6];
   if (panel_parameter_.size() > max_parameter) {
-    panel_action_.clear(); // part of an address or a message is another one
+    panel_action_.clear(); // a truncated address or message would mean something else
     panel_parameter_.clear();
   }
   typing_position_ = 0;
@@ -102,7 +102,7 @@ void InfoPanelLine::InfoPanel_Click() {
     open_browser();
 }
 
-// The login page gets the page to go on to as one segment of its own address.
+// The login page takes the page to continue to as one segment of its own path.
 void InfoPanelLine::open_url() {
   const std::wstring token = uses_.identity.Heslo(uses_.settings.h);
   if (uses_.loop.quitting())
@@ -117,12 +117,12 @@ void InfoPanelLine::show_users() {
   auto pieces = base::split_text(panel_parameter_, L"||");
   if (pieces.size() < 4)
     return;
-  // What this program's own window is told may reach the listener's files.
+  // Commands to this program's own window can change the listener's files: the server must not send them.
   if (pieces[1].empty() || base::equal_ignoring_case(pieces[1], base::main_caption))
     return;
   pieces[0] = replace_ignoring_case(pieces[0], L"..", L"");
-  // A program that we do not know is not started, wherever it lies: the downloader writes files into the program
-  // folder. The message still reaches a window that is there.
+  // Never start an unknown program, not even from the program folder: the downloader writes files there. The message
+  // still goes to a window that already exists.
   const std::wstring program = companions::companion_program(uses_.folder, pieces[0]);
   const bool known = !program.empty() && uses_.folder.files().exists(program);
   uses_.sender.show_users(pieces[0], pieces[1], pieces[2], known ? pieces[3] : L"x", program);

@@ -20,11 +20,11 @@
 
 namespace lumotune::directory {
 
-// One path segment out of an address: "=", "/", "&", "#" and "?" become "*r*", "*l*", "*a*", "*k*" and "*o*". Leaves
-// the result in the argument, too.
+// Encodes an address as one path segment: "=", "/", "&", "#" and "?" become "*r*", "*l*", "*a*", "*k*" and "*o*". The
+// result is also written back to the argument.
 std::wstring MakePageRe(std::wstring& vstup);
 
-// User-interface thread. Everything that arrives here comes from the network.
+// User-interface thread. All input comes from the network and is untrusted.
 class InfoPanelLine {
 public:
   struct Uses {
@@ -41,19 +41,19 @@ public:
   };
   explicit InfoPanelLine(const Uses& uses);
 
-  // So many characters are typed at most.
+  // Longer texts are typed only this far.
   static constexpr std::size_t max_typed = 32767;
-  // An action with a longer parameter is none.
+  // An action with a longer parameter is ignored.
   static constexpr std::size_t max_parameter = 2000;
 
   // Fields: "1" for bold, colour, milliseconds a letter (up to 65,535), text, tool tip, action, its parameter. A step
-  // whose field is missing, bad or out of range is left out.
+  // whose field is missing, malformed or out of range is skipped.
   void ZobrazInfoPanel(const std::wstring& CommandsG);
   void InfoPanel_Click();
   void InfoPanel_MouseMove() { uses_.form.InfoPanel.set_underline(true); }
   void InfoPanel_MouseDown() { uses_.form.InfoPanel.set_underline(false); }
   void ImageInPan_MouseMove() { uses_.form.InfoPanel.set_underline(false); }
-  void close(); // what was being typed stops, and no order is taken any more
+  void close(); // stops typing and ignores further orders
 
 private:
   void TimerInPan_Timer();

@@ -35,7 +35,7 @@ Layout::Hold::~Hold() {
   layout_.place();
 }
 
-// The advertisement and the information line take their room from nobody.
+// The advertisement and the information line get their own room: the lists never shrink for them.
 int Layout::smallest_height() const {
   return smallest_bare_height + (form_.InfoPanel.visible() ? info_row : 0) + advert_room();
 }
@@ -52,7 +52,7 @@ void Layout::set_window_height(int height) {
   note_inside();
 }
 
-// A maximised or minimised window has another inside than the normal one that an order is for.
+// Orders are for the normal window, whose client area differs from a maximised or minimised one.
 void Layout::note_inside() {
   ordered_inside_ = form_.window.rect().height - form_.window.frame_height();
 }
@@ -69,7 +69,7 @@ bool Layout::advert_shown() const {
   return form_.WebBrowser1.visible() && form_.WebBrowser1.rect().height > 0;
 }
 
-// No more than it fills, and no more than it was given.
+// At most what it fills, and at most what the order left it.
 int Layout::advert_room() const {
   if (!advert_shown())
     return 0;

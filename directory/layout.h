@@ -6,24 +6,24 @@
 
 namespace lumotune::directory {
 
-// Tree, list and details share the width; the information line and the advertisement keep their distance from the lower
-// edge, but for an advertisement that the window cuts off or that has empty space below it: then the window's growing
-// and shrinking is its own first. User-interface thread.
+// Tree, list and details share the width. The information line and the advertisement are anchored to the lower edge;
+// only while the window cuts the advertisement off, or leaves empty space below it, does a change of height first go to
+// the advertisement. User-interface thread.
 class Layout {
 public:
   explicit Layout(ListRadiosForm& form) : form_(form) {}
 
   // The first size of the window, its smallest one, and every control in its place.
   void set_up();
-  // Places everything anew; also the window's answer to a change of its size.
+  // Lays everything out; also the handler of the window's resize event.
   void place();
-  // The outer height as the server commands it, of the normal window whatever its state: what an earlier order needed
-  // does not count. The monitor bounds it, and a window without an advertisement's room from below.
+  // The outer height that the server orders, for the normal window whatever its state; replaces any earlier order.
+  // Clamped to the monitor and to the smallest window without an advertisement.
   void set_window_height(int height);
-  // The advertisement lies so in the normal window of the commanded height.
+  // The place of the advertisement in the normal window of the ordered height.
   void set_advert(int height, int top);
 
-  // Around the steps of an order. At its end the smallest size follows what is shown, and everything is placed anew.
+  // Bracket the steps of an order. The end updates the smallest size to what is shown and lays everything out again.
   class Hold {
   public:
     explicit Hold(Layout& layout) : layout_(layout) { ++layout_.held_; }

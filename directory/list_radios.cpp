@@ -47,7 +47,7 @@ bool ListRadios::Form_Load() {
   list_.NactiKategorie();
   list_.make_columns();
   LoadOptions();
-  (void)uses_.identity.LoadOptionsLodin(); // without the file the values of the start serve
+  (void)uses_.identity.LoadOptionsLodin(); // without the file, keep the values read at start
   bool OnlyMemory = false;
   list_.NactiRadia(OnlyMemory);
   updater_.LoadAktualizaceRadii();
@@ -102,7 +102,7 @@ void ListRadios::set_texts() {
   form_.Image3.set_tooltip(L"Přihlásit se na Orb");
 }
 
-// Without its pictures the window works all the same.
+// Missing pictures are not an error.
 void ListRadios::load_pictures() {
   const std::wstring folder = uses_.folder.data(L"pictures\\");
   (void)form_.Image3.load_picture(folder + L"logo.gif");
@@ -111,7 +111,7 @@ void ListRadios::load_pictures() {
 
 void ListRadios::bind_window() {
   window_->on_resize = [this] { layout_.place(); };
-  // A wish to close that comes while the closed window is not yet destroyed is none.
+  // Ignore a second close request before destruction.
   window_->on_close = [this] {
     if (closed_)
       return;
@@ -135,7 +135,7 @@ void ListRadios::bind_lists() {
   form_.ListView1.on_key_up = [this] { ListView1_KeyUp(); };
   form_.ListView1.on_double_click = [this] { actions_.tune_row(); };
   form_.ListView1.on_menu_key = [this] {
-    pressed_ = platform::MouseButton::right; // the menu is that of a right click
+    pressed_ = platform::MouseButton::right; // so that the click opens the menu
     ListView1_Click();
   };
   form_.ListView1.on_key_press = [this](wchar_t character) {

@@ -54,7 +54,7 @@ struct DirectoryUses {
   platform::FramedWindowMaker& windows;
 };
 
-// User-interface thread. Destroyed from the top of the loop only: its procedures wait.
+// User-interface thread. Destroy only from the top of the loop: its procedures run nested loops.
 class ListRadios final : public stations::ConversionPort {
 public:
   ListRadios(const DirectoryUses& uses, AdvertState& advert_state);
@@ -65,16 +65,16 @@ public:
   // Loads files, tree and list, and starts an update. False when another copy of the program runs already: then the
   // program ends.
   [[nodiscard]] bool Form_Load();
-  void Form_Unload(); // hides the window and gives up what runs
-  void show();        // also out of the task bar, to the front
-  // Selects a station and shows its details, as far as it is among the rows.
+  void Form_Unload(); // hides the window and abandons what runs
+  void show();        // restores it if minimised and brings it to the front
+  // Selects a station and shows its details, if it is among the rows.
   void NajdiIndexRadia(const std::wstring& IDradia);
   void watch_for_categories() { updater_.watch_for_categories(); }
 
   std::function<void()> on_unload; // the user closed it; called after Form_Unload
 
-  // What the downloaded list says beside its stations. An information line lets events run: what follows once the
-  // window is closed is ignored.
+  // Orders in the downloaded list. An information line runs events; orders that arrive after the window was closed are
+  // ignored.
   void ZobrazReklamu(const std::wstring& text) override;
   void ZobrazInfoPanel(const std::wstring& text) override { panel_.ZobrazInfoPanel(text); }
   void orders_end() override;

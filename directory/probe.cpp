@@ -12,7 +12,8 @@
 namespace lumotune::directory {
 namespace {
 
-// A length in bytes, with blanks around it; nothing for anything else: a length misread would be waited for in vain.
+// A length in bytes, blanks around it allowed. Anything else is rejected: the update would wait for a misread length
+// for ever.
 std::optional<std::uint64_t> length_value(std::string_view text) {
   text = base::trimmed(text);
   if (text.empty())
@@ -28,7 +29,7 @@ std::optional<std::uint64_t> length_value(std::string_view text) {
   return number == 0 ? std::nullopt : std::optional(number);
 }
 
-// At the beginning of a line, whole, however long the host's name is.
+// Matches the whole marker at the start of the line, whatever the length of the host name.
 bool is_error_marker(std::string_view line, const std::wstring& host, const platform::AnsiCodec& codec,
                      const base::CodePageFold& fold) {
   return !host.empty() && fold.starts_with(line, codec.encode(host + L":error"));
@@ -45,7 +46,7 @@ std::wstring host_of(std::wstring_view address) {
     address.remove_prefix(4);
   const std::size_t bracket = address.starts_with(L'[') ? address.find(L']') : std::wstring_view::npos;
   if (bracket != std::wstring_view::npos)
-    return std::wstring(address.substr(0, bracket + 1)); // an address in numbers, whose colons are its own
+    return std::wstring(address.substr(0, bracket + 1)); // an IPv6 literal: its colons do not separate a port
   return std::wstring(address.substr(0, address.find(L':')));
 }
 

@@ -12,7 +12,7 @@
 
 namespace lumotune::directory {
 
-// A longer answer is none.
+// A longer answer is unusable.
 inline constexpr std::size_t max_probe_bytes = 64 * 1024;
 
 struct Probe {
@@ -21,9 +21,9 @@ struct Probe {
   std::uint64_t size = 0; // bytes of the complete list, at least 1; for Kind::size only
 };
 
-// Any bytes. The last "size:" line counts; one that is no whole number from 1 to the longest station file makes the
-// answer unusable, as none does. The error marker ends the reading. `after_line` is called after every other line;
-// once it says false the reading ends and the answer is unusable.
+// Takes arbitrary bytes. The last "size:" line counts; the answer is unusable without one, or when its value is not a
+// whole number from 1 to the length limit of a station file. The error marker stops parsing. `after_line` is called
+// after each remaining line; when it returns false, parsing stops and the answer is unusable.
 [[nodiscard]] Probe parse_probe(
     std::string_view bytes, const std::wstring& server_address, const platform::AnsiCodec& codec,
     const std::function<bool()>& after_line = [] { return true; });

@@ -66,7 +66,7 @@ void StationList::choose_category() {
   ZobrazKategoriiRadii(category);
 }
 
-// A node that the new tree has no more gives way to the first one, and a tree without nodes to all stations.
+// Falls back to the first node when the remembered one is gone, and to all stations when the tree is empty.
 void StationList::reload() {
   auto& tree = uses_.form.TreeView1;
   const bool selected = row_selected();

@@ -15,7 +15,7 @@
 
 namespace lumotune::directory {
 
-// User-interface thread. Selecting by program is no click.
+// User-interface thread. Selecting by program fires no click.
 class StationList {
 public:
   struct Uses {
@@ -34,22 +34,22 @@ public:
   void NactiKategorie();             // fills the tree from kategories.tt
   void NactiRadia(bool& OnlyMemory); // fills the table from radios.tt and, unless OnlyMemory, lists every station
   void ZobrazKategoriiRadii(std::wstring& Kategorie);
-  // A node was clicked, or come to by a key: its stations are shown.
+  // A node was clicked or reached by a key: shows its stations.
   void choose_category();
-  // New files are in place: table, tree, and the stations of the node clicked last (of the first one without a click).
-  // The station that was selected is selected again, wherever its row is now, and none when it has no row any more.
+  // New files are in place: reloads the table, the tree and the stations of the node clicked last (by default the
+  // first). Restores the selection by station, not by row; nothing is selected if the station is gone.
   void reload();
-  // The tree was filled anew: the update can be asked for again, and the main window's favourites may have changed.
+  // The tree was refilled: re-enables the update and refreshes the main window's favourites.
   void CommandOK();
-  // Selects the station where it is shown; otherwise the position of before stays.
+  // Selects the station if it is shown; otherwise keeps the selection.
   void select_station(const std::wstring& IDradia);
 
   void remember_row() { remembered_row_ = uses_.form.ListView1.selected(); }
   [[nodiscard]] bool row_selected() const { return uses_.form.ListView1.selected() != 0; }
   [[nodiscard]] std::wstring selected_id() const;   // empty while nothing is selected
   [[nodiscard]] std::wstring selected_text() const; // the row's first column
-  // What is known of the selected station: nothing without a row, or when the table has it no more. A row without an
-  // identifier stands for its own line. A view that lives until the next load.
+  // The record of the selected station; nullopt without a row, or when the table no longer has it. A row without an
+  // identifier stands for its own line. Valid until the next load.
   [[nodiscard]] std::optional<stations::StationRecord> selected_record() const;
   [[nodiscard]] const stations::StationTable& table() const { return table_; }
 

@@ -90,7 +90,7 @@ void StationRows::ZobrazKategoriiRadii(const std::shared_ptr<const stations::Sta
     return show_all(List1);
   const auto wanted = base::exact_bytes(codec_, Kategorie);
   if (!wanted.has_value())
-    return clear(); // no code has a character that the code page lacks
+    return clear(); // category codes never contain characters outside the code page
   const std::string_view category = *wanted;
   if (base::starts_with_marker(category, "x"))
     return fill(List1, [&](const stations::StationRecord& station) {

@@ -18,8 +18,8 @@
 
 namespace lumotune::directory {
 
-// User-interface thread. Rows count from 1 and keep the order of their lines. The lines that a row was made of stay
-// alive until the rows change: a station table may be loaded anew below it.
+// User-interface thread. Rows count from 1 and keep the order of their lines. The rows keep their lines alive, so the
+// station table may be reloaded meanwhile.
 class StationRows final : public platform::RowModel {
 public:
   explicit StationRows(const platform::AnsiCodec& codec);
@@ -29,7 +29,7 @@ public:
   [[nodiscard]] bool bold(std::size_t row) const override;
 
   void clear();
-  // Every station of the lines, in the place of the old rows. A second station of one identifier is not added.
+  // Replaces the rows by every station of the lines. Of several with one identifier only the first is added.
   void show_all(const std::shared_ptr<const stations::StationLines>& List1);
   // The rows of one category: "100000" (which becomes empty) and an empty text mean every station, "x" and a text the
   // stations whose category code goes on so after six characters, another text those whose code begins so.
@@ -37,7 +37,7 @@ public:
 
   [[nodiscard]] std::wstring key(std::size_t row) const;      // empty outside 1..count
   [[nodiscard]] std::string_view line(std::size_t row) const; // the same
-  // The station's row, 0 when it is not shown. An empty identifier is no station's.
+  // The station's row, 0 when it is not shown or the identifier is empty.
   [[nodiscard]] std::size_t find(const std::wstring& IDradia) const;
 
 private:

@@ -17,7 +17,7 @@ UpdateStep status(std::wstring text) {
   return {Step::set_status, std::move(text)};
 }
 
-// What another program is still writing counts as not there yet.
+// A file still being written counts as missing.
 bool is_there(const FileFacts& file) {
   return file.length.value_or(0) > 0 && !file.being_written;
 }
@@ -64,7 +64,7 @@ UpdateSteps Update::Timer3_Timer(const FileFacts& probe) {
   return steps({{Step::Timer3_off}, {Step::read_probe}});
 }
 
-// The watch begins before the download does: not a tick of it is missed.
+// Start watching before the download so that no tick is missed.
 UpdateSteps Update::probe_read(unsigned run, const std::optional<Probe>& probe) {
   if (run != run_ || state_ != State::reading_probe)
     return steps({});
@@ -99,8 +99,8 @@ UpdateSteps Update::Timer1_Timer(const FileFacts& list) {
   return steps(std::move(list_of_steps));
 }
 
-// A list that cannot be read yet, or is no longer as long as announced, is tried again at the next tick. The button
-// stays as it is when the update fails: the next opening of the window begins with it enabled, and with an update.
+// A list that cannot be read yet, or whose length no longer matches, is retried at the next tick. The button keeps its
+// state when the update fails; the next time the window opens it is enabled and an update starts.
 UpdateSteps Update::converted(unsigned run, stations::Conversion result) {
   if (run != run_ || state_ != State::converting)
     return steps({});

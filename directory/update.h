@@ -42,8 +42,8 @@ struct UpdateStep {
   int number = 0;
 };
 
-// To be carried out in order. Where a step lets events run, an update may have begun anew or the window been closed:
-// before each step the rest is dropped when `run` is no longer Update::run().
+// To be carried out in order. A step that runs events may see a new update start or the window close: check before each
+// step that `run` is still Update::run(), otherwise drop the rest.
 struct UpdateSteps {
   unsigned run = 0;
   std::vector<UpdateStep> steps;
@@ -52,7 +52,7 @@ struct UpdateSteps {
 // What is known of a file at a tick.
 struct FileFacts {
   std::optional<std::uint64_t> length; // nothing while the file does not exist
-  bool being_written = false;          // another program has it open for writing; only asked of a file that would do
+  bool being_written = false; // another program has it open for writing; only asked when the file is otherwise ready
 };
 
 // User-interface thread.
@@ -61,13 +61,13 @@ public:
   [[nodiscard]] unsigned run() const { return run_; }
   [[nodiscard]] std::uint64_t announced_size() const { return announced_size_; } // bytes, 0 before it is known
 
-  // An update starts; one that runs is given up.
+  // Starts an update and abandons the running one.
   [[nodiscard]] UpdateSteps LoadAktualizaceRadii();
-  // The window was closed: nothing of what runs goes on, and the button is as at first.
+  // The window was closed: abandons what runs and resets the button.
   [[nodiscard]] UpdateSteps close();
 
   [[nodiscard]] UpdateSteps Timer3_Timer(const FileFacts& probe);
-  // The probe's content, nothing when it could not be read. An answer to an older run has no steps.
+  // The probe's content; nullopt when it could not be read. An answer to an older run yields no steps.
   [[nodiscard]] UpdateSteps probe_read(unsigned run, const std::optional<Probe>& probe);
 
   [[nodiscard]] UpdateSteps Timer1_Timer(const FileFacts& list);
@@ -89,7 +89,7 @@ private:
   double progress_factor_ = 0;       // percent a byte
 };
 
-// The percentage of a length, halves to the even neighbour, kept within 16 bits.
+// The percentage of a length, rounded half to even, clamped to 16 bits.
 [[nodiscard]] int progress_percentage(std::uint64_t length, double progress_factor);
 
 } // namespace lumotune::directory

@@ -24,14 +24,14 @@ std::wstring Updater::path(const wchar_t* name) const {
   return uses_.folder.path(name);
 }
 
-// Whether a file is being written is asked only where it matters: the question itself keeps writers out for a moment,
-// and a downloader may open its file anew for every piece.
+// Asks whether a file is being written only where it matters: the check briefly locks writers out, and a downloader may
+// reopen its file for every piece.
 FileFacts Updater::facts(const std::wstring& file) const {
   const auto length = uses_.folder.files().size(file);
   return {length, length.value_or(0) > 0 && uses_.folder.files().being_written(file)};
 }
 
-// The downloader is told this very path, forward slash and all.
+// Forward slash on purpose: the downloader is given exactly this path.
 FileFacts Updater::list_facts() const {
   const std::wstring file = uses_.folder.path() + L"/" + stations::download_file;
   const auto length = uses_.folder.files().size(file);
@@ -51,7 +51,7 @@ void Updater::carry_out(const UpdateSteps& steps) {
   }
 }
 
-// Steps that ask for an answer go on with what the answer leads to.
+// A step that asks for an answer continues with the steps that the answer leads to.
 void Updater::carry_out(const UpdateStep& step, unsigned run) {
   switch (step.step) {
   case Step::read_probe:
@@ -63,6 +63,8 @@ void Updater::carry_out(const UpdateStep& step, unsigned run) {
   case Step::TestOnLine:
     carry_out(update_.online(run, TestOnLine() == L"true"));
     return;
+  case Step::repaint:
+    return uses_.loop.run_pending();
   case Step::Timer1_on:
     return Timer1->start();
   case Step::Timer1_off:
@@ -73,17 +75,27 @@ void Updater::carry_out(const UpdateStep& step, unsigned run) {
     return Timer3->start();
   case Step::Timer3_off:
     return Timer3->stop();
-  default:
-    return carry_out_own(step);
+  case Step::remove_file:
+  case Step::set_status:
+  case Step::show_progress:
+  case Step::hide_progress:
+  case Step::start_probe:
+  case Step::start_list:
+  case Step::reload:
+  case Step::NactiKategorie:
+  case Step::CommandOK:
+  case Step::Command1_on:
+  case Step::Command1_off:
+  case Step::show_message:
+    return act_on_window(step);
   }
 }
 
-void Updater::carry_out_own(const UpdateStep& step) {
+void Updater::act_on_window(const UpdateStep& step) {
   auto& form = uses_.form;
   switch (step.step) {
   case Step::remove_file:
-    (void)uses_.folder.files().remove(path(step.text.c_str())); // a missing file is no error
-    return;
+    return (void)uses_.folder.files().remove(path(step.text.c_str())); // a missing file is no error
   case Step::set_status:
     return form.Label1.set_text(step.text);
   case Step::show_progress:
@@ -97,8 +109,6 @@ void Updater::carry_out_own(const UpdateStep& step) {
   case Step::start_list:
     return companions::launch(uses_.shell,
                               companions::station_list(companions::companion_values(uses_.folder, uses_.settings)));
-  case Step::repaint:
-    return uses_.loop.run_pending();
   case Step::reload:
     return uses_.list.reload();
   case Step::NactiKategorie:
@@ -106,19 +116,26 @@ void Updater::carry_out_own(const UpdateStep& step) {
   case Step::CommandOK:
     return uses_.list.CommandOK();
   case Step::Command1_on:
-    return form.Command1.set_enabled(true);
   case Step::Command1_off:
-    return form.Command1.set_enabled(false);
+    return form.Command1.set_enabled(step.step == Step::Command1_on);
   case Step::show_message:
-    (void)uses_.dialogs.message(step.text, platform::Dialogs::default_title, platform::BoxIcon::information,
-                                platform::BoxButtons::ok);
-    return;
-  default:
-    return;
+    return (void)uses_.dialogs.message(step.text, platform::Dialogs::default_title, platform::BoxIcon::information,
+                                       platform::BoxButtons::ok);
+  case Step::read_probe:
+  case Step::convert:
+  case Step::TestOnLine:
+  case Step::repaint:
+  case Step::Timer1_on:
+  case Step::Timer1_off:
+  case Step::Timer2_off:
+  case Step::Timer3_on:
+  case Step::Timer3_off:
+    return; // carry_out does these itself
   }
 }
 
-// The window repaints after each line, however many a server sends; nobody waits for the rest once the update is over.
+// The window repaints after each line, however many a server sends. Reading stops when the update was replaced or the
+// program ends.
 std::optional<Probe> Updater::read_probe(unsigned run) {
   if (uses_.folder.files().size(path(stations::probe_file)).value_or(0) > max_probe_bytes)
     return Probe{};

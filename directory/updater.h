@@ -19,13 +19,13 @@
 
 namespace lumotune::directory {
 
-// User-interface thread. Where a step lets events run, the window may be closed or a new update started.
+// User-interface thread. Steps that run events may see the window closed or a new update started.
 class Updater {
 public:
   struct Uses {
     ListRadiosForm& form;
     StationList& list;
-    stations::ConversionPort& shows; // what the list says beside its stations
+    stations::ConversionPort& shows; // receives the orders in the list: advertisement, information line
     stations::StationFiles& station_files;
     base::Settings& settings;
     platform::EventLoop& loop;
@@ -39,14 +39,14 @@ public:
   void LoadAktualizaceRadii() { carry_out(update_.LoadAktualizaceRadii()); }
   void Command1_Click() { carry_out(update_.Command1_Click()); }
   [[nodiscard]] std::wstring TestOnLine(); // "true" or "false"; events run meanwhile
-  // The tree is filled anew once another program has written new categories; not when they are there already.
+  // Refills the tree once another program has written new categories; does nothing when they are there already.
   void watch_for_categories();
   void close() { carry_out(update_.close()); }
 
 private:
   void carry_out(const UpdateSteps& steps);
   void carry_out(const UpdateStep& step, unsigned run);
-  void carry_out_own(const UpdateStep& step);
+  void act_on_window(const UpdateStep& step);
   [[nodiscard]] std::wstring path(const wchar_t* name) const;
   [[nodiscard]] FileFacts facts(const std::wstring& file) const;
   [[nodiscard]] FileFacts list_facts() const;
