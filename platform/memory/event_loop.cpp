@@ -8,15 +8,15 @@
 namespace lumotune::platform::memory {
 
 // Each tick's function is copied before it runs, so that a handler may destroy its own timer.
-class MemoryTimer final : public Timer {
+class Timer final : public platform::Timer {
 public:
-  MemoryTimer(MemoryEventLoop& loop, std::uint32_t interval_ms, std::function<void()> tick)
+  Timer(EventLoop& loop, std::uint32_t interval_ms, std::function<void()> tick)
       : loop_(loop), interval_(std::max(interval_ms, 1U)), tick_(std::move(tick)) {
     loop_.timers_.push_back(this);
   }
-  MemoryTimer(const MemoryTimer&) = delete;
-  MemoryTimer& operator=(const MemoryTimer&) = delete;
-  ~MemoryTimer() override {
+  Timer(const Timer&) = delete;
+  Timer& operator=(const Timer&) = delete;
+  ~Timer() override {
     loop_.thread_.check();
     std::erase(loop_.timers_, this);
   }
@@ -58,7 +58,7 @@ private:
     turn_ = ++loop_.order_;
   }
 
-  MemoryEventLoop& loop_;
+  EventLoop& loop_;
   std::uint32_t interval_;
   std::function<void()> tick_;
   bool running_ = false;
@@ -67,14 +67,14 @@ private:
   std::uint64_t turn_ = 0;
 };
 
-class MemoryWaker final : public Waker {
+class Waker final : public platform::Waker {
 public:
-  MemoryWaker(MemoryEventLoop& loop, std::function<void()> work) : loop_(loop), work_(std::move(work)) {
+  Waker(EventLoop& loop, std::function<void()> work) : loop_(loop), work_(std::move(work)) {
     loop_.wakers_.push_back(this);
   }
-  MemoryWaker(const MemoryWaker&) = delete;
-  MemoryWaker& operator=(const MemoryWaker&) = delete;
-  ~MemoryWaker() override {
+  Waker(const Waker&) = delete;
+  Waker& operator=(const Waker&) = delete;
+  ~Waker() override {
     loop_.thread_.check();
     std::erase(loop_.wakers_, this);
   }
@@ -84,62 +84,62 @@ public:
   [[nodiscard]] std::function<void()> take() { return pending_.exchange(false) ? work_ : std::function<void()>{}; }
 
 private:
-  MemoryEventLoop& loop_;
+  EventLoop& loop_;
   std::function<void()> work_;
   std::atomic<bool> pending_ = false;
 };
 
-MemoryEventLoop::~MemoryEventLoop() {
+EventLoop::~EventLoop() {
   assert(timers_.empty() && wakers_.empty() && "timers and wakers must go before their loop");
 }
 
-std::unique_ptr<Timer> MemoryEventLoop::make_timer(std::uint32_t interval_ms, std::function<void()> tick) {
+std::unique_ptr<platform::Timer> EventLoop::make_timer(std::uint32_t interval_ms, std::function<void()> tick) {
   thread_.check();
-  return std::make_unique<MemoryTimer>(*this, interval_ms, std::move(tick));
+  return std::make_unique<Timer>(*this, interval_ms, std::move(tick));
 }
 
-std::unique_ptr<Waker> MemoryEventLoop::make_waker(std::function<void()> work) {
+std::unique_ptr<platform::Waker> EventLoop::make_waker(std::function<void()> work) {
   thread_.check();
-  return std::make_unique<MemoryWaker>(*this, std::move(work));
+  return std::make_unique<Waker>(*this, std::move(work));
 }
 
-std::unique_ptr<TopLevelWork> MemoryEventLoop::post_top_level(std::function<void()> work) {
+std::unique_ptr<TopLevelWork> EventLoop::post_top_level(std::function<void()> work) {
   thread_.check();
   return top_level_.post(std::move(work));
 }
 
-std::uint32_t MemoryEventLoop::tick_count_ms() const {
+std::uint32_t EventLoop::tick_count_ms() const {
   thread_.check();
   return static_cast<std::uint32_t>(now_);
 }
 
-void MemoryEventLoop::begin_end() {
+void EventLoop::begin_end() {
   thread_.check();
   ending_ = true;
 }
 
-void MemoryEventLoop::quit() {
+void EventLoop::quit() {
   thread_.check();
   quitting_ = true;
 }
 
-void MemoryEventLoop::run_top_level() {
+void EventLoop::run_top_level() {
   for (std::size_t left = top_level_.size(); left != 0 && depth_ == 0 && !quitting_; --left) {
     if (const auto work = top_level_.take())
       work();
   }
 }
 
-bool MemoryEventLoop::run_one_due() {
+bool EventLoop::run_one_due() {
   const Nested nested(*this);
-  for (MemoryWaker* waker : wakers_) {
+  for (Waker* waker : wakers_) {
     if (const auto work = waker->take()) {
       work();
       return true;
     }
   }
-  MemoryTimer* timer = nullptr;
-  for (MemoryTimer* each : timers_) {
+  Timer* timer = nullptr;
+  for (Timer* each : timers_) {
     if (each->running() && each->due() <= now_ &&
         (timer == nullptr || std::pair(each->due(), each->order()) < std::pair(timer->due(), timer->order())))
       timer = each;
@@ -160,21 +160,21 @@ bool MemoryEventLoop::run_one_due() {
   return true;
 }
 
-void MemoryEventLoop::run_due() {
+void EventLoop::run_due() {
   // A handler that makes work for itself for ever must not hang a test.
   run_top_level();
   for (int guard = 0; guard < 100000 && run_one_due(); ++guard)
     run_top_level();
 }
 
-void MemoryEventLoop::run_pending() {
+void EventLoop::run_pending() {
   thread_.check();
   ++pending_runs_;
   const Nested nested(*this);
   run_due();
 }
 
-bool MemoryEventLoop::wait_a_little() {
+bool EventLoop::wait_a_little() {
   thread_.check();
   if (quitting_)
     return false;
@@ -186,14 +186,14 @@ bool MemoryEventLoop::wait_a_little() {
   return !quitting_;
 }
 
-bool MemoryEventLoop::next_due(std::uint64_t& due) const {
+bool EventLoop::next_due(std::uint64_t& due) const {
   bool found = false;
   const auto take = [&](std::uint64_t candidate) {
     if (!found || candidate < due)
       due = candidate;
     found = true;
   };
-  for (const MemoryTimer* timer : timers_) {
+  for (const Timer* timer : timers_) {
     if (timer->running())
       take(timer->due());
   }
@@ -202,7 +202,7 @@ bool MemoryEventLoop::next_due(std::uint64_t& due) const {
   return found;
 }
 
-void MemoryEventLoop::advance(std::uint64_t ms) {
+void EventLoop::advance(std::uint64_t ms) {
   const std::uint64_t aim = now_ + ms;
   run_due();
   std::uint64_t due = 0;
@@ -213,11 +213,11 @@ void MemoryEventLoop::advance(std::uint64_t ms) {
   now_ = std::max(now_, aim);
 }
 
-void MemoryEventLoop::at(std::uint64_t in_ms, std::function<void()> action) {
+void EventLoop::at(std::uint64_t in_ms, std::function<void()> action) {
   planned_.push_back({now_ + in_ms, ++order_, std::move(action)});
 }
 
-void MemoryEventLoop::run() {
+void EventLoop::run() {
   thread_.check();
   run_due();
   std::uint64_t due = 0;

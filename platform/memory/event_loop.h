@@ -14,19 +14,20 @@
 
 namespace lumotune::platform::memory {
 
-class MemoryTimer;
-class MemoryWaker;
+class Timer;
+class Waker;
 
 // Due events run in the order of their times, then of their making. Time moves only by `advance`, by the passes of a
 // wait and by `run`; a handler that waits inside `advance` moves the clock past its aim, as on a real machine. The top
 // of the loop is `run`, and `advance` where nothing that waits has called it.
-class MemoryEventLoop final : public EventLoop {
+class EventLoop final : public platform::EventLoop {
 public:
-  explicit MemoryEventLoop(std::uint32_t start_ms = 1000) : now_(start_ms) {}
-  ~MemoryEventLoop() override;
+  explicit EventLoop(std::uint32_t start_ms = 1000) : now_(start_ms) {}
+  ~EventLoop() override;
 
-  [[nodiscard]] std::unique_ptr<Timer> make_timer(std::uint32_t interval_ms, std::function<void()> tick) override;
-  [[nodiscard]] std::unique_ptr<Waker> make_waker(std::function<void()> work) override;
+  [[nodiscard]] std::unique_ptr<platform::Timer> make_timer(std::uint32_t interval_ms,
+                                                            std::function<void()> tick) override;
+  [[nodiscard]] std::unique_ptr<platform::Waker> make_waker(std::function<void()> work) override;
   [[nodiscard]] std::unique_ptr<TopLevelWork> post_top_level(std::function<void()> work) override;
   void run_pending() override;
   [[nodiscard]] bool wait_a_little() override;
@@ -40,13 +41,13 @@ public:
   // While one of these lives something waits, as a handler, a box or a menu does: the loop is not at its top.
   class Nested {
   public:
-    explicit Nested(MemoryEventLoop& loop) : loop_(loop) { ++loop_.depth_; }
+    explicit Nested(EventLoop& loop) : loop_(loop) { ++loop_.depth_; }
     Nested(const Nested&) = delete;
     Nested& operator=(const Nested&) = delete;
     ~Nested() { --loop_.depth_; }
 
   private:
-    MemoryEventLoop& loop_;
+    EventLoop& loop_;
   };
 
   // Moves the clock on by that much, running what falls due on the way.
@@ -60,8 +61,8 @@ public:
   [[nodiscard]] std::uint64_t wait_passes() const { return wait_passes_; }
 
 private:
-  friend class MemoryTimer;
-  friend class MemoryWaker;
+  friend class Timer;
+  friend class Waker;
   struct Planned {
     std::uint64_t due = 0;
     std::uint64_t order = 0;
@@ -82,8 +83,8 @@ private:
   int depth_ = 0; // handlers, waits, boxes and menus under way
   bool ending_ = false;
   bool quitting_ = false;
-  std::vector<MemoryTimer*> timers_;
-  std::vector<MemoryWaker*> wakers_;
+  std::vector<Timer*> timers_;
+  std::vector<Waker*> wakers_;
   std::vector<Planned> planned_;
   TopLevelQueue top_level_;
 };

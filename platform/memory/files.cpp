@@ -20,7 +20,7 @@ bool matches(const std::wstring& name, const std::wstring& pattern) {
 
 } // namespace
 
-std::wstring MemoryFiles::key(const std::wstring& path) {
+std::wstring Files::key(const std::wstring& path) {
   std::wstring folded = path;
   std::transform(folded.begin(), folded.end(), folded.begin(), [](wchar_t character) {
     return character == L'/' ? L'\\' : static_cast<wchar_t>(std::towlower(static_cast<wint_t>(character)));
@@ -28,36 +28,36 @@ std::wstring MemoryFiles::key(const std::wstring& path) {
   return folded;
 }
 
-void MemoryFiles::mend(const std::wstring& path) {
+void Files::mend(const std::wstring& path) {
   unreadable_.erase(key(path));
   readonly_.erase(key(path));
 }
 
-bool MemoryFiles::power_on() {
+bool Files::power_on() {
   steps_to_crash_ = -1;
   return std::exchange(off_, false);
 }
 
 // Whether the next change of the disk is done; false from the crash on.
-bool MemoryFiles::powered() {
+bool Files::powered() {
   if (!off_ && steps_to_crash_ >= 0 && steps_to_crash_-- == 0)
     off_ = true;
   return !off_;
 }
 
-bool MemoryFiles::is_readonly(const std::wstring& wanted) const {
+bool Files::is_readonly(const std::wstring& wanted) const {
   return readonly_.count(wanted) != 0 ||
          std::any_of(readonly_folders_.begin(), readonly_folders_.end(),
                      [&](const std::wstring& folder) { return wanted.starts_with(folder); });
 }
 
-FileStep MemoryFiles::changeable(const std::wstring& path) const {
+FileStep Files::changeable(const std::wstring& path) const {
   if (is_readonly(key(path)))
     return FileStep::refused;
   return held_.count(key(path)) != 0 ? FileStep::held : FileStep::done;
 }
 
-void MemoryFiles::store(const std::wstring& path, std::string_view bytes) {
+void Files::store(const std::wstring& path, std::string_view bytes) {
   Entry& entry = files_[key(path)];
   if (entry.path.empty()) {
     entry.path = path;
@@ -67,15 +67,15 @@ void MemoryFiles::store(const std::wstring& path, std::string_view bytes) {
   entry.written = ++writings_;
 }
 
-bool MemoryFiles::noted(bool done, const std::wstring& what) {
+bool Files::noted(bool done, const std::wstring& what) {
   if (done)
     changes_.push_back(what);
   return done;
 }
 
-class MemoryFiles::Steps final : public FileSteps {
+class Files::Steps final : public FileSteps {
 public:
-  explicit Steps(MemoryFiles& files) : files_(files) {}
+  explicit Steps(Files& files) : files_(files) {}
 
   [[nodiscard]] bool there(const std::wstring& path) const override { return files_.exists(path); }
   [[nodiscard]] bool newer(const std::wstring& path, const std::wstring& other) const override {
@@ -139,33 +139,33 @@ private:
     return found == files_.files_.end() ? 0 : found->second.written;
   }
 
-  MemoryFiles& files_;
+  Files& files_;
 };
 
-const MemoryFiles::Entry* MemoryFiles::readable(const std::wstring& path) const {
+const Files::Entry* Files::readable(const std::wstring& path) const {
   const std::wstring wanted = key(path);
   ++reads_[wanted];
   const auto found = files_.find(wanted);
   return found == files_.end() || unreadable_.count(wanted) != 0 ? nullptr : &found->second;
 }
 
-std::size_t MemoryFiles::reads(const std::wstring& path) const {
+std::size_t Files::reads(const std::wstring& path) const {
   const auto found = reads_.find(key(path));
   return found == reads_.end() ? 0 : found->second;
 }
 
-bool MemoryFiles::exists(const std::wstring& path) const {
+bool Files::exists(const std::wstring& path) const {
   return files_.count(key(path)) != 0;
 }
 
-std::optional<std::uint64_t> MemoryFiles::size(const std::wstring& path) const {
+std::optional<std::uint64_t> Files::size(const std::wstring& path) const {
   const auto found = files_.find(key(path));
   if (found == files_.end())
     return std::nullopt;
   return found->second.bytes.size();
 }
 
-std::optional<FileStamp> MemoryFiles::stamp(const std::wstring& path) const {
+std::optional<FileStamp> Files::stamp(const std::wstring& path) const {
   const auto found = files_.find(key(path));
   if (found == files_.end() || unreadable_.count(found->first) != 0)
     return std::nullopt;
@@ -173,18 +173,18 @@ std::optional<FileStamp> MemoryFiles::stamp(const std::wstring& path) const {
   return FileStamp{entry.bytes.size(), clock_stands ? 0 : entry.written, entry.identity};
 }
 
-std::optional<std::string> MemoryFiles::read(const std::wstring& path) const {
+std::optional<std::string> Files::read(const std::wstring& path) const {
   const Entry* entry = readable(path);
   if (entry == nullptr)
     return std::nullopt;
   return entry->bytes;
 }
 
-bool MemoryFiles::read_into(const std::wstring& path, std::string& bytes) const {
+bool Files::read_into(const std::wstring& path, std::string& bytes) const {
   return read_at_most(path, bytes, max_bytes);
 }
 
-bool MemoryFiles::read_at_most(const std::wstring& path, std::string& bytes, std::uint64_t limit) const {
+bool Files::read_at_most(const std::wstring& path, std::string& bytes, std::uint64_t limit) const {
   if (before_read)
     before_read(path);
   const Entry* entry = readable(path);
@@ -194,51 +194,51 @@ bool MemoryFiles::read_at_most(const std::wstring& path, std::string& bytes, std
   return entry != nullptr;
 }
 
-bool MemoryFiles::replace(const std::wstring& path, std::string_view bytes) {
+bool Files::replace(const std::wstring& path, std::string_view bytes) {
   Steps steps(*this);
   return noted(replace_one(steps, path, bytes), L"replace " + path);
 }
 
-bool MemoryFiles::replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
-                               std::string_view second_bytes) {
+bool Files::replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
+                         std::string_view second_bytes) {
   Steps steps(*this);
   return noted(replace_two(steps, first, first_bytes, second, second_bytes), L"replace " + first) &&
          noted(true, L"replace " + second);
 }
 
-void MemoryFiles::settle(const std::wstring& path) {
+void Files::settle(const std::wstring& path) {
   Steps steps(*this);
   settle_one(steps, path);
 }
 
-void MemoryFiles::settle(const std::wstring& first, const std::wstring& second) {
+void Files::settle(const std::wstring& first, const std::wstring& second) {
   Steps steps(*this);
   settle_two(steps, first, second);
 }
 
-bool MemoryFiles::can_replace(const std::wstring& path) {
+bool Files::can_replace(const std::wstring& path) {
   return !is_readonly(key(path));
 }
 
-bool MemoryFiles::move(const std::wstring& from, const std::wstring& to) {
+bool Files::move(const std::wstring& from, const std::wstring& to) {
   Steps steps(*this);
   return changeable(from) == FileStep::done &&
          noted(steps.take_place(from, to) == FileStep::done, L"move " + from + L" to " + to);
 }
 
-bool MemoryFiles::being_written(const std::wstring& path) const {
+bool Files::being_written(const std::wstring& path) const {
   ++writers_asked_for_;
   return written_.count(key(path)) != 0;
 }
 
-void MemoryFiles::set_being_written(const std::wstring& path, bool on) {
+void Files::set_being_written(const std::wstring& path, bool on) {
   if (on)
     written_.insert(key(path));
   else
     written_.erase(key(path));
 }
 
-bool MemoryFiles::append(const std::wstring& path, std::string_view bytes) {
+bool Files::append(const std::wstring& path, std::string_view bytes) {
   if (is_readonly(key(path)) || !powered())
     return false;
   const auto found = files_.find(key(path));
@@ -246,7 +246,7 @@ bool MemoryFiles::append(const std::wstring& path, std::string_view bytes) {
   return noted(true, L"append " + path);
 }
 
-bool MemoryFiles::remove(const std::wstring& path) {
+bool Files::remove(const std::wstring& path) {
   if (changeable(path) != FileStep::done || !powered())
     return false;
   if (files_.erase(key(path)) != 0)
@@ -254,13 +254,13 @@ bool MemoryFiles::remove(const std::wstring& path) {
   return true;
 }
 
-bool MemoryFiles::copy(const std::wstring& from, const std::wstring& to) {
+bool Files::copy(const std::wstring& from, const std::wstring& to) {
   const auto bytes = read(from);
   Steps steps(*this);
   return bytes.has_value() && noted(replace_one(steps, to, *bytes), L"copy to " + to);
 }
 
-std::vector<std::wstring> MemoryFiles::list(const std::wstring& folder, const std::wstring& pattern) const {
+std::vector<std::wstring> Files::list(const std::wstring& folder, const std::wstring& pattern) const {
   const std::wstring prefix = key(folder) + L"\\";
   std::vector<std::wstring> names;
   for (const auto& [path, entry] : files_) {

@@ -15,7 +15,7 @@
 
 namespace lumotune::platform::memory {
 
-class MemoryFiles final : public Files {
+class Files final : public platform::Files {
 public:
   [[nodiscard]] bool exists(const std::wstring& path) const override;
   [[nodiscard]] std::optional<std::uint64_t> size(const std::wstring& path) const override;
@@ -97,7 +97,7 @@ private:
 };
 
 // The Czech code page.
-class MemoryCodec final : public AnsiCodec {
+class Codec final : public AnsiCodec {
 public:
   [[nodiscard]] std::wstring decode(std::string_view bytes) const override { return decode_1250(bytes); }
   [[nodiscard]] std::string encode(std::wstring_view text) const override { return encode_1250(text); }

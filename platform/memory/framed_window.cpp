@@ -16,12 +16,12 @@ bool same_key(const std::wstring& a, const std::wstring& b) {
 
 } // namespace
 
-void MemoryTree::clear() {
+void TreeView::clear() {
   nodes_.clear();
   selected_ = 0;
 }
 
-std::size_t MemoryTree::find(const std::wstring& key) const {
+std::size_t TreeView::find(const std::wstring& key) const {
   for (std::size_t i = 0; i < nodes_.size(); ++i) {
     if (same_key(nodes_[i].key, key))
       return i + 1;
@@ -29,7 +29,7 @@ std::size_t MemoryTree::find(const std::wstring& key) const {
   return 0;
 }
 
-bool MemoryTree::add(const std::wstring& key, const std::wstring& parent_key, const std::wstring& text) {
+bool TreeView::add(const std::wstring& key, const std::wstring& parent_key, const std::wstring& text) {
   const std::size_t parent = parent_key.empty() ? 0 : find(parent_key);
   if (find(key) != 0 || (!parent_key.empty() && parent == 0))
     return false;
@@ -37,65 +37,65 @@ bool MemoryTree::add(const std::wstring& key, const std::wstring& parent_key, co
   return true;
 }
 
-std::wstring MemoryTree::key(std::size_t index) const {
+std::wstring TreeView::key(std::size_t index) const {
   return index == 0 || index > nodes_.size() ? std::wstring() : nodes_[index - 1].key;
 }
 
-std::wstring MemoryTree::node_text(std::size_t index) const {
+std::wstring TreeView::node_text(std::size_t index) const {
   return index == 0 || index > nodes_.size() ? std::wstring() : nodes_[index - 1].text;
 }
 
-std::size_t MemoryTree::parent(std::size_t index) const {
+std::size_t TreeView::parent(std::size_t index) const {
   return index == 0 || index > nodes_.size() ? 0 : nodes_[index - 1].parent;
 }
 
-void MemoryTree::select(std::size_t index) {
+void TreeView::select(std::size_t index) {
   if (index != 0 && index <= nodes_.size())
     selected_ = index;
 }
 
-bool MemoryTree::user_pick(std::size_t index) {
+bool TreeView::user_pick(std::size_t index) {
   if (index == 0 || index > nodes_.size() || !take_press())
     return false;
   selected_ = index;
   return fire(on_click);
 }
 
-bool MemoryTree::user_arrow(std::size_t index) {
+bool TreeView::user_arrow(std::size_t index) {
   if (index == 0 || index > nodes_.size() || !has_keyboard())
     return false;
   selected_ = index;
   return fire(on_key_up);
 }
 
-bool MemoryTree::user_enter() {
+bool TreeView::user_enter() {
   return selected_ != 0 && user_arrow(selected_);
 }
 
-void MemoryListView::add_column(const std::wstring& key, const std::wstring& caption, int width) {
+void ListView::add_column(const std::wstring& key, const std::wstring& caption, int width) {
   columns_.push_back({key, caption, width});
 }
 
-void MemoryListView::set_rows(const RowModel* rows) {
+void ListView::set_rows(const RowModel* rows) {
   rows_ = rows;
   told_ = rows == nullptr ? 0 : rows->count();
   selected_ = 0;
 }
 
-void MemoryListView::rows_changed() {
+void ListView::rows_changed() {
   set_rows(rows_);
   ++changes;
 }
 
-void MemoryListView::select(std::size_t index) {
+void ListView::select(std::size_t index) {
   selected_ = index <= count() ? index : 0;
 }
 
-std::wstring MemoryListView::cell(std::size_t row, std::size_t column) const {
+std::wstring ListView::cell(std::size_t row, std::size_t column) const {
   return row == 0 || row > count() ? std::wstring() : rows_->text(row, column);
 }
 
-bool MemoryListView::user_pick(std::size_t index, MouseButton button) {
+bool ListView::user_pick(std::size_t index, MouseButton button) {
   if (index == 0 || index > count() || !take_press())
     return false;
   (void)fire(on_mouse_down, MouseEvent{button, 0, 0});
@@ -104,7 +104,7 @@ bool MemoryListView::user_pick(std::size_t index, MouseButton button) {
 }
 
 // The first half is a click. What it did may have moved the selection: then the second half is one as well.
-bool MemoryListView::user_double_pick(std::size_t index) {
+bool ListView::user_double_pick(std::size_t index) {
   if (!user_pick(index, MouseButton::left) || !in_sight() || !enabled())
     return false;
   if (selected() != index && !user_pick(index, MouseButton::left))
@@ -112,60 +112,60 @@ bool MemoryListView::user_double_pick(std::size_t index) {
   return in_sight() && fire(on_double_click);
 }
 
-bool MemoryListView::user_arrow(std::size_t index) {
+bool ListView::user_arrow(std::size_t index) {
   if (index == 0 || index > count() || !has_keyboard())
     return false;
   selected_ = index;
   return fire(on_key_up);
 }
 
-bool MemoryListView::user_type(wchar_t character) {
+bool ListView::user_type(wchar_t character) {
   return has_keyboard() && fire(on_key_press, character);
 }
 
-TreeView& MemoryFramedWindow::make_tree(const std::wstring& designer_name) {
-  return make_stop<MemoryTree>(designer_name);
+platform::TreeView& FramedWindow::make_tree(const std::wstring& designer_name) {
+  return make_stop<TreeView>(designer_name);
 }
 
-ListView& MemoryFramedWindow::make_list_view(const std::wstring& designer_name) {
-  return make_stop<MemoryListView>(designer_name);
+platform::ListView& FramedWindow::make_list_view(const std::wstring& designer_name) {
+  return make_stop<ListView>(designer_name);
 }
 
-Label& MemoryFramedWindow::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont /*font*/) {
-  auto& made = make<MemoryLabel>(designer_name, kind);
+platform::Label& FramedWindow::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont /*font*/) {
+  auto& made = make<Label>(designer_name, kind);
   if (kind == LabelKind::link)
     made.be_stop_of(keyboard_);
   return made;
 }
 
-Button& MemoryFramedWindow::make_button(const std::wstring& designer_name) {
-  return make_stop<MemoryButton>(designer_name);
+platform::Button& FramedWindow::make_button(const std::wstring& designer_name) {
+  return make_stop<Button>(designer_name);
 }
 
-PictureBox& MemoryFramedWindow::make_picture(const std::wstring& designer_name, PictureKind kind) {
-  auto& made = make<MemoryPicture>(designer_name, files_, kind);
+platform::PictureBox& FramedWindow::make_picture(const std::wstring& designer_name, PictureKind kind) {
+  auto& made = make<PictureBox>(designer_name, files_, kind);
   if (kind == PictureKind::button)
     made.be_stop_of(keyboard_);
   return made;
 }
 
-TextBox& MemoryFramedWindow::make_text_box(const std::wstring& designer_name) {
-  return make_stop<MemoryTextBox>(designer_name);
+platform::TextBox& FramedWindow::make_text_box(const std::wstring& designer_name) {
+  return make_stop<TextBox>(designer_name);
 }
 
-ProgressBar& MemoryFramedWindow::make_progress(const std::wstring& designer_name) {
-  return make<MemoryProgress>(designer_name);
+platform::ProgressBar& FramedWindow::make_progress(const std::wstring& designer_name) {
+  return make<ProgressBar>(designer_name);
 }
 
-Frame& MemoryFramedWindow::make_frame(const std::wstring& designer_name) {
-  return make<MemoryFrame>(designer_name);
+platform::Frame& FramedWindow::make_frame(const std::wstring& designer_name) {
+  return make<Frame>(designer_name);
 }
 
-Browser& MemoryFramedWindow::make_browser(const std::wstring& designer_name) {
-  return make<MemoryBrowser>(designer_name);
+platform::Browser& FramedWindow::make_browser(const std::wstring& designer_name) {
+  return make<Browser>(designer_name);
 }
 
-std::vector<std::wstring> MemoryFramedWindow::made_stops() const {
+std::vector<std::wstring> FramedWindow::made_stops() const {
   std::vector<std::wstring> names;
   for (const Control* stop : keyboard_.stops())
     names.push_back(stop->name());
@@ -173,7 +173,7 @@ std::vector<std::wstring> MemoryFramedWindow::made_stops() const {
 }
 
 // Showing brings it back from the icon, and into view.
-void MemoryFramedWindow::set_visible(bool visible) {
+void FramedWindow::set_visible(bool visible) {
   thread_.check();
   visible_ = visible;
   if (!visible)
@@ -185,21 +185,21 @@ void MemoryFramedWindow::set_visible(bool visible) {
   note_sight();
 }
 
-void MemoryFramedWindow::set_caption(const std::wstring& caption) {
+void FramedWindow::set_caption(const std::wstring& caption) {
   thread_.check();
   caption_ = caption;
 }
 
-void MemoryFramedWindow::set_minimum(int width, int height) {
+void FramedWindow::set_minimum(int width, int height) {
   thread_.check();
   minimum = {width, height};
 }
 
-void MemoryFramedWindow::note_sight() {
+void FramedWindow::note_sight() {
   keyboard_.window_seen(visible_ && !minimized_);
 }
 
-void MemoryFramedWindow::activate() {
+void FramedWindow::activate() {
   thread_.check();
   ++activated;
   if (visible_ && !minimized_)
@@ -208,13 +208,13 @@ void MemoryFramedWindow::activate() {
     events();
 }
 
-void MemoryFramedWindow::tell_size() {
+void FramedWindow::tell_size() {
   if (const auto copy = on_resize)
     copy();
 }
 
 // The system's limits hold for the program as well. A minimised or maximised window takes the size when it comes back.
-void MemoryFramedWindow::resize(int width, int height) {
+void FramedWindow::resize(int width, int height) {
   thread_.check();
   width = std::clamp(width, 0, work_area.width);
   height = std::clamp(height, 0, work_area.height);
@@ -226,12 +226,12 @@ void MemoryFramedWindow::resize(int width, int height) {
     tell_size();
 }
 
-void MemoryFramedWindow::move_to(const ScreenPoint& corner) {
+void FramedWindow::move_to(const ScreenPoint& corner) {
   rect_.left = static_cast<int>(corner.x);
   rect_.top = static_cast<int>(corner.y);
 }
 
-void MemoryFramedWindow::come_into_view() {
+void FramedWindow::come_into_view() {
   const std::vector<Monitor> monitors{{screen_rect(monitor), screen_rect(work_area)}};
   if (!in_normal_state())
     return;
@@ -239,20 +239,20 @@ void MemoryFramedWindow::come_into_view() {
     move_to(*wanted);
 }
 
-void MemoryFramedWindow::user_minimize() {
+void FramedWindow::user_minimize() {
   minimized_ = true;
   keyboard_.window_active(false);
   note_sight();
 }
 
-void MemoryFramedWindow::user_maximize() {
+void FramedWindow::user_maximize() {
   minimized_ = false;
   maximized_ = true;
   note_sight();
   tell_size();
 }
 
-void MemoryFramedWindow::user_restore() {
+void FramedWindow::user_restore() {
   if (!std::exchange(minimized_, false))
     maximized_ = false;
   note_sight();
@@ -264,12 +264,12 @@ void MemoryFramedWindow::user_restore() {
     come_into_view();
 }
 
-void MemoryFramedWindow::user_move(int left, int top) {
+void FramedWindow::user_move(int left, int top) {
   rect_.left = left;
   rect_.top = top;
 }
 
-void MemoryFramedWindow::user_changes_monitor(const TwipsRect& whole, const TwipsRect& without_task_bar) {
+void FramedWindow::user_changes_monitor(const TwipsRect& whole, const TwipsRect& without_task_bar) {
   monitor = whole;
   work_area = without_task_bar;
   view_.screen_changed();
@@ -277,17 +277,17 @@ void MemoryFramedWindow::user_changes_monitor(const TwipsRect& whole, const Twip
     come_into_view();
 }
 
-void MemoryFramedWindow::user_resize(int width, int height) {
+void FramedWindow::user_resize(int width, int height) {
   resize(std::max(width, minimum.first), std::max(height, minimum.second));
 }
 
-void MemoryFramedWindow::user_close() {
+void FramedWindow::user_close() {
   if (const auto copy = on_close)
     copy();
 }
 
-std::unique_ptr<FramedWindow> MemoryFramedWindowMaker::make(const std::wstring& name) {
-  auto window = std::make_unique<MemoryFramedWindow>(name, files_);
+std::unique_ptr<platform::FramedWindow> FramedWindowMaker::make(const std::wstring& name) {
+  auto window = std::make_unique<FramedWindow>(name, files_);
   last = window.get();
   ++made;
   return window;

@@ -14,9 +14,9 @@
 
 namespace lumotune::platform::memory {
 
-class MemoryTree final : public MemoryControl<TreeView> {
+class TreeView final : public ControlOf<platform::TreeView> {
 public:
-  using MemoryControl::MemoryControl;
+  using ControlOf::ControlOf;
   void clear() override;
   [[nodiscard]] bool add(const std::wstring& key, const std::wstring& parent_key, const std::wstring& text) override;
   [[nodiscard]] std::size_t count() const override { return nodes_.size(); }
@@ -41,14 +41,14 @@ private:
   std::size_t selected_ = 0;
 };
 
-class MemoryListView final : public MemoryControl<ListView> {
+class ListView final : public ControlOf<platform::ListView> {
 public:
   struct Column {
     std::wstring key;
     std::wstring caption;
     int width = 0;
   };
-  using MemoryControl::MemoryControl;
+  using ControlOf::ControlOf;
   void set_rows(const RowModel* rows) override;
   void add_column(const std::wstring& key, const std::wstring& caption, int width) override;
   void rows_changed() override;
@@ -72,14 +72,14 @@ private:
   std::size_t selected_ = 0;
 };
 
-class MemoryTextBox final : public MemoryControl<TextBox> {
+class TextBox final : public ControlOf<platform::TextBox> {
 public:
-  using MemoryControl::MemoryControl;
+  using ControlOf::ControlOf;
 };
 
-class MemoryProgress final : public MemoryControl<ProgressBar> {
+class ProgressBar final : public ControlOf<platform::ProgressBar> {
 public:
-  using MemoryControl::MemoryControl;
+  using ControlOf::ControlOf;
   void set_percent(int percent) override { percent_ = percent < 0 ? 0 : percent > 100 ? 100 : percent; }
   [[nodiscard]] int percent() const override { return percent_; }
 
@@ -87,31 +87,33 @@ private:
   int percent_ = 0;
 };
 
-class MemoryFrame final : public MemoryControl<Frame> {
+class Frame final : public ControlOf<platform::Frame> {
 public:
-  using MemoryControl::MemoryControl;
+  using ControlOf::ControlOf;
 };
 
-class MemoryBrowser final : public MemoryControl<Browser> {
+class Browser final : public ControlOf<platform::Browser> {
 public:
-  using MemoryControl::MemoryControl;
+  using ControlOf::ControlOf;
   void navigate(const std::wstring& address) override { visited.push_back(address); }
   std::vector<std::wstring> visited;
 };
 
-class MemoryFramedWindow final : public FramedWindow {
+class FramedWindow final : public platform::FramedWindow {
 public:
-  MemoryFramedWindow(std::wstring name, const Files& files) : name_(std::move(name)), files_(files) { note_sight(); }
+  FramedWindow(std::wstring name, const platform::Files& files) : name_(std::move(name)), files_(files) {
+    note_sight();
+  }
 
-  [[nodiscard]] TreeView& make_tree(const std::wstring& designer_name) override;
-  [[nodiscard]] ListView& make_list_view(const std::wstring& designer_name) override;
-  [[nodiscard]] Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
-  [[nodiscard]] Button& make_button(const std::wstring& designer_name) override;
-  [[nodiscard]] PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
-  [[nodiscard]] TextBox& make_text_box(const std::wstring& designer_name) override;
-  [[nodiscard]] ProgressBar& make_progress(const std::wstring& designer_name) override;
-  [[nodiscard]] Frame& make_frame(const std::wstring& designer_name) override;
-  [[nodiscard]] Browser& make_browser(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::TreeView& make_tree(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::ListView& make_list_view(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
+  [[nodiscard]] platform::Button& make_button(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
+  [[nodiscard]] platform::TextBox& make_text_box(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::ProgressBar& make_progress(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::Frame& make_frame(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::Browser& make_browser(const std::wstring& designer_name) override;
 
   void set_caption(const std::wstring& caption) override;
   [[nodiscard]] std::wstring caption() const override { return caption_; }
@@ -187,7 +189,7 @@ private:
 
   const ThreadCheck thread_{"user-interface thread"};
   std::wstring name_;
-  const Files& files_;
+  const platform::Files& files_;
   Keyboard keyboard_;
   std::vector<std::unique_ptr<Control>> controls_;
   std::wstring caption_;
@@ -199,16 +201,16 @@ private:
   ViewKeeper view_;
 };
 
-class MemoryFramedWindowMaker final : public FramedWindowMaker {
+class FramedWindowMaker final : public platform::FramedWindowMaker {
 public:
-  explicit MemoryFramedWindowMaker(const Files& files) : files_(files) {}
-  [[nodiscard]] std::unique_ptr<FramedWindow> make(const std::wstring& name) override;
+  explicit FramedWindowMaker(const platform::Files& files) : files_(files) {}
+  [[nodiscard]] std::unique_ptr<platform::FramedWindow> make(const std::wstring& name) override;
 
-  MemoryFramedWindow* last = nullptr; // the one made last; dangling once its owner has destroyed it
+  FramedWindow* last = nullptr; // the one made last; dangling once its owner has destroyed it
   int made = 0;
 
 private:
-  const Files& files_;
+  const platform::Files& files_;
 };
 
 } // namespace lumotune::platform::memory

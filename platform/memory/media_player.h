@@ -11,7 +11,7 @@
 
 namespace lumotune::platform::memory {
 
-class MemoryMediaPlayer final : public MediaPlayer {
+class MediaPlayer final : public platform::MediaPlayer {
 public:
   void set_url(const std::wstring& url, AddressOrigin origin) override {
     calls.push_back(L"url " + url);

@@ -31,7 +31,7 @@ const MenuItem* find_item(const std::vector<MenuItem>& items, const std::wstring
   return nullptr;
 }
 
-std::wstring MemoryPopupMenus::pop_up(const std::vector<MenuItem>& items, const Control* anchor) {
+std::wstring PopupMenus::pop_up(const std::vector<MenuItem>& items, const Control* anchor) {
   const bool any_seen = std::any_of(items.begin(), items.end(), [](const MenuItem& item) { return item.visible; });
   if (open_ || !any_seen || loop_.ending())
     return {};
@@ -48,8 +48,8 @@ std::wstring MemoryPopupMenus::pop_up(const std::vector<MenuItem>& items, const 
   return find_choosable(shown, choice) == nullptr ? std::wstring() : choice;
 }
 
-std::optional<std::wstring> MemoryInputBox::ask(const std::wstring& prompt, const std::wstring& title,
-                                                const std::wstring& default_text) {
+std::optional<std::wstring> InputBox::ask(const std::wstring& prompt, const std::wstring& title,
+                                          const std::wstring& default_text) {
   if (open_ || loop_.ending())
     return std::nullopt;
   open_ = true;

@@ -19,9 +19,9 @@ namespace lumotune::platform::memory {
 // The first item of that name in the tree, or nullptr.
 [[nodiscard]] const MenuItem* find_item(const std::vector<MenuItem>& items, const std::wstring& name);
 
-class MemoryPopupMenus final : public PopupMenus {
+class PopupMenus final : public platform::PopupMenus {
 public:
-  explicit MemoryPopupMenus(const EventLoop& loop) : loop_(loop) {}
+  explicit PopupMenus(const platform::EventLoop& loop) : loop_(loop) {}
 
   struct Opened {
     std::vector<MenuItem> items;
@@ -36,13 +36,13 @@ public:
   std::function<void()> while_open;
 
 private:
-  const EventLoop& loop_;
+  const platform::EventLoop& loop_;
   bool open_ = false;
 };
 
-class MemoryInputBox final : public InputBox {
+class InputBox final : public platform::InputBox {
 public:
-  explicit MemoryInputBox(const EventLoop& loop) : loop_(loop) {}
+  explicit InputBox(const platform::EventLoop& loop) : loop_(loop) {}
 
   struct Asked {
     std::wstring prompt;
@@ -59,11 +59,11 @@ public:
 
 private:
   static constexpr std::size_t max_length = 2000;
-  const EventLoop& loop_;
+  const platform::EventLoop& loop_;
   bool open_ = false;
 };
 
-class MemoryPointer final : public Pointer {
+class Pointer final : public platform::Pointer {
 public:
   void click_left() override {
     ++clicks;
@@ -74,14 +74,14 @@ public:
   std::function<void()> on_click; // what the click hits
 };
 
-class MemoryMediaKeys final : public MediaKeys {
+class MediaKeys final : public platform::MediaKeys {
 public:
   void take() override { taken = true; }
   void release() override { taken = false; }
   bool taken = false;
 };
 
-class MemoryConnection final : public Connection {
+class Connection final : public platform::Connection {
 public:
   [[nodiscard]] ConnectionState state() override {
     ++asked;

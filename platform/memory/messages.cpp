@@ -7,7 +7,7 @@
 
 namespace lumotune::platform::memory {
 
-WindowRef MemoryMessages::find_by_caption(const std::wstring& caption) const {
+WindowRef Messages::find_by_caption(const std::wstring& caption) const {
   thread_.check();
   if (caption.empty() || caption.size() > max_caption)
     return WindowRef::none;
@@ -18,29 +18,29 @@ WindowRef MemoryMessages::find_by_caption(const std::wstring& caption) const {
   return found == windows_.end() ? WindowRef::none : found->second;
 }
 
-WindowRef MemoryMessages::find_copy(const std::wstring& caption) const {
+WindowRef Messages::find_copy(const std::wstring& caption) const {
   thread_.check();
   const auto found = copies_.find(caption);
   return found != copies_.end() ? found->second : find_by_caption(caption);
 }
 
-void MemoryMessages::send_copy_data(WindowRef target, std::string_view bytes) {
+void Messages::send_copy_data(WindowRef target, std::string_view bytes) {
   thread_.check();
   if (target != WindowRef::none && bytes.size() <= max_bytes)
     sent.push_back({target, std::string(bytes)});
 }
 
-void MemoryMessages::let_take_foreground(WindowRef target) {
+void Messages::let_take_foreground(WindowRef target) {
   thread_.check();
   foreground_given.push_back(target);
 }
 
-void MemoryMessages::hook(std::function<void(const CopyData&)> receive) {
+void Messages::hook(std::function<void(const CopyData&)> receive) {
   thread_.check();
   receive_ = std::move(receive);
 }
 
-int MemoryMessages::deliver(const std::string& bytes, std::uint32_t kind) {
+int Messages::deliver(const std::string& bytes, std::uint32_t kind) {
   if (!receive_)
     return 0;
   const auto receive = receive_;
@@ -48,15 +48,14 @@ int MemoryMessages::deliver(const std::string& bytes, std::uint32_t kind) {
   return -1;
 }
 
-bool MemoryDialogs::bring_forward() {
+bool Dialogs::bring_forward() {
   if (open_ == 0)
     return false;
   ++brought_forward;
   return true;
 }
 
-BoxAnswer MemoryDialogs::message(const std::wstring& text, const std::wstring& title, BoxIcon icon,
-                                 BoxButtons buttons) {
+BoxAnswer Dialogs::message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) {
   const BoxAnswer unanswered = buttons == BoxButtons::ok ? BoxAnswer::ok : BoxAnswer::no;
   if (loop_.ending())
     return unanswered;
@@ -71,7 +70,7 @@ BoxAnswer MemoryDialogs::message(const std::wstring& text, const std::wstring& t
   return answer;
 }
 
-bool MemoryShell::start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) {
+bool Shell::start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) {
   if (program_file(command_line, application).name.empty())
     return false;
   started.push_back({command_line, application, show});
@@ -80,18 +79,18 @@ bool MemoryShell::start(const std::wstring& command_line, const std::wstring& ap
   return start_works;
 }
 
-int MemoryShell::open(const std::wstring& quoted_target) {
+int Shell::open(const std::wstring& quoted_target) {
   opened.push_back(quoted_target);
   return open_answer;
 }
 
-void MemoryTray::add(const std::wstring& text) {
+void Tray::add(const std::wstring& text) {
   thread_.check();
   added = true;
   tip = text.substr(0, max_tip);
 }
 
-void MemoryTray::modify(const std::wstring& text) {
+void Tray::modify(const std::wstring& text) {
   thread_.check();
   if (!added)
     return;
@@ -99,7 +98,7 @@ void MemoryTray::modify(const std::wstring& text) {
   ++modified;
 }
 
-void MemoryTray::remove() {
+void Tray::remove() {
   thread_.check();
   added = false;
 }

@@ -20,7 +20,7 @@
 
 namespace lumotune::platform::memory {
 
-class MemoryMessages final : public WindowMessages {
+class Messages final : public WindowMessages {
 public:
   struct Sent {
     WindowRef target = WindowRef::none;
@@ -54,7 +54,7 @@ private:
   std::function<void(const CopyData&)> receive_;
 };
 
-class MemoryDialogs final : public Dialogs {
+class Dialogs final : public platform::Dialogs {
 public:
   struct Shown {
     std::wstring text;
@@ -62,7 +62,7 @@ public:
     BoxIcon icon = BoxIcon::none;
     BoxButtons buttons = BoxButtons::ok;
   };
-  explicit MemoryDialogs(const EventLoop& loop) : loop_(loop) {}
+  explicit Dialogs(const platform::EventLoop& loop) : loop_(loop) {}
   [[nodiscard]] bool bring_forward() override;
   BoxAnswer message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) override;
 
@@ -73,11 +73,11 @@ public:
   std::function<void()> while_open; // what else happens
 
 private:
-  const EventLoop& loop_;
+  const platform::EventLoop& loop_;
   int open_ = 0;
 };
 
-class MemoryShell final : public Shell {
+class Shell final : public platform::Shell {
 public:
   struct Started {
     std::wstring command_line;
@@ -94,7 +94,7 @@ public:
   std::function<void(const Started&)> on_start; // lets a test make the started program's window appear
 };
 
-class MemoryTray final : public Tray {
+class Tray final : public platform::Tray {
 public:
   void add(const std::wstring& tip) override;
   void modify(const std::wstring& tip) override;
@@ -108,7 +108,7 @@ private:
   const ThreadCheck thread_{"user-interface thread"};
 };
 
-class MemoryMachine final : public Machine {
+class Machine final : public platform::Machine {
 public:
   [[nodiscard]] std::wstring program_folder() const override { return folder; }
   [[nodiscard]] std::wstring command_line() const override { return arguments; }

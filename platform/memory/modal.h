@@ -14,12 +14,12 @@ namespace lumotune::platform::memory {
 // Without a loop nothing happens: for what has no events at all.
 class Modal {
 public:
-  void lets_run(MemoryEventLoop& loop) { loop_ = &loop; }
+  void lets_run(EventLoop& loop) { loop_ = &loop; }
   // What is due runs, and what falls due until the user answers; then `further`, if there is something.
   void open(const std::function<void()>& further) const {
     thread_.check();
     const std::function<void()> copy = further; // it may replace itself
-    std::optional<MemoryEventLoop::Nested> nested;
+    std::optional<EventLoop::Nested> nested;
     if (loop_ != nullptr) {
       nested.emplace(*loop_);
       loop_->advance(open_for_ms);
@@ -32,7 +32,7 @@ public:
 
 private:
   const ThreadCheck thread_{"user-interface thread"};
-  MemoryEventLoop* loop_ = nullptr;
+  EventLoop* loop_ = nullptr;
 };
 
 } // namespace lumotune::platform::memory

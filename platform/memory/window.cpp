@@ -13,17 +13,17 @@ namespace {
 constexpr int twips_a_pixel = 15;
 
 // A picture that is whole; nothing where it is missing, too large or no picture.
-std::optional<std::pair<int, int>> gif_size(const Files& files, const std::wstring& path) {
+std::optional<std::pair<int, int>> gif_size(const platform::Files& files, const std::wstring& path) {
   const auto bytes = files.read(path);
-  if (!bytes || static_cast<std::int64_t>(bytes->size()) > PictureBox::max_bytes)
+  if (!bytes || static_cast<std::int64_t>(bytes->size()) > platform::PictureBox::max_bytes)
     return std::nullopt;
-  const auto pixels = decode_gif(*bytes, PictureBox::max_side, PictureBox::max_pixels);
+  const auto pixels = decode_gif(*bytes, platform::PictureBox::max_side, platform::PictureBox::max_pixels);
   return pixels ? std::optional(std::pair(pixels->width, pixels->height)) : std::nullopt;
 }
 
 } // namespace
 
-bool MemoryPicture::load_picture(const std::wstring& path) {
+bool PictureBox::load_picture(const std::wstring& path) {
   const auto size = gif_size(files_, path);
   if (!size)
     return false;
@@ -32,37 +32,37 @@ bool MemoryPicture::load_picture(const std::wstring& path) {
   return true;
 }
 
-void MemoryPicture::clear_picture() {
+void PictureBox::clear_picture() {
   picture_.clear();
   resize(0, 0);
 }
 
-void MemoryList::clear() {
+void ListBox::clear() {
   set_items({});
 }
 
-void MemoryList::add(const std::wstring& item) {
+void ListBox::add(const std::wstring& item) {
   items_.push_back(item);
   ++drawn;
 }
 
-void MemoryList::set_items(const std::vector<std::wstring>& items) {
+void ListBox::set_items(const std::vector<std::wstring>& items) {
   items_ = items;
   selected_ = none;
   ++drawn;
 }
 
-std::wstring MemoryList::item(std::size_t index) const {
+std::wstring ListBox::item(std::size_t index) const {
   return index < items_.size() ? items_[index] : std::wstring();
 }
 
-void MemoryList::set_colours(Colour background, Colour text) {
+void ListBox::set_colours(Colour background, Colour text) {
   background_ = background;
   text_colour_ = text;
 }
 
 // Nothing is scrolled here.
-std::size_t MemoryList::item_at(int x, int y) const {
+std::size_t ListBox::item_at(int x, int y) const {
   constexpr int row_height = 300;
   if (x < 0 || y < 0 || x >= rect().width || y >= rect().height)
     return none;
@@ -70,7 +70,7 @@ std::size_t MemoryList::item_at(int x, int y) const {
   return row < items_.size() ? row : none;
 }
 
-bool MemoryList::user_pick(std::size_t index) {
+bool ListBox::user_pick(std::size_t index) {
   if (index >= items_.size() || !take_press())
     return false;
   selected_ = index;
@@ -78,7 +78,7 @@ bool MemoryList::user_pick(std::size_t index) {
 }
 
 template <typename Kind>
-Kind* MemoryWindow::find(const std::wstring& name) const {
+Kind* Window::find(const std::wstring& name) const {
   for (const auto& control : controls_) {
     if (control->name() == name)
       return dynamic_cast<Kind*>(control.get());
@@ -86,21 +86,21 @@ Kind* MemoryWindow::find(const std::wstring& name) const {
   return nullptr;
 }
 
-MemoryPicture* MemoryWindow::picture(const std::wstring& name) const {
-  return find<MemoryPicture>(name);
+PictureBox* Window::picture(const std::wstring& name) const {
+  return find<PictureBox>(name);
 }
-MemoryLabel* MemoryWindow::label(const std::wstring& name) const {
-  return find<MemoryLabel>(name);
+Label* Window::label(const std::wstring& name) const {
+  return find<Label>(name);
 }
-MemoryButton* MemoryWindow::button(const std::wstring& name) const {
-  return find<MemoryButton>(name);
+Button* Window::button(const std::wstring& name) const {
+  return find<Button>(name);
 }
-MemoryList* MemoryWindow::list(const std::wstring& name) const {
-  return find<MemoryList>(name);
+ListBox* Window::list(const std::wstring& name) const {
+  return find<ListBox>(name);
 }
 
 template <typename Kind, typename... Arguments>
-Kind& MemoryWindow::make(bool stop, Arguments&&... arguments) {
+Kind& Window::make(bool stop, Arguments&&... arguments) {
   auto made = std::make_unique<Kind>(std::forward<Arguments>(arguments)...);
   Kind& reference = *made;
   if (stop)
@@ -111,40 +111,40 @@ Kind& MemoryWindow::make(bool stop, Arguments&&... arguments) {
   return reference;
 }
 
-PictureBox& MemoryWindow::make_picture(const std::wstring& designer_name, PictureKind kind) {
-  return make<MemoryPicture>(kind == PictureKind::button, designer_name, files_, kind);
+platform::PictureBox& Window::make_picture(const std::wstring& designer_name, PictureKind kind) {
+  return make<PictureBox>(kind == PictureKind::button, designer_name, files_, kind);
 }
 
-Label& MemoryWindow::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont /*font*/) {
-  return make<MemoryLabel>(kind == LabelKind::link, designer_name, kind);
+platform::Label& Window::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont /*font*/) {
+  return make<Label>(kind == LabelKind::link, designer_name, kind);
 }
 
-Button& MemoryWindow::make_button(const std::wstring& designer_name) {
-  return make<MemoryButton>(false, designer_name);
+platform::Button& Window::make_button(const std::wstring& designer_name) {
+  return make<Button>(false, designer_name);
 }
 
-ListBox& MemoryWindow::make_list(const std::wstring& designer_name) {
-  return make<MemoryList>(true, designer_name);
+platform::ListBox& Window::make_list(const std::wstring& designer_name) {
+  return make<ListBox>(true, designer_name);
 }
 
-void MemoryWindow::set_caption(const std::wstring& caption) {
+void Window::set_caption(const std::wstring& caption) {
   thread_.check();
   caption_ = caption;
 }
 
-void MemoryWindow::set_state(WindowState state) {
+void Window::set_state(WindowState state) {
   thread_.check();
   state_ = state;
   note_sight();
 }
 
 // The mouse reaches what is in it only while the user sees it.
-void MemoryWindow::note_sight() {
+void Window::note_sight() {
   keyboard_.window_seen(visible_ && state_ == WindowState::normal);
 }
 
 // Showing brings it back from the icon, and into view.
-void MemoryWindow::set_visible(bool visible) {
+void Window::set_visible(bool visible) {
   thread_.check();
   visible_ = visible;
   if (visible) {
@@ -156,27 +156,27 @@ void MemoryWindow::set_visible(bool visible) {
   note_sight();
 }
 
-void MemoryWindow::activate() {
+void Window::activate() {
   thread_.check();
   ++activated;
   if (visible_)
     keyboard_.window_active(true);
 }
 
-void MemoryWindow::user_changes_monitors(std::vector<TwipsRect> wanted) {
+void Window::user_changes_monitors(std::vector<TwipsRect> wanted) {
   monitors = std::move(wanted);
   view_.screen_changed();
   if (visible_ && state_ == WindowState::normal)
     come_into_view();
 }
 
-bool MemoryWindow::fire_menu() {
+bool Window::fire_menu() {
   if (const auto copy = on_menu)
     copy();
   return static_cast<bool>(on_menu);
 }
 
-bool MemoryWindow::user_menu_key() {
+bool Window::user_menu_key() {
   if (!keyboard_.active())
     return false;
   const Control* at = keyboard_.at();
@@ -188,46 +188,46 @@ bool MemoryWindow::user_menu_key() {
 }
 
 // Without a task bar.
-std::vector<Monitor> MemoryWindow::all_monitors() const {
+std::vector<Monitor> Window::all_monitors() const {
   std::vector<Monitor> all;
   for (const TwipsRect& monitor : monitors)
     all.push_back({screen_rect(monitor), screen_rect(monitor)});
   return all;
 }
 
-void MemoryWindow::come_into_view() {
+void Window::come_into_view() {
   if (const auto wanted = view_.correction(screen_rect(rect_), all_monitors(), piece_to_hold, 0))
     move(static_cast<int>(wanted->x), static_cast<int>(wanted->y));
 }
 
-void MemoryWindow::move(int left, int top) {
+void Window::move(int left, int top) {
   thread_.check();
   rect_.left = left;
   rect_.top = top;
 }
 
-void MemoryWindow::resize(int width, int height) {
+void Window::resize(int width, int height) {
   thread_.check();
   rect_.width = std::max(width, 0);
   rect_.height = std::max(height, 0);
 }
 
-bool MemoryWindow::on_some_monitor(int left, int top) const {
+bool Window::on_some_monitor(int left, int top) const {
   return can_be_held(screen_rect({left, top, rect_.width, rect_.height}), all_monitors(), piece_to_hold);
 }
 
-std::int64_t MemoryWindow::picture_pixels(const std::wstring& path) const {
+std::int64_t Window::picture_pixels(const std::wstring& path) const {
   return gif_pixels(files_.read(path).value_or(std::string()));
 }
 
-bool MemoryWindow::load_background(const std::wstring& path) {
+bool Window::load_background(const std::wstring& path) {
   if (!gif_size(files_, path))
     return false;
   background_ = path;
   return true;
 }
 
-bool MemoryWindow::set_topmost(bool on) {
+bool Window::set_topmost(bool on) {
   if (!topmost_works)
     return false;
   topmost_ = on;

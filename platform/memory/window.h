@@ -17,9 +17,9 @@ namespace lumotune::platform::memory {
 
 // What every control has in common, over its interface.
 template <typename Interface>
-class MemoryControl : public Interface {
+class ControlOf : public Interface {
 public:
-  explicit MemoryControl(std::wstring designer_name) : name_(std::move(designer_name)) {}
+  explicit ControlOf(std::wstring designer_name) : name_(std::move(designer_name)) {}
 
   [[nodiscard]] const std::wstring& name() const override { return name_; }
   void set_visible(bool visible) override {
@@ -103,10 +103,10 @@ private:
   Keyboard* keyboard_ = nullptr; // of its window
 };
 
-class MemoryPicture final : public MemoryControl<PictureBox> {
+class PictureBox final : public ControlOf<platform::PictureBox> {
 public:
-  MemoryPicture(std::wstring designer_name, const Files& files, PictureKind kind)
-      : MemoryControl(std::move(designer_name)), kind_(kind), files_(files) {}
+  PictureBox(std::wstring designer_name, const platform::Files& files, PictureKind kind)
+      : ControlOf(std::move(designer_name)), kind_(kind), files_(files) {}
   [[nodiscard]] bool load_picture(const std::wstring& path) override;
   void clear_picture() override;
   [[nodiscard]] std::wstring picture() const override { return picture_; }
@@ -115,13 +115,13 @@ public:
 
 private:
   PictureKind kind_;
-  const Files& files_;
+  const platform::Files& files_;
   std::wstring picture_;
 };
 
-class MemoryLabel final : public MemoryControl<Label> {
+class Label final : public ControlOf<platform::Label> {
 public:
-  MemoryLabel(std::wstring designer_name, LabelKind kind) : MemoryControl(std::move(designer_name)), kind_(kind) {}
+  Label(std::wstring designer_name, LabelKind kind) : ControlOf(std::move(designer_name)), kind_(kind) {}
   void set_text_colour(Colour colour) override { colour_ = colour; }
   [[nodiscard]] Colour text_colour() const override { return colour_; }
   void set_underline(bool on) override { underline_ = on; }
@@ -130,7 +130,7 @@ public:
   [[nodiscard]] bool bold() const override { return bold_; }
   void announce() override { announced.push_back(text()); }
   [[nodiscard]] LabelKind kind() const { return kind_; }
-  bool user_double_click() { return user_click() && MemoryControl::user_double_click(); } // its first half is a click
+  bool user_double_click() { return user_click() && ControlOf::user_double_click(); } // its first half is a click
 
   std::vector<std::wstring> announced; // what screen readers were told
 
@@ -141,15 +141,15 @@ private:
   bool bold_ = false;
 };
 
-class MemoryButton final : public MemoryControl<Button> {
+class Button final : public ControlOf<platform::Button> {
 public:
-  using MemoryControl::MemoryControl;
+  using ControlOf::ControlOf;
   void press() override { (void)fire(on_click); } // a disabled button does nothing, and that is no error
 };
 
-class MemoryList final : public MemoryControl<ListBox> {
+class ListBox final : public ControlOf<platform::ListBox> {
 public:
-  using MemoryControl::MemoryControl;
+  using ControlOf::ControlOf;
   void clear() override;
   void add(const std::wstring& item) override;
   void set_items(const std::vector<std::wstring>& items) override;
@@ -191,14 +191,14 @@ inline constexpr std::int64_t piece_to_hold = 480; // twips
   return names;
 }
 
-class MemoryWindow final : public Window {
+class Window final : public platform::Window {
 public:
-  explicit MemoryWindow(const Files& files) : files_(files) { note_sight(); }
+  explicit Window(const platform::Files& files) : files_(files) { note_sight(); }
 
-  [[nodiscard]] PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
-  [[nodiscard]] Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
-  [[nodiscard]] Button& make_button(const std::wstring& designer_name) override;
-  [[nodiscard]] ListBox& make_list(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
+  [[nodiscard]] platform::Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
+  [[nodiscard]] platform::Button& make_button(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::ListBox& make_list(const std::wstring& designer_name) override;
 
   void set_caption(const std::wstring& caption) override;
   [[nodiscard]] std::wstring caption() const override { return caption_; }
@@ -223,10 +223,10 @@ public:
   void drag_by_caption() override { ++dragged; }
 
   // The controls as what they are, for the user's hand; nullptr when there is none of that name and kind.
-  [[nodiscard]] MemoryPicture* picture(const std::wstring& name) const;
-  [[nodiscard]] MemoryLabel* label(const std::wstring& name) const;
-  [[nodiscard]] MemoryButton* button(const std::wstring& name) const;
-  [[nodiscard]] MemoryList* list(const std::wstring& name) const;
+  [[nodiscard]] PictureBox* picture(const std::wstring& name) const;
+  [[nodiscard]] Label* label(const std::wstring& name) const;
+  [[nodiscard]] Button* button(const std::wstring& name) const;
+  [[nodiscard]] ListBox* list(const std::wstring& name) const;
   [[nodiscard]] std::vector<std::wstring> control_names() const { return names_of(controls_); }
 
   // The user's hand: another program's window comes to the front; other monitors.
@@ -256,7 +256,7 @@ private:
   void come_into_view();
 
   const ThreadCheck thread_{"user-interface thread"};
-  const Files& files_;
+  const platform::Files& files_;
   Keyboard keyboard_;
   std::vector<std::unique_ptr<Control>> controls_;
   std::wstring caption_;

@@ -7,7 +7,6 @@ namespace lumotune::test {
 namespace {
 
 using platform::MouseButton;
-using platform::memory::MemoryLabel;
 
 const std::wstring identity = L"TAJNAIDENTITA";
 const std::wstring check_value = L"TAJNAKONTROLA";
@@ -48,13 +47,15 @@ struct AccountTest : ProgramWorld {
     put(L"orb_test_size.tt", "size:99\r\n");
     loop.advance(2000);
     auto& made = *framed_windows.last;
-    (void)made.find<platform::memory::MemoryListView>(L"ListView1")->user_pick(1, MouseButton::left);
+    (void)made.find<platform::memory::ListView>(L"ListView1")->user_pick(1, MouseButton::left);
     for (const wchar_t* link : {L"Label4", L"Label5", L"Label6", L"Label7", L"Label9", L"Label10"})
-      (void)made.find<MemoryLabel>(link)->user_click();
-    (void)made.find<platform::memory::MemoryPicture>(L"Image3")->user_click();
+      (void)made.find<platform::memory::Label>(link)->user_click();
+    (void)made.find<platform::memory::PictureBox>(L"Image3")->user_click();
     for (const wchar_t* name : {L"Label1", L"Label2", L"Label3", L"Label4", L"Label5", L"Label6", L"Label7", L"Label8",
                                 L"Label9", L"Label10", L"InfoPanel"})
-      EXPECT_FALSE(tells(made.find<MemoryLabel>(name)->text() + made.find<MemoryLabel>(name)->tooltip())) << name;
+      EXPECT_FALSE(
+          tells(made.find<platform::memory::Label>(name)->text() + made.find<platform::memory::Label>(name)->tooltip()))
+          << name;
     EXPECT_FALSE(tells(made.caption()));
     made.user_close();
     loop.advance(500);

@@ -76,8 +76,8 @@ TEST_F(FeaturesTest, NameEveryItemOfTheDirectorysMenu) {
   ASSERT_TRUE(program.start());
   program.directory.Naladit();
   popups.opened.clear();
-  ASSERT_TRUE(framed_windows.last->find<platform::memory::MemoryListView>(L"ListView1")
-                  ->user_pick(1, platform::MouseButton::right));
+  ASSERT_TRUE(
+      framed_windows.last->find<platform::memory::ListView>(L"ListView1")->user_pick(1, platform::MouseButton::right));
   ASSERT_EQ(popups.opened.size(), 1U);
   ASSERT_NE(platform::memory::find_item(popups.opened.back().items, L"KvalitaInfo"), nullptr);
   expect_told(popups.opened.back().items);

@@ -14,14 +14,14 @@
 namespace lumotune::test {
 
 struct ProgramWorld : testing::Test, MemoryPlatform {
-  platform::memory::MemoryWindow window{files};
+  platform::memory::Window window{files};
   base::LumotuneForm form{window};
-  platform::memory::MemoryPopupMenus popups{loop};
-  platform::memory::MemoryInputBox input_box{loop};
-  platform::memory::MemoryPointer pointer;
-  platform::memory::MemoryMediaKeys media_keys;
-  platform::memory::MemoryConnection connection;
-  platform::memory::MemoryFramedWindowMaker framed_windows{files};
+  platform::memory::PopupMenus popups{loop};
+  platform::memory::InputBox input_box{loop};
+  platform::memory::Pointer pointer;
+  platform::memory::MediaKeys media_keys;
+  platform::memory::Connection connection;
+  platform::memory::FramedWindowMaker framed_windows{files};
   app::Program program{{loop, codec, files, shell, machine, window, messages, dialogs, tray, player, popups, input_box,
                         pointer, media_keys, connection, framed_windows},
                        form};

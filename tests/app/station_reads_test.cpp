@@ -8,7 +8,7 @@ namespace {
 using platform::MouseButton;
 
 struct StationReads : ProgramWorld {
-  platform::memory::MemoryList& list = *window.list(L"Control_List");
+  platform::memory::ListBox& list = *window.list(L"Control_List");
 
   StationReads() {
     std::string stations;
@@ -40,7 +40,7 @@ TEST_F(StationReads, TheStartReadsItOnce) {
   EXPECT_EQ(list.count(), 50U);
   EXPECT_EQ(reads(), 1U);
   open_directory();
-  EXPECT_EQ(part<platform::memory::MemoryListView>(L"ListView1").count(), 50U);
+  EXPECT_EQ(part<platform::memory::ListView>(L"ListView1").count(), 50U);
   EXPECT_EQ(reads(), 1U) << "the directory has the same lines";
 }
 
@@ -82,19 +82,19 @@ TEST_F(StationReads, NoArrowKeyInTheFavouritesReadsIt) {
 
 TEST_F(StationReads, NeitherMenusNorArrowKeysOfTheDirectoryReadIt) {
   open_directory();
-  auto& rows = part<platform::memory::MemoryListView>(L"ListView1");
+  auto& rows = part<platform::memory::ListView>(L"ListView1");
   ASSERT_TRUE(rows.user_pick(1, MouseButton::left)) << "the keyboard goes where the mouse is pressed";
   const std::size_t before = reads();
   for (std::size_t i = 0; i < 100; ++i) {
     EXPECT_TRUE(rows.user_arrow(1 + i % rows.count()));
-    EXPECT_EQ(part<platform::memory::MemoryLabel>(L"Label2").text(), L"NRADI" + std::to_wstring(10 + i % 50));
+    EXPECT_EQ(part<platform::memory::Label>(L"Label2").text(), L"NRADI" + std::to_wstring(10 + i % 50));
   }
   for (std::size_t i = 1; i <= 10; ++i) {
     EXPECT_TRUE(rows.user_pick(i, MouseButton::left));
-    EXPECT_TRUE(part<platform::memory::MemoryLabel>(L"Label5").user_click());
-    EXPECT_TRUE(part<platform::memory::MemoryLabel>(L"Label7").user_click());
+    EXPECT_TRUE(part<platform::memory::Label>(L"Label5").user_click());
+    EXPECT_TRUE(part<platform::memory::Label>(L"Label7").user_click());
     EXPECT_TRUE(rows.user_pick(i, MouseButton::right));
-    EXPECT_TRUE(part<platform::memory::MemoryTree>(L"TreeView1").user_pick(1 + i % 2));
+    EXPECT_TRUE(part<platform::memory::TreeView>(L"TreeView1").user_pick(1 + i % 2));
   }
   EXPECT_EQ(popups.opened.size(), 30U);
   EXPECT_EQ(reads(), before);

@@ -9,7 +9,7 @@ using platform::MouseButton;
 using platform::ShowWindow;
 
 struct WiringTest : ProgramWorld {
-  platform::memory::MemoryList& list = *window.list(L"Control_List");
+  platform::memory::ListBox& list = *window.list(L"Control_List");
 
   WiringTest() {
     put(L"Orb_Data\\orb_server.tt", "a\r\nb\r\nc\r\nd\r\ne\r\nf\r\n123456789012345http://server.example\r\n");
@@ -21,7 +21,7 @@ struct WiringTest : ProgramWorld {
     ASSERT_TRUE(program.start());
   }
   // A control that the skin leaves out, shown all the same.
-  platform::memory::MemoryPicture& shown(const wchar_t* name) {
+  platform::memory::PictureBox& shown(const wchar_t* name) {
     auto* control = window.picture(name);
     control->set_visible(true);
     return *control;
@@ -259,13 +259,13 @@ TEST_F(WiringTest, TheDirectorysLinksOpenPages) {
   start_with("");
   shown(L"Control_Sat").user_click();
   ASSERT_TRUE(program.directory.open());
-  auto& rows = part<platform::memory::MemoryListView>(L"ListView1");
+  auto& rows = part<platform::memory::ListView>(L"ListView1");
   ASSERT_EQ(rows.count(), 2U);
   shell.started.clear();
-  part<platform::memory::MemoryPicture>(L"Image3").user_click();
+  part<platform::memory::PictureBox>(L"Image3").user_click();
   EXPECT_NE(started().find(L"explorer http://server.example/login/idhhodnota/755--"), std::wstring::npos);
   ASSERT_TRUE(rows.user_pick(1, MouseButton::left));
-  part<platform::memory::MemoryLabel>(L"Label4").user_click();
+  part<platform::memory::Label>(L"Label4").user_click();
   EXPECT_EQ(shell.opened, std::vector<std::wstring>{L"\"www.example\""});
 }
 
@@ -273,13 +273,13 @@ TEST_F(WiringTest, WhatTheDirectoryTunesAndAddsIsSeenInTheMainWindow) {
   start_with("");
   shown(L"Control_Sat").user_click();
   ASSERT_TRUE(program.directory.open());
-  ASSERT_TRUE(part<platform::memory::MemoryListView>(L"ListView1").user_pick(2, MouseButton::left));
+  ASSERT_TRUE(part<platform::memory::ListView>(L"ListView1").user_pick(2, MouseButton::left));
   choose(L"Kvalita2play");
-  part<platform::memory::MemoryLabel>(L"Label7").user_click();
+  part<platform::memory::Label>(L"Label7").user_click();
   EXPECT_EQ(player.url(), L"u2b");
   EXPECT_EQ(form.PlayTL.text(), L"Stop");
   choose(L"Kvalita2");
-  part<platform::memory::MemoryLabel>(L"Label5").user_click();
+  part<platform::memory::Label>(L"Label5").user_click();
   EXPECT_EQ(get(L"list.tt"), "lt:radio2/2\r\n");
   EXPECT_EQ(list.count(), 1U);
 }

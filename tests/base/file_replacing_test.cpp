@@ -11,33 +11,32 @@
 namespace lumotune::test {
 namespace {
 
-using platform::memory::MemoryFiles;
-
 const std::wstring folder = L"C:\\Orb";
 const std::wstring first = folder + L"\\radios.tt";
 const std::wstring second = folder + L"\\kategories.tt";
 
-void settle_leftovers(MemoryFiles& files) {
-  const platform::memory::MemoryCodec codec;
-  const platform::memory::MemoryMachine machine;
+void settle_leftovers(platform::memory::Files& files) {
+  const platform::memory::Codec codec;
+  const platform::memory::Machine machine;
   base::settle_leftovers({files, codec, machine});
 }
 
 struct FileReplacingTest : testing::Test {
   // A missing file and an empty one are the same to whoever reads them.
-  static std::string content(const MemoryFiles& files, const std::wstring& path) {
+  static std::string content(const platform::memory::Files& files, const std::wstring& path) {
     return files.read(path).value_or("");
   }
-  static void put(MemoryFiles& files, const std::wstring& path, const char* bytes) {
+  static void put(platform::memory::Files& files, const std::wstring& path, const char* bytes) {
     if (*bytes != 0) {
       ASSERT_TRUE(files.replace(path, bytes));
     }
   }
-  static void expect_nothing_beside(const MemoryFiles& files) {
+  static void expect_nothing_beside(const platform::memory::Files& files) {
     for (const std::wstring& name : files.list(folder, L"*"))
       EXPECT_TRUE(name.ends_with(L".tt"));
   }
-  static void expect_pair(const MemoryFiles& files, const char* old_first, const char* old_second, bool may_be_new) {
+  static void expect_pair(const platform::memory::Files& files, const char* old_first, const char* old_second,
+                          bool may_be_new) {
     const std::string one = content(files, first);
     const std::string two = content(files, second);
     const bool old = one == old_first && two == old_second;
@@ -49,7 +48,7 @@ struct FileReplacingTest : testing::Test {
 TEST_F(FileReplacingTest, OneFileIsOldOrNewAfterACrashAtAnyStep) {
   int step = 0;
   for (bool died = true; died; ++step) {
-    MemoryFiles files;
+    platform::memory::Files files;
     put(files, first, "old");
     files.crash_at(step);
     const bool done = files.replace(first, "new");
@@ -75,7 +74,7 @@ TEST_F(FileReplacingTest, TwoFilesAreBothOldOrBothNewAfterCrashesAtAnySteps) {
       for (int again = 0; died_again; ++again) {
         SCOPED_TRACE(std::string(before.first) + "/" + before.second + " " + std::to_string(step) + " " +
                      std::to_string(again));
-        MemoryFiles files;
+        platform::memory::Files files;
         put(files, first, before.first);
         put(files, second, before.second);
         files.crash_at(step);
@@ -98,7 +97,7 @@ TEST_F(FileReplacingTest, TheWayBackSurvivesACrashAtAnyStep) {
     bool died = true;
     for (int step = 0; died; ++step) {
       SCOPED_TRACE(std::string(old_first) + " " + std::to_string(step));
-      MemoryFiles files;
+      platform::memory::Files files;
       put(files, first, old_first);
       put(files, second, "old 2");
       files.hold(second);
@@ -113,7 +112,7 @@ TEST_F(FileReplacingTest, TheWayBackSurvivesACrashAtAnyStep) {
 
 TEST_F(FileReplacingTest, APairIsCompletedAtTheNextStartUnlessTheSecondFileIsNewer) {
   for (const bool newer : {false, true}) {
-    MemoryFiles files;
+    platform::memory::Files files;
     put(files, first, "old 1");
     put(files, second, "old 2");
     files.crash_at(4); // both new files, the copy and the first file's change are done
@@ -131,7 +130,7 @@ TEST_F(FileReplacingTest, APairIsCompletedAtTheNextStartUnlessTheSecondFileIsNew
 }
 
 TEST_F(FileReplacingTest, AnOldFileComesBackWhereThereIsNone) {
-  MemoryFiles files;
+  platform::memory::Files files;
   put(files, first + L".old", "old 1");
   settle_leftovers(files);
   EXPECT_EQ(content(files, first), "old 1");
@@ -141,7 +140,7 @@ TEST_F(FileReplacingTest, AnOldFileComesBackWhereThereIsNone) {
 TEST_F(FileReplacingTest, EveryFileThatIsWrittenIsPutInOrderAtTheStart) {
   for (const wchar_t* name :
        {L"\\Orb_Data\\options.ini", L"\\Orb_Data\\orb_server.tt", L"\\list.tt", L"\\radios.tt", L"\\kategories.tt"}) {
-    MemoryFiles files;
+    platform::memory::Files files;
     const std::wstring path = folder + name;
     put(files, path, "whole");
     put(files, path + L".new", "to");
@@ -152,7 +151,7 @@ TEST_F(FileReplacingTest, EveryFileThatIsWrittenIsPutInOrderAtTheStart) {
 }
 
 TEST_F(FileReplacingTest, AHolderThatLetsGoIsWaitedFor) {
-  MemoryFiles files;
+  platform::memory::Files files;
   put(files, first, "old");
   files.hold(first);
   int waits = 0;
@@ -166,7 +165,7 @@ TEST_F(FileReplacingTest, AHolderThatLetsGoIsWaitedFor) {
 }
 
 TEST_F(FileReplacingTest, AHolderThatStaysCostsFiveTriesAndTheOldFileStays) {
-  MemoryFiles files;
+  platform::memory::Files files;
   put(files, first, "old");
   files.hold(first);
   EXPECT_FALSE(files.replace(first, "new"));
@@ -176,7 +175,7 @@ TEST_F(FileReplacingTest, AHolderThatStaysCostsFiveTriesAndTheOldFileStays) {
 }
 
 TEST_F(FileReplacingTest, TwoFilesThatAreHeldCostAsMuchTwiceAtMost) {
-  MemoryFiles files;
+  platform::memory::Files files;
   put(files, first, "old 1");
   put(files, second, "old 2");
   files.hold(second);
@@ -193,7 +192,7 @@ TEST_F(FileReplacingTest, TwoFilesThatAreHeldCostAsMuchTwiceAtMost) {
 }
 
 TEST_F(FileReplacingTest, WhatIsReadOnlyIsNotWaitedFor) {
-  MemoryFiles files;
+  platform::memory::Files files;
   put(files, first, "old");
   files.make_readonly(first);
   EXPECT_FALSE(files.can_replace(first));

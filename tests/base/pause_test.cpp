@@ -7,10 +7,8 @@
 namespace lumotune::test {
 namespace {
 
-using platform::memory::MemoryEventLoop;
-
 TEST(Pause, EndsAtTheFirstDifferenceGreaterThanTheArgument) {
-  MemoryEventLoop loop;
+  platform::memory::EventLoop loop;
   loop.set_wait_step(1);
   const auto start = loop.tick_count_ms();
   EXPECT_TRUE(base::Pause(loop, 700));
@@ -18,7 +16,7 @@ TEST(Pause, EndsAtTheFirstDifferenceGreaterThanTheArgument) {
 }
 
 TEST(Pause, OfZeroStillPassesOnce) {
-  MemoryEventLoop loop;
+  platform::memory::EventLoop loop;
   bool ran = false;
   loop.at(0, [&] { ran = true; });
   EXPECT_TRUE(base::Pause(loop, 0));
@@ -27,7 +25,7 @@ TEST(Pause, OfZeroStillPassesOnce) {
 }
 
 TEST(Pause, LetsEventsRunInside) {
-  MemoryEventLoop loop;
+  platform::memory::EventLoop loop;
   int ticks = 0;
   const auto timer = loop.make_timer(100, [&] { ++ticks; });
   timer->start();
@@ -36,13 +34,13 @@ TEST(Pause, LetsEventsRunInside) {
 }
 
 TEST(Pause, SurvivesTheWrapOfTheTickCount) {
-  MemoryEventLoop loop(0xfffffff0U);
+  platform::memory::EventLoop loop(0xfffffff0U);
   EXPECT_TRUE(base::Pause(loop, 100));
   EXPECT_LT(loop.wait_passes(), 50U);
 }
 
 TEST(Pause, ReturnsAtOnceWhenTheProgramEnds) {
-  MemoryEventLoop loop;
+  platform::memory::EventLoop loop;
   const auto start = loop.tick_count_ms();
   loop.at(50, [&] { loop.quit(); });
   EXPECT_FALSE(base::Pause(loop, 100000));

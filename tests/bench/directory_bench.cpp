@@ -98,8 +98,8 @@ double slowest_category_ms(directory::StationRows& rows, const stations::Station
 }
 
 int run(DiskFiles& files) {
-  const platform::memory::MemoryCodec codec;
-  const platform::memory::MemoryMachine machine;
+  const platform::memory::Codec codec;
+  const platform::memory::Machine machine;
   const base::ProgramFolder folder(files, codec, machine);
   Silent silent;
   const std::string list = downloaded_list();

@@ -80,8 +80,8 @@ Times against_reading(const DiskFiles& files, const std::function<void()>& work)
 }
 
 int bench_look_up(DiskFiles& files) {
-  const platform::memory::MemoryCodec codec;
-  const platform::memory::MemoryMachine machine;
+  const platform::memory::Codec codec;
+  const platform::memory::Machine machine;
   const base::ProgramFolder folder(files, codec, machine);
   stations::StationFiles station_files(folder);
   stations::StationLookup stations({station_files, codec});
@@ -114,15 +114,15 @@ int bench_favourites(DiskFiles& files) {
     list += "lt:" + identifier(i * (station_count / favourite_count) - 1) + "/2\r\n";
   if (!files.replace(favourites_file, list))
     return fail("the favourites were not written");
-  const platform::memory::MemoryCodec codec;
-  const platform::memory::MemoryMachine machine;
-  platform::memory::MemoryEventLoop loop;
-  platform::memory::MemoryDialogs dialogs(loop);
-  platform::memory::MemoryMediaPlayer player;
-  platform::memory::MemoryPointer pointer;
-  platform::memory::MemoryWindow window(files);
-  platform::memory::MemoryMessages messages;
-  platform::memory::MemoryShell shell;
+  const platform::memory::Codec codec;
+  const platform::memory::Machine machine;
+  platform::memory::EventLoop loop;
+  platform::memory::Dialogs dialogs(loop);
+  platform::memory::MediaPlayer player;
+  platform::memory::Pointer pointer;
+  platform::memory::Window window(files);
+  platform::memory::Messages messages;
+  platform::memory::Shell shell;
   test::PlaybackParts parts({files, codec, machine, loop, window, messages, shell, dialogs, player});
   auto& form = parts.form;
   player::Favourites favourites(

@@ -193,7 +193,7 @@ TEST(CompanionsTest, AHugeNameIsDealtWithInOnePass) {
 }
 
 TEST(CompanionsTest, AMissingProgramIsNoError) {
-  platform::memory::MemoryShell shell;
+  platform::memory::Shell shell;
   shell.start_works = false;
   companions::launch(shell, companions::television(values, L"http://tv.example").value());
   ASSERT_EQ(shell.started.size(), 1U);

@@ -12,10 +12,10 @@ namespace lumotune::test {
 namespace {
 
 struct IdentityWorld {
-  platform::memory::MemoryEventLoop loop;
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryMachine machine;
+  platform::memory::EventLoop loop;
+  platform::memory::Files files;
+  platform::memory::Codec codec;
+  platform::memory::Machine machine;
   base::ProgramFolder folder{files, codec, machine};
   base::Settings settings;
   companions::Identity identity{{folder, loop, settings}};

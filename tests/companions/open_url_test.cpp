@@ -14,7 +14,7 @@ namespace {
 using platform::ShowWindow;
 
 struct OpenUrlTest : testing::Test {
-  platform::memory::MemoryShell shell;
+  platform::memory::Shell shell;
   companions::WebPages web{shell};
   [[nodiscard]] bool untouched() const { return shell.started.empty() && shell.opened.empty(); }
 };

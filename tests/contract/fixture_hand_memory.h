@@ -11,13 +11,13 @@
 namespace lumotune::contract {
 
 struct HandBackend : Backend {
-  platform::memory::MemoryPopupMenus popup_menus{loop};
-  platform::memory::MemoryInputBox input_box{loop};
-  platform::memory::MemoryDialogs dialogs{loop};
-  platform::memory::MemoryTray tray;
-  platform::memory::MemoryShell shell;
-  platform::memory::MemoryMachine machine;
-  platform::memory::MemoryConnection connection;
+  platform::memory::PopupMenus popup_menus{loop};
+  platform::memory::InputBox input_box{loop};
+  platform::memory::Dialogs dialogs{loop};
+  platform::memory::Tray tray;
+  platform::memory::Shell shell;
+  platform::memory::Machine machine;
+  platform::memory::Connection connection;
 
   HandBackend() {
     for (platform::memory::Modal* modal : {&popup_menus.modal, &input_box.modal, &dialogs.modal})

@@ -12,12 +12,12 @@
 namespace lumotune::contract {
 
 struct Backend {
-  platform::memory::MemoryEventLoop loop;
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryWindow window{files};
-  platform::memory::MemoryFramedWindowMaker framed_windows{files};
-  platform::memory::MemoryMessages messages;
+  platform::memory::EventLoop loop;
+  platform::memory::Files files;
+  platform::memory::Codec codec;
+  platform::memory::Window window{files};
+  platform::memory::FramedWindowMaker framed_windows{files};
+  platform::memory::Messages messages;
 
   std::wstring folder = L"C:\\pokus";
 
@@ -40,21 +40,19 @@ struct Backend {
   void right_click() { (void)window.user_right_click(); }
   template <typename Control>
   void double_click(Control& control) {
-    if (auto* picture = dynamic_cast<platform::memory::MemoryPicture*>(&control))
+    if (auto* picture = dynamic_cast<platform::memory::PictureBox*>(&control))
       (void)picture->user_double_click();
-    else if (auto* label = dynamic_cast<platform::memory::MemoryLabel*>(&control))
+    else if (auto* label = dynamic_cast<platform::memory::Label*>(&control))
       (void)label->user_double_click();
   }
   // The mouse on the middle of a control of the main window, wherever that is.
-  static void press(platform::Button& button) {
-    (void)dynamic_cast<platform::memory::MemoryButton&>(button).user_click();
-  }
+  static void press(platform::Button& button) { (void)dynamic_cast<platform::memory::Button&>(button).user_click(); }
   // The same for framed windows.
-  static platform::memory::MemoryFramedWindow& twin(platform::FramedWindow& framed) {
-    return dynamic_cast<platform::memory::MemoryFramedWindow&>(framed);
+  static platform::memory::FramedWindow& twin(platform::FramedWindow& framed) {
+    return dynamic_cast<platform::memory::FramedWindow&>(framed);
   }
   static void enter(platform::FramedWindow& /*framed*/, platform::TreeView& tree) {
-    (void)dynamic_cast<platform::memory::MemoryTree&>(tree).user_enter();
+    (void)dynamic_cast<platform::memory::TreeView&>(tree).user_enter();
   }
   void leave(platform::FramedWindow& framed) { twin(framed).user_leaves(); }
   void tab(platform::FramedWindow& framed, bool back = false) { twin(framed).user_tab(back); }
@@ -63,24 +61,24 @@ struct Backend {
   // The mouse on a row of a list or a node of a tree, where they lie on the screen; the arrow key down.
   void press(platform::FramedWindow& /*framed*/, platform::ListView& list, std::size_t row,
              platform::MouseButton button = platform::MouseButton::left) {
-    (void)dynamic_cast<platform::memory::MemoryListView&>(list).user_pick(row, button);
+    (void)dynamic_cast<platform::memory::ListView&>(list).user_pick(row, button);
   }
   void press(platform::FramedWindow& /*framed*/, platform::TreeView& tree, std::size_t node) {
-    (void)dynamic_cast<platform::memory::MemoryTree&>(tree).user_pick(node);
+    (void)dynamic_cast<platform::memory::TreeView&>(tree).user_pick(node);
   }
   void press_twice(platform::FramedWindow& /*framed*/, platform::ListView& list, std::size_t row) {
-    (void)dynamic_cast<platform::memory::MemoryListView&>(list).user_double_pick(row);
+    (void)dynamic_cast<platform::memory::ListView&>(list).user_double_pick(row);
   }
   void arrow(platform::FramedWindow& /*framed*/, platform::ListView& list) {
-    (void)dynamic_cast<platform::memory::MemoryListView&>(list).user_arrow(list.selected() + 1);
+    (void)dynamic_cast<platform::memory::ListView&>(list).user_arrow(list.selected() + 1);
   }
   void arrow(platform::FramedWindow& /*framed*/, platform::TreeView& tree) {
-    (void)dynamic_cast<platform::memory::MemoryTree&>(tree).user_arrow(tree.selected() + 1);
+    (void)dynamic_cast<platform::memory::TreeView&>(tree).user_arrow(tree.selected() + 1);
   }
   // How often screen readers are told of that label by the work.
   template <typename Work>
   [[nodiscard]] std::size_t announced(platform::FramedWindow& /*framed*/, platform::Label& label, const Work& work) {
-    const auto& told = dynamic_cast<platform::memory::MemoryLabel&>(label).announced;
+    const auto& told = dynamic_cast<platform::memory::Label&>(label).announced;
     const std::size_t before = told.size();
     work();
     return told.size() - before;

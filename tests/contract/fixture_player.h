@@ -35,7 +35,7 @@ inline std::unique_ptr<platform::MediaPlayer> make_player(platform::EventLoop& l
 #else
 
 inline std::unique_ptr<platform::MediaPlayer> make_player(platform::EventLoop& /*loop*/) {
-  return std::make_unique<platform::memory::MemoryMediaPlayer>();
+  return std::make_unique<platform::memory::MediaPlayer>();
 }
 
 #endif

@@ -132,7 +132,7 @@ TEST_F(ListRadiosActions, WhileOneWindowAsksForListenersNoOtherOneDoes) {
   messages.remove_window(L"Orb - Lumotune");
   (void)files.replace(machine.folder + L"\\orb.exe", "x");
   AdvertState state;
-  platform::memory::MemoryFramedWindow other{L"ListRadios", files};
+  platform::memory::FramedWindow other{L"ListRadios", files};
   ListRadiosForm other_form{other};
   Layout layout{other_form};
   InfoPanelLine line{{other_form, layout, settings, loop, dialogs, shell, folder, sender, identity, pages}};
@@ -165,7 +165,7 @@ TEST_F(ListRadiosActions, OpensWebPages) {
   (void)label(L"Label4").user_click();
   choose(L"WebRadia");
   (void)list().user_pick(1, MouseButton::right);
-  (void)part<platform::memory::MemoryPicture>(L"Image3").user_click();
+  (void)part<platform::memory::PictureBox>(L"Image3").user_click();
   EXPECT_EQ(test::opened_pages(shell), (Lines{L"http://server/login/idhhodnota/" + identity.Heslo(L"tajne") + L"//1",
                                               L"www.prvni.example", L"www.prvni.example"}));
 }
@@ -197,7 +197,7 @@ TEST_F(ListRadiosActions, ARefusedAddressIsToldInTheStatusLine) {
   choose(L"WebRadia");
   (void)list().user_pick(1, MouseButton::right);
   expect_told();
-  (void)part<platform::memory::MemoryPicture>(L"Image3").user_click();
+  (void)part<platform::memory::PictureBox>(L"Image3").user_click();
   expect_told();
   EXPECT_TRUE(test::opened_pages(shell).empty());
   label(L"Label4").set_text(L"www.example");

@@ -25,7 +25,7 @@ TEST_F(ListRadiosClosing, ClosingGivesUpTheUpdateAndOpeningStartsAnew) {
   EXPECT_EQ(status(), L"Připojování k databázi rádií...");
   EXPECT_EQ(content(L"seznam.tt"), "(missing)");
   loop.advance(500);
-  EXPECT_TRUE(part<platform::memory::MemoryButton>(L"Command1").enabled());
+  EXPECT_TRUE(part<platform::memory::Button>(L"Command1").enabled());
 }
 
 // Bringing a window to the front lets in what other programs have sent.
@@ -47,7 +47,7 @@ TEST_F(ListRadiosClosing, ClosingInsideABoxIsHarmless) {
     window_shown().user_close();
     loop.advance(1000);
   };
-  part<platform::memory::MemoryButton>(L"Command1").press();
+  part<platform::memory::Button>(L"Command1").press();
   EXPECT_FALSE(directory.open());
   loop.advance(1000);
   dialogs.while_open = nullptr;
@@ -71,7 +71,7 @@ TEST_F(ListRadiosClosing, ClosingWhileTheListIsConvertedIsHarmless) {
       loop.advance(1000); // the closed window must outlive the conversion
     });
   };
-  part<platform::memory::MemoryButton>(L"Command1").press();
+  part<platform::memory::Button>(L"Command1").press();
   loop.advance(2000);
   EXPECT_EQ(when_closed, stations_text()) << "closed before the conversion was over";
   EXPECT_FALSE(directory.open());
@@ -88,11 +88,11 @@ TEST_F(ListRadiosClosing, AClosedWindowTakesNoFurtherOrders) {
         "orb:r:1050/@/9000/@/1/@/http://server/2\r\norb:i:0/@//@/10/@/Druh\xe1\r\n");
   bool closing = false;
   bool looked = false;
-  std::optional<platform::memory::MemoryEventLoop::Nested> waiting; // while something does, it is not destroyed
-  const auto look = [&] {                                           // before the closed window is destroyed
+  std::optional<platform::memory::EventLoop::Nested> waiting; // while something does, it is not destroyed
+  const auto look = [&] {                                     // before the closed window is destroyed
     looked = true;
     EXPECT_EQ(label(L"InfoPanel").text(), L"") << "nothing is typed";
-    EXPECT_TRUE(part<platform::memory::MemoryBrowser>(L"WebBrowser1").visited.empty());
+    EXPECT_TRUE(part<platform::memory::Browser>(L"WebBrowser1").visited.empty());
     EXPECT_FALSE(window_shown().visible());
   };
   int height = 0;
@@ -112,7 +112,7 @@ TEST_F(ListRadiosClosing, AClosedWindowTakesNoFurtherOrders) {
       });
     });
   };
-  part<platform::memory::MemoryButton>(L"Command1").press();
+  part<platform::memory::Button>(L"Command1").press();
   loop.advance(2000);
   EXPECT_TRUE(looked);
   EXPECT_FALSE(directory.open());

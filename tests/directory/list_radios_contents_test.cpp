@@ -87,7 +87,7 @@ TEST_F(ListRadiosContents, ABadAdvertisementEndsOnlyItself) {
   bring("orb:r:x\r\norb:r:\r\norb:r:a/@/b/@/1/@/c\r\norb:i:\r\n" + stations_text() + "<end>");
   EXPECT_EQ(status(), finished);
   EXPECT_EQ(content(L"radios.tt"), stations_text() + "\r\n");
-  EXPECT_TRUE(part<platform::memory::MemoryBrowser>(L"WebBrowser1").visited.empty());
+  EXPECT_TRUE(part<platform::memory::Browser>(L"WebBrowser1").visited.empty());
 }
 
 TEST_F(ListRadiosContents, HostileListsAreShownAsFarAsTheyGo) {

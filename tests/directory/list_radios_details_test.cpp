@@ -55,7 +55,7 @@ TEST_F(ListRadiosDetails, AClickShowsTheStation) {
   EXPECT_EQ(label(L"Label2").text(), L"První");
   EXPECT_EQ(label(L"Label3").text(), L"Česko");
   EXPECT_EQ(label(L"Label4").text(), L"www.prvni.example");
-  EXPECT_EQ(part<platform::memory::MemoryTextBox>(L"Text1").text(), L"O prvním");
+  EXPECT_EQ(part<platform::memory::TextBox>(L"Text1").text(), L"O prvním");
   EXPECT_TRUE(label(L"Label5").visible());
   (void)list().user_arrow(3);
   EXPECT_EQ(label(L"Label2").text(), L"Třetí");
@@ -103,14 +103,14 @@ TEST_F(ListRadiosDetails, ARightClickOpensTheStationsMenu) {
   EXPECT_EQ(find_item(items, L"KvalitaInfo")->caption, L"Informace");
   for (const wchar_t* name : {L"Label3", L"Label4", L"Label5", L"Label6", L"Label7", L"Label8", L"Label9", L"Label10"})
     EXPECT_FALSE(label(name).visible()) << name;
-  EXPECT_FALSE(part<platform::memory::MemoryTextBox>(L"Text1").visible());
+  EXPECT_FALSE(part<platform::memory::TextBox>(L"Text1").visible());
   (void)list().user_pick(2, MouseButton::right);
   EXPECT_EQ(find_item(popups.opened[1].items, L"WebRadia")->caption, L"Web rádia");
   EXPECT_FALSE(find_item(popups.opened[1].items, L"WebRadia")->enabled);
   (void)list().user_pick(2, MouseButton::left);
   for (const wchar_t* name : {L"Label3", L"Label4", L"Label5", L"Label6", L"Label7", L"Label8", L"Label9", L"Label10"})
     EXPECT_TRUE(label(name).visible()) << name;
-  EXPECT_TRUE(part<platform::memory::MemoryTextBox>(L"Text1").visible());
+  EXPECT_TRUE(part<platform::memory::TextBox>(L"Text1").visible());
 }
 
 TEST_F(ListRadiosDetails, ANewOpeningShowsAllOfTheTunedStation) {
@@ -118,7 +118,7 @@ TEST_F(ListRadiosDetails, ANewOpeningShowsAllOfTheTunedStation) {
   settings.IDlastRadio = L"RADIO3";
   directory.Naladit();
   EXPECT_EQ(label(L"Label2").text(), L"Třetí");
-  EXPECT_TRUE(part<platform::memory::MemoryTextBox>(L"Text1").visible());
+  EXPECT_TRUE(part<platform::memory::TextBox>(L"Text1").visible());
   for (const wchar_t* name : {L"Label3", L"Label4", L"Label5", L"Label6", L"Label7", L"Label8", L"Label9", L"Label10"})
     EXPECT_TRUE(label(name).visible()) << name;
 }
@@ -268,17 +268,17 @@ TEST_F(ListRadiosDetails, TelevisionGoesToItsOwnPlayer) {
 }
 
 TEST_F(ListRadiosDetails, EveryTuningAsksForTheAdvertisementAnew) {
-  auto& browser = part<platform::memory::MemoryBrowser>(L"WebBrowser1");
+  auto& browser = part<platform::memory::Browser>(L"WebBrowser1");
   (void)list().user_double_pick(2);
   EXPECT_TRUE(browser.visited.empty());
-  shell.on_start = [this](const platform::memory::MemoryShell::Started& started) {
+  shell.on_start = [this](const platform::memory::Shell::Started& started) {
     const std::string seznam = "orb:r:0/@/0/@/0/@/http://server/reklama\r\n" + stations_text();
     if (started.command_line.find(L"size=1") != std::wstring::npos)
       write(L"orb_test_size.tt", "size:" + std::to_string(seznam.size()) + "\r\n");
     else if (started.command_line.find(L"lt_list.php") != std::wstring::npos)
       write(L"seznam.tt", seznam);
   };
-  part<platform::memory::MemoryButton>(L"Command1").press();
+  part<platform::memory::Button>(L"Command1").press();
   loop.advance(500);
   EXPECT_EQ(browser.visited.size(), 1U);
   (void)list().user_double_pick(2);

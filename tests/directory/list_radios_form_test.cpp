@@ -10,9 +10,6 @@ namespace lumotune::test {
 namespace {
 
 using platform::MouseButton;
-using platform::memory::MemoryFrame;
-using platform::memory::MemoryPicture;
-using platform::memory::MemoryTextBox;
 
 struct ListRadiosForm : UpdateWorld {
   // Gone as soon as the window is destroyed.
@@ -40,25 +37,25 @@ TEST_F(ListRadiosForm, EverythingHasItsText) {
 TEST_F(ListRadiosForm, ScreenReadersAreToldWhatIsWhat) {
   EXPECT_EQ(tree().text(), L"Kategorie rádií");
   EXPECT_EQ(list().text(), L"Rádia");
-  EXPECT_EQ(part<MemoryTextBox>(L"Text1").tooltip(), L"O rádiu");
-  EXPECT_EQ(part<MemoryPicture>(L"Image3").text(), L"Orb");
-  EXPECT_EQ(part<MemoryPicture>(L"Image3").tooltip(), L"Přihlásit se na Orb");
+  EXPECT_EQ(part<platform::memory::TextBox>(L"Text1").tooltip(), L"O rádiu");
+  EXPECT_EQ(part<platform::memory::PictureBox>(L"Image3").text(), L"Orb");
+  EXPECT_EQ(part<platform::memory::PictureBox>(L"Image3").tooltip(), L"Přihlásit se na Orb");
 }
 
 TEST_F(ListRadiosForm, WhatComesLaterIsHiddenAtFirst) {
   EXPECT_FALSE(label(L"InfoPanel").visible());
-  EXPECT_FALSE(part<MemoryPicture>(L"ImageInPan").visible());
+  EXPECT_FALSE(part<platform::memory::PictureBox>(L"ImageInPan").visible());
   EXPECT_FALSE(progress().visible());
 }
 
 TEST_F(ListRadiosForm, ShowsItsPicturesWhereTheyAre) {
-  EXPECT_EQ(part<MemoryPicture>(L"Image3").picture(), L"") << "without them it works all the same";
+  EXPECT_EQ(part<platform::memory::PictureBox>(L"Image3").picture(), L"") << "without them it works all the same";
   write(L"Orb_Data\\pictures\\logo.gif", gif(32, 32));
   write(L"Orb_Data\\pictures\\info.gif", gif(16, 16));
   open_again();
-  EXPECT_EQ(part<MemoryPicture>(L"Image3").picture(), path(L"Orb_Data\\pictures\\logo.gif"));
-  EXPECT_EQ(part<MemoryPicture>(L"ImageInPan").picture(), path(L"Orb_Data\\pictures\\info.gif"));
-  EXPECT_EQ(part<MemoryPicture>(L"Image3").rect().width, 480) << "in its place, whatever its own size";
+  EXPECT_EQ(part<platform::memory::PictureBox>(L"Image3").picture(), path(L"Orb_Data\\pictures\\logo.gif"));
+  EXPECT_EQ(part<platform::memory::PictureBox>(L"ImageInPan").picture(), path(L"Orb_Data\\pictures\\info.gif"));
+  EXPECT_EQ(part<platform::memory::PictureBox>(L"Image3").rect().width, 480) << "in its place, whatever its own size";
 }
 
 TEST_F(ListRadiosForm, TheControlsFollowTheWindowsSize) {
@@ -77,13 +74,13 @@ TEST_F(ListRadiosForm, TheControlsFollowTheWindowsSize) {
   window_shown().user_resize(1, 1);
   EXPECT_GT(tree().rect().width, 500);
   EXPECT_GT(list().rect().width, 1000);
-  EXPECT_GT(part<MemoryTextBox>(L"Text1").rect().height, 0);
+  EXPECT_GT(part<platform::memory::TextBox>(L"Text1").rect().height, 0);
 }
 
 // Name, country and address above, the text between, the links below; none over another, all inside their frame.
 TEST_F(ListRadiosForm, TheLabelsStandBelowEachOtherInTheirFrame) {
   const auto check = [this] {
-    const auto frame = part<MemoryFrame>(L"Frame1").rect();
+    const auto frame = part<platform::memory::Frame>(L"Frame1").rect();
     int bottom = frame.top;
     const auto follows = [&](const platform::TwipsRect& place, const wchar_t* name) {
       EXPECT_GE(place.top, bottom) << name;
@@ -95,7 +92,7 @@ TEST_F(ListRadiosForm, TheLabelsStandBelowEachOtherInTheirFrame) {
     };
     for (const wchar_t* name : {L"Label2", L"Label3", L"Label4"})
       follows(label(name).rect(), name);
-    follows(part<MemoryTextBox>(L"Text1").rect(), L"Text1");
+    follows(part<platform::memory::TextBox>(L"Text1").rect(), L"Text1");
     for (const wchar_t* name : {L"Label8", L"Label7", L"Label5", L"Label9", L"Label10", L"Label6"})
       follows(label(name).rect(), name);
     EXPECT_LE(bottom, frame.top + frame.height);
@@ -127,10 +124,10 @@ TEST_F(ListRadiosForm, TheUnderlineGoesWithTheMouse) {
     (void)move();
     EXPECT_FALSE(label(L"Label9").underline()) << where;
   };
-  leaves("the frame", [this] { return part<MemoryFrame>(L"Frame1").user_mouse_move({}); });
-  leaves("its ground", [this] { return part<MemoryPicture>(L"Image1").user_mouse_move({}); });
+  leaves("the frame", [this] { return part<platform::memory::Frame>(L"Frame1").user_mouse_move({}); });
+  leaves("its ground", [this] { return part<platform::memory::PictureBox>(L"Image1").user_mouse_move({}); });
   leaves("the list", [this] { return list().user_mouse_move({}); });
-  leaves("the text", [this] { return part<MemoryTextBox>(L"Text1").user_mouse_move({}); });
+  leaves("the text", [this] { return part<platform::memory::TextBox>(L"Text1").user_mouse_move({}); });
 }
 
 TEST_F(ListRadiosForm, TheInformationLineHearsTheMouse) {
@@ -141,7 +138,7 @@ TEST_F(ListRadiosForm, TheInformationLineHearsTheMouse) {
   (void)line.user_mouse_down({MouseButton::left, 1, 1});
   EXPECT_FALSE(line.underline());
   (void)line.user_mouse_move({});
-  (void)part<MemoryPicture>(L"ImageInPan").user_mouse_move({});
+  (void)part<platform::memory::PictureBox>(L"ImageInPan").user_mouse_move({});
   EXPECT_FALSE(line.underline());
   (void)line.user_click();
   ASSERT_EQ(test::opened_pages(shell).size(), 1U);
@@ -152,11 +149,11 @@ TEST_F(ListRadiosForm, BeingBroughtToAStationShowsItsDetailsAgain) {
   (void)list().user_pick(4, MouseButton::right);
   for (const wchar_t* name : {L"Label3", L"Label4", L"Label5", L"Label6", L"Label7", L"Label8", L"Label9", L"Label10"})
     EXPECT_FALSE(label(name).visible()) << name;
-  EXPECT_FALSE(part<MemoryTextBox>(L"Text1").visible());
+  EXPECT_FALSE(part<platform::memory::TextBox>(L"Text1").visible());
   directory.Naladit();
   for (const wchar_t* name : {L"Label3", L"Label4", L"Label5", L"Label6", L"Label7", L"Label8", L"Label9", L"Label10"})
     EXPECT_TRUE(label(name).visible()) << name;
-  EXPECT_TRUE(part<MemoryTextBox>(L"Text1").visible());
+  EXPECT_TRUE(part<platform::memory::TextBox>(L"Text1").visible());
   EXPECT_EQ(label(L"Label2").text(), L"Druhé");
 }
 
@@ -214,7 +211,7 @@ TEST_F(ListRadiosForm, ClosingHidesItAndStopsItsTyping) {
   bring("orb:i:0/@//@/10/@/Zpr\xe1va\r\n" + stations_text());
   auto& line = label(L"InfoPanel");
   const std::wstring typed = line.text();
-  const platform::memory::MemoryEventLoop::Nested waiting(loop); // something does: the closed window is not destroyed
+  const platform::memory::EventLoop::Nested waiting(loop); // something does: the closed window is not destroyed
   window_shown().user_close();
   EXPECT_FALSE(window_shown().visible());
   loop.advance(500);

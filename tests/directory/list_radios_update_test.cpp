@@ -14,7 +14,7 @@ struct ListRadiosUpdate : UpdateWorld {};
 TEST_F(ListRadiosUpdate, TheDownloaderIsAskedAfterTheOldAnswersAreGone) {
   write(L"orb_test_size.tt", "size:5");
   write(L"seznam.tt", "stary");
-  shell.on_start = [this](const platform::memory::MemoryShell::Started&) {
+  shell.on_start = [this](const platform::memory::Shell::Started&) {
     EXPECT_EQ(content(L"orb_test_size.tt") + content(L"seznam.tt"), "(missing)(missing)");
     EXPECT_EQ(status(), connecting);
   };
@@ -44,7 +44,7 @@ TEST_F(ListRadiosUpdate, AProbeThatIsTooLongRefuses) {
 }
 
 TEST_F(ListRadiosUpdate, SeveralAdvertisementsAskForOnePage) {
-  auto& browser = part<platform::memory::MemoryBrowser>(L"WebBrowser1");
+  auto& browser = part<platform::memory::Browser>(L"WebBrowser1");
   std::string list;
   for (int i = 1; i <= 3; ++i)
     list += "orb:r:1050/@/7125/@/1/@/http://server/" + std::to_string(i) + "\r\n";

@@ -6,7 +6,6 @@ namespace lumotune::directory {
 namespace {
 
 using platform::MouseButton;
-using platform::memory::MemoryProgress;
 
 struct ListRadiosWindow : WindowWorld {};
 
@@ -123,13 +122,13 @@ TEST_F(ListRadiosWindow, UpdatesFromTheServer) {
   write(L"seznam.tt", seznam.substr(0, seznam.size() / 2));
   loop.advance(100);
   EXPECT_EQ(status().substr(0, 25), L"Aktualizuji seznam rádií ");
-  EXPECT_TRUE(part<MemoryProgress>(L"Progress").visible());
-  EXPECT_EQ(part<MemoryProgress>(L"Progress").percent(), 50);
+  EXPECT_TRUE(part<platform::memory::ProgressBar>(L"Progress").visible());
+  EXPECT_EQ(part<platform::memory::ProgressBar>(L"Progress").percent(), 50);
   EXPECT_NE(content(L"radios.tt").find("RADIO1"), std::string::npos);
   write(L"seznam.tt", seznam);
   loop.advance(100);
   EXPECT_EQ(status(), L"Hotovo, připraven...");
-  EXPECT_FALSE(part<MemoryProgress>(L"Progress").visible());
+  EXPECT_FALSE(part<platform::memory::ProgressBar>(L"Progress").visible());
   EXPECT_EQ(tree().count(), 1U);
   EXPECT_EQ(tree().selected(), 0U) << "no node was clicked before";
   EXPECT_EQ(names(), Names{L"Nová stanice"}) << "the first node's stations";
@@ -146,12 +145,12 @@ TEST_F(ListRadiosWindow, TheClickedCategoryIsShownAgainAfterTheUpdate) {
     seznam += "orb:k:" + std::string(line) + "\r\n";
   seznam += stations_text() + test::Record{"RADIO9", "Dev\xe1t\xe9", "", "", "1000022"}.line();
   serve(seznam);
-  part<platform::memory::MemoryButton>(L"Command1").press();
-  EXPECT_FALSE(part<platform::memory::MemoryButton>(L"Command1").enabled());
+  part<platform::memory::Button>(L"Command1").press();
+  EXPECT_FALSE(part<platform::memory::Button>(L"Command1").enabled());
   loop.advance(1000);
   EXPECT_EQ(names(), (Names{L"Třetí novinka", L"Deváté"}));
   EXPECT_EQ(tree().selected(), tree().find(L"a100002"));
-  EXPECT_TRUE(part<platform::memory::MemoryButton>(L"Command1").enabled());
+  EXPECT_TRUE(part<platform::memory::Button>(L"Command1").enabled());
 }
 
 TEST_F(ListRadiosWindow, AdvertisementAndInformationComeBeforeTheFiles) {
@@ -160,9 +159,9 @@ TEST_F(ListRadiosWindow, AdvertisementAndInformationComeBeforeTheFiles) {
   const std::string seznam = "orb:r:1050/@/7125/@/1/@/http://server/reklama\r\norb:i:0/@//@/10/@/Zpr\xe1va\r\n" +
                              test::Record{"NOVA01", "Nov\xe1"}.line();
   serve(seznam);
-  auto& browser = part<platform::memory::MemoryBrowser>(L"WebBrowser1");
+  auto& browser = part<platform::memory::Browser>(L"WebBrowser1");
   files.make_readonly(machine.folder + L"\\radios.tt");
-  part<platform::memory::MemoryButton>(L"Command1").press();
+  part<platform::memory::Button>(L"Command1").press();
   loop.advance(300);
   shown_before_written = browser.visited == Names{L"http://server/reklama"} && label(L"InfoPanel").visible();
   EXPECT_TRUE(shown_before_written);
@@ -176,7 +175,7 @@ TEST_F(ListRadiosWindow, ARefusalKeepsTheOldFiles) {
   directory.Naladit();
   const std::string before = content(L"radios.tt");
   for (const char* reply : {"orb.cz:error", "SERVER:ERROR jindy", "size:0", "size:-5", "size:", "size:mnoho", "nic"}) {
-    part<platform::memory::MemoryButton>(L"Command1").press();
+    part<platform::memory::Button>(L"Command1").press();
     window_shown().user_close();
     loop.advance(200);
     directory.Naladit();
@@ -191,11 +190,11 @@ TEST_F(ListRadiosWindow, WithoutAConnectionTheButtonStaysDisabled) {
   directory.Naladit();
   connection.now.connected = false;
   const auto started = shell.started.size();
-  part<platform::memory::MemoryButton>(L"Command1").press();
+  part<platform::memory::Button>(L"Command1").press();
   ASSERT_EQ(dialogs.shown.size(), 1U);
   EXPECT_EQ(dialogs.shown[0].text, L"Nejste připojeni k internetu.\r\nProsím připojte se!");
   EXPECT_EQ(dialogs.shown[0].icon, platform::BoxIcon::information);
-  EXPECT_FALSE(part<platform::memory::MemoryButton>(L"Command1").enabled());
+  EXPECT_FALSE(part<platform::memory::Button>(L"Command1").enabled());
   EXPECT_EQ(shell.started.size(), started);
 }
 
@@ -205,12 +204,12 @@ TEST_F(ListRadiosWindow, NewCategoriesReloadTheTreeOnce) {
   (void)favourites_shown_anew();
   write(L"kategories.tt", "new//100007/@/Jin\xe9\r\n");
   write(L"kategories_new.tt", "x");
-  part<platform::memory::MemoryButton>(L"Command1").set_enabled(false);
+  part<platform::memory::Button>(L"Command1").set_enabled(false);
   loop.advance(500);
   EXPECT_EQ(tree().count(), 1U);
   EXPECT_TRUE(favourites_shown_anew());
   EXPECT_EQ(session.refresh_favourites, L"");
-  EXPECT_TRUE(part<platform::memory::MemoryButton>(L"Command1").enabled());
+  EXPECT_TRUE(part<platform::memory::Button>(L"Command1").enabled());
   EXPECT_EQ(status(), L"");
   loop.advance(2000);
   EXPECT_FALSE(favourites_shown_anew());
@@ -233,7 +232,7 @@ TEST_F(ListRadiosWindow, LinksAreUnderlinedUnderTheMouse) {
       EXPECT_EQ(label(other).underline(), name == other) << other << " under the mouse at " << name;
   }
   EXPECT_EQ(label(L"Label4").text_colour(), platform::Colour{0xC00000});
-  (void)part<platform::memory::MemoryFrame>(L"Frame1").user_mouse_move({});
+  (void)part<platform::memory::Frame>(L"Frame1").user_mouse_move({});
   for (const wchar_t* name : links)
     EXPECT_FALSE(label(name).underline()) << name;
   EXPECT_EQ(label(L"Label4").text_colour(), platform::Colour{0});

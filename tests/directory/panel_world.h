@@ -19,7 +19,7 @@
 namespace lumotune::directory {
 
 struct ListRadiosPanel : testing::Test, test::MemoryPlatform {
-  platform::memory::MemoryFramedWindow window{L"ListRadios", files};
+  platform::memory::FramedWindow window{L"ListRadios", files};
   ListRadiosForm form{window};
   Layout layout{form};
   AdvertState state;
@@ -29,8 +29,8 @@ struct ListRadiosPanel : testing::Test, test::MemoryPlatform {
   companions::WebPages pages{shell};
   Advert advert{{form, layout, state}};
   InfoPanelLine line{{form, layout, settings, loop, dialogs, shell, folder, sender, identity, pages}};
-  platform::memory::MemoryLabel& shown = *window.find<platform::memory::MemoryLabel>(L"InfoPanel");
-  platform::memory::MemoryBrowser& browser = *window.find<platform::memory::MemoryBrowser>(L"WebBrowser1");
+  platform::memory::Label& shown = *window.find<platform::memory::Label>(L"InfoPanel");
+  platform::memory::Browser& browser = *window.find<platform::memory::Browser>(L"WebBrowser1");
 
   ListRadiosPanel() {
     window.on_resize = [this] { layout.place(); };

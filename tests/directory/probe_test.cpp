@@ -10,7 +10,7 @@
 namespace lumotune::test {
 namespace {
 
-const platform::memory::MemoryCodec codec;
+const platform::memory::Codec codec;
 
 // The size, "refused" or "unusable".
 std::string probe(const std::string& bytes, const std::wstring& server = L"http://server.example") {

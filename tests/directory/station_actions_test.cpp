@@ -9,7 +9,7 @@ namespace lumotune::directory {
 namespace {
 
 struct StationActions : testing::Test, test::DirectoryWorld {
-  platform::memory::MemoryFramedWindow bare{L"ListRadios", files};
+  platform::memory::FramedWindow bare{L"ListRadios", files};
   ListRadiosForm bare_form{bare};
   Layout layout{bare_form};
   AdvertState state;

@@ -15,9 +15,6 @@
 namespace lumotune::test {
 namespace {
 
-using platform::memory::MemoryListView;
-using platform::memory::MemoryTree;
-
 // Notes the flag at each call.
 struct CountingFavourites final : player::FavouritesPort {
   explicit CountingFavourites(const base::Session& session_used) : session(session_used) {}
@@ -28,19 +25,19 @@ struct CountingFavourites final : player::FavouritesPort {
 };
 
 struct StationListTest : testing::Test {
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryMachine machine;
+  platform::memory::Files files;
+  platform::memory::Codec codec;
+  platform::memory::Machine machine;
   base::ProgramFolder folder{files, codec, machine};
   stations::StationFiles station_files{folder};
   base::Session session;
   CountingFavourites favourites{session};
-  platform::memory::MemoryFramedWindow window{L"ListRadios", files};
+  platform::memory::FramedWindow window{L"ListRadios", files};
   directory::ListRadiosForm form{window};
   std::unique_ptr<directory::StationList> stations = std::make_unique<directory::StationList>(
       directory::StationList::Uses{form, station_files, codec, session, favourites});
-  MemoryListView& list = *window.find<MemoryListView>(L"ListView1");
-  MemoryTree& tree = *window.find<MemoryTree>(L"TreeView1");
+  platform::memory::ListView& list = *window.find<platform::memory::ListView>(L"ListView1");
+  platform::memory::TreeView& tree = *window.find<platform::memory::TreeView>(L"TreeView1");
 
   StationListTest() {
     put(L"radios.tt", station("RADIO1", "100001") + "\r\n" + station("RADIO2", "100002") + station("RADIO3", "100002"));

@@ -20,7 +20,7 @@ std::string station(const std::string& id, const std::string& name, const std::s
 }
 
 struct RowsWorld {
-  platform::memory::MemoryCodec codec;
+  platform::memory::Codec codec;
   std::shared_ptr<const stations::StationLines> lines;
   directory::StationRows rows{codec};
 

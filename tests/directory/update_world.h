@@ -25,11 +25,9 @@ struct UpdateWorld : testing::Test, DirectoryWorld {
     before = content(L"radios.tt");
   }
   [[nodiscard]] std::wstring path(const wchar_t* name) const { return machine.folder + L"\\" + name; }
-  [[nodiscard]] platform::memory::MemoryButton& Command1() const {
-    return part<platform::memory::MemoryButton>(L"Command1");
-  }
-  [[nodiscard]] platform::memory::MemoryProgress& progress() const {
-    return part<platform::memory::MemoryProgress>(L"Progress");
+  [[nodiscard]] platform::memory::Button& Command1() const { return part<platform::memory::Button>(L"Command1"); }
+  [[nodiscard]] platform::memory::ProgressBar& progress() const {
+    return part<platform::memory::ProgressBar>(L"Progress");
   }
   void announce(std::size_t size) {
     write(L"orb_test_size.tt", "size:" + std::to_string(size) + "\r\n");

@@ -16,7 +16,7 @@ using Names = std::vector<std::wstring>;
 struct WindowWorld : testing::Test, test::DirectoryWorld {
   // The downloader brings a file, complete, as soon as it is started.
   void serve(const std::string& list) {
-    shell.on_start = [this, list](const platform::memory::MemoryShell::Started& started) {
+    shell.on_start = [this, list](const platform::memory::Shell::Started& started) {
       if (started.command_line.find(L"size=1") != std::wstring::npos)
         write(L"orb_test_size.tt", "size:" + std::to_string(list.size()) + "\r\n");
       else if (started.command_line.find(L"lt_list.php") != std::wstring::npos)

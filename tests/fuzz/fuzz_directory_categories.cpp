@@ -22,7 +22,7 @@ constexpr const char* const words[] = {"/@/",    "\r\n",   "\n",   "\r", "new//"
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const platform::memory::MemoryCodec codec;
+  static const platform::memory::Codec codec;
   const std::string bytes = fuzz::expanded(data, size, words);
   const auto nodes = stations::read_categories(bytes, codec);
   std::size_t at = 0;

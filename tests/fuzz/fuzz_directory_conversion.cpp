@@ -32,7 +32,7 @@ struct Heard final : stations::ConversionPort {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const platform::memory::MemoryCodec codec;
+  static const platform::memory::Codec codec;
   const std::string bytes = fuzz::expanded(data, size, words);
   std::string stations;
   std::string categories;

@@ -20,7 +20,7 @@ using namespace lumotune;
 using fuzz::demand;
 
 struct Panel : test::MemoryPlatform {
-  platform::memory::MemoryFramedWindow window{L"ListRadios", files};
+  platform::memory::FramedWindow window{L"ListRadios", files};
   directory::ListRadiosForm form{window};
   directory::Layout layout{form};
   directory::AdvertState state;

@@ -21,7 +21,7 @@ constexpr const char* const words[] = {"size:", "\r\n", "\n", "\r",       "orb.c
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const platform::memory::MemoryCodec codec;
+  static const platform::memory::Codec codec;
   using Kind = directory::Probe::Kind;
   const std::string bytes = fuzz::expanded(data, size, words);
   const std::wstring address = codec.decode(bytes.substr(0, bytes.size() / 4));

@@ -18,8 +18,8 @@ using fuzz::demand;
 
 namespace {
 
-const platform::memory::MemoryCodec codec;
-const platform::memory::MemoryMachine machine;
+const platform::memory::Codec codec;
+const platform::memory::Machine machine;
 
 // What the reader looks for.
 constexpr const char* const words[] = {"/@/", "\r\n", "\n",     "\r",     "tip",      "tip x", "RADIO1", "radio1",
@@ -78,7 +78,7 @@ void check_rows(const stations::StationTable& table, const base::TextLines& line
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string bytes = fuzz::expanded(data, size, words);
-  static platform::memory::MemoryFiles files;
+  static platform::memory::Files files;
   static const base::ProgramFolder folder(files, codec, machine);
   static stations::StationFiles station_files(folder);
   static stations::StationTable table({station_files, codec});

@@ -16,7 +16,7 @@ using fuzz::demand;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   test::PlayerWorld w;
-  platform::memory::MemoryPointer pointer;
+  platform::memory::Pointer pointer;
   player::Favourites favourites(
       {w.folder, w.settings, w.session, w.form, w.playback, w.station_files, w.dialogs, w.loop, pointer});
   // The first byte says where the station file begins. One favourite is there whatever the rest is.

@@ -22,7 +22,7 @@ bool is_clean(const std::wstring& text) {
 }
 
 void try_station_web(const std::wstring& address) {
-  platform::memory::MemoryShell shell;
+  platform::memory::Shell shell;
   companions::WebPages web(shell);
   const bool opens = web.open_station_web(address);
   demand(shell.started.size() + shell.opened.size() <= (opens ? 1U : 0U));
@@ -67,7 +67,7 @@ void try_command_lines(const std::wstring& text) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const platform::memory::MemoryCodec codec;
+  const platform::memory::Codec codec;
   const std::wstring text = codec.decode(std::string(reinterpret_cast<const char*>(data), size));
   try_station_web(text);
   try_station_web(L"http" + text);

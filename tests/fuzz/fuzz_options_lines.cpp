@@ -12,7 +12,7 @@ using namespace lumotune;
 using fuzz::demand;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const platform::memory::MemoryCodec codec;
+  static const platform::memory::Codec codec;
   std::string bytes(reinterpret_cast<const char*>(data), size);
   // Lengths on both sides of the one that is written.
   for (int i = 0; size > 0 && i < data[0] % 32; ++i)

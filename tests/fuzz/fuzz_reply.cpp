@@ -11,7 +11,7 @@ using fuzz::demand;
 
 // No more of the program than the reply needs: the rest would take most of each run.
 struct ReplyWorld : test::MemoryPlatform {
-  platform::memory::MemoryWindow window{files};
+  platform::memory::Window window{files};
   base::Settings settings;
   base::Session session;
   base::ErrorLog error_log{{folder, machine}};

@@ -64,7 +64,7 @@ protected:
   PlayerOptions options;
   std::vector<std::string> texts; // descriptions
   std::vector<int> states;
-  platform::memory::MemoryEventLoop loop;
+  platform::memory::EventLoop loop;
 
 private:
   std::chrono::steady_clock::time_point last_ = std::chrono::steady_clock::now();

@@ -15,11 +15,11 @@
 namespace lumotune::test {
 
 struct MenuWorld : SkinWorld {
-  platform::memory::MemoryPointer pointer;
-  platform::memory::MemoryConnection connection;
-  platform::memory::MemoryPopupMenus popups{loop};
-  platform::memory::MemoryInputBox input_box{loop};
-  platform::memory::MemoryFramedWindowMaker framed_windows{files};
+  platform::memory::Pointer pointer;
+  platform::memory::Connection connection;
+  platform::memory::PopupMenus popups{loop};
+  platform::memory::InputBox input_box{loop};
+  platform::memory::FramedWindowMaker framed_windows{files};
   companions::WebPages web{shell};
   companions::Identity identity{{folder, loop, settings}};
   player::Favourites favourite_list{{folder, settings, session, form, playback, station_files, dialogs, loop, pointer}};

@@ -12,7 +12,7 @@ namespace {
 
 struct ConsoleTest : testing::Test {
   PlayerWorld w;
-  platform::memory::MemoryInputBox input{w.loop};
+  platform::memory::InputBox input{w.loop};
   player::Console console{{w.session, w.loop, input, w.dialogs, w.playback}};
 
   ConsoleTest() {
@@ -147,7 +147,7 @@ TEST_F(ConsoleTest, EndsWithTheProgram) {
 
 struct MediaKeyTest : testing::Test {
   PlayerWorld w;
-  platform::memory::MemoryMediaKeys keys;
+  platform::memory::MediaKeys keys;
   player::MediaKeyRule& rule = w.media_keys;
   MediaKeyTest() {
     w.player.set_auto_start(false);
@@ -187,7 +187,7 @@ TEST_F(MediaKeyTest, TheKeysAreLeftToOthersUntilSomethingCanBePlayed) {
   EXPECT_FALSE(keys.taken);
   w.playback.PripravHrani(L"http://a");
   EXPECT_TRUE(keys.taken);
-  platform::memory::MemoryMediaKeys later;
+  platform::memory::MediaKeys later;
   player::MediaKeyRule second{{w.form, w.session}};
   second.start(later);
   EXPECT_TRUE(later.taken) << "something could be played before";

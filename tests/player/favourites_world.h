@@ -12,10 +12,10 @@ namespace lumotune::test {
 
 struct FavouritesWorld : testing::Test {
   PlayerWorld w;
-  platform::memory::MemoryPointer pointer;
+  platform::memory::Pointer pointer;
   player::Favourites favourites{
       {w.folder, w.settings, w.session, w.form, w.playback, w.station_files, w.dialogs, w.loop, pointer}};
-  platform::memory::MemoryList& list = *w.window.list(L"Control_List");
+  platform::memory::ListBox& list = *w.window.list(L"Control_List");
 
   FavouritesWorld() {
     w.window.set_visible(true);

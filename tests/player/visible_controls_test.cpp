@@ -78,8 +78,8 @@ TEST(VisibleControlsTest, TheHintStandsAloneOrOnTheDisplay) {
 }
 
 TEST(VisibleControlsTest, EachControlOfTheWindowFollowsItsValue) {
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryWindow window(files);
+  platform::memory::Files files;
+  platform::memory::Window window(files);
   base::LumotuneForm form(window);
   for (const bool first : {true, false}) {
     show_controls({first, !first, first, !first, first}, form);

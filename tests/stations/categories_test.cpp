@@ -9,7 +9,7 @@
 namespace lumotune::test {
 namespace {
 
-const platform::memory::MemoryCodec codec;
+const platform::memory::Codec codec;
 
 // "key|parent|name" for each node.
 std::wstring nodes(const std::string& bytes) {

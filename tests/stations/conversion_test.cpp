@@ -30,9 +30,9 @@ struct RecordingPort final : stations::ConversionPort {
 };
 
 struct ConversionWorld {
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryMachine machine;
+  platform::memory::Files files;
+  platform::memory::Codec codec;
+  platform::memory::Machine machine;
   base::ProgramFolder folder{files, codec, machine};
   stations::StationFiles station_files{folder};
   RecordingPort port;

@@ -29,9 +29,9 @@ std::string record_of(int fields) {
 }
 
 struct TableWorld {
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryMachine machine;
+  platform::memory::Files files;
+  platform::memory::Codec codec;
+  platform::memory::Machine machine;
   base::ProgramFolder folder{files, codec, machine};
   stations::StationFiles station_files{folder};
   stations::StationTable table{{station_files, codec}};
@@ -126,7 +126,7 @@ TEST(StationTable, LinesThatAreHeldOutliveALoad) {
 }
 
 TEST(StationRecord, BothWaysOfReadingGiveTheSameFields) {
-  const platform::memory::MemoryCodec codec;
+  const platform::memory::Codec codec;
   for (int fields = 0; fields <= 40; ++fields) {
     const std::string line = record_of(fields);
     const StationRecord record(line, codec);
@@ -181,7 +181,7 @@ TEST(StationRecord, NearlyADelimiterIsNone) {
 
 TEST(StationRecord, FieldsHaveTheirNames) {
   using enum StationField;
-  const platform::memory::MemoryCodec codec;
+  const platform::memory::Codec codec;
   const StationRecord record(
       "ID/@/Jm\xe9no/@/tip/@/x/@/\xc8"
       "esko/@/100001/@/u1/@/u2/@/u3/@/u4/@/u5/@/k1/@/k2/@/k3/@/k4/@/k5/@/www/@/Popis/@/dal\x9a\xed",

@@ -42,7 +42,7 @@ inline std::string joined(const std::vector<std::string>& lines) {
 }
 
 struct BaseWorld : MemoryPlatform {
-  platform::memory::MemoryWindow window{files};
+  platform::memory::Window window{files};
   base::LumotuneForm form{window};
   base::Settings settings;
   base::Session session;

@@ -13,7 +13,7 @@
 namespace lumotune::test {
 
 // The addresses that the system was asked to open: those for the explorer program, then the others.
-inline std::vector<std::wstring> opened_pages(const platform::memory::MemoryShell& shell) {
+inline std::vector<std::wstring> opened_pages(const platform::memory::Shell& shell) {
   constexpr std::wstring_view explorer = L"explorer ";
   std::vector<std::wstring> addresses;
   for (const auto& started : shell.started) {
@@ -53,10 +53,10 @@ struct Record {
 };
 
 struct DirectoryWorld : PlayerWorld {
-  platform::memory::MemoryPointer pointer;
-  platform::memory::MemoryConnection connection;
-  platform::memory::MemoryPopupMenus popups{loop};
-  platform::memory::MemoryFramedWindowMaker windows{files};
+  platform::memory::Pointer pointer;
+  platform::memory::Connection connection;
+  platform::memory::PopupMenus popups{loop};
+  platform::memory::FramedWindowMaker windows{files};
   player::Favourites favourite_list{{folder, settings, session, form, playback, station_files, dialogs, loop, pointer}};
   companions::Identity identity{{folder, loop, settings}};
   companions::WebPages pages{shell};
@@ -132,17 +132,15 @@ struct DirectoryWorld : PlayerWorld {
   [[nodiscard]] std::string content(const std::wstring& name) const {
     return files.read(machine.folder + L"\\" + name).value_or("(missing)");
   }
-  [[nodiscard]] platform::memory::MemoryFramedWindow& window_shown() const { return *windows.last; }
+  [[nodiscard]] platform::memory::FramedWindow& window_shown() const { return *windows.last; }
   template <typename Kind>
   [[nodiscard]] Kind& part(const std::wstring& name) const {
     return *windows.last->find<Kind>(name);
   }
-  [[nodiscard]] platform::memory::MemoryTree& tree() const { return part<platform::memory::MemoryTree>(L"TreeView1"); }
-  [[nodiscard]] platform::memory::MemoryListView& list() const {
-    return part<platform::memory::MemoryListView>(L"ListView1");
-  }
-  [[nodiscard]] platform::memory::MemoryLabel& label(const std::wstring& name) const {
-    return part<platform::memory::MemoryLabel>(name);
+  [[nodiscard]] platform::memory::TreeView& tree() const { return part<platform::memory::TreeView>(L"TreeView1"); }
+  [[nodiscard]] platform::memory::ListView& list() const { return part<platform::memory::ListView>(L"ListView1"); }
+  [[nodiscard]] platform::memory::Label& label(const std::wstring& name) const {
+    return part<platform::memory::Label>(name);
   }
   [[nodiscard]] std::wstring status() const { return label(L"Label1").text(); }
   [[nodiscard]] std::vector<std::wstring> names() const {

@@ -12,16 +12,16 @@
 namespace lumotune::test {
 
 struct MemoryPlatform {
-  platform::memory::MemoryEventLoop loop;
-  platform::memory::MemoryFiles files;
-  platform::memory::MemoryCodec codec;
-  platform::memory::MemoryMachine machine;
+  platform::memory::EventLoop loop;
+  platform::memory::Files files;
+  platform::memory::Codec codec;
+  platform::memory::Machine machine;
   base::ProgramFolder folder{files, codec, machine};
-  platform::memory::MemoryMessages messages;
-  platform::memory::MemoryShell shell;
-  platform::memory::MemoryDialogs dialogs{loop};
-  platform::memory::MemoryTray tray;
-  platform::memory::MemoryMediaPlayer player;
+  platform::memory::Messages messages;
+  platform::memory::Shell shell;
+  platform::memory::Dialogs dialogs{loop};
+  platform::memory::Tray tray;
+  platform::memory::MediaPlayer player;
 
   MemoryPlatform() { dialogs.modal.lets_run(loop); }
 };

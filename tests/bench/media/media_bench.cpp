@@ -25,7 +25,7 @@ using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
 // Runs the loop on the real clock until that holds or the time is over.
-bool run(platform::memory::MemoryEventLoop& loop, int time_ms, int step_ms, const std::function<bool()>& condition) {
+bool run(platform::memory::EventLoop& loop, int time_ms, int step_ms, const std::function<bool()>& condition) {
   const auto start = Clock::now();
   auto last = start;
   while (!condition()) {
@@ -60,7 +60,7 @@ int first_sound(const std::string& url, int count) {
   const auto device = std::make_shared<rig::TestDevice>();
   PlayerOptions options;
   options.make_output = device->factory();
-  platform::memory::MemoryEventLoop loop;
+  platform::memory::EventLoop loop;
   const auto player = make_media_player(loop, options);
   player->set_auto_start(false);
   player->set_url(wide(url), platform::AddressOrigin::listener);
@@ -84,7 +84,7 @@ int changes(int count, const std::vector<std::string>& urls) {
   const auto device = std::make_shared<rig::TestDevice>();
   PlayerOptions options;
   options.make_output = device->factory();
-  platform::memory::MemoryEventLoop loop;
+  platform::memory::EventLoop loop;
   const auto player = make_media_player(loop, options);
   long warm = 0;
   for (int i = 0; i < count + count / 5; ++i) {
@@ -99,7 +99,7 @@ int changes(int count, const std::vector<std::string>& urls) {
 }
 
 int play(const std::string& url, int seconds) {
-  platform::memory::MemoryEventLoop loop;
+  platform::memory::EventLoop loop;
   const auto player = make_media_player(loop, {});
   player->set_auto_start(false);
   player->set_url(wide(url), platform::AddressOrigin::listener);
