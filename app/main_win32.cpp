@@ -26,16 +26,16 @@ constexpr std::uint32_t longest_end_ms = 5000;
 
 void run(platform::win32::Backend& backend) {
   backend.machine.on_begin_end = [] { platform::win32::limit_end(longest_end_ms); };
-  platform::win32::Win32MediaKeys media_keys(backend.loop, backend.window.handle());
-  platform::win32::Win32PopupMenus popups(backend.loop, backend.window.handle());
-  platform::win32::Win32InputBox input_box(backend.loop, backend.window.handle());
-  platform::win32::Win32Pointer pointer;
-  platform::win32::Win32Connection connection;
+  platform::win32::MediaKeys media_keys(backend.loop, backend.window.handle());
+  platform::win32::PopupMenus popups(backend.loop, backend.window.handle());
+  platform::win32::InputBox input_box(backend.loop, backend.window.handle());
+  platform::win32::Pointer pointer;
+  platform::win32::Connection connection;
   // Two companion programs are started from the current directory.
   // With the backslash a drive alone is its root, not whatever folder is the current one on it.
   SetCurrentDirectoryW((backend.machine.program_folder() + L"\\").c_str());
   base::LumotuneForm form(backend.window);
-  platform::win32::Win32Tray tray(backend.window, form.TrayIcon);
+  platform::win32::Tray tray(backend.window, form.TrayIcon);
   media::PlayerOptions options;
   options.user_agent = "Lumotune/" LUMOTUNE_VERSION;
   options.proxy = platform::win32::system_proxy;

@@ -18,15 +18,15 @@ namespace lumotune::platform::win32 {
 struct Backend {
   explicit Backend(int icon);
 
-  Win32EventLoop loop;
-  Win32Codec codec;
-  Win32Files files;
-  Win32Shell shell;
-  Win32Machine machine;
-  Win32Window window; // `Lumotune`
-  Win32FramedWindowMaker framed_windows;
-  Win32Messages messages;
-  Win32Dialogs dialogs;
+  EventLoop loop;
+  Codec codec;
+  Files files;
+  Shell shell;
+  Machine machine;
+  Window window; // `Lumotune`
+  FramedWindowMaker framed_windows;
+  Messages messages;
+  Dialogs dialogs;
 };
 
 } // namespace lumotune::platform::win32

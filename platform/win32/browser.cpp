@@ -64,7 +64,7 @@ void lock_process() {
 } // namespace
 
 // The control in its site, from its making to its end.
-class Win32Browser::Page {
+class Browser::Page {
 public:
   explicit Page(HWND area) : area_(area), site_(new BrowserSite(area)) {
     lock_process();
@@ -146,13 +146,13 @@ private:
   DWORD advised_ = 0;
 };
 
-Win32Browser::Win32Browser(Surface& surface, const std::wstring& designer_name)
-    : Win32Control(surface, designer_name, L"STATIC", WS_CLIPCHILDREN) {}
+Browser::Browser(Surface& surface, const std::wstring& designer_name)
+    : ControlOf(surface, designer_name, L"STATIC", WS_CLIPCHILDREN) {}
 
-Win32Browser::~Win32Browser() = default;
+Browser::~Browser() = default;
 
 // A control that could not be made once is not tried again for each page.
-void Win32Browser::navigate(const std::wstring& address) {
+void Browser::navigate(const std::wstring& address) {
   if (!is_web_address(address))
     return;
   if (page_ == nullptr)
@@ -160,14 +160,14 @@ void Win32Browser::navigate(const std::wstring& address) {
   page_->navigate(address);
 }
 
-IUnknown* Win32Browser::control() const {
+IUnknown* Browser::control() const {
   return page_ == nullptr ? nullptr : page_->control();
 }
 
-bool Win32Browser::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+bool Browser::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   if (message == WM_SIZE && page_ != nullptr)
     page_->fit();
-  return Win32Control::handle_message(message, w, l, result);
+  return ControlOf::handle_message(message, w, l, result);
 }
 
 } // namespace lumotune::platform::win32

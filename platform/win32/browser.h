@@ -13,12 +13,12 @@
 namespace lumotune::platform::win32 {
 
 // The control is made for the first page, not before: a program that shows none never waits for it.
-class Win32Browser final : public Win32Control<Browser> {
+class Browser final : public ControlOf<platform::Browser> {
 public:
-  Win32Browser(Surface& surface, const std::wstring& designer_name);
-  Win32Browser(const Win32Browser&) = delete;
-  Win32Browser& operator=(const Win32Browser&) = delete;
-  ~Win32Browser() override;
+  Browser(Surface& surface, const std::wstring& designer_name);
+  Browser(const Browser&) = delete;
+  Browser& operator=(const Browser&) = delete;
+  ~Browser() override;
 
   void navigate(const std::wstring& address) override;
   [[nodiscard]] IUnknown* control() const; // the system's; nullptr before the first page, and where it has none

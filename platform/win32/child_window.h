@@ -102,10 +102,10 @@ private:
 };
 
 template <typename Interface>
-class Win32Control : public Interface, public ChildWindow {
+class ControlOf : public Interface, public ChildWindow {
 public:
-  Win32Control(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style,
-               DWORD extended_style = 0, bool has_text = true)
+  ControlOf(Surface& surface, const std::wstring& designer_name, const wchar_t* system_class, DWORD style,
+            DWORD extended_style = 0, bool has_text = true)
       : ChildWindow(surface, designer_name, system_class, style, extended_style, has_text), name_(designer_name) {}
 
   [[nodiscard]] const std::wstring& name() const override { return name_; }

@@ -9,12 +9,12 @@
 
 namespace lumotune::platform::win32 {
 
-Win32Codec::Win32Codec() {
+Codec::Codec() {
   CPINFO info{};
   system_ = GetCPInfo(CP_ACP, &info) != 0 && info.MaxCharSize == 1;
 }
 
-std::wstring Win32Codec::decode(std::string_view bytes) const {
+std::wstring Codec::decode(std::string_view bytes) const {
   if (!system_ || bytes.size() > INT_MAX)
     return decode_1250(bytes);
   std::wstring text(bytes.size(), L'\0');
@@ -24,7 +24,7 @@ std::wstring Win32Codec::decode(std::string_view bytes) const {
   return text;
 }
 
-std::string Win32Codec::encode(std::wstring_view text) const {
+std::string Codec::encode(std::wstring_view text) const {
   if (!system_ || text.size() > INT_MAX)
     return encode_1250(text);
   std::string bytes(text.size(), '\0');

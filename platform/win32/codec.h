@@ -9,9 +9,9 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32Codec final : public AnsiCodec {
+class Codec final : public AnsiCodec {
 public:
-  Win32Codec();
+  Codec();
   [[nodiscard]] std::wstring decode(std::string_view bytes) const override;
   [[nodiscard]] std::string encode(std::wstring_view text) const override;
 

@@ -11,7 +11,7 @@ namespace lumotune::platform::win32 {
 
 // A machine that cannot be asked counts as connected: what is then fetched tells by itself. (A test that wants to be
 // off the internet puts a library of its own into the system folder of its Wine prefix and has Wine take that one.)
-ConnectionState Win32Connection::state() {
+ConnectionState Connection::state() {
   thread_.check();
   static const auto ask =
       late_function<decltype(InternetGetConnectedStateExW)>(L"wininet.dll", "InternetGetConnectedStateExW");

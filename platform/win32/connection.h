@@ -7,7 +7,7 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32Connection final : public Connection {
+class Connection final : public platform::Connection {
 public:
   [[nodiscard]] ConnectionState state() override;
 

@@ -9,7 +9,7 @@
 #include <cwchar>
 
 namespace lumotune::platform::win32 {
-ControlHost::ControlHost(Win32EventLoop& loop, std::wstring name, FontSize font_size)
+ControlHost::ControlHost(EventLoop& loop, std::wstring name, FontSize font_size)
     : loop_(loop), dpi_(GetDpiForSystem()), system_dpi_(dpi_), name_(std::move(name)), font_size_(font_size) {
   loop_.set_filter(this, [this](MSG& message) { return filter(message); });
 }
@@ -26,8 +26,8 @@ void ControlHost::destroy_controls() {
   pictures_.clear();
 }
 
-Win32Picture& ControlHost::make_picture_control(const std::wstring& designer_name, PictureKind kind) {
-  auto& made = make_control<Win32Picture>(designer_name, kind);
+PictureBox& ControlHost::make_picture_control(const std::wstring& designer_name, PictureKind kind) {
+  auto& made = make_control<PictureBox>(designer_name, kind);
   pictures_.push_back(&made);
   return made;
 }
@@ -70,7 +70,7 @@ bool ControlHost::handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT
   if (message == WM_DRAWITEM) {
     const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
     ChildWindow* child = child_of(item.hwndItem);
-    if (auto* list = dynamic_cast<Win32List*>(child))
+    if (auto* list = dynamic_cast<ListBox*>(child))
       list->draw_row(item);
     else if (child != nullptr)
       child->paint_item(item);
@@ -88,7 +88,7 @@ bool ControlHost::handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT
     return child != nullptr && child->asked(header, result);
   }
   if (message == WM_CTLCOLORLISTBOX) {
-    const auto* list = dynamic_cast<Win32List*>(child_of(reinterpret_cast<HWND>(l)));
+    const auto* list = dynamic_cast<ListBox*>(child_of(reinterpret_cast<HWND>(l)));
     if (list != nullptr)
       result = reinterpret_cast<LRESULT>(list->brush());
     return list != nullptr;
@@ -104,7 +104,7 @@ void ControlHost::draw_behind(HDC target, HWND control) {
   POINT origin{};
   SetViewportOrgEx(target, -area.left, -area.top, &origin);
   draw_ground(target, area);
-  for (Win32Picture* picture : pictures_) {
+  for (PictureBox* picture : pictures_) {
     if (picture->kind() != PictureKind::decoration || !picture->visible() || picture->handle() == control)
       continue;
     RECT place{};

@@ -28,7 +28,7 @@ protected:
   // Texts are either 9 points, as drawings were made for them, or of the size that the user has chosen for messages.
   enum class FontSize { fixed, chosen };
 
-  ControlHost(Win32EventLoop& loop, std::wstring name, FontSize font_size);
+  ControlHost(EventLoop& loop, std::wstring name, FontSize font_size);
   ~ControlHost() override;
 
   [[nodiscard]] unsigned dpi() const override { return dpi_; }
@@ -53,7 +53,7 @@ protected:
     children_.push_back(std::move(made));
     return reference;
   }
-  [[nodiscard]] Win32Picture& make_picture_control(const std::wstring& designer_name, PictureKind kind);
+  [[nodiscard]] PictureBox& make_picture_control(const std::wstring& designer_name, PictureKind kind);
   void destroy_controls();                                // before their window
   [[nodiscard]] ChildWindow* child_of(HWND window) const; // nullptr when it is none of a control
 
@@ -68,7 +68,7 @@ protected:
   [[nodiscard]] bool handle_focus_message(UINT message, WPARAM w);
   void fire(const std::function<void()>& handler);
 
-  Win32EventLoop& loop_;
+  EventLoop& loop_;
   HWND window_ = nullptr;
   unsigned dpi_ = 96;
   unsigned system_dpi_ = 96;
@@ -97,7 +97,7 @@ private:
   HWND tips_ = nullptr;                          // made when the mouse first comes
   std::map<HWND, std::wstring> tips_to_be_made_; // until then
   std::vector<std::unique_ptr<ChildWindow>> children_;
-  std::vector<Win32Picture*> pictures_;
+  std::vector<PictureBox*> pictures_;
 };
 
 } // namespace lumotune::platform::win32

@@ -19,13 +19,13 @@ constexpr std::size_t most_drawn = 4000;
 
 } // namespace
 
-Win32Picture::Win32Picture(Surface& surface, const std::wstring& designer_name, PictureKind kind)
-    : Win32Control(surface, designer_name, kind == PictureKind::button ? L"BUTTON" : L"STATIC",
-                   kind == PictureKind::button ? BS_OWNERDRAW | BS_NOTIFY | WS_TABSTOP : SS_OWNERDRAW | SS_NOTIFY, 0,
-                   false),
+PictureBox::PictureBox(Surface& surface, const std::wstring& designer_name, PictureKind kind)
+    : ControlOf(surface, designer_name, kind == PictureKind::button ? L"BUTTON" : L"STATIC",
+                kind == PictureKind::button ? BS_OWNERDRAW | BS_NOTIFY | WS_TABSTOP : SS_OWNERDRAW | SS_NOTIFY, 0,
+                false),
       kind_(kind) {}
 
-bool Win32Picture::load_picture(const std::wstring& path) {
+bool PictureBox::load_picture(const std::wstring& path) {
   if (!picture_.load(path))
     return false;
   path_ = path;
@@ -34,13 +34,13 @@ bool Win32Picture::load_picture(const std::wstring& path) {
   return true;
 }
 
-void Win32Picture::clear_picture() {
+void PictureBox::clear_picture() {
   picture_ = {};
   path_.clear();
   resize(0, 0);
 }
 
-void Win32Picture::draw(HDC target, const RECT& area) {
+void PictureBox::draw(HDC target, const RECT& area) {
   constexpr BYTE faded = 90;
   picture_.draw(target, 0, 0, area.right, area.bottom, IsWindowEnabled(window_) != 0 ? 255 : faded);
   if (kind_ == PictureKind::button)
@@ -48,34 +48,34 @@ void Win32Picture::draw(HDC target, const RECT& area) {
 }
 
 // A quick second click comes as a double click: it presses the button again.
-void Win32Picture::notified(WORD code) {
+void PictureBox::notified(WORD code) {
   if (kind_ == PictureKind::button && (code == BN_CLICKED || code == BN_DOUBLECLICKED))
     fire(on_click);
   else if (kind_ == PictureKind::decoration && (code == STN_CLICKED || code == STN_DBLCLK))
     fire(on_click);
 }
 
-Win32Label::Win32Label(Surface& surface, const std::wstring& designer_name, LabelKind kind, LabelFont font)
-    : Win32Control(surface, designer_name, L"STATIC",
-                   SS_OWNERDRAW | SS_NOTIFY | (kind == LabelKind::link ? static_cast<DWORD>(WS_TABSTOP) : 0U)),
+Label::Label(Surface& surface, const std::wstring& designer_name, LabelKind kind, LabelFont font)
+    : ControlOf(surface, designer_name, L"STATIC",
+                SS_OWNERDRAW | SS_NOTIFY | (kind == LabelKind::link ? static_cast<DWORD>(WS_TABSTOP) : 0U)),
       kind_(kind),
       font_(font) {}
 
-void Win32Label::set_text_colour(Colour colour) {
+void Label::set_text_colour(Colour colour) {
   if (colour_ == colour)
     return;
   colour_ = colour;
   redraw();
 }
 
-void Win32Label::set_underline(bool on) {
+void Label::set_underline(bool on) {
   if (underline_ == on)
     return;
   underline_ = on;
   redraw();
 }
 
-void Win32Label::set_bold(bool on) {
+void Label::set_bold(bool on) {
   if (bold_ == on)
     return;
   bold_ = on;
@@ -83,11 +83,11 @@ void Win32Label::set_bold(bool on) {
 }
 
 // The event alone: annotating the window as a live region as well crashes inside Wine's library.
-void Win32Label::announce() {
+void Label::announce() {
   NotifyWinEvent(EVENT_OBJECT_LIVEREGIONCHANGED, window_, OBJID_CLIENT, CHILDID_SELF);
 }
 
-void Win32Label::draw(HDC target, const RECT& area) {
+void Label::draw(HDC target, const RECT& area) {
   const HGDIOBJ before = SelectObject(target, surface_.font(font_, underline_, bold_));
   SetBkMode(target, TRANSPARENT);
   SetTextColor(target, colour_ ? colour_ref(*colour_) : surface_.label_colour(kind_, enabled()));
@@ -99,7 +99,7 @@ void Win32Label::draw(HDC target, const RECT& area) {
     draw_focus(target, area);
 }
 
-void Win32Label::notified(WORD code) {
+void Label::notified(WORD code) {
   if (code == STN_CLICKED)
     fire(on_click);
   else if (code == STN_DBLCLK)
@@ -107,7 +107,7 @@ void Win32Label::notified(WORD code) {
 }
 
 // The class of labels knows no keyboard: a link takes Space as a button does.
-bool Win32Label::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+bool Label::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   if (kind_ == LabelKind::link && message == WM_GETDLGCODE) {
     result = DLGC_BUTTON;
     return true;
@@ -116,59 +116,59 @@ bool Win32Label::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& resul
     fire(on_click);
     return true;
   }
-  return Win32Control::handle_message(message, w, l, result);
+  return ControlOf::handle_message(message, w, l, result);
 }
 
-Win32Button::Win32Button(Surface& surface, const std::wstring& designer_name, TabStop tab_stop)
-    : Win32Control(surface, designer_name, L"BUTTON",
-                   BS_PUSHBUTTON | (tab_stop == TabStop::yes ? static_cast<DWORD>(WS_TABSTOP) : 0U)) {}
+Button::Button(Surface& surface, const std::wstring& designer_name, TabStop tab_stop)
+    : ControlOf(surface, designer_name, L"BUTTON",
+                BS_PUSHBUTTON | (tab_stop == TabStop::yes ? static_cast<DWORD>(WS_TABSTOP) : 0U)) {}
 
 // A single "&" would underline the letter after it.
-std::wstring Win32Button::window_text(const std::wstring& text) const {
+std::wstring Button::window_text(const std::wstring& text) const {
   std::wstring doubled;
   for (const wchar_t c : text)
     doubled.append(c == L'&' ? 2U : 1U, c);
   return doubled;
 }
 
-void Win32Button::press() {
+void Button::press() {
   if (enabled())
     fire(on_click);
 }
 
-void Win32Button::notified(WORD code) {
+void Button::notified(WORD code) {
   if (code == BN_CLICKED)
     fire(on_click);
 }
 
-Win32List::Win32List(Surface& surface, const std::wstring& designer_name)
-    : Win32Control(surface, designer_name, L"LISTBOX",
-                   LBS_NOTIFY | LBS_HASSTRINGS | LBS_OWNERDRAWFIXED | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP) {
+ListBox::ListBox(Surface& surface, const std::wstring& designer_name)
+    : ControlOf(surface, designer_name, L"LISTBOX",
+                LBS_NOTIFY | LBS_HASSTRINGS | LBS_OWNERDRAWFIXED | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP) {
   set_colours(background_, text_colour_);
   set_row_height();
 }
 
-void Win32List::set_row_height() {
+void ListBox::set_row_height() {
   SendMessageW(window_, LB_SETITEMHEIGHT, 0, static_cast<LPARAM>(pixels(300, surface_.dpi())));
 }
 
-void Win32List::dpi_changed() {
+void ListBox::dpi_changed() {
   ChildWindow::dpi_changed();
   set_row_height();
 }
 
-void Win32List::clear() {
+void ListBox::clear() {
   SendMessageW(window_, LB_RESETCONTENT, 0, 0);
 }
 
-void Win32List::add(const std::wstring& item) {
+void ListBox::add(const std::wstring& item) {
   SendMessageW(window_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
 }
 
 // With drawing held: otherwise each item moves the scroll bar and draws the rows anew. The class itself holds it, so
 // that a hidden list stays hidden. Its procedure is called straight: the way through our own costs more than the
 // adding.
-void Win32List::set_items(const std::vector<std::wstring>& items) {
+void ListBox::set_items(const std::vector<std::wstring>& items) {
   SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
   clear();
   std::size_t letters = 0;
@@ -182,12 +182,12 @@ void Win32List::set_items(const std::vector<std::wstring>& items) {
   redraw();
 }
 
-std::size_t Win32List::count() const {
+std::size_t ListBox::count() const {
   const LRESULT answer = SendMessageW(window_, LB_GETCOUNT, 0, 0);
   return answer < 0 ? 0 : static_cast<std::size_t>(answer);
 }
 
-std::wstring Win32List::item(std::size_t index) const {
+std::wstring ListBox::item(std::size_t index) const {
   if (index >= count())
     return {};
   const LRESULT length = SendMessageW(window_, LB_GETTEXTLEN, index, 0);
@@ -197,17 +197,17 @@ std::wstring Win32List::item(std::size_t index) const {
   return text;
 }
 
-std::size_t Win32List::selected() const {
+std::size_t ListBox::selected() const {
   const LRESULT answer = SendMessageW(window_, LB_GETCURSEL, 0, 0);
   return answer < 0 ? none : static_cast<std::size_t>(answer);
 }
 
-void Win32List::select(std::size_t index) {
+void ListBox::select(std::size_t index) {
   SendMessageW(window_, LB_SETCURSEL, index < count() ? index : static_cast<WPARAM>(-1), 0);
 }
 
 // The class's own answer names the nearest row for a place below the last one, and knows 65,536 rows.
-std::size_t Win32List::item_at(int x, int y) const {
+std::size_t ListBox::item_at(int x, int y) const {
   const POINT place{pixels(x, surface_.dpi()), pixels(y, surface_.dpi())};
   RECT room{};
   GetClientRect(window_, &room);
@@ -218,19 +218,19 @@ std::size_t Win32List::item_at(int x, int y) const {
   return row < count() ? row : none;
 }
 
-void Win32List::set_shown_columns(std::size_t columns) {
+void ListBox::set_shown_columns(std::size_t columns) {
   shown_columns_ = columns;
   redraw();
 }
 
-void Win32List::set_colours(Colour background, Colour text) {
+void ListBox::set_colours(Colour background, Colour text) {
   background_ = background;
   text_colour_ = text;
   brush_.reset(CreateSolidBrush(colour_ref(background)));
   redraw();
 }
 
-void Win32List::notified(WORD code) {
+void ListBox::notified(WORD code) {
   if (code == LBN_SELCHANGE)
     fire(on_click);
   else if (code == LBN_DBLCLK)
@@ -238,7 +238,7 @@ void Win32List::notified(WORD code) {
 }
 
 // The chosen row has the two colours exchanged.
-void Win32List::draw_row(const DRAWITEMSTRUCT& item) {
+void ListBox::draw_row(const DRAWITEMSTRUCT& item) {
   const bool has_keyboard = (item.itemState & ODS_FOCUS) != 0;
   if (item.itemID == static_cast<UINT>(-1)) { // of an empty list
     FillRect(item.hDC, &item.rcItem, brush());

@@ -11,9 +11,9 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32Picture final : public Win32Control<PictureBox> {
+class PictureBox final : public ControlOf<platform::PictureBox> {
 public:
-  Win32Picture(Surface& surface, const std::wstring& designer_name, PictureKind kind);
+  PictureBox(Surface& surface, const std::wstring& designer_name, PictureKind kind);
   [[nodiscard]] bool load_picture(const std::wstring& path) override;
   void clear_picture() override;
   [[nodiscard]] std::wstring picture() const override { return path_; }
@@ -32,9 +32,9 @@ private:
   std::wstring path_;
 };
 
-class Win32Label final : public Win32Control<Label> {
+class Label final : public ControlOf<platform::Label> {
 public:
-  Win32Label(Surface& surface, const std::wstring& designer_name, LabelKind kind, LabelFont font);
+  Label(Surface& surface, const std::wstring& designer_name, LabelKind kind, LabelFont font);
   void set_text_colour(Colour colour) override;
   [[nodiscard]] Colour text_colour() const override { return colour_.value_or(Colour{}); }
   void set_underline(bool on) override;
@@ -61,9 +61,9 @@ private:
 
 enum class TabStop { no, yes };
 
-class Win32Button final : public Win32Control<Button> {
+class Button final : public ControlOf<platform::Button> {
 public:
-  Win32Button(Surface& surface, const std::wstring& designer_name, TabStop tab_stop);
+  Button(Surface& surface, const std::wstring& designer_name, TabStop tab_stop);
   void press() override;
   void notified(WORD code) override;
   void pressed_by_key() override { press(); }
@@ -73,9 +73,9 @@ private:
   [[nodiscard]] std::wstring window_text(const std::wstring& text) const override;
 };
 
-class Win32List final : public Win32Control<ListBox> {
+class ListBox final : public ControlOf<platform::ListBox> {
 public:
-  Win32List(Surface& surface, const std::wstring& designer_name);
+  ListBox(Surface& surface, const std::wstring& designer_name);
   void clear() override;
   void add(const std::wstring& item) override;
   void set_items(const std::vector<std::wstring>& items) override;

@@ -29,10 +29,10 @@ BOOL CALLBACK find_box(HWND window, LPARAM found) {
 
 } // namespace
 
-Win32Dialogs::Win32Dialogs(EventLoop& loop, HWND owner)
+Dialogs::Dialogs(platform::EventLoop& loop, HWND owner)
     : loop_(loop), owner_(owner), end_watch_(loop, [] { EnumThreadWindows(GetCurrentThreadId(), close_box, 0); }) {}
 
-bool Win32Dialogs::bring_forward() {
+bool Dialogs::bring_forward() {
   HWND box = nullptr;
   EnumThreadWindows(GetCurrentThreadId(), find_box, reinterpret_cast<LPARAM>(&box));
   if (box == nullptr)
@@ -42,7 +42,7 @@ bool Win32Dialogs::bring_forward() {
   return true;
 }
 
-BoxAnswer Win32Dialogs::message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) {
+BoxAnswer Dialogs::message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) {
   const BoxAnswer unanswered = buttons == BoxButtons::yes_no ? BoxAnswer::no : BoxAnswer::ok;
   if (loop_.ending())
     return unanswered;

@@ -13,14 +13,14 @@ namespace lumotune::platform::win32 {
 
 // The end of the program closes a box as "no" does, or as "OK", and no other one opens. Without a window of ours in
 // sight a box has none for its owner, and with that a button of its own in the task bar.
-class Win32Dialogs final : public Dialogs {
+class Dialogs final : public platform::Dialogs {
 public:
-  Win32Dialogs(EventLoop& loop, HWND owner);
+  Dialogs(platform::EventLoop& loop, HWND owner);
   [[nodiscard]] bool bring_forward() override;
   BoxAnswer message(const std::wstring& text, const std::wstring& title, BoxIcon icon, BoxButtons buttons) override;
 
 private:
-  EventLoop& loop_;
+  platform::EventLoop& loop_;
   HWND owner_;
   EndWatch end_watch_;
 };

@@ -14,7 +14,7 @@ namespace lumotune::platform::win32 {
 class EndWatch {
 public:
   // `close` ends the waits; it is called again and again until they have ended.
-  EndWatch(EventLoop& loop, std::function<void()> close)
+  EndWatch(platform::EventLoop& loop, std::function<void()> close)
       : timer_(loop.make_timer(period_ms, [&loop, close = std::move(close)] {
           if (loop.ending())
             close();
@@ -34,7 +34,7 @@ public:
 private:
   static constexpr std::uint32_t period_ms = 50;
 
-  std::unique_ptr<Timer> timer_;
+  std::unique_ptr<platform::Timer> timer_;
   int waits_ = 0;
 };
 

@@ -16,15 +16,15 @@ constexpr int most_messages = 500;
 } // namespace
 
 // The system's own timers: they also tick inside its modal loops (menus, boxes, the dragging of a window).
-class Win32Timer final : public Timer {
+class Timer final : public platform::Timer {
 public:
-  Win32Timer(Win32EventLoop& loop, std::uint32_t interval_ms, std::function<void()> tick)
+  Timer(EventLoop& loop, std::uint32_t interval_ms, std::function<void()> tick)
       : loop_(loop), id_(++loop.last_id_), interval_(std::max(interval_ms, 1U)) {
-    loop_.timers_[id_] = std::make_shared<Win32EventLoop::Ticking>(Win32EventLoop::Ticking{std::move(tick)});
+    loop_.timers_[id_] = std::make_shared<EventLoop::Ticking>(EventLoop::Ticking{std::move(tick)});
   }
-  Win32Timer(const Win32Timer&) = delete;
-  Win32Timer& operator=(const Win32Timer&) = delete;
-  ~Win32Timer() override {
+  Timer(const Timer&) = delete;
+  Timer& operator=(const Timer&) = delete;
+  ~Timer() override {
     stop();
     loop_.timers_.erase(id_);
   }
@@ -50,21 +50,20 @@ public:
 private:
   void arm() { running_ = SetTimer(loop_.window_, id_, interval_, nullptr) != 0; }
 
-  Win32EventLoop& loop_;
+  EventLoop& loop_;
   UINT_PTR id_;
   std::uint32_t interval_;
   bool running_ = false;
 };
 
-class Win32Waker final : public Waker {
+class Waker final : public platform::Waker {
 public:
-  Win32Waker(Win32EventLoop& loop, std::function<void()> work)
-      : loop_(loop), window_(loop.window_), work_(std::move(work)) {
+  Waker(EventLoop& loop, std::function<void()> work) : loop_(loop), window_(loop.window_), work_(std::move(work)) {
     loop_.wakers_.push_back(this);
   }
-  Win32Waker(const Win32Waker&) = delete;
-  Win32Waker& operator=(const Win32Waker&) = delete;
-  ~Win32Waker() override {
+  Waker(const Waker&) = delete;
+  Waker& operator=(const Waker&) = delete;
+  ~Waker() override {
     loop_.check_thread();
     std::erase(loop_.wakers_, this);
   }
@@ -77,13 +76,13 @@ public:
   [[nodiscard]] std::function<void()> take() { return pending_.exchange(false) ? work_ : std::function<void()>{}; }
 
 private:
-  Win32EventLoop& loop_;
+  EventLoop& loop_;
   HWND window_;
   std::function<void()> work_;
   std::atomic<bool> pending_ = false;
 };
 
-Win32EventLoop::Win32EventLoop() {
+EventLoop::EventLoop() {
   WNDCLASSW made{};
   made.lpfnWndProc = procedure;
   made.hInstance = GetModuleHandleW(nullptr);
@@ -93,12 +92,12 @@ Win32EventLoop::Win32EventLoop() {
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
-Win32EventLoop::~Win32EventLoop() {
+EventLoop::~EventLoop() {
   DestroyWindow(window_);
 }
 
-LRESULT CALLBACK Win32EventLoop::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
-  auto* self = reinterpret_cast<Win32EventLoop*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+LRESULT CALLBACK EventLoop::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+  auto* self = reinterpret_cast<EventLoop*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self != nullptr && message == WM_TIMER)
     self->caught_.guard([&] { self->tick(w); });
   else if (self != nullptr && message == message_wake)
@@ -108,7 +107,7 @@ LRESULT CALLBACK Win32EventLoop::procedure(HWND window, UINT message, WPARAM w, 
   return 0;
 }
 
-void Win32EventLoop::tick(UINT_PTR id) {
+void EventLoop::tick(UINT_PTR id) {
   const auto found = timers_.find(id);
   if (found == timers_.end() || found->second->busy)
     return;
@@ -119,10 +118,10 @@ void Win32EventLoop::tick(UINT_PTR id) {
 }
 
 // The work of one may destroy others: the list is looked at anew after each.
-void Win32EventLoop::run_wakers() {
+void EventLoop::run_wakers() {
   for (bool again = true; again;) {
     again = false;
-    for (Win32Waker* waker : wakers_) {
+    for (Waker* waker : wakers_) {
       if (const auto work = waker->take()) {
         caught_.guard(work);
         again = true;
@@ -132,18 +131,18 @@ void Win32EventLoop::run_wakers() {
   }
 }
 
-std::unique_ptr<Timer> Win32EventLoop::make_timer(std::uint32_t interval_ms, std::function<void()> tick) {
+std::unique_ptr<platform::Timer> EventLoop::make_timer(std::uint32_t interval_ms, std::function<void()> tick) {
   thread_.check();
-  return std::make_unique<Win32Timer>(*this, interval_ms, std::move(tick));
+  return std::make_unique<Timer>(*this, interval_ms, std::move(tick));
 }
 
-std::unique_ptr<Waker> Win32EventLoop::make_waker(std::function<void()> work) {
+std::unique_ptr<platform::Waker> EventLoop::make_waker(std::function<void()> work) {
   thread_.check();
-  return std::make_unique<Win32Waker>(*this, std::move(work));
+  return std::make_unique<Waker>(*this, std::move(work));
 }
 
 // A message makes the loop come round.
-std::unique_ptr<TopLevelWork> Win32EventLoop::post_top_level(std::function<void()> work) {
+std::unique_ptr<TopLevelWork> EventLoop::post_top_level(std::function<void()> work) {
   thread_.check();
   PostMessageW(window_, WM_NULL, 0, 0);
   return top_level_.post(std::move(work));
@@ -151,14 +150,14 @@ std::unique_ptr<TopLevelWork> Win32EventLoop::post_top_level(std::function<void(
 
 // Called by `run` alone: whatever waits, the system's boxes, menus and moving of windows included, does so inside a
 // message that `run` has dispatched. What is posted meanwhile waits for the next round.
-void Win32EventLoop::run_top_level() {
+void EventLoop::run_top_level() {
   for (std::size_t left = top_level_.size(); left != 0 && !quitting_; --left) {
     if (const auto work = top_level_.take())
       caught_.guard(work);
   }
 }
 
-void Win32EventLoop::set_filter(const void* owner, std::function<bool(MSG&)> work) {
+void EventLoop::set_filter(const void* owner, std::function<bool(MSG&)> work) {
   for (const auto& filter : filters_)
     filter->removed = filter->removed || filter->owner == owner;
   std::erase_if(filters_, [](const auto& filter) { return filter->removed; });
@@ -167,7 +166,7 @@ void Win32EventLoop::set_filter(const void* owner, std::function<bool(MSG&)> wor
 }
 
 // The list is copied, and with it the filter that works is kept alive: what it does may change the list.
-bool Win32EventLoop::filtered(MSG& message) {
+bool EventLoop::filtered(MSG& message) {
   const auto filters = filters_;
   bool done = false;
   for (const auto& filter : filters) {
@@ -177,7 +176,7 @@ bool Win32EventLoop::filtered(MSG& message) {
   return done;
 }
 
-void Win32EventLoop::dispatch(MSG& message) {
+void EventLoop::dispatch(MSG& message) {
   if (message.message == WM_QUIT) {
     quitting_ = true;
     return;
@@ -188,7 +187,7 @@ void Win32EventLoop::dispatch(MSG& message) {
   DispatchMessageW(&message);
 }
 
-void Win32EventLoop::run_pending() {
+void EventLoop::run_pending() {
   thread_.check();
   MSG message{};
   for (int i = 0; i < most_messages && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0; ++i)
@@ -196,7 +195,7 @@ void Win32EventLoop::run_pending() {
   run_wakers();
 }
 
-bool Win32EventLoop::wait_a_little() {
+bool EventLoop::wait_a_little() {
   constexpr DWORD pass_ms = 5;
   thread_.check();
   if (quitting_)
@@ -207,23 +206,23 @@ bool Win32EventLoop::wait_a_little() {
   return !quitting_;
 }
 
-std::uint32_t Win32EventLoop::tick_count_ms() const {
+std::uint32_t EventLoop::tick_count_ms() const {
   thread_.check();
   return GetTickCount();
 }
 
-void Win32EventLoop::begin_end() {
+void EventLoop::begin_end() {
   thread_.check();
   ending_ = true;
 }
 
-void Win32EventLoop::quit() {
+void EventLoop::quit() {
   thread_.check();
   quitting_ = true;
   PostMessageW(window_, WM_NULL, 0, 0); // wakes `run`
 }
 
-void Win32EventLoop::run() {
+void EventLoop::run() {
   thread_.check();
   MSG message{};
   while (!quitting_) {

@@ -16,18 +16,19 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32Timer;
-class Win32Waker;
+class Timer;
+class Waker;
 
-class Win32EventLoop final : public EventLoop {
+class EventLoop final : public platform::EventLoop {
 public:
-  Win32EventLoop();
-  Win32EventLoop(const Win32EventLoop&) = delete;
-  Win32EventLoop& operator=(const Win32EventLoop&) = delete;
-  ~Win32EventLoop() override;
+  EventLoop();
+  EventLoop(const EventLoop&) = delete;
+  EventLoop& operator=(const EventLoop&) = delete;
+  ~EventLoop() override;
 
-  [[nodiscard]] std::unique_ptr<Timer> make_timer(std::uint32_t interval_ms, std::function<void()> tick) override;
-  [[nodiscard]] std::unique_ptr<Waker> make_waker(std::function<void()> work) override;
+  [[nodiscard]] std::unique_ptr<platform::Timer> make_timer(std::uint32_t interval_ms,
+                                                            std::function<void()> tick) override;
+  [[nodiscard]] std::unique_ptr<platform::Waker> make_waker(std::function<void()> work) override;
   [[nodiscard]] std::unique_ptr<TopLevelWork> post_top_level(std::function<void()> work) override;
   void run_pending() override;
   [[nodiscard]] bool wait_a_little() override;
@@ -49,8 +50,8 @@ public:
   void set_filter(const void* owner, std::function<bool(MSG&)> work);
 
 private:
-  friend class Win32Timer;
-  friend class Win32Waker;
+  friend class Timer;
+  friend class Waker;
   struct Ticking {
     std::function<void()> tick;
     bool busy = false;
@@ -74,7 +75,7 @@ private:
   bool quitting_ = false;
   UINT_PTR last_id_ = 0;
   std::map<UINT_PTR, std::shared_ptr<Ticking>> timers_;
-  std::vector<Win32Waker*> wakers_;
+  std::vector<Waker*> wakers_;
   TopLevelQueue top_level_;
   std::vector<std::shared_ptr<Filter>> filters_;
 };

@@ -141,13 +141,13 @@ public:
 
 } // namespace
 
-bool Win32Files::exists(const std::wstring& path) const {
+bool Files::exists(const std::wstring& path) const {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
 // Asked of the open file: the folder's entry tells the length of a file that is still written only once it is closed.
-std::optional<std::uint64_t> Win32Files::size(const std::wstring& path) const {
+std::optional<std::uint64_t> Files::size(const std::wstring& path) const {
   const KernelHandle file = open_file(path, FILE_READ_ATTRIBUTES, share_all, OPEN_EXISTING);
   LARGE_INTEGER length{};
   if (!is_open(file) || GetFileSizeEx(file.get(), &length) == 0)
@@ -156,7 +156,7 @@ std::optional<std::uint64_t> Win32Files::size(const std::wstring& path) const {
 }
 
 // Opened for reading: attributes alone are told of a file, too, that nobody may read.
-std::optional<FileStamp> Win32Files::stamp(const std::wstring& path) const {
+std::optional<FileStamp> Files::stamp(const std::wstring& path) const {
   const KernelHandle file = open_file(path, GENERIC_READ, share_all, OPEN_EXISTING);
   BY_HANDLE_FILE_INFORMATION facts{};
   if (!is_open(file) || GetFileInformationByHandle(file.get(), &facts) == 0)
@@ -166,18 +166,18 @@ std::optional<FileStamp> Win32Files::stamp(const std::wstring& path) const {
                    joined(facts.nFileIndexHigh, facts.nFileIndexLow)};
 }
 
-std::optional<std::string> Win32Files::read(const std::wstring& path) const {
+std::optional<std::string> Files::read(const std::wstring& path) const {
   std::string bytes;
   if (!read_into(path, bytes))
     return std::nullopt;
   return bytes;
 }
 
-bool Win32Files::read_into(const std::wstring& path, std::string& bytes) const {
+bool Files::read_into(const std::wstring& path, std::string& bytes) const {
   return read_at_most(path, bytes, max_bytes);
 }
 
-bool Win32Files::read_at_most(const std::wstring& path, std::string& bytes, std::uint64_t limit) const {
+bool Files::read_at_most(const std::wstring& path, std::string& bytes, std::uint64_t limit) const {
   bytes.clear();
   const KernelHandle file = open_file(path, GENERIC_READ, share_all, OPEN_EXISTING);
   LARGE_INTEGER length{};
@@ -200,33 +200,33 @@ bool Win32Files::read_at_most(const std::wstring& path, std::string& bytes, std:
   return true;
 }
 
-bool Win32Files::replace(const std::wstring& path, std::string_view bytes) {
+bool Files::replace(const std::wstring& path, std::string_view bytes) {
   Steps steps;
   return replace_one(steps, path, bytes);
 }
 
-bool Win32Files::replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
-                              std::string_view second_bytes) {
+bool Files::replace_both(const std::wstring& first, std::string_view first_bytes, const std::wstring& second,
+                         std::string_view second_bytes) {
   Steps steps;
   return replace_two(steps, first, first_bytes, second, second_bytes);
 }
 
-void Win32Files::settle(const std::wstring& path) {
+void Files::settle(const std::wstring& path) {
   Steps steps;
   settle_one(steps, path);
 }
 
-void Win32Files::settle(const std::wstring& first, const std::wstring& second) {
+void Files::settle(const std::wstring& first, const std::wstring& second) {
   Steps steps;
   settle_two(steps, first, second);
 }
 
-bool Win32Files::move(const std::wstring& from, const std::wstring& to) {
+bool Files::move(const std::wstring& from, const std::wstring& to) {
   return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
 }
 
 // Only making a file tells whether a folder takes one: rights, a medium that is shut, a share. It goes by being closed.
-bool Win32Files::can_replace(const std::wstring& path) {
+bool Files::can_replace(const std::wstring& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0)
     return false;
@@ -236,26 +236,26 @@ bool Win32Files::can_replace(const std::wstring& path) {
 }
 
 // A writer that is still there would not let us share the file for reading alone.
-bool Win32Files::being_written(const std::wstring& path) const {
+bool Files::being_written(const std::wstring& path) const {
   const KernelHandle file = open_file(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_EXISTING);
   return !is_open(file) && GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
-bool Win32Files::append(const std::wstring& path, std::string_view bytes) {
+bool Files::append(const std::wstring& path, std::string_view bytes) {
   const KernelHandle file = open_file(path, FILE_APPEND_DATA, share_all, OPEN_ALWAYS);
   return is_open(file) && write_all(file.get(), bytes);
 }
 
-bool Win32Files::remove(const std::wstring& path) {
+bool Files::remove(const std::wstring& path) {
   return DeleteFileW(path.c_str()) != 0 || GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES;
 }
 
-bool Win32Files::copy(const std::wstring& from, const std::wstring& to) {
+bool Files::copy(const std::wstring& from, const std::wstring& to) {
   const auto bytes = read(from);
   return bytes.has_value() && replace(to, *bytes);
 }
 
-std::vector<std::wstring> Win32Files::list(const std::wstring& folder, const std::wstring& pattern) const {
+std::vector<std::wstring> Files::list(const std::wstring& folder, const std::wstring& pattern) const {
   std::vector<std::wstring> names;
   WIN32_FIND_DATAW data{};
   const SearchHandle search(FindFirstFileW((folder + L"\\" + pattern).c_str(), &data));

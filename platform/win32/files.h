@@ -5,7 +5,7 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32Files final : public Files {
+class Files final : public platform::Files {
 public:
   [[nodiscard]] bool exists(const std::wstring& path) const override;
   [[nodiscard]] std::optional<std::uint64_t> size(const std::wstring& path) const override;

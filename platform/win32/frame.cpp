@@ -9,11 +9,11 @@
 
 namespace lumotune::platform::win32 {
 
-Win32Frame::Win32Frame(Surface& surface, const std::wstring& designer_name)
-    : Win32Control(surface, designer_name, L"BUTTON", BS_GROUPBOX) {}
+Frame::Frame(Surface& surface, const std::wstring& designer_name)
+    : ControlOf(surface, designer_name, L"BUTTON", BS_GROUPBOX) {}
 
 // A line round it, broken by the heading.
-void Win32Frame::draw(HDC target, const RECT& area) {
+void Frame::draw(HDC target, const RECT& area) {
   const HGDIOBJ before = SelectObject(target, surface_.font(LabelFont::normal, false));
   const int gap = pixels(90, surface_.dpi());
   SIZE heading{};
@@ -32,7 +32,7 @@ void Win32Frame::draw(HDC target, const RECT& area) {
   SelectObject(target, before);
 }
 
-bool Win32Frame::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+bool Frame::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   if (message == WM_PAINT) {
     PAINTSTRUCT painting{};
     const HDC dc = BeginPaint(window_, &painting);
@@ -47,15 +47,15 @@ bool Win32Frame::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& resul
     result = HTCLIENT;
     return true;
   }
-  return Win32Control::handle_message(message, w, l, result);
+  return ControlOf::handle_message(message, w, l, result);
 }
 
-Win32ProgressBar::Win32ProgressBar(Surface& surface, const std::wstring& designer_name)
-    : Win32Control(surface, designer_name, PROGRESS_CLASSW, PBS_SMOOTH) {
+ProgressBar::ProgressBar(Surface& surface, const std::wstring& designer_name)
+    : ControlOf(surface, designer_name, PROGRESS_CLASSW, PBS_SMOOTH) {
   SendMessageW(window_, PBM_SETRANGE32, 0, 100);
 }
 
-void Win32ProgressBar::set_percent(int percent) {
+void ProgressBar::set_percent(int percent) {
   percent_ = std::clamp(percent, 0, 100);
   SendMessageW(window_, PBM_SETPOS, static_cast<WPARAM>(percent_), 0);
 }

@@ -9,9 +9,9 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32Frame final : public Win32Control<Frame> {
+class Frame final : public ControlOf<platform::Frame> {
 public:
-  Win32Frame(Surface& surface, const std::wstring& designer_name);
+  Frame(Surface& surface, const std::wstring& designer_name);
   void draw(HDC target, const RECT& area) override;
 
 private:
@@ -19,9 +19,9 @@ private:
   [[nodiscard]] bool drawn_at_once() const override { return true; }
 };
 
-class Win32ProgressBar final : public Win32Control<ProgressBar> {
+class ProgressBar final : public ControlOf<platform::ProgressBar> {
 public:
-  Win32ProgressBar(Surface& surface, const std::wstring& designer_name);
+  ProgressBar(Surface& surface, const std::wstring& designer_name);
   void set_percent(int percent) override;
   [[nodiscard]] int percent() const override { return percent_; }
 

@@ -41,7 +41,7 @@ COLORREF link_colour() {
 
 } // namespace
 
-Win32FramedWindow::Win32FramedWindow(Win32EventLoop& loop, const std::wstring& name, int icon)
+FramedWindow::FramedWindow(EventLoop& loop, const std::wstring& name, int icon)
     : ControlHost(loop, name, FontSize::chosen) {
   use_common_controls();
   const HINSTANCE program = GetModuleHandleW(nullptr);
@@ -68,56 +68,56 @@ Win32FramedWindow::Win32FramedWindow(Win32EventLoop& loop, const std::wstring& n
   SetPropW(window_, (name + L".Form").c_str(), reinterpret_cast<HANDLE>(1));
 }
 
-Win32FramedWindow::~Win32FramedWindow() {
+FramedWindow::~FramedWindow() {
   destroy_controls();
   SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
   RemovePropW(window_, (window_name() + L".Form").c_str());
   DestroyWindow(window_);
 }
 
-TreeView& Win32FramedWindow::make_tree(const std::wstring& designer_name) {
-  return make_control<Win32TreeView>(designer_name);
+platform::TreeView& FramedWindow::make_tree(const std::wstring& designer_name) {
+  return make_control<TreeView>(designer_name);
 }
 
-ListView& Win32FramedWindow::make_list_view(const std::wstring& designer_name) {
-  return make_control<Win32ListView>(designer_name);
+platform::ListView& FramedWindow::make_list_view(const std::wstring& designer_name) {
+  return make_control<ListView>(designer_name);
 }
 
-Label& Win32FramedWindow::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) {
-  return make_control<Win32Label>(designer_name, kind, font);
+platform::Label& FramedWindow::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) {
+  return make_control<Label>(designer_name, kind, font);
 }
 
-Button& Win32FramedWindow::make_button(const std::wstring& designer_name) {
-  return make_control<Win32Button>(designer_name, TabStop::yes);
+platform::Button& FramedWindow::make_button(const std::wstring& designer_name) {
+  return make_control<Button>(designer_name, TabStop::yes);
 }
 
-PictureBox& Win32FramedWindow::make_picture(const std::wstring& designer_name, PictureKind kind) {
+platform::PictureBox& FramedWindow::make_picture(const std::wstring& designer_name, PictureKind kind) {
   return make_picture_control(designer_name, kind);
 }
 
-TextBox& Win32FramedWindow::make_text_box(const std::wstring& designer_name) {
-  return make_control<Win32TextBox>(designer_name);
+platform::TextBox& FramedWindow::make_text_box(const std::wstring& designer_name) {
+  return make_control<TextBox>(designer_name);
 }
 
-ProgressBar& Win32FramedWindow::make_progress(const std::wstring& designer_name) {
-  return make_control<Win32ProgressBar>(designer_name);
+platform::ProgressBar& FramedWindow::make_progress(const std::wstring& designer_name) {
+  return make_control<ProgressBar>(designer_name);
 }
 
-Frame& Win32FramedWindow::make_frame(const std::wstring& designer_name) {
-  return make_control<Win32Frame>(designer_name);
+platform::Frame& FramedWindow::make_frame(const std::wstring& designer_name) {
+  return make_control<Frame>(designer_name);
 }
 
-Browser& Win32FramedWindow::make_browser(const std::wstring& designer_name) {
-  return make_control<Win32Browser>(designer_name);
+platform::Browser& FramedWindow::make_browser(const std::wstring& designer_name) {
+  return make_control<Browser>(designer_name);
 }
 
-LRESULT CALLBACK Win32FramedWindow::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+LRESULT CALLBACK FramedWindow::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
   if (message == WM_NCCREATE) {
     const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(l);
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
-    static_cast<Win32FramedWindow*>(creation->lpCreateParams)->window_ = window;
+    static_cast<FramedWindow*>(creation->lpCreateParams)->window_ = window;
   }
-  auto* self = reinterpret_cast<Win32FramedWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  auto* self = reinterpret_cast<FramedWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self == nullptr)
     return DefWindowProcW(window, message, w, l);
   LRESULT result = 0;
@@ -125,7 +125,7 @@ LRESULT CALLBACK Win32FramedWindow::procedure(HWND window, UINT message, WPARAM 
   return result;
 }
 
-LRESULT Win32FramedWindow::handle_message(UINT message, WPARAM w, LPARAM l) {
+LRESULT FramedWindow::handle_message(UINT message, WPARAM w, LPARAM l) {
   LRESULT result = 0;
   if (handle_child_message(message, w, l, result))
     return result;
@@ -149,23 +149,23 @@ LRESULT Win32FramedWindow::handle_message(UINT message, WPARAM w, LPARAM l) {
   }
 }
 
-void Win32FramedWindow::draw_ground(HDC target, const RECT& area) {
+void FramedWindow::draw_ground(HDC target, const RECT& area) {
   FillRect(target, &area, GetSysColorBrush(COLOR_3DFACE));
 }
 
-COLORREF Win32FramedWindow::label_colour(LabelKind kind, bool enabled) const {
+COLORREF FramedWindow::label_colour(LabelKind kind, bool enabled) const {
   if (!enabled)
     return GetSysColor(COLOR_GRAYTEXT);
   return kind == LabelKind::link ? link_colour() : GetSysColor(COLOR_BTNTEXT);
 }
 
-void Win32FramedWindow::set_caption(const std::wstring& caption) {
+void FramedWindow::set_caption(const std::wstring& caption) {
   check_thread();
   caption_ = caption;
   SetWindowTextW(window_, caption.c_str());
 }
 
-void Win32FramedWindow::set_visible(bool visible) {
+void FramedWindow::set_visible(bool visible) {
   check_thread();
   if (!visible)
     ShowWindow(window_, SW_HIDE);
@@ -177,7 +177,7 @@ void Win32FramedWindow::set_visible(bool visible) {
     come_into_view();
 }
 
-void Win32FramedWindow::activate() {
+void FramedWindow::activate() {
   check_thread();
   if (!visible())
     return;
@@ -187,9 +187,9 @@ void Win32FramedWindow::activate() {
     SetFocus(window_);
 }
 
-std::unique_ptr<FramedWindow> Win32FramedWindowMaker::make(const std::wstring& name) {
+std::unique_ptr<platform::FramedWindow> FramedWindowMaker::make(const std::wstring& name) {
   loop_.check_thread();
-  return std::make_unique<Win32FramedWindow>(loop_, name, icon_);
+  return std::make_unique<FramedWindow>(loop_, name, icon_);
 }
 
 } // namespace lumotune::platform::win32

@@ -12,23 +12,23 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32FramedWindow final : public FramedWindow, public ControlHost {
+class FramedWindow final : public platform::FramedWindow, public ControlHost {
 public:
   // `icon` is the number of the icon in the program's resources.
-  Win32FramedWindow(Win32EventLoop& loop, const std::wstring& name, int icon);
-  Win32FramedWindow(const Win32FramedWindow&) = delete;
-  Win32FramedWindow& operator=(const Win32FramedWindow&) = delete;
-  ~Win32FramedWindow() override;
+  FramedWindow(EventLoop& loop, const std::wstring& name, int icon);
+  FramedWindow(const FramedWindow&) = delete;
+  FramedWindow& operator=(const FramedWindow&) = delete;
+  ~FramedWindow() override;
 
-  [[nodiscard]] TreeView& make_tree(const std::wstring& designer_name) override;
-  [[nodiscard]] ListView& make_list_view(const std::wstring& designer_name) override;
-  [[nodiscard]] Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
-  [[nodiscard]] Button& make_button(const std::wstring& designer_name) override;
-  [[nodiscard]] PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
-  [[nodiscard]] TextBox& make_text_box(const std::wstring& designer_name) override;
-  [[nodiscard]] ProgressBar& make_progress(const std::wstring& designer_name) override;
-  [[nodiscard]] Frame& make_frame(const std::wstring& designer_name) override;
-  [[nodiscard]] Browser& make_browser(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::TreeView& make_tree(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::ListView& make_list_view(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
+  [[nodiscard]] platform::Button& make_button(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
+  [[nodiscard]] platform::TextBox& make_text_box(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::ProgressBar& make_progress(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::Frame& make_frame(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::Browser& make_browser(const std::wstring& designer_name) override;
 
   void set_caption(const std::wstring& caption) override;
   [[nodiscard]] std::wstring caption() const override { return caption_; }
@@ -72,13 +72,13 @@ private:
   int least_height_ = 0;
 };
 
-class Win32FramedWindowMaker final : public FramedWindowMaker {
+class FramedWindowMaker final : public platform::FramedWindowMaker {
 public:
-  Win32FramedWindowMaker(Win32EventLoop& loop, int icon) : loop_(loop), icon_(icon) {}
-  [[nodiscard]] std::unique_ptr<FramedWindow> make(const std::wstring& name) override;
+  FramedWindowMaker(EventLoop& loop, int icon) : loop_(loop), icon_(icon) {}
+  [[nodiscard]] std::unique_ptr<platform::FramedWindow> make(const std::wstring& name) override;
 
 private:
-  Win32EventLoop& loop_;
+  EventLoop& loop_;
   int icon_;
 };
 

@@ -15,7 +15,7 @@ constexpr UINT message_come_back = WM_APP + 101;
 
 } // namespace
 
-bool Win32FramedWindow::handle_size_message(UINT message, WPARAM w, LPARAM l) {
+bool FramedWindow::handle_size_message(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
   case WM_GETMINMAXINFO: {
     auto& limits = *reinterpret_cast<MINMAXINFO*>(l);
@@ -60,7 +60,7 @@ bool Win32FramedWindow::handle_size_message(UINT message, WPARAM w, LPARAM l) {
 
 // The system counts a normal place from the corner of the work area, which differs from the desktop's where the task
 // bar lies above or at the left. By how much shows when the window leaves a place that is known.
-void Win32FramedWindow::note_state(WPARAM state) {
+void FramedWindow::note_state(WPARAM state) {
   if (state == SIZE_RESTORED) {
     GetWindowRect(window_, &normal_);
     if (!std::exchange(was_normal_, true))
@@ -71,14 +71,14 @@ void Win32FramedWindow::note_state(WPARAM state) {
   }
 }
 
-WINDOWPLACEMENT Win32FramedWindow::placement() const {
+WINDOWPLACEMENT FramedWindow::placement() const {
   WINDOWPLACEMENT placement{};
   placement.length = sizeof placement;
   GetWindowPlacement(window_, &placement);
   return placement;
 }
 
-RECT Win32FramedWindow::normal_place() const {
+RECT FramedWindow::normal_place() const {
   RECT place{};
   if (in_normal_state()) {
     GetWindowRect(window_, &place);
@@ -89,7 +89,7 @@ RECT Win32FramedWindow::normal_place() const {
   return place;
 }
 
-void Win32FramedWindow::set_normal_place(const RECT& place) {
+void FramedWindow::set_normal_place(const RECT& place) {
   if (in_normal_state()) {
     SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
@@ -104,7 +104,7 @@ void Win32FramedWindow::set_normal_place(const RECT& place) {
 }
 
 // A maximised or minimised window keeps its state; the size is the one that it will come back to.
-void Win32FramedWindow::resize(int width, int height) {
+void FramedWindow::resize(int width, int height) {
   check_thread();
   RECT place = normal_place();
   const RECT room = work_area(place);
@@ -123,7 +123,7 @@ void Win32FramedWindow::resize(int width, int height) {
 
 // After the restoring itself: a window manager may have brought the window back as it went. Only the size is owed. The
 // place that was kept may lie on a monitor that has gone since.
-void Win32FramedWindow::come_back() {
+void FramedWindow::come_back() {
   if (!in_normal_state())
     return;
   if (owed_)
@@ -133,13 +133,13 @@ void Win32FramedWindow::come_back() {
 }
 
 // The system does not let a window with such a frame become smaller, whoever wishes it.
-POINT Win32FramedWindow::smallest_size() const {
+POINT FramedWindow::smallest_size() const {
   return {std::max<LONG>(GetSystemMetrics(SM_CXMINTRACK), pixels(least_width_, dpi_)),
           std::max<LONG>(GetSystemMetrics(SM_CYMINTRACK), pixels(least_height_, dpi_))};
 }
 
 // Where a window manager moves the window, as after another screen, nobody has asked for it.
-void Win32FramedWindow::look_at_screen() {
+void FramedWindow::look_at_screen() {
   if (!visible() || !in_normal_state())
     return;
   const std::vector<Monitor> now = monitors();
@@ -151,7 +151,7 @@ void Win32FramedWindow::look_at_screen() {
     come_into_view();
 }
 
-void Win32FramedWindow::come_into_view() {
+void FramedWindow::come_into_view() {
   constexpr int piece_to_hold = 480; // twips
   if (!in_normal_state())
     return;
@@ -164,31 +164,31 @@ void Win32FramedWindow::come_into_view() {
   set_normal_place(place);
 }
 
-TwipsRect Win32FramedWindow::rect() const {
+TwipsRect FramedWindow::rect() const {
   const RECT place = normal_place();
   return {twips(place.left, system_dpi_), twips(place.top, system_dpi_), twips(place.right - place.left, dpi_),
           twips(place.bottom - place.top, dpi_)};
 }
 
-void Win32FramedWindow::set_minimum(int width, int height) {
+void FramedWindow::set_minimum(int width, int height) {
   check_thread();
   least_width_ = std::max(width, 0);
   least_height_ = std::max(height, 0);
 }
 
-int Win32FramedWindow::client_width() const {
+int FramedWindow::client_width() const {
   RECT area{};
   GetClientRect(window_, &area);
   return twips(area.right, dpi_);
 }
 
-int Win32FramedWindow::client_height() const {
+int FramedWindow::client_height() const {
   RECT area{};
   GetClientRect(window_, &area);
   return twips(area.bottom, dpi_);
 }
 
-int Win32FramedWindow::frame_height() const {
+int FramedWindow::frame_height() const {
   RECT around{};
   AdjustWindowRectExForDpi(&around, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
                            static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)), dpi_);

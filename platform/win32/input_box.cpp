@@ -132,7 +132,7 @@ void centre(HWND dialog, HWND owner) {
 }
 
 // A loop of its own, because the system's one for dialogs does not know when the program ends.
-void wait_for(const Answer& answer, HWND dialog, const EventLoop& loop) {
+void wait_for(const Answer& answer, HWND dialog, const platform::EventLoop& loop) {
   MSG message{};
   while (!answer.done && !loop.ending()) {
     const BOOL got = GetMessageW(&message, nullptr, 0, 0);
@@ -149,8 +149,8 @@ void wait_for(const Answer& answer, HWND dialog, const EventLoop& loop) {
 
 } // namespace
 
-std::optional<std::wstring> Win32InputBox::ask(const std::wstring& prompt, const std::wstring& title,
-                                               const std::wstring& default_text) {
+std::optional<std::wstring> InputBox::ask(const std::wstring& prompt, const std::wstring& title,
+                                          const std::wstring& default_text) {
   loop_.check_thread();
   if (open_ || loop_.ending())
     return std::nullopt;

@@ -11,16 +11,16 @@
 namespace lumotune::platform::win32 {
 
 // The box carries the window property "InputBox.Form", its text "InputBox.Text".
-class Win32InputBox final : public InputBox {
+class InputBox final : public platform::InputBox {
 public:
   // The owner takes no input while a box is open.
-  Win32InputBox(Win32EventLoop& loop, HWND owner) : loop_(loop), owner_(owner) {}
+  InputBox(EventLoop& loop, HWND owner) : loop_(loop), owner_(owner) {}
 
   [[nodiscard]] std::optional<std::wstring> ask(const std::wstring& prompt, const std::wstring& title,
                                                 const std::wstring& default_text) override;
 
 private:
-  Win32EventLoop& loop_;
+  EventLoop& loop_;
   HWND owner_;
   bool open_ = false;
 };

@@ -17,11 +17,11 @@ constexpr UINT message_show_selected = WM_APP + 1;
 
 } // namespace
 
-Win32ListView::Win32ListView(Surface& surface, const std::wstring& designer_name)
-    : Win32Control(surface, designer_name, WC_LISTVIEWW,
-                   LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER |
-                       static_cast<DWORD>(WS_TABSTOP),
-                   WS_EX_CLIENTEDGE),
+ListView::ListView(Surface& surface, const std::wstring& designer_name)
+    : ControlOf(surface, designer_name, WC_LISTVIEWW,
+                LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER |
+                    static_cast<DWORD>(WS_TABSTOP),
+                WS_EX_CLIENTEDGE),
       columns_dpi_(surface.dpi()) {
   constexpr LPARAM wished = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
   SendMessageW(window_, LVM_SETEXTENDEDLISTVIEWSTYLE, static_cast<WPARAM>(wished), wished);
@@ -29,19 +29,19 @@ Win32ListView::Win32ListView(Surface& surface, const std::wstring& designer_name
 }
 
 // Rows are as high as their pictures, and these are as narrow as they can be. The list destroys them at its end.
-void Win32ListView::set_row_height() {
+void ListView::set_row_height() {
   const HIMAGELIST pictures = ImageList_Create(1, pixels(row_height, surface_.dpi()), ILC_COLOR, 0, 1);
   const LRESULT before = SendMessageW(window_, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(pictures));
   if (before != 0)
     ImageList_Destroy(reinterpret_cast<HIMAGELIST>(before));
 }
 
-void Win32ListView::set_rows(const RowModel* rows) {
+void ListView::set_rows(const RowModel* rows) {
   rows_ = rows;
   rows_changed();
 }
 
-void Win32ListView::add_column(const std::wstring& /*key*/, const std::wstring& caption, int width) {
+void ListView::add_column(const std::wstring& /*key*/, const std::wstring& caption, int width) {
   std::wstring shown = caption; // the record wants writable text
   LVCOLUMNW column{};
   column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
@@ -53,9 +53,9 @@ void Win32ListView::add_column(const std::wstring& /*key*/, const std::wstring& 
 }
 
 // The user may have made the columns wider: what they are now is scaled.
-void Win32ListView::dpi_changed() {
+void ListView::dpi_changed() {
   set_row_height();
-  Win32Control::dpi_changed();
+  ControlOf::dpi_changed();
   for (int i = 0; i < columns_; ++i) {
     const auto width = static_cast<int>(SendMessageW(window_, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(i), 0));
     SendMessageW(window_, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i),
@@ -64,13 +64,13 @@ void Win32ListView::dpi_changed() {
   columns_dpi_ = surface_.dpi();
 }
 
-std::size_t Win32ListView::row_count() const {
+std::size_t ListView::row_count() const {
   constexpr std::size_t most = 100000000; // the system's own limit
   return rows_ == nullptr ? 0 : std::min(rows_->count(), most);
 }
 
 // Another content is looked at from its beginning.
-void Win32ListView::rows_changed() {
+void ListView::rows_changed() {
   select(0);
   SendMessageW(window_, LVM_SETITEMCOUNT, row_count(), 0);
   if (row_count() != 0)
@@ -78,12 +78,12 @@ void Win32ListView::rows_changed() {
   InvalidateRect(window_, nullptr, TRUE);
 }
 
-std::size_t Win32ListView::selected() const {
+std::size_t ListView::selected() const {
   const LRESULT answer = SendMessageW(window_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
   return answer < 0 || static_cast<std::size_t>(answer) >= row_count() ? 0 : static_cast<std::size_t>(answer) + 1;
 }
 
-void Win32ListView::select(std::size_t index) {
+void ListView::select(std::size_t index) {
   LVITEMW state{};
   state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
   SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&state));
@@ -95,7 +95,7 @@ void Win32ListView::select(std::size_t index) {
   SendMessageW(window_, LVM_ENSUREVISIBLE, index - 1, FALSE);
 }
 
-bool Win32ListView::asked(NMHDR& header, LRESULT& result) {
+bool ListView::asked(NMHDR& header, LRESULT& result) {
   switch (header.code) {
   case LVN_GETDISPINFOW:
     answer_text(reinterpret_cast<NMLVDISPINFOW&>(header));
@@ -112,7 +112,7 @@ bool Win32ListView::asked(NMHDR& header, LRESULT& result) {
 }
 
 // The model may have become shorter since the list last heard of it.
-void Win32ListView::answer_text(NMLVDISPINFOW& request) const {
+void ListView::answer_text(NMLVDISPINFOW& request) const {
   LVITEMW& item = request.item;
   if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0)
     return;
@@ -127,7 +127,7 @@ void Win32ListView::answer_text(NMLVDISPINFOW& request) const {
 }
 
 // What the user types searches the first column, from the row asked for round to it again.
-LRESULT Win32ListView::find_row(const NMLVFINDITEMW& request) const {
+LRESULT ListView::find_row(const NMLVFINDITEMW& request) const {
   const LVFINDINFOW& wanted = request.lvfi;
   const std::size_t count = row_count();
   if (count == 0 || wanted.psz == nullptr || (wanted.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0)
@@ -147,7 +147,7 @@ LRESULT Win32ListView::find_row(const NMLVFINDITEMW& request) const {
   return -1;
 }
 
-LRESULT Win32ListView::customise(NMLVCUSTOMDRAW& item) {
+LRESULT ListView::customise(NMLVCUSTOMDRAW& item) {
   if (item.nmcd.dwDrawStage == CDDS_PREPAINT)
     return CDRF_NOTIFYITEMDRAW;
   if (item.nmcd.dwDrawStage != CDDS_ITEMPREPAINT)
@@ -163,7 +163,7 @@ LRESULT Win32ListView::customise(NMLVCUSTOMDRAW& item) {
   return CDRF_NEWFONT;
 }
 
-std::size_t Win32ListView::row_at(LPARAM point) const {
+std::size_t ListView::row_at(LPARAM point) const {
   LVHITTESTINFO hit{};
   hit.pt = {GET_X_LPARAM(point), GET_Y_LPARAM(point)};
   const LRESULT row = SendMessageW(window_, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
@@ -171,7 +171,7 @@ std::size_t Win32ListView::row_at(LPARAM point) const {
 }
 
 // The button is told before the row is selected; the click comes after. Beside the rows nothing is pressed.
-void Win32ListView::press(MouseButton button, WPARAM keys, LPARAM point) {
+void ListView::press(MouseButton button, WPARAM keys, LPARAM point) {
   if (GetFocus() != window_)
     SetFocus(window_);
   mouse_pressed(mouse_event(keys, point, button));
@@ -186,7 +186,7 @@ void Win32ListView::press(MouseButton button, WPARAM keys, LPARAM point) {
 // All of the mouse is ours: the system's own way waits inside a press for what the mouse does next, tells of a click
 // beside the rows and lets go of the selection there. A menu that a click opens must not see the button that opened it
 // come up: what opens menus is told when the button is let go.
-bool Win32ListView::handle_mouse(UINT message, WPARAM w, LPARAM l, LRESULT& /*result*/) {
+bool ListView::handle_mouse(UINT message, WPARAM w, LPARAM l, LRESULT& /*result*/) {
   switch (message) {
   case WM_LBUTTONDOWN:
     press(MouseButton::left, w, l);
@@ -217,7 +217,7 @@ bool Win32ListView::handle_mouse(UINT message, WPARAM w, LPARAM l, LRESULT& /*re
   }
 }
 
-bool Win32ListView::handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+bool ListView::handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   if (keys_.let_go(message, w) && selected() != 0) {
     result = DefSubclassProc(window_, message, w, l);
     fire(on_key_up);
@@ -234,7 +234,7 @@ bool Win32ListView::handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result
   return true;
 }
 
-bool Win32ListView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+bool ListView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   if (message == WM_WINDOWPOSCHANGED) {
     result = DefSubclassProc(window_, message, w, l);
     RECT room{};
@@ -251,7 +251,7 @@ bool Win32ListView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& re
   }
   if (handle_mouse(message, w, l, result) || handle_key(message, w, l, result))
     return true;
-  return Win32Control::handle_message(message, w, l, result);
+  return ControlOf::handle_message(message, w, l, result);
 }
 
 } // namespace lumotune::platform::win32

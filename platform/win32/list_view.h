@@ -12,9 +12,9 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32ListView final : public Win32Control<ListView> {
+class ListView final : public ControlOf<platform::ListView> {
 public:
-  Win32ListView(Surface& surface, const std::wstring& designer_name);
+  ListView(Surface& surface, const std::wstring& designer_name);
   void set_rows(const RowModel* rows) override;
   void add_column(const std::wstring& key, const std::wstring& caption, int width) override;
   void rows_changed() override;

@@ -8,20 +8,20 @@
 
 namespace lumotune::platform::win32 {
 
-Win32Machine::Win32Machine() {
+Machine::Machine() {
   std::wstring path(32768, L'\0');
   path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
   folder_ = path.substr(0, path.find_last_of(L'\\'));
 }
 
-void Win32Machine::begin_end() {
+void Machine::begin_end() {
   running_.begin_end();
   if (const auto copy = std::exchange(on_begin_end, {}))
     copy();
 }
 
 // The program's name comes first, in quotation marks where it holds a blank.
-std::wstring Win32Machine::command_line() const {
+std::wstring Machine::command_line() const {
   std::wstring text = GetCommandLineW();
   const std::size_t end = !text.empty() && text[0] == L'"' ? text.find(L'"', 1) : text.find_first_of(L" \t");
   if (end == std::wstring::npos)
@@ -33,7 +33,7 @@ std::wstring Win32Machine::command_line() const {
   return text.substr(first, text.find_last_not_of(L" \t") - first + 1);
 }
 
-std::wstring Win32Machine::date_and_time() const {
+std::wstring Machine::date_and_time() const {
   std::array<wchar_t, 80> date{};
   std::array<wchar_t, 80> time{};
   GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, nullptr, nullptr, date.data(),

@@ -12,9 +12,9 @@ namespace lumotune::platform::win32 {
 
 // Finds out at once, when made, whether another copy of the program runs in this session of the user. Where that copy
 // is about to end, the constructor waits for it, 8 seconds at most.
-class Win32Machine final : public Machine {
+class Machine final : public platform::Machine {
 public:
-  Win32Machine();
+  Machine();
   [[nodiscard]] std::wstring program_folder() const override { return folder_; }
   [[nodiscard]] std::wstring command_line() const override;
   [[nodiscard]] bool previous_instance() const override { return running_.previous(); }

@@ -15,7 +15,7 @@ HWND handle_of(WindowRef window) {
 
 } // namespace
 
-WindowRef Win32Messages::find_by_caption(const std::wstring& caption) const {
+WindowRef Messages::find_by_caption(const std::wstring& caption) const {
   loop_.check_thread();
   if (caption.empty() || caption.size() > max_caption)
     return WindowRef::none;
@@ -23,7 +23,7 @@ WindowRef Win32Messages::find_by_caption(const std::wstring& caption) const {
 }
 
 // A copy's main window is of the same class as ours.
-WindowRef Win32Messages::find_copy(const std::wstring& caption) const {
+WindowRef Messages::find_copy(const std::wstring& caption) const {
   loop_.check_thread();
   std::array<wchar_t, 257> name{};
   if (GetClassNameW(window_, name.data(), static_cast<int>(name.size())) > 0) {
@@ -37,7 +37,7 @@ WindowRef Win32Messages::find_copy(const std::wstring& caption) const {
 }
 
 // The receiver copies the bytes before it answers. Its answer tells nothing that anybody asks for.
-void Win32Messages::send_copy_data(WindowRef target, std::string_view bytes) {
+void Messages::send_copy_data(WindowRef target, std::string_view bytes) {
   loop_.check_thread();
   if (target == WindowRef::none || bytes.size() > max_bytes)
     return;
@@ -51,21 +51,21 @@ void Win32Messages::send_copy_data(WindowRef target, std::string_view bytes) {
                       reinterpret_cast<LPARAM>(&record), SMTO_ABORTIFHUNG | SMTO_NORMAL, send_limit_ms, &answer);
 }
 
-void Win32Messages::let_take_foreground(WindowRef target) {
+void Messages::let_take_foreground(WindowRef target) {
   loop_.check_thread();
   DWORD process = 0;
   if (target != WindowRef::none && GetWindowThreadProcessId(handle_of(target), &process) != 0)
     AllowSetForegroundWindow(process);
 }
 
-void Win32Messages::hook(std::function<void(const CopyData&)> receive) {
+void Messages::hook(std::function<void(const CopyData&)> receive) {
   loop_.check_thread();
   Hook(static_cast<bool>(receive));
   receive_ = std::move(receive);
 }
 
 // The pointer-sized call: the 32-bit one would cut the procedure's address in a 64-bit program.
-void Win32Messages::Hook(bool enable) {
+void Messages::Hook(bool enable) {
   if (enable == (old_procedure_ != nullptr))
     return;
   if (enable) {
@@ -79,8 +79,8 @@ void Win32Messages::Hook(bool enable) {
   }
 }
 
-LRESULT CALLBACK Win32Messages::WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
-  auto* self = static_cast<Win32Messages*>(GetPropW(hwnd, self_property));
+LRESULT CALLBACK Messages::WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
+  auto* self = static_cast<Messages*>(GetPropW(hwnd, self_property));
   if (self == nullptr)
     return DefWindowProcW(hwnd, msg, wParam, lParam);
   if (msg != WM_COPYDATA)
@@ -90,7 +90,7 @@ LRESULT CALLBACK Win32Messages::WindowProc(HWND hwnd, UINT msg, WPARAM wParam, L
 }
 
 // The system has copied the sender's bytes into our memory, but for a message sent from inside our own process.
-void Win32Messages::receive(LPARAM record) {
+void Messages::receive(LPARAM record) {
   const auto* sent = reinterpret_cast<const COPYDATASTRUCT*>(record);
   if (sent == nullptr || !receive_)
     return;

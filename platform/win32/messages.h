@@ -7,13 +7,13 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32Messages final : public WindowMessages {
+class Messages final : public WindowMessages {
 public:
-  Win32Messages(HWND main_window, const AnsiCodec& codec, Win32EventLoop& loop)
+  Messages(HWND main_window, const AnsiCodec& codec, EventLoop& loop)
       : window_(main_window), codec_(codec), loop_(loop) {}
-  Win32Messages(const Win32Messages&) = delete;
-  Win32Messages& operator=(const Win32Messages&) = delete;
-  ~Win32Messages() override { Hook(false); }
+  Messages(const Messages&) = delete;
+  Messages& operator=(const Messages&) = delete;
+  ~Messages() override { Hook(false); }
 
   [[nodiscard]] WindowRef find_by_caption(const std::wstring& caption) const override;
   [[nodiscard]] WindowRef find_copy(const std::wstring& caption) const override;
@@ -28,7 +28,7 @@ private:
 
   HWND window_;
   const AnsiCodec& codec_;
-  Win32EventLoop& loop_;
+  EventLoop& loop_;
   std::function<void(const CopyData&)> receive_;
   WNDPROC old_procedure_ = nullptr; // kept while the hook is installed
 };

@@ -37,7 +37,7 @@ std::string read_small(const std::wstring& path) {
   const KernelHandle file = opened(path);
   LARGE_INTEGER length{};
   if (file.get() == INVALID_HANDLE_VALUE || GetFileSizeEx(file.get(), &length) == 0 ||
-      length.QuadPart > PictureBox::max_bytes)
+      length.QuadPart > platform::PictureBox::max_bytes)
     return {};
   std::string bytes(static_cast<std::size_t>(length.QuadPart), '\0');
   DWORD got = 0;
@@ -61,7 +61,7 @@ std::int64_t picture_pixels(const std::wstring& path) {
 
 bool Picture::load(const std::wstring& path) {
   std::string bytes = read_small(path);
-  auto pixels = decode_gif(bytes, PictureBox::max_side, PictureBox::max_pixels);
+  auto pixels = decode_gif(bytes, platform::PictureBox::max_side, platform::PictureBox::max_pixels);
   if (!pixels)
     return false;
   width_ = pixels->width;
@@ -78,7 +78,7 @@ HDC Picture::prepared(int width, int height) const {
     return static_cast<HDC>(ready_->dc.get());
   Pixels pixels = std::exchange(pixels_, {});
   if (pixels.values.empty())
-    pixels = decode_gif(file_, PictureBox::max_side, PictureBox::max_pixels).value_or(Pixels{});
+    pixels = decode_gif(file_, platform::PictureBox::max_side, platform::PictureBox::max_pixels).value_or(Pixels{});
   if (pixels.values.empty())
     return nullptr;
   if (pixels.width != width || pixels.height != height)

@@ -135,18 +135,18 @@ UINT track(HMENU menu, HWND owner, HWND anchor) {
 
 } // namespace
 
-Win32PopupMenus::Win32PopupMenus(EventLoop& loop, HWND owner)
+PopupMenus::PopupMenus(platform::EventLoop& loop, HWND owner)
     : loop_(loop),
       owner_(owner),
       input_hook_(SetWindowsHookExW(WH_GETMESSAGE, note_input, nullptr, GetCurrentThreadId())),
       end_watch_(loop, [] { EndMenu(); }) {}
 
-Win32PopupMenus::~Win32PopupMenus() {
+PopupMenus::~PopupMenus() {
   if (input_hook_ != nullptr)
     UnhookWindowsHookEx(input_hook_);
 }
 
-std::wstring Win32PopupMenus::pop_up(const std::vector<MenuItem>& items, const Control* anchor) {
+std::wstring PopupMenus::pop_up(const std::vector<MenuItem>& items, const Control* anchor) {
   if (open_ || loop_.ending() || !any_visible(items))
     return {};
   std::vector<std::wstring> names;

@@ -11,18 +11,18 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32PopupMenus final : public PopupMenus {
+class PopupMenus final : public platform::PopupMenus {
 public:
   // `owner` has the menus that come without an anchor; the others belong to the anchor's own window.
-  Win32PopupMenus(EventLoop& loop, HWND owner);
-  Win32PopupMenus(const Win32PopupMenus&) = delete;
-  Win32PopupMenus& operator=(const Win32PopupMenus&) = delete;
-  ~Win32PopupMenus() override;
+  PopupMenus(platform::EventLoop& loop, HWND owner);
+  PopupMenus(const PopupMenus&) = delete;
+  PopupMenus& operator=(const PopupMenus&) = delete;
+  ~PopupMenus() override;
 
   [[nodiscard]] std::wstring pop_up(const std::vector<MenuItem>& items, const Control* anchor) override;
 
 private:
-  const EventLoop& loop_;
+  const platform::EventLoop& loop_;
   HWND owner_;
   HHOOK input_hook_;
   EndWatch end_watch_;

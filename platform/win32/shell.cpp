@@ -58,7 +58,7 @@ private:
 
 } // namespace
 
-bool Win32Shell::start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) {
+bool Shell::start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) {
   thread_.check();
   const ProgramFile file = program_file(command_line, application);
   const std::wstring program = file.whole || file.name.empty() ? file.name : found_program(file.name);
@@ -81,7 +81,7 @@ bool Win32Shell::start(const std::wstring& command_line, const std::wstring& app
   return true;
 }
 
-int Win32Shell::open(const std::wstring& quoted_target) {
+int Shell::open(const std::wstring& quoted_target) {
   thread_.check();
   const ComSession com;
   return static_cast<int>(reinterpret_cast<INT_PTR>(

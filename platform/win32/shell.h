@@ -9,7 +9,7 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32Shell final : public Shell {
+class Shell final : public platform::Shell {
 public:
   [[nodiscard]] bool start(const std::wstring& command_line, const std::wstring& application, ShowWindow show) override;
   [[nodiscard]] int open(const std::wstring& quoted_target) override;

@@ -5,18 +5,18 @@
 
 namespace lumotune::platform::win32 {
 
-Win32TextBox::Win32TextBox(Surface& surface, const std::wstring& designer_name)
-    : Win32Control(surface, designer_name, L"EDIT",
-                   ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | static_cast<DWORD>(WS_VSCROLL) |
-                       static_cast<DWORD>(WS_TABSTOP),
-                   WS_EX_CLIENTEDGE) {
+TextBox::TextBox(Surface& surface, const std::wstring& designer_name)
+    : ControlOf(surface, designer_name, L"EDIT",
+                ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | static_cast<DWORD>(WS_VSCROLL) |
+                    static_cast<DWORD>(WS_TABSTOP),
+                WS_EX_CLIENTEDGE) {
   SendMessageW(window_, EM_SETLIMITTEXT, 0x7ffffffe, 0);
   ShowScrollBar(window_, SB_VERT, FALSE);
 }
 
 // The control knows only line ends of two characters. What is no text at all is cut: nobody reads a megabyte here, and
 // breaking it into lines takes the system seconds.
-std::wstring Win32TextBox::window_text(const std::wstring& text) const {
+std::wstring TextBox::window_text(const std::wstring& text) const {
   constexpr std::size_t most_shown = 20000;
   std::wstring shown;
   for (std::size_t i = 0; i < text.size() && shown.size() < most_shown; ++i) {
@@ -31,7 +31,7 @@ std::wstring Win32TextBox::window_text(const std::wstring& text) const {
 }
 
 // With the bar there the lines are shorter: it is taken away first and measured without it.
-void Win32TextBox::show_bar_when_needed() {
+void TextBox::show_bar_when_needed() {
   if (measuring_)
     return;
   measuring_ = true;
@@ -50,7 +50,7 @@ void Win32TextBox::show_bar_when_needed() {
   measuring_ = false;
 }
 
-bool Win32TextBox::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+bool TextBox::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   switch (message) {
   case WM_SETTEXT:
   case WM_SIZE:
@@ -72,9 +72,9 @@ bool Win32TextBox::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& res
   case WM_CHAR:
     if (w == 1)
       return true; // the character of Ctrl+A
-    return Win32Control::handle_message(message, w, l, result);
+    return ControlOf::handle_message(message, w, l, result);
   default:
-    return Win32Control::handle_message(message, w, l, result);
+    return ControlOf::handle_message(message, w, l, result);
   }
 }
 

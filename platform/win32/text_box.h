@@ -9,9 +9,9 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32TextBox final : public Win32Control<TextBox> {
+class TextBox final : public ControlOf<platform::TextBox> {
 public:
-  Win32TextBox(Surface& surface, const std::wstring& designer_name);
+  TextBox(Surface& surface, const std::wstring& designer_name);
 
 private:
   [[nodiscard]] bool handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;

@@ -35,7 +35,7 @@ std::string tip_bytes(std::wstring_view tip, UINT code_page, std::size_t most) {
 }
 
 // The first form of the record is all that is used; the fields after it stay empty.
-Win32Tray::Win32Tray(Win32Window& window, const Control& receiver) : window_(window) {
+Tray::Tray(Window& window, const Control& receiver) : window_(window) {
   record_.cbSize = NOTIFYICONDATAA_V1_SIZE;
   record_.hWnd = window.handle_of(receiver);
   record_.uID = 1;
@@ -50,13 +50,13 @@ Win32Tray::Win32Tray(Win32Window& window, const Control& receiver) : window_(win
   };
 }
 
-Win32Tray::~Win32Tray() {
+Tray::~Tray() {
   window_.on_shell_restart = {};
   remove();
 }
 
 // The main window's icon, from the picture that is drawn for that size: one made smaller by the shell is blurred.
-void Win32Tray::load_icon() {
+void Tray::load_icon() {
   IconHandle loaded(static_cast<HICON>(
       CopyImage(window_.icon(), IMAGE_ICON, icon_side(SM_CXSMICON), icon_side(SM_CYSMICON), LR_COPYFROMRESOURCE)));
   record_.hIcon = loaded == nullptr ? window_.icon() : loaded.get();
@@ -64,20 +64,20 @@ void Win32Tray::load_icon() {
 }
 
 // In the system's code page, whichever it is: the program's own text files may be in another one.
-void Win32Tray::fill_tip(const std::wstring& tip) {
+void Tray::fill_tip(const std::wstring& tip) {
   const std::string bytes = tip_bytes(tip, CP_ACP, max_tip);
   std::memset(record_.szTip, 0, sizeof record_.szTip);
   std::memcpy(record_.szTip, bytes.data(), bytes.size());
 }
 
-void Win32Tray::add(const std::wstring& tip) {
+void Tray::add(const std::wstring& tip) {
   thread_.check();
   fill_tip(tip);
   Shell_NotifyIconA(NIM_ADD, &record_);
   added_ = true; // also where no shell runs yet: it will say when it does
 }
 
-void Win32Tray::modify(const std::wstring& tip) {
+void Tray::modify(const std::wstring& tip) {
   thread_.check();
   if (!added_)
     return;
@@ -85,7 +85,7 @@ void Win32Tray::modify(const std::wstring& tip) {
   Shell_NotifyIconA(NIM_MODIFY, &record_);
 }
 
-void Win32Tray::remove() {
+void Tray::remove() {
   thread_.check();
   if (added_)
     Shell_NotifyIconA(NIM_DELETE, &record_);

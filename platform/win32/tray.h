@@ -22,13 +22,13 @@ struct DestroyIconHandle {
 };
 using IconHandle = std::unique_ptr<void, DestroyIconHandle>;
 
-class Win32Tray final : public Tray {
+class Tray final : public platform::Tray {
 public:
   // Events arrive as mouse moves over `receiver`, a hidden control of the window.
-  Win32Tray(Win32Window& window, const Control& receiver);
-  Win32Tray(const Win32Tray&) = delete;
-  Win32Tray& operator=(const Win32Tray&) = delete;
-  ~Win32Tray() override;
+  Tray(Window& window, const Control& receiver);
+  Tray(const Tray&) = delete;
+  Tray& operator=(const Tray&) = delete;
+  ~Tray() override;
 
   void add(const std::wstring& tip) override;
   void modify(const std::wstring& tip) override;
@@ -40,7 +40,7 @@ private:
   void load_icon();
 
   const ThreadCheck thread_{"user-interface thread"};
-  Win32Window& window_;
+  Window& window_;
   IconHandle icon_; // in the size of the notification area
   NOTIFYICONDATAA record_{};
   bool added_ = false;

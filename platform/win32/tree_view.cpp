@@ -22,17 +22,17 @@ std::wstring capitals(std::wstring text) {
 } // namespace
 
 // Nothing is dragged here: with that off, a press selects at once and does not wait for what the mouse does next.
-Win32TreeView::Win32TreeView(Surface& surface, const std::wstring& designer_name)
-    : Win32Control(surface, designer_name, WC_TREEVIEWW,
-                   TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS | TVS_DISABLEDRAGDROP |
-                       static_cast<DWORD>(WS_TABSTOP),
-                   WS_EX_CLIENTEDGE) {
+TreeView::TreeView(Surface& surface, const std::wstring& designer_name)
+    : ControlOf(surface, designer_name, WC_TREEVIEWW,
+                TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS | TVS_DISABLEDRAGDROP |
+                    static_cast<DWORD>(WS_TABSTOP),
+                WS_EX_CLIENTEDGE) {
   SendMessageW(window_, TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
   set_measures();
 }
 
 // The height is first the font's own.
-void Win32TreeView::set_measures() {
+void TreeView::set_measures() {
   SendMessageW(window_, TVM_SETINDENT, static_cast<WPARAM>(pixels(285, surface_.dpi())), 0);
   SendMessageW(window_, TVM_SETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
   const auto own = static_cast<int>(SendMessageW(window_, TVM_GETITEMHEIGHT, 0, 0));
@@ -41,14 +41,14 @@ void Win32TreeView::set_measures() {
     SendMessageW(window_, TVM_SETITEMHEIGHT, static_cast<WPARAM>(least), 0);
 }
 
-void Win32TreeView::dpi_changed() {
-  Win32Control::dpi_changed();
+void TreeView::dpi_changed() {
+  ControlOf::dpi_changed();
   set_measures();
 }
 
 // The tree would lay itself out anew for each node: it is kept from that until the loop comes round, or somebody wants
 // to see a node.
-void Win32TreeView::begin_changes() {
+void TreeView::begin_changes() {
   if (changing_)
     return;
   changing_ = true;
@@ -56,7 +56,7 @@ void Win32TreeView::begin_changes() {
   PostMessageW(window_, message_changes_end, 0, 0);
 }
 
-void Win32TreeView::end_changes() {
+void TreeView::end_changes() {
   if (!changing_)
     return;
   changing_ = false;
@@ -64,14 +64,14 @@ void Win32TreeView::end_changes() {
   InvalidateRect(window_, nullptr, TRUE);
 }
 
-void Win32TreeView::clear() {
+void TreeView::clear() {
   begin_changes();
   nodes_.clear();
   by_key_.clear();
   SendMessageW(window_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
 }
 
-bool Win32TreeView::add(const std::wstring& key, const std::wstring& parent_key, const std::wstring& text) {
+bool TreeView::add(const std::wstring& key, const std::wstring& parent_key, const std::wstring& text) {
   HTREEITEM parent = TVI_ROOT;
   if (!parent_key.empty()) {
     const auto found = by_key_.find(capitals(parent_key));
@@ -94,15 +94,15 @@ bool Win32TreeView::add(const std::wstring& key, const std::wstring& parent_key,
   return true;
 }
 
-std::wstring Win32TreeView::key(std::size_t index) const {
+std::wstring TreeView::key(std::size_t index) const {
   return index == 0 || index > nodes_.size() ? std::wstring() : nodes_[index - 1].key;
 }
 
-std::wstring Win32TreeView::node_text(std::size_t index) const {
+std::wstring TreeView::node_text(std::size_t index) const {
   return index == 0 || index > nodes_.size() ? std::wstring() : nodes_[index - 1].text;
 }
 
-std::size_t Win32TreeView::index_of(HTREEITEM item) const {
+std::size_t TreeView::index_of(HTREEITEM item) const {
   if (item == nullptr)
     return 0;
   TVITEMW asked{};
@@ -114,11 +114,11 @@ std::size_t Win32TreeView::index_of(HTREEITEM item) const {
   return index <= nodes_.size() ? index : 0;
 }
 
-std::size_t Win32TreeView::selected() const {
+std::size_t TreeView::selected() const {
   return index_of(reinterpret_cast<HTREEITEM>(SendMessageW(window_, TVM_GETNEXTITEM, TVGN_CARET, 0)));
 }
 
-void Win32TreeView::select(std::size_t index) {
+void TreeView::select(std::size_t index) {
   if (index == 0 || index > nodes_.size())
     return;
   end_changes();
@@ -127,21 +127,21 @@ void Win32TreeView::select(std::size_t index) {
   SendMessageW(window_, TVM_SELECTITEM, TVGN_CARET, item);
 }
 
-std::size_t Win32TreeView::node_at(LPARAM point) const {
+std::size_t TreeView::node_at(LPARAM point) const {
   TVHITTESTINFO hit{};
   hit.pt = {GET_X_LPARAM(point), GET_Y_LPARAM(point)};
   const auto item = reinterpret_cast<HTREEITEM>(SendMessageW(window_, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
   return (hit.flags & TVHT_ONITEM) != 0 ? index_of(item) : 0;
 }
 
-bool Win32TreeView::asked(NMHDR& header, LRESULT& result) {
+bool TreeView::asked(NMHDR& header, LRESULT& result) {
   if (header.code != NM_CUSTOMDRAW)
     return false;
   result = customise(reinterpret_cast<NMTVCUSTOMDRAW&>(header));
   return true;
 }
 
-LRESULT Win32TreeView::customise(NMTVCUSTOMDRAW& item) const {
+LRESULT TreeView::customise(NMTVCUSTOMDRAW& item) const {
   if (item.nmcd.dwDrawStage == CDDS_PREPAINT)
     return CDRF_NOTIFYITEMDRAW;
   if (item.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && (item.nmcd.uItemState & CDIS_SELECTED) != 0 &&
@@ -154,7 +154,7 @@ LRESULT Win32TreeView::customise(NMTVCUSTOMDRAW& item) const {
 }
 
 // The system tells of a click before it selects the node: its own part is done first here, and then the click is told.
-LRESULT Win32TreeView::press(WPARAM keys, LPARAM point) {
+LRESULT TreeView::press(WPARAM keys, LPARAM point) {
   const std::size_t node = node_at(point);
   const LRESULT answer = DefSubclassProc(window_, WM_LBUTTONDOWN, keys, point);
   if (node != 0 && selected() == node)
@@ -162,8 +162,8 @@ LRESULT Win32TreeView::press(WPARAM keys, LPARAM point) {
   return answer;
 }
 
-bool Win32TreeView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
-  if (Win32Control::handle_message(message, w, l, result))
+bool TreeView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+  if (ControlOf::handle_message(message, w, l, result))
     return true;
   if (keys_.let_go(message, w) && selected() != 0) {
     result = DefSubclassProc(window_, message, w, l);

@@ -14,9 +14,9 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32TreeView final : public Win32Control<TreeView> {
+class TreeView final : public ControlOf<platform::TreeView> {
 public:
-  Win32TreeView(Surface& surface, const std::wstring& designer_name);
+  TreeView(Surface& surface, const std::wstring& designer_name);
   void clear() override;
   [[nodiscard]] bool add(const std::wstring& key, const std::wstring& parent_key, const std::wstring& text) override;
   [[nodiscard]] std::size_t count() const override { return nodes_.size(); }

@@ -14,23 +14,23 @@ constexpr UINT_PTR subclass = 2;
 } // namespace
 
 // Both in one call: nothing of the user's hand can come between.
-void Win32Pointer::click_left() {
+void Pointer::click_left() {
   const bool swapped = GetSystemMetrics(SM_SWAPBUTTON) != 0;
   mouse_event(swapped ? MOUSEEVENTF_RIGHTDOWN | MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTDOWN | MOUSEEVENTF_LEFTUP, 0, 0,
               0, 0);
 }
 
-Win32MediaKeys::Win32MediaKeys(Win32EventLoop& loop, HWND window) : loop_(loop), window_(window) {
+MediaKeys::MediaKeys(EventLoop& loop, HWND window) : loop_(loop), window_(window) {
   SetWindowSubclass(window_, procedure, subclass, reinterpret_cast<DWORD_PTR>(this));
 }
 
-Win32MediaKeys::~Win32MediaKeys() {
+MediaKeys::~MediaKeys() {
   release();
   RemoveWindowSubclass(window_, procedure, subclass);
 }
 
 // A key that is held elsewhere cannot be registered, and stays there.
-void Win32MediaKeys::take() {
+void MediaKeys::take() {
   loop_.check_thread();
   if (taken_)
     return;
@@ -39,7 +39,7 @@ void Win32MediaKeys::take() {
   RegisterHotKey(window_, hot_stop, MOD_NOREPEAT, VK_MEDIA_STOP);
 }
 
-void Win32MediaKeys::release() {
+void MediaKeys::release() {
   loop_.check_thread();
   if (!taken_)
     return;
@@ -48,19 +48,18 @@ void Win32MediaKeys::release() {
   UnregisterHotKey(window_, hot_stop);
 }
 
-LRESULT CALLBACK Win32MediaKeys::procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR /*id*/,
-                                           DWORD_PTR self) {
-  if (reinterpret_cast<Win32MediaKeys*>(self)->handle_message(message, w, l))
+LRESULT CALLBACK MediaKeys::procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR /*id*/, DWORD_PTR self) {
+  if (reinterpret_cast<MediaKeys*>(self)->handle_message(message, w, l))
     return TRUE;
   return DefSubclassProc(window, message, w, l);
 }
 
-void Win32MediaKeys::fire(const std::function<void()>& handler) {
+void MediaKeys::fire(const std::function<void()>& handler) {
   if (const auto copy = handler)
     loop_.caught().guard(copy);
 }
 
-bool Win32MediaKeys::handle_message(UINT message, WPARAM w, LPARAM l) {
+bool MediaKeys::handle_message(UINT message, WPARAM w, LPARAM l) {
   if (!taken_)
     return false;
   if (message == WM_HOTKEY && (w == hot_play_pause || w == hot_stop)) {

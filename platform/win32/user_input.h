@@ -7,7 +7,7 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32Pointer final : public Pointer {
+class Pointer final : public platform::Pointer {
 public:
   void click_left() override;
 };
@@ -15,12 +15,12 @@ public:
 // Hears of the keys in two ways: as hot keys, wherever the keyboard's focus is, and as the commands that some keyboards
 // and remote controls send instead, which reach the window that has the focus. Made before anything else takes the
 // window's procedure for itself, and destroyed after that has given it back.
-class Win32MediaKeys final : public MediaKeys {
+class MediaKeys final : public platform::MediaKeys {
 public:
-  Win32MediaKeys(Win32EventLoop& loop, HWND window);
-  Win32MediaKeys(const Win32MediaKeys&) = delete;
-  Win32MediaKeys& operator=(const Win32MediaKeys&) = delete;
-  ~Win32MediaKeys() override;
+  MediaKeys(EventLoop& loop, HWND window);
+  MediaKeys(const MediaKeys&) = delete;
+  MediaKeys& operator=(const MediaKeys&) = delete;
+  ~MediaKeys() override;
 
   void take() override;
   void release() override;
@@ -30,7 +30,7 @@ private:
   [[nodiscard]] bool handle_message(UINT message, WPARAM w, LPARAM l);
   void fire(const std::function<void()>& handler);
 
-  Win32EventLoop& loop_;
+  EventLoop& loop_;
   HWND window_;
   bool taken_ = false;
 };

@@ -15,8 +15,7 @@ constexpr const wchar_t* class_name = L"LumotuneWindow";
 } // namespace
 
 // A tool window has no button in the task bar: the program lives in the notification area.
-Win32Window::Win32Window(Win32EventLoop& loop, const std::wstring& name, int icon)
-    : ControlHost(loop, name, FontSize::fixed) {
+Window::Window(EventLoop& loop, const std::wstring& name, int icon) : ControlHost(loop, name, FontSize::fixed) {
   const HINSTANCE program = GetModuleHandleW(nullptr);
   icon_ = LoadIconW(program, MAKEINTRESOURCEW(icon));
   if (icon_ == nullptr)
@@ -37,35 +36,35 @@ Win32Window::Win32Window(Win32EventLoop& loop, const std::wstring& name, int ico
   SetPropW(window_, (name + L".Form").c_str(), reinterpret_cast<HANDLE>(1));
 }
 
-Win32Window::~Win32Window() {
+Window::~Window() {
   destroy_controls();
   SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
   DestroyWindow(window_);
 }
 
-PictureBox& Win32Window::make_picture(const std::wstring& designer_name, PictureKind kind) {
+platform::PictureBox& Window::make_picture(const std::wstring& designer_name, PictureKind kind) {
   return make_picture_control(designer_name, kind);
 }
 
-Label& Win32Window::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) {
-  return make_control<Win32Label>(designer_name, kind, font);
+platform::Label& Window::make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) {
+  return make_control<Label>(designer_name, kind, font);
 }
 
-Button& Win32Window::make_button(const std::wstring& designer_name) {
-  return make_control<Win32Button>(designer_name, TabStop::no);
+platform::Button& Window::make_button(const std::wstring& designer_name) {
+  return make_control<Button>(designer_name, TabStop::no);
 }
 
-ListBox& Win32Window::make_list(const std::wstring& designer_name) {
-  return make_control<Win32List>(designer_name);
+platform::ListBox& Window::make_list(const std::wstring& designer_name) {
+  return make_control<ListBox>(designer_name);
 }
 
-LRESULT CALLBACK Win32Window::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
   if (message == WM_NCCREATE) {
     const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(l);
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
-    static_cast<Win32Window*>(creation->lpCreateParams)->window_ = window;
+    static_cast<Window*>(creation->lpCreateParams)->window_ = window;
   }
-  auto* self = reinterpret_cast<Win32Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  auto* self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self == nullptr)
     return DefWindowProcW(window, message, w, l);
   LRESULT result = 0;
@@ -73,7 +72,7 @@ LRESULT CALLBACK Win32Window::procedure(HWND window, UINT message, WPARAM w, LPA
   return result;
 }
 
-LRESULT Win32Window::handle_message(UINT message, WPARAM w, LPARAM l) {
+LRESULT Window::handle_message(UINT message, WPARAM w, LPARAM l) {
   LRESULT result = 0;
   if (handle_child_message(message, w, l, result) || handle_system_message(message, w, l, result))
     return result;
@@ -112,7 +111,7 @@ LRESULT Win32Window::handle_message(UINT message, WPARAM w, LPARAM l) {
   }
 }
 
-bool Win32Window::handle_system_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+bool Window::handle_system_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   if (message == taskbar_created_ && taskbar_created_ != 0) {
     fire(on_shell_restart);
     return true;
@@ -151,14 +150,14 @@ bool Win32Window::handle_system_message(UINT message, WPARAM w, LPARAM l, LRESUL
   }
 }
 
-void Win32Window::set_caption(const std::wstring& caption) {
+void Window::set_caption(const std::wstring& caption) {
   check_thread();
   caption_ = caption;
   SetWindowTextW(window_, caption.c_str());
 }
 
 // Restoring a minimised window in one step brings it back to its place; showing it first would not.
-void Win32Window::set_visible(bool visible) {
+void Window::set_visible(bool visible) {
   check_thread();
   if (!visible) {
     hidden_state_ = state();
@@ -180,12 +179,12 @@ void Win32Window::set_visible(bool visible) {
     SetWindowPos(window_, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-bool Win32Window::visible() const {
+bool Window::visible() const {
   return IsWindowVisible(window_) != 0;
 }
 
 // A hidden window stays hidden: showing it brings it back from the icon in any case.
-void Win32Window::set_state(WindowState state) {
+void Window::set_state(WindowState state) {
   check_thread();
   if (!visible()) {
     hidden_state_ = state;
@@ -198,17 +197,17 @@ void Win32Window::set_state(WindowState state) {
     set_visible(true);
 }
 
-WindowState Win32Window::state() const {
+WindowState Window::state() const {
   if (!visible())
     return hidden_state_;
   return IsIconic(window_) != 0 ? WindowState::minimized : WindowState::normal;
 }
 
-std::int64_t Win32Window::picture_pixels(const std::wstring& path) const {
+std::int64_t Window::picture_pixels(const std::wstring& path) const {
   return win32::picture_pixels(path);
 }
 
-bool Win32Window::load_background(const std::wstring& path) {
+bool Window::load_background(const std::wstring& path) {
   if (!background_.load(path))
     return false;
   background_path_ = path;
@@ -216,13 +215,13 @@ bool Win32Window::load_background(const std::wstring& path) {
   return true;
 }
 
-void Win32Window::clear_background() {
+void Window::clear_background() {
   background_ = {};
   background_path_.clear();
   redraw();
 }
 
-bool Win32Window::set_topmost(bool on) {
+bool Window::set_topmost(bool on) {
   const UINT quiet = visible() ? 0U : SWP_NOACTIVATE; // out of sight it has no use for the keyboard
   const bool is_on = (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
   if (!placed_ && is_on == on) {
@@ -235,11 +234,11 @@ bool Win32Window::set_topmost(bool on) {
   return true;
 }
 
-bool Win32Window::topmost() const {
+bool Window::topmost() const {
   return topmost_;
 }
 
-void Win32Window::activate() {
+void Window::activate() {
   check_thread();
   BringWindowToTop(window_);
   SetForegroundWindow(window_);
@@ -247,13 +246,13 @@ void Win32Window::activate() {
     SetFocus(window_);
 }
 
-void Win32Window::redraw() {
+void Window::redraw() {
   check_thread();
   RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 // The system's own loop moves the window until the button is let go; mouse moves inside it must not begin again.
-void Win32Window::drag_by_caption() {
+void Window::drag_by_caption() {
   check_thread();
   if (dragging_)
     return;

@@ -13,18 +13,18 @@
 
 namespace lumotune::platform::win32 {
 
-class Win32Window final : public Window, public ControlHost {
+class Window final : public platform::Window, public ControlHost {
 public:
   // `icon` is the number of the icon in the program's resources.
-  Win32Window(Win32EventLoop& loop, const std::wstring& name, int icon);
-  Win32Window(const Win32Window&) = delete;
-  Win32Window& operator=(const Win32Window&) = delete;
-  ~Win32Window() override;
+  Window(EventLoop& loop, const std::wstring& name, int icon);
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+  ~Window() override;
 
-  [[nodiscard]] PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
-  [[nodiscard]] Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
-  [[nodiscard]] Button& make_button(const std::wstring& designer_name) override;
-  [[nodiscard]] ListBox& make_list(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
+  [[nodiscard]] platform::Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) override;
+  [[nodiscard]] platform::Button& make_button(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::ListBox& make_list(const std::wstring& designer_name) override;
 
   void set_caption(const std::wstring& caption) override;
   [[nodiscard]] std::wstring caption() const override { return caption_; }

@@ -6,7 +6,7 @@
 namespace lumotune::platform::win32 {
 
 // By way of a buffer: the picture may be clear in places, and the ground below it would flicker.
-void Win32Window::paint(HDC target, const RECT& area) {
+void Window::paint(HDC target, const RECT& area) {
   const int width = area.right - area.left;
   const int height = area.bottom - area.top;
   if (width <= 0 || height <= 0)
@@ -23,14 +23,14 @@ void Win32Window::paint(HDC target, const RECT& area) {
 }
 
 // The picture in its own size, whatever the window's is; what it leaves free or clear has the window's colour.
-void Win32Window::draw_ground(HDC target, const RECT& area) {
+void Window::draw_ground(HDC target, const RECT& area) {
   FillRect(target, &area, GetSysColorBrush(COLOR_3DFACE));
   const auto own = [this](int side) { return MulDiv(side, static_cast<int>(dpi_), static_cast<int>(picture_dpi)); };
   background_.draw(target, 0, 0, own(background_.width()), own(background_.height()));
 }
 
 // Skins say the colours that differ.
-COLORREF Win32Window::label_colour(LabelKind /*kind*/, bool /*enabled*/) const {
+COLORREF Window::label_colour(LabelKind /*kind*/, bool /*enabled*/) const {
   return RGB(0, 0, 0);
 }
 

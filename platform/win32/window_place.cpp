@@ -18,7 +18,7 @@ constexpr UINT move_only = SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE;
 // Just after it was shown, or brought back into view, a window may be put somewhere else by a window manager that did
 // not ask the user: it goes back. Whatever else moves the window is right: the user, and tools, which are other
 // programs and send their wish.
-void Win32Window::note_place() {
+void Window::note_place() {
   RECT place{};
   constexpr LONG far_off = -30000; // where a minimised window is kept
   constexpr DWORD settling_ms = 400;
@@ -35,7 +35,7 @@ void Win32Window::note_place() {
     SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, move_only);
 }
 
-void Win32Window::move(int left, int top) {
+void Window::move(int left, int top) {
   check_thread();
   place_ = {pixels(left, system_dpi_), pixels(top, system_dpi_)};
   if (!placed_)
@@ -43,7 +43,7 @@ void Win32Window::move(int left, int top) {
   SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, move_only);
 }
 
-void Win32Window::resize(int width, int height) {
+void Window::resize(int width, int height) {
   check_thread();
   width_ = std::max(width, 0);
   height_ = std::max(height, 0);
@@ -51,13 +51,13 @@ void Win32Window::resize(int width, int height) {
 }
 
 // Until it is first shown its place and size are only noted, for one move then.
-void Win32Window::place_first() {
+void Window::place_first() {
   if (!std::exchange(placed_, true))
     SetWindowPos(window_, nullptr, place_.x, place_.y, pixels(width_, dpi_), pixels(height_, dpi_),
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void Win32Window::apply_size() {
+void Window::apply_size() {
   if (!placed_)
     return;
   SetWindowPos(window_, nullptr, 0, 0, pixels(width_, dpi_), pixels(height_, dpi_),
@@ -65,27 +65,27 @@ void Win32Window::apply_size() {
   redraw();
 }
 
-TwipsRect Win32Window::rect() const {
+TwipsRect Window::rect() const {
   return {twips(place_.x, system_dpi_), twips(place_.y, system_dpi_), width_, height_};
 }
 
-RECT Win32Window::area_at(POINT place) const {
+RECT Window::area_at(POINT place) const {
   return {place.x, place.y, place.x + pixels(width_, dpi_), place.y + pixels(height_, dpi_)};
 }
 
-bool Win32Window::on_some_monitor(int left, int top) const {
+bool Window::on_some_monitor(int left, int top) const {
   const RECT area = area_at({pixels(left, system_dpi_), pixels(top, system_dpi_)});
   return can_be_held(screen_rect(area), monitors(), pixels(piece_to_hold, dpi_));
 }
 
 // A window that is out of sight may find its monitor back until it is shown.
-void Win32Window::look_at_screen() {
+void Window::look_at_screen() {
   view_.look_at(monitors());
   if (view_.has_changed() && visible() && IsIconic(window_) == 0)
     come_into_view();
 }
 
-void Win32Window::come_into_view() {
+void Window::come_into_view() {
   const DWORD now = GetTickCount();
   const auto wanted = view_.correction(screen_rect(area_at(place_)), monitors(), pixels(piece_to_hold, dpi_), now);
   if (!wanted)
@@ -96,7 +96,7 @@ void Win32Window::come_into_view() {
     SetWindowPos(window_, nullptr, place_.x, place_.y, 0, 0, move_only);
 }
 
-TwipsRect Win32Window::work_area() const {
+TwipsRect Window::work_area() const {
   MONITORINFO info{};
   info.cbSize = sizeof info;
   if (GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &info) == 0)

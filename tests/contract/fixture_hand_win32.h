@@ -104,14 +104,14 @@ private:
 };
 
 struct HandBackend : Backend {
-  platform::win32::Win32PopupMenus popup_menus{real.loop, real.window.handle()};
-  platform::win32::Win32InputBox input_box{real.loop, real.window.handle()};
-  platform::win32::Win32Dialogs& dialogs = real.dialogs;
-  platform::win32::Win32Shell& shell = real.shell;
-  platform::win32::Win32Machine& machine = real.machine;
-  platform::win32::Win32Connection connection;
+  platform::win32::PopupMenus popup_menus{real.loop, real.window.handle()};
+  platform::win32::InputBox input_box{real.loop, real.window.handle()};
+  platform::win32::Dialogs& dialogs = real.dialogs;
+  platform::win32::Shell& shell = real.shell;
+  platform::win32::Machine& machine = real.machine;
+  platform::win32::Connection connection;
   platform::PictureBox& tray_control = window.make_picture(L"TrayIcon", platform::PictureKind::decoration);
-  platform::win32::Win32Tray tray{real.window, tray_control};
+  platform::win32::Tray tray{real.window, tray_control};
   Hand hand{real.loop};
 
   void choose(const std::wstring& /*name*/, const std::wstring& caption) {

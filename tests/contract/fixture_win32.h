@@ -27,7 +27,7 @@ public:
   ScratchFolder(const ScratchFolder&) = delete;
   ScratchFolder& operator=(const ScratchFolder&) = delete;
   ~ScratchFolder() {
-    for (const auto& name : platform::win32::Win32Files().list(path_, L"*"))
+    for (const auto& name : platform::win32::Files().list(path_, L"*"))
       DeleteFileW((path_ + L"\\" + name).c_str());
     RemoveDirectoryW(path_.c_str());
   }
@@ -41,12 +41,12 @@ struct Backend {
   platform::win32::Backend real{1};
   ScratchFolder scratch;
 
-  platform::win32::Win32EventLoop& loop = real.loop;
-  platform::win32::Win32Files& files = real.files;
-  platform::win32::Win32Codec& codec = real.codec;
-  platform::win32::Win32Window& window = real.window;
-  platform::win32::Win32FramedWindowMaker& framed_windows = real.framed_windows;
-  platform::win32::Win32Messages& messages = real.messages;
+  platform::win32::EventLoop& loop = real.loop;
+  platform::win32::Files& files = real.files;
+  platform::win32::Codec& codec = real.codec;
+  platform::win32::Window& window = real.window;
+  platform::win32::FramedWindowMaker& framed_windows = real.framed_windows;
+  platform::win32::Messages& messages = real.messages;
   std::wstring folder = scratch.path();
 
   // A window manager answers late, and what it says of an earlier wish would be taken for its answer to the next.
@@ -120,7 +120,7 @@ struct Backend {
   }
   // The same for framed windows.
   static HWND handle(platform::FramedWindow& framed) {
-    return dynamic_cast<platform::win32::Win32FramedWindow&>(framed).handle();
+    return dynamic_cast<platform::win32::FramedWindow&>(framed).handle();
   }
   void show(platform::FramedWindow& framed, int command) {
     ShowWindow(handle(framed), command);
@@ -132,7 +132,7 @@ struct Backend {
     pass(window_manager_ms);
   }
   void enter(platform::FramedWindow& framed, const platform::TreeView& tree) {
-    const HWND control = dynamic_cast<platform::win32::Win32FramedWindow&>(framed).handle_of(tree);
+    const HWND control = dynamic_cast<platform::win32::FramedWindow&>(framed).handle_of(tree);
     SetFocus(control);
     PostMessageW(control, WM_KEYDOWN, VK_RETURN, 1);
     pass(20);
@@ -247,7 +247,7 @@ private:
     return name;
   }
   static HWND control_of(platform::FramedWindow& framed, const platform::Control& control) {
-    return dynamic_cast<platform::win32::Win32FramedWindow&>(framed).handle_of(control);
+    return dynamic_cast<platform::win32::FramedWindow&>(framed).handle_of(control);
   }
   // Each time some pixels aside: two presses at one place would be a double click.
   void aim(HWND control, const RECT& area) {

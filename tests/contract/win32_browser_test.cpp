@@ -23,7 +23,6 @@ namespace lumotune::contract {
 namespace {
 
 using platform::win32::BrowserSite;
-using platform::win32::Win32Browser;
 
 // Serves one small page to whoever asks, on a port of the loopback, and notes the first line of each request.
 class Pages {
@@ -86,7 +85,8 @@ private:
 struct Win32BrowserTest : testing::Test {
   Backend b;
   Pages pages;
-  std::unique_ptr<Win32Browser> browser = std::make_unique<Win32Browser>(b.window, L"WebBrowser1");
+  std::unique_ptr<platform::win32::Browser> browser =
+      std::make_unique<platform::win32::Browser>(b.window, L"WebBrowser1");
 
   void SetUp() override {
     b.window.resize(9000, 6000);
@@ -173,7 +173,7 @@ TEST_F(Win32BrowserTest, ItGoesAndComesAgainWithoutATrace) {
       b.pass(30); // others go while the page is on its way
     browser.reset();
     EXPECT_EQ(GetWindow(b.window.handle(), GW_CHILD), nullptr);
-    browser = std::make_unique<Win32Browser>(b.window, L"WebBrowser1");
+    browser = std::make_unique<platform::win32::Browser>(b.window, L"WebBrowser1");
   }
   browser->resize(3000, 1500);
   browser->navigate(pages.address(L"/posledni"));

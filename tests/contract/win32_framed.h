@@ -51,8 +51,8 @@ struct Win32Framed : testing::Test {
   }
 
 private:
-  [[nodiscard]] const platform::win32::Win32FramedWindow& real() const {
-    return dynamic_cast<const platform::win32::Win32FramedWindow&>(*window);
+  [[nodiscard]] const platform::win32::FramedWindow& real() const {
+    return dynamic_cast<const platform::win32::FramedWindow&>(*window);
   }
 };
 

@@ -160,7 +160,7 @@ TEST(Win32Copies, TheWindowOfTheProgramGoesBeforeOneThatMerelyBearsItsCaption) {
     return static_cast<platform::WindowRef>(reinterpret_cast<std::uintptr_t>(window));
   };
   EXPECT_EQ(b.messages.find_copy(caption), ref(stranger_below)) << "without one, the caption decides";
-  platform::win32::Win32Window copy(b.loop, L"Kopie", 1);
+  platform::win32::Window copy(b.loop, L"Kopie", 1);
   copy.set_caption(caption);
   const HWND stranger_above = make(L"STATIC");
   EXPECT_EQ(b.messages.find_copy(caption), ref(copy.handle()));

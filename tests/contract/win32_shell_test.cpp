@@ -39,19 +39,18 @@ bool report_what_was_given() {
   wchar_t folder[MAX_PATH];
   GetCurrentDirectoryW(MAX_PATH, folder);
   const std::wstring text = GetCommandLineW() + std::wstring(L"\n") + program_path() + L"\n" + folder + L"\n" +
-                            std::to_wstring(startup.wShowWindow) + L"\n" +
-                            platform::win32::Win32Machine().command_line();
+                            std::to_wstring(startup.wShowWindow) + L"\n" + platform::win32::Machine().command_line();
   std::string bytes(text.size() * 2, '\0');
   std::memcpy(bytes.data(), text.data(), bytes.size());
-  const bool written = platform::win32::Win32Files().replace(report, bytes);
+  const bool written = platform::win32::Files().replace(report, bytes);
   ExitProcess(written ? 0 : 1);
 }
 const bool never_reported = report_what_was_given(); // before any test
 
 struct Win32Shell : testing::Test {
   // Not a backend: the window of the second run would take the keyboard from the first.
-  platform::win32::Win32Shell shell;
-  platform::win32::Win32Files files;
+  platform::win32::Shell shell;
+  platform::win32::Files files;
   ScratchFolder scratch;
   std::wstring report = scratch.path() + L"\\hlášení.txt";
 
@@ -158,9 +157,9 @@ TEST_F(Win32Shell, TheSystemsOwnProgramsAreFound) {
 }
 
 TEST(Win32Machine, ASecondCopyKnowsOfTheFirst) {
-  const platform::win32::Win32Machine first;
+  const platform::win32::Machine first;
   bool previous = false;
-  std::thread([&] { previous = platform::win32::Win32Machine().previous_instance(); }).join(); // a mark is a thread's
+  std::thread([&] { previous = platform::win32::Machine().previous_instance(); }).join(); // a mark is a thread's
   EXPECT_TRUE(previous);
   const std::wstring path = program_path();
   EXPECT_EQ(first.program_folder(), path.substr(0, path.find_last_of(L'\\')));

@@ -11,14 +11,13 @@ namespace lumotune::contract {
 namespace {
 
 using platform::win32::tip_bytes;
-using platform::win32::Win32Tray;
 
 constexpr UINT central_europe = 1250;
 
 TEST(TrayTip, IsInTheCodePageOfTheSystem) {
-  EXPECT_EQ(tip_bytes(L"Žlutý kůň", central_europe, Win32Tray::max_tip), "\x8elut\xfd k\xf9\xf2");
-  EXPECT_EQ(tip_bytes(L"Žlutý kůň", CP_UTF8, Win32Tray::max_tip), "\xc5\xbdlut\xc3\xbd k\xc5\xaf\xc5\x88");
-  EXPECT_EQ(tip_bytes(L"", CP_UTF8, Win32Tray::max_tip), "");
+  EXPECT_EQ(tip_bytes(L"Žlutý kůň", central_europe, platform::win32::Tray::max_tip), "\x8elut\xfd k\xf9\xf2");
+  EXPECT_EQ(tip_bytes(L"Žlutý kůň", CP_UTF8, platform::win32::Tray::max_tip), "\xc5\xbdlut\xc3\xbd k\xc5\xaf\xc5\x88");
+  EXPECT_EQ(tip_bytes(L"", CP_UTF8, platform::win32::Tray::max_tip), "");
 }
 
 TEST(TrayTip, IsCutBetweenTwoCharacters) {
@@ -49,7 +48,7 @@ std::vector<COLORREF> drawn(HICON icon, int side) {
 TEST(TrayIconPicture, IsTheOneDrawnForTheSizeOfTheTray) {
   Backend b;
   base::LumotuneForm form(b.window);
-  const Win32Tray tray(b.window, form.TrayIcon);
+  const platform::win32::Tray tray(b.window, form.TrayIcon);
   ICONINFO info{};
   ASSERT_NE(GetIconInfo(tray.icon(), &info), 0);
   const platform::win32::GdiObject colours(info.hbmColor);

@@ -15,8 +15,8 @@ namespace {
 
 struct Win32UserInput : testing::Test {
   Backend b;
-  platform::win32::Win32Pointer pointer;
-  platform::win32::Win32MediaKeys keys{b.loop, b.window.handle()};
+  platform::win32::Pointer pointer;
+  platform::win32::MediaKeys keys{b.loop, b.window.handle()};
   std::wstring heard;
 
   void SetUp() override {
@@ -73,7 +73,7 @@ private:
     timer_->stop();
     pointer_.click_left();
   }
-  platform::win32::Win32Pointer pointer_;
+  platform::win32::Pointer pointer_;
   std::unique_ptr<platform::Timer> timer_;
 };
 

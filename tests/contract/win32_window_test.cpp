@@ -117,7 +117,7 @@ TEST_F(Win32Only, TrayEventsArriveAsMouseMovesWithTheMessageInTheCoordinate) {
 
 // A shell that starts anew knows no icon: ours is taken away behind the program's back.
 TEST_F(Win32Only, TheTrayAnswersTheShellsRestart) {
-  platform::win32::Win32Tray tray(b.window, form.TrayIcon);
+  platform::win32::Tray tray(b.window, form.TrayIcon);
   NOTIFYICONDATAW icon{};
   icon.cbSize = NOTIFYICONDATAW_V1_SIZE;
   icon.hWnd = b.window.handle_of(form.TrayIcon);
