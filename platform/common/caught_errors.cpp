@@ -24,7 +24,7 @@ std::string current_text() {
 
 } // namespace
 
-// Out of memory for the report, there is nobody left to tell.
+// A report that fails, for example for lack of memory, is dropped.
 void CaughtErrors::tell() noexcept {
   if (telling_)
     return;

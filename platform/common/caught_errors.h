@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What is thrown in a handler that the system calls, caught before it reaches the system's code.
+// Catches what handlers throw before it reaches the system code that calls them, and reports it.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@ namespace lumotune::platform {
 // User-interface thread.
 class CaughtErrors {
 public:
-  // No more texts are told apart in a run, and no text is longer, in bytes: what repeats must not fill a log.
+  // At most so many different texts are reported in a run, each cut to `max_text` bytes: a log must not fill up.
   static constexpr std::size_t max_kinds = 50;
   static constexpr std::size_t max_text = 500;
 
@@ -21,7 +21,7 @@ public:
   CaughtErrors& operator=(const CaughtErrors&) = delete;
   ~CaughtErrors() = default;
 
-  // Does the work; what it throws ends here and is told.
+  // Runs the work; catches and reports what it throws.
   template <typename Work>
   void guard(const Work& work) noexcept {
     try {
@@ -31,8 +31,8 @@ public:
     }
   }
 
-  // Told the exception's text, one line without control characters, once a run for each text. May be empty, and may
-  // throw; not called while it is at work.
+  // Gets the exception's text, one line without control characters, once per text and run. May be unset and may throw;
+  // never called recursively.
   std::function<void(const std::string& what)> on_caught;
 
 private:

@@ -4,7 +4,7 @@
 namespace lumotune::platform {
 namespace {
 
-// One budget for all the steps of a call, so that the caller's wait is bounded however many files are held.
+// One retry budget for all steps of a call, which bounds the caller's wait however many files are held.
 class Patience {
 public:
   explicit Patience(FileSteps& steps) : steps_(steps) {}
@@ -76,7 +76,7 @@ bool replace_one(FileSteps& steps, const std::wstring& path, std::string_view by
   if (patience.done([&] { return steps.write_beside(beside, bytes, path); }) &&
       patience.done([&] { return steps.take_place(beside, path); }))
     return true;
-  (void)gone(steps, beside); // torn or unwanted, it is of no use to anybody
+  (void)gone(steps, beside); // incomplete or unwanted
   return false;
 }
 

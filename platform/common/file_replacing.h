@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// How files take the place of others without a moment in which a crash loses one. The steps are a backend's; their
-// order, the patience with other programs and what a crash leaves are decided here.
+// Replaces files so that a crash at no moment loses one. A backend provides the steps; their order, the retries when
+// another program holds a file and the recovery after a crash are decided here.
 #pragma once
 
 #include <string>
@@ -41,7 +41,7 @@ inline constexpr int file_wait_ms = 50;
 [[nodiscard]] bool replace_two(FileSteps& steps, const std::wstring& first, std::string_view first_bytes,
                                const std::wstring& second, std::string_view second_bytes);
 
-// What a crash left beside a file, or beside two that change together, goes or is completed.
+// Completes or removes what a crash left of the replacement of one file, or of two that change together.
 void settle_one(FileSteps& steps, const std::wstring& path);
 void settle_two(FileSteps& steps, const std::wstring& first, const std::wstring& second);
 

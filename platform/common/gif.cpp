@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Our own decoder: the system's one starts a component library and looks through the registry for every picture, which
-// took longer than all the rest of the program's start.
+// A decoder of our own: the system's loads a COM component and searches the registry for every picture, which took
+// longer than the rest of the program's start.
 #include "platform/common/gif.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace {
 using Palette = std::array<std::uint32_t, 256>;
 constexpr int no_index = -1;
 
-// Reads on; past the end everything is 0 and empty, and `torn` tells.
+// A cursor over the bytes; past the end it yields 0 and empty values and sets `torn`.
 class Reader {
 public:
   explicit Reader(std::string_view bytes) : rest_(bytes) {}
@@ -91,8 +91,8 @@ private:
 constexpr std::size_t most_codes = 4096;
 constexpr unsigned widest_code = 12;
 
-// Fills `out`, or says false. What a code stands for is always a piece of what was put out before, so the dictionary
-// keeps places only. A new entry is the piece before, one longer: its last value is the first one of the piece to come.
+// LZW; false on bad data. A code always stands for a piece of the earlier output, so the dictionary stores positions
+// only. A new entry is the previous piece extended by one: its last value is the first one of the next piece.
 bool unpack(std::string_view packed, unsigned smallest, std::vector<std::uint8_t>& out) {
   struct Piece {
     std::size_t at = 0;
@@ -184,7 +184,7 @@ void paint(const Frame& frame, const Palette& palette, int clear_index, Pixels& 
   }
 }
 
-// What stands behind the mark of a picture; false when it is torn or makes no sense.
+// The image block after its marker; false when it is truncated or invalid.
 bool read_frame(Reader& reader, const Limits& limits, Palette& palette, Frame& frame) {
   frame.left = reader.word();
   frame.top = reader.word();
@@ -196,7 +196,7 @@ bool read_frame(Reader& reader, const Limits& limits, Palette& palette, Frame& f
   const unsigned smallest = reader.byte();
   if (reader.torn() || !limits.allow(frame.width, frame.height) || smallest < 1 || smallest > 8)
     return false;
-  // A file cut behind its last pixel is whole enough.
+  // A file truncated after its last pixel is accepted.
   const std::string packed = reader.pieces();
   frame.indexes.resize(static_cast<std::size_t>(frame.width) * static_cast<std::size_t>(frame.height));
   return unpack(packed, smallest, frame.indexes);

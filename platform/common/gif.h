@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The first picture of a GIF file. The bytes are not to be trusted.
+// Decodes the first picture of a GIF file. The bytes are untrusted.
 #pragma once
 
 #include "platform/common/pixels.h"
@@ -15,7 +15,7 @@ namespace lumotune::platform {
 // The first bytes of a file, so many that `gif_pixels` can tell.
 inline constexpr std::size_t gif_header_length = 10;
 
-// Width times height of the screen that the first bytes tell of; 0 when they begin no GIF.
+// Width times height of the logical screen, from the first bytes; 0 when they are not a GIF header.
 [[nodiscard]] std::int64_t gif_pixels(std::string_view bytes);
 
 // In the size of the file's screen; clear where the picture has no pixel. Nothing when the bytes are no GIF, end before

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Which file a program start names. Pure.
+// The file that a request to start a program names. Pure.
 #pragma once
 
 #include <string>

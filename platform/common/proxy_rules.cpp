@@ -50,11 +50,11 @@ Place place_of(std::string_view text) {
     rest.remove_prefix(user + 1);
   split_port(rest, place);
   if (place.host.ends_with('.'))
-    place.host.pop_back(); // a whole name, written out
+    place.host.pop_back(); // the dot that ends a fully qualified name
   return place;
 }
 
-// Greedy: a star that took too little takes one letter more.
+// Backtracking: on a mismatch the last star matches one letter more.
 bool matches(std::string_view pattern, std::string_view text) {
   std::size_t p = 0;
   std::size_t t = 0;

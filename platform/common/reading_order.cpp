@@ -15,7 +15,7 @@ struct Span {
   std::int64_t end = 0;
 };
 
-// Without its edges: neighbours that overlap by some pixels are neighbours all the same.
+// Shrunk by a tolerance: neighbours may overlap by some pixels.
 Span inner(std::int64_t start, std::int64_t length) {
   constexpr std::int64_t most = 60; // twips
   const std::int64_t edge = std::min(length / 4, most);
@@ -26,7 +26,7 @@ Span span_of(const TwipsRect& place, bool rows) {
   return rows ? inner(place.top, place.height) : inner(place.left, place.width);
 }
 
-// The groups that straight gaps across the whole area part from each other, in order; one group where there is none.
+// The groups that straight gaps across the whole area separate, in order; one group where there is no gap.
 std::vector<Indices> cut(const std::vector<TwipsRect>& places, Indices group, bool rows) {
   std::stable_sort(group.begin(), group.end(), [&](std::size_t a, std::size_t b) {
     return span_of(places[a], rows).start < span_of(places[b], rows).start;
@@ -43,7 +43,7 @@ std::vector<Indices> cut(const std::vector<TwipsRect>& places, Indices group, bo
   return parts;
 }
 
-// Cut into rows, those into columns, and so on, until nothing can be cut any more.
+// Splits into rows, those into columns, and so on, until nothing can be split.
 void put_in_order(const std::vector<TwipsRect>& places, const Indices& group, Indices& order) {
   for (const bool rows : {true, false}) {
     const auto parts = cut(places, group, rows);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// In which order the eye goes over a window: the order in which Tab visits its controls.
+// The reading order of a window's controls, in which Tab visits them.
 #pragma once
 
 #include "platform/controls.h"

@@ -11,7 +11,7 @@ namespace {
 
 using Channels = std::array<float, 4>; // blue, green, red, opacity
 
-// A cubic through the neighbours: sharper than straight lines between them, and exact where the sizes agree.
+// Catmull-Rom kernel: sharper than linear interpolation, and exact where the sizes agree.
 double cubic(double distance) {
   const double x = std::abs(distance);
   if (x < 1)
@@ -19,7 +19,7 @@ double cubic(double distance) {
   return x < 2 ? ((-0.5 * x + 2.5) * x - 4) * x + 2 : 0;
 }
 
-// How one pixel of the result is mixed.
+// The weighted source pixels of one pixel of the result.
 struct Mix {
   struct Part {
     std::size_t from = 0;
@@ -28,7 +28,7 @@ struct Mix {
   std::vector<Part> parts;
 };
 
-// Where the result is smaller the filter is wider, so that no pixel is passed over.
+// When scaling down the kernel is widened so that no source pixel is skipped.
 std::vector<Mix> mixes(int from, int to) {
   const double ratio = static_cast<double>(from) / to;
   const double stretch = std::max(ratio, 1.0);
@@ -59,7 +59,7 @@ Channels spread(std::uint32_t pixel) {
   return {part(0), part(8), part(16), part(24)};
 }
 
-// The cubic swings past the ends: no colour may be stronger than the opacity it was multiplied by.
+// The kernel overshoots: a premultiplied colour must not exceed its opacity.
 std::uint32_t joined(const Channels& value) {
   const float opacity = std::clamp(value[3], 0.0F, 255.0F);
   const auto part = [&](std::size_t i) {

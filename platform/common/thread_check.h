@@ -6,9 +6,9 @@
 
 namespace lumotune::platform {
 
-// Ends the program at once: prints one line to the standard error output and crashes here, so that a crash report shows
-// the offending stack. For broken promises between our own parts, never for what a file, a server or a user does.
-// Any thread.
+// Ends the program at once: prints one line to standard error and traps here, so that a crash report shows the
+// offending stack. For violated preconditions within the program, never for what a file, a server or a user does. Any
+// thread.
 [[noreturn]] void stop_program(const char* reason, const char* role) noexcept;
 
 // The thread that an object belongs to. A call from another one is a race that corrupts memory sooner or later, in

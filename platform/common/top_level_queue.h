@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The work that waits for the top of an event loop.
+// The queue of work posted to the top level of an event loop.
 #pragma once
 
 #include "platform/event_loop.h"
@@ -16,7 +16,7 @@ class TopLevelQueue {
 public:
   [[nodiscard]] std::unique_ptr<TopLevelWork> post(std::function<void()> work);
   [[nodiscard]] std::size_t size() const { return waiting_.size(); } // what was cancelled still counts
-  // The one posted first; empty when it was cancelled, or nothing waits.
+  // The work posted first; empty when it was cancelled or the queue is empty.
   [[nodiscard]] std::function<void()> take();
 
 private:

@@ -17,7 +17,7 @@ struct ScreenPoint {
 struct ScreenRect {
   std::int64_t left = 0;
   std::int64_t top = 0;
-  std::int64_t right = 0; // just outside, as the bottom
+  std::int64_t right = 0; // exclusive, as is bottom
   std::int64_t bottom = 0;
   friend bool operator==(const ScreenRect&, const ScreenRect&) = default;
 };
@@ -39,15 +39,15 @@ struct Monitor {
 // The upper left corner at which the window lies within the area, from the area's own corner where it is too large.
 [[nodiscard]] ScreenPoint place_within(const ScreenRect& area, const ScreenRect& window);
 
-// Decides for one window when it has to move to be in view again. A place that the user has chosen stays as long as
-// there is something of the window to take hold of. After a change of the screen the place is nobody's choice: most of
-// the window has to be seen. User-interface thread.
+// Decides when a window has to move to be in view again. A position that the user has chosen stays while enough of the
+// window is visible to drag it. A position that a change of the screen leaves behind is nobody's choice: half of the
+// window has to be visible. User-interface thread.
 class ViewKeeper {
 public:
-  // The system says that the screen is another one.
+  // The system reports a change of the screen.
   void screen_changed() { changed_ = true; }
-  // Compares the monitors with those of the call before: a window manager may move a window before the system says that
-  // the screen has changed.
+  // Compares the monitors with those of the previous call: a window manager may move a window before the system reports
+  // the change.
   void look_at(const std::vector<Monitor>& monitors);
   [[nodiscard]] bool has_changed() const { return changed_; } // since the last correction was asked for
 

@@ -38,7 +38,7 @@ public:
   [[nodiscard]] bool quitting() const override { return quitting_; }
   void run() override; // returns also when nothing will ever happen any more
 
-  // While one of these lives something waits, as a handler, a box or a menu does: the loop is not at its top.
+  // While one of these exists, a handler, a box or a menu is running: the loop is not at its top level.
   class Nested {
   public:
     explicit Nested(EventLoop& loop) : loop_(loop) { ++loop_.depth_; }

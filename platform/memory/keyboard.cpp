@@ -7,7 +7,7 @@
 
 namespace lumotune::platform::memory {
 
-// One without a size cannot be seen.
+// A control without a size is not visible.
 bool Keyboard::reachable(const Control& control) const {
   return control.visible() && control.enabled() && unsized_.count(&control) == 0;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What boxes and menus in memory let happen while they are open.
+// The events that boxes and menus in memory let run while they are open.
 #pragma once
 
 #include "platform/common/thread_check.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Everything of the system that the program is built on, made in the right order on the user-interface thread.
+// The Win32 implementations that the program is built on, in order of construction. User-interface thread.
 #pragma once
 
 #include "platform/win32/codec.h"

@@ -12,7 +12,7 @@
 
 namespace lumotune::platform::win32 {
 
-// The control is made for the first page, not before: a program that shows none never waits for it.
+// The control is created for the first page: a program that shows none never waits for it.
 class Browser final : public ControlOf<platform::Browser> {
 public:
   Browser(Surface& surface, const std::wstring& designer_name);

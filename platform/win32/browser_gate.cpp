@@ -20,12 +20,13 @@ constexpr CLSID http_class = {0x79eac9e2, 0xbaf9, 0x11ce, {0x8c, 0x82, 0x00, 0xa
 constexpr CLSID https_class = {0x79eac9e5, 0xbaf9, 0x11ce, {0x8c, 0x82, 0x00, 0xaa, 0x00, 0x4b, 0xa9, 0x0b}};
 
 #pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // the system's interfaces are destroyed by counting alone
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // COM interfaces are destroyed through Release alone
 
 // Looks at one address, and hands an allowed one to the system's handler, which is made part of this object: what else
 // the system asks of it goes there. On whatever thread the system opens the address; counted, and aggregated where it
-// is wanted. (To answer that the system may go on with its own handler is the documented way, too, but Wine knows it
-// not.) Where a server redirects to is asked for by that handler, without another look.
+// is wanted. (Answering
+// that the system may use its own handler is documented as well, but Wine lacks it.) Redirects are followed by that
+// handler and are not checked again.
 class GateProtocol final : public IInternetProtocol {
 public:
   explicit GateProtocol(IUnknown* outer) : outer_(outer == nullptr ? &own_ : outer) {}
@@ -75,7 +76,7 @@ public:
   HRESULT STDMETHODCALLTYPE UnlockRequest() override { return inner_ == nullptr ? S_OK : inner_->UnlockRequest(); }
 
 private:
-  // The object's own identity, which counts; the other one may be that of who aggregates it.
+  // The object's own identity, which holds the reference count; outer_ may be the aggregating object's.
   class Own final : public IUnknown {
   public:
     explicit Own(GateProtocol& gate) : gate_(gate) {}
@@ -98,7 +99,7 @@ private:
     ULONG STDMETHODCALLTYPE Release() override {
       const ULONG left = --references_;
       if (left == 0) {
-        references_ = 1; // the part may count once more while it goes
+        references_ = 1; // the aggregated handler may add and release a reference during destruction
         delete &gate_;
       }
       return left;
@@ -126,7 +127,7 @@ private:
     if (FAILED(inner_identity_->QueryInterface(__uuidof(IInternetProtocol), &protocol)))
       return false;
     inner_ = static_cast<IInternetProtocol*>(protocol);
-    outer_->Release(); // a part's references are those of the whole: this one would keep it for ever
+    outer_->Release(); // the aggregated handler counts on the outer object: this reference would be a cycle
     return true;
   }
 
@@ -171,7 +172,7 @@ public:
       return E_POINTER;
     *object = nullptr;
     if (outer != nullptr && id != __uuidof(IUnknown))
-      return CLASS_E_NOAGGREGATION; // who aggregates asks for the object's own identity
+      return CLASS_E_NOAGGREGATION; // an aggregating caller must ask for IUnknown
     auto* made = new (std::nothrow) GateProtocol(outer);
     if (made == nullptr)
       return E_OUTOFMEMORY;
@@ -205,7 +206,7 @@ BrowserGate::BrowserGate() : handlers_(new Handlers) {
   for (const wchar_t* scheme : schemes)
     all = SUCCEEDED(session->RegisterNameSpace(handlers_.get(), own_class, scheme, 0, nullptr, 0)) && all;
   if (!all)
-    session_.reset(); // what is registered already stays until the process ends, and only refuses
+    session_.reset(); // schemes registered so far stay until the process ends, and only refuse
 }
 
 BrowserGate::~BrowserGate() {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The gate before everything that the system's browser control opens, pictures and style sheets of a page included.
+// Filters every address that the system's browser control opens, including a page's pictures and style sheets.
 #pragma once
 
 #include "platform/win32/win.h"
@@ -20,7 +20,7 @@ public:
   BrowserGate& operator=(const BrowserGate&) = delete;
   ~BrowserGate();
 
-  [[nodiscard]] bool closed() const { return session_ != nullptr; } // false: the system took no gate
+  [[nodiscard]] bool closed() const { return session_ != nullptr; } // false: the filter could not be registered
 
 private:
   class Handlers;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The place that the system's browser control is put into, and the rules it must keep there: quiet, no scripts, no
-// programs, no downloads, no windows of its own.
+// The client site that hosts the system's browser control and restricts it: silent, no scripts, no programs, no
+// downloads, no windows of its own.
 #pragma once
 
 #include "platform/win32/browser_zone.h"
@@ -19,10 +19,10 @@ namespace lumotune::platform::win32 {
 [[nodiscard]] bool is_web_address(std::wstring_view address);
 
 #pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // the system's interfaces are destroyed by counting alone
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // COM interfaces are destroyed through Release alone
 
-// One object with all the faces that the control asks for. Counted, as the system's objects are: made with one
-// reference, gone with the last. User-interface thread; nothing throws.
+// One COM object with all the interfaces that the control asks for. Reference-counted: created with one reference,
+// destroyed with the last. User-interface thread; nothing throws.
 class BrowserSite final : public IOleClientSite,
                           public IOleInPlaceSite,
                           public IOleInPlaceFrame,
@@ -34,26 +34,26 @@ public:
   explicit BrowserSite(HWND area) : area_(area) {}
   BrowserSite(const BrowserSite&) = delete;
   BrowserSite& operator=(const BrowserSite&) = delete;
-  void leave() { area_ = nullptr; } // the area goes; the control may still hold references
+  void leave() { area_ = nullptr; } // the area is destroyed; the control may still hold references
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
   ULONG STDMETHODCALLTYPE Release() override;
 
-  // Where it lies.
+  // The window that hosts it.
   HRESULT STDMETHODCALLTYPE GetWindow(HWND* window) override;
   HRESULT STDMETHODCALLTYPE GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, LPRECT place,
                                              LPRECT clip, LPOLEINPLACEFRAMEINFO info) override;
-  // Asked by the control: what it may do. Told by the control: what it is about to do, and may be kept from.
+  // Ambient properties (what the control may do) and events (what it is about to do, some of them cancellable).
   HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID id, LCID locale, WORD flags, DISPPARAMS* arguments,
                                    VARIANT* result, EXCEPINFO* exception, UINT* wrong) override;
   HRESULT STDMETHODCALLTYPE GetHostInfo(DOCHOSTUIINFO* info) override;
-  // Its context menu, messages and help are taken for shown.
+  // Its context menu, messages and help are reported as shown, and are not.
   HRESULT STDMETHODCALLTYPE ShowContextMenu(DWORD, POINT*, IUnknown*, IDispatch*) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE ShowMessage(HWND, LPOLESTR, LPOLESTR, DWORD, LPOLESTR, DWORD, LRESULT* answer) override;
   HRESULT STDMETHODCALLTYPE ShowHelp(HWND, LPOLESTR, UINT, DWORD, POINT, IDispatch*) override { return S_OK; }
 
-  // The rest is agreed to, or unknown here.
+  // The rest is accepted or not implemented.
   HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(WINBOOL) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE SaveObject() override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker** moniker) override;

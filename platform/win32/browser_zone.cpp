@@ -4,8 +4,8 @@
 namespace lumotune::platform::win32 {
 namespace {
 
-// Pictures need no permission of a zone. Scripts, controls, downloads, fonts, forms, frames of other sites, cookies:
-// all of these do.
+// Pictures need no permission from the zone. Scripts, controls, downloads, fonts, forms, cross-site frames and cookies
+// do.
 DWORD policy_of(DWORD action) {
   switch (action) {
   case URLACTION_CREDENTIALS_USE:

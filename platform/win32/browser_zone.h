@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The security zone of the system's browser control: whatever it shows is a restricted site.
+// The security zone of the system's browser control: every page counts as a restricted site.
 #pragma once
 
 #include "platform/win32/win.h"
@@ -10,7 +10,7 @@
 namespace lumotune::platform::win32 {
 
 #pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // the system's interfaces are destroyed by counting alone
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // COM interfaces are destroyed through Release alone
 
 // The part of a control's site that answers what a page may do. The control asks its site for this service, and asks
 // the service before the system's own settings. User-interface thread; nothing throws.
@@ -24,7 +24,7 @@ public:
 
   // Every address lies in the zone of restricted sites.
   HRESULT STDMETHODCALLTYPE MapUrlToZone(LPCWSTR address, DWORD* zone, DWORD flags) override;
-  // What is not known to be harmless is not allowed; a server that asks who the user is hears nothing.
+  // Denies everything not known to be harmless; a server that asks for credentials gets anonymous ones.
   HRESULT STDMETHODCALLTYPE ProcessUrlAction(LPCWSTR address, DWORD action, BYTE* policy, DWORD policy_size,
                                              BYTE* context, DWORD context_size, DWORD flags, DWORD reserved) override;
   HRESULT STDMETHODCALLTYPE QueryCustomPolicy(LPCWSTR address, REFGUID key, BYTE** policy, DWORD* policy_size,

@@ -23,7 +23,7 @@ ChildWindow::ChildWindow(Surface& surface, const std::wstring& designer_name, co
   window_ = CreateWindowExW(extended_style | WS_EX_NOPARENTNOTIFY, system_class, L"", whole_style, 0, 0, 0, 0,
                             surface.handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
   SetWindowSubclass(window_, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
-  // By this property programs for the blind and checks find the control, whatever it shows.
+  // Screen readers and tests find the control by this property, whatever it shows.
   SetPropW(window_, property_.c_str(), reinterpret_cast<HANDLE>(1));
   set_font();
 }
@@ -131,7 +131,7 @@ void ChildWindow::enable(bool enabled) {
     surface_.keyboard_may_return(window_);
 }
 
-// One that is not to be seen is left for the day that it is.
+// Hidden controls are placed when first shown.
 void ChildWindow::settle() {
   if (!shown_ || std::exchange(settled_, true))
     return;
@@ -147,8 +147,8 @@ void ChildWindow::apply_place() {
 }
 
 void ChildWindow::set_place(UINT how) {
-  // The far edges are converted, not the lengths: neighbours then stay neighbours at every scale. Numbers that came
-  // from a server may be of any size; the system counts to 32767 pixels.
+  // Far edges are converted, not lengths, so that adjacent controls stay adjacent at every scale. Numbers from a
+  // server may be of any size; the system's limit is 32767 pixels.
   const auto edge = [this](int start, int length) {
     constexpr std::int64_t most = 240000;
     return pixels(static_cast<int>(std::clamp(std::int64_t{start} + length, -most, most)), surface_.dpi());
@@ -162,7 +162,7 @@ void ChildWindow::set_place(UINT how) {
 
 void ChildWindow::redraw() {
   if (!in_sight())
-    return; // all of it is drawn when the window comes
+    return; // everything is drawn when the window is shown
   RECT area{};
   GetWindowRect(window_, &area);
   MapWindowPoints(nullptr, surface_.handle(), reinterpret_cast<POINT*>(&area), 2);
@@ -174,7 +174,7 @@ void ChildWindow::dpi_changed() {
   apply_place();
 }
 
-// The class of buttons draws at once what it is given, out of sight as well; a picture's text is only to be read.
+// The button class draws a new text at once, even while hidden; a picture's text is for screen readers only.
 void ChildWindow::write_text(const std::wstring& text) {
   if (settled_ || has_text_)
     SetWindowTextW(window_, text.c_str());
@@ -207,7 +207,7 @@ void ChildWindow::draw_buffered(HDC target, const RECT& area) {
   SelectObject(dc, before);
 }
 
-// Two frames, light and dark: one of them is seen on any picture.
+// Two frames, light and dark: one of them contrasts with any picture.
 void ChildWindow::draw_focus(HDC target, const RECT& area) const {
   if (GetFocus() != window_ || !surface_.keyboard_used())
     return;

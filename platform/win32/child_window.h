@@ -28,17 +28,17 @@ public:
   [[nodiscard]] virtual HFONT font(LabelFont kind, bool underline, bool bold = false) = 0;
   // The colour of a label that was given none.
   [[nodiscard]] virtual COLORREF label_colour(LabelKind kind, bool enabled) const = 0;
-  [[nodiscard]] virtual bool keyboard_used() const = 0; // the focus is to be seen
+  [[nodiscard]] virtual bool keyboard_used() const = 0; // focus rectangles are shown
   virtual void set_tip(HWND control, const std::wstring& text) = 0;
   virtual void keyboard_came(HWND control) = 0;
-  // A control that is about to go out of the user's reach has the keyboard.
+  // The control has the focus and is about to be hidden or disabled.
   virtual void keyboard_leaves(HWND control) = 0;
-  // A control is within the user's reach again.
+  // The control can take the focus again.
   virtual void keyboard_may_return(HWND control) = 0;
 };
 
-// The part of every control that does not depend on its interface. Until a control is first to be seen, its place and
-// visibility are only noted: a start need not wait for dozens of windows that are moved unseen.
+// The part of every control that does not depend on its interface. Until a control is first shown, its place and
+// visibility are only stored: moving dozens of hidden windows would slow the start.
 class ChildWindow {
 public:
   // What a window sends to its children when it is about to be shown.
@@ -54,7 +54,7 @@ public:
   [[nodiscard]] bool shown() const { return shown_; }
   [[nodiscard]] const TwipsRect& place() const { return place_; }
   [[nodiscard]] bool sized() const { return sized_; } // it was not made as small as nothing
-  virtual void dpi_changed();                         // the fonts are others, too
+  virtual void dpi_changed();                         // the fonts have changed too
   virtual void colours_changed() {}                   // those of the system
   // Messages that the control's class sends to its parent.
   virtual void draw(HDC /*target*/, const RECT& /*area*/) {}
@@ -77,7 +77,7 @@ protected:
   void show(bool visible);
   void enable(bool enabled);
   void apply_place();
-  void reach_changed(bool within); // the user's reach
+  void reach_changed(bool within); // whether the user can reach it
   void redraw();                   // and what lies over it
   void draw_focus(HDC target, const RECT& area) const;
   void draw_buffered(HDC target, const RECT& area);
@@ -139,7 +139,7 @@ public:
   void set_text(const std::wstring& text) override {
     surface_.check_thread();
     if (text == text_)
-      return; // nothing flickers that does not change
+      return; // avoids flicker
     text_ = text;
     write_text(window_text(text));
     redraw();

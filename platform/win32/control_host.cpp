@@ -20,7 +20,7 @@ ControlHost::~ControlHost() {
     DestroyWindow(tips_);
 }
 
-// The keyboard leaves each that goes, and looks for another one: by then there is none.
+// Each destroyed control tries to pass the focus on; with the list emptied first there is nothing to pass it to.
 void ControlHost::destroy_controls() {
   const auto gone = std::exchange(children_, {});
   pictures_.clear();
@@ -96,7 +96,7 @@ bool ControlHost::handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT
   return false;
 }
 
-// The ground, and over it the decorations below the control.
+// The background, and over it the decorations below the control.
 void ControlHost::draw_behind(HDC target, HWND control) {
   RECT area{};
   GetWindowRect(control, &area);
@@ -145,7 +145,7 @@ HFONT ControlHost::font(LabelFont kind, bool underline, bool bold) {
   return static_cast<HFONT>(kept.get());
 }
 
-// The user has chosen other fonts for texts, or another theme with fonts of its own.
+// The user has changed the message font, or a theme with its own fonts.
 bool ControlHost::look_changed(UINT message, WPARAM w) {
   if (message == WM_THEMECHANGED || w == SPI_SETNONCLIENTMETRICS) {
     renew_fonts();
@@ -183,7 +183,7 @@ void use_common_controls() {
   (void)ready; // without them the windows of those classes are not made, and that shows
 }
 
-// Tips are for the mouse: a program that starts need not wait for them.
+// Created by the first mouse move: the start need not wait for it.
 void ControlHost::make_tips() {
   if (tips_ != nullptr)
     return;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A window's care for the controls in it: their messages, the keyboard, fonts, tool tips, what lies behind them.
+// Hosts child controls: messages, focus, fonts, tooltips, the background behind them.
 #pragma once
 
 #include "platform/win32/child_window.h"
@@ -15,7 +15,7 @@
 
 namespace lumotune::platform::win32 {
 
-// Makes the classes of the system's newer controls ready; any number of calls.
+// Registers the window classes of the common controls; may be called repeatedly.
 void use_common_controls();
 
 class ControlHost : public Surface {
@@ -42,7 +42,7 @@ protected:
   void keyboard_leaves(HWND control) override;
   void keyboard_may_return(HWND control) override;
 
-  // The ground behind everything; the window's upper left corner is the target's origin.
+  // The window's background; the target's origin is the window's upper left corner.
   virtual void draw_ground(HDC target, const RECT& area) = 0;
 
   template <typename Kind, typename... Arguments>
@@ -57,14 +57,14 @@ protected:
   void destroy_controls();                                // before their window
   [[nodiscard]] ChildWindow* child_of(HWND window) const; // nullptr when it is none of a control
 
-  // The messages by which controls ask and tell. True when it was one of those.
+  // Messages that controls send to their parent. True when it was one of those.
   [[nodiscard]] bool handle_child_message(UINT message, WPARAM w, LPARAM l, LRESULT& result);
   void settle_controls(); // before the window is shown
   void change_dpi(unsigned dpi);
   void renew_fonts();
-  virtual void fonts_changed() {} // texts may need other room
-  // The window itself has no use for the keyboard: it goes on to the control that had it last, at first to the one made
-  // first. True when the message is dealt with.
+  virtual void fonts_changed() {} // texts may need more or less room
+  // The window never keeps the focus: it passes it on to the control that had it last, initially the first one created.
+  // True when the message is handled.
   [[nodiscard]] bool handle_focus_message(UINT message, WPARAM w);
   void fire(const std::function<void()>& handler);
 
@@ -91,10 +91,10 @@ private:
   FontSize font_size_;
   bool keyboard_used_ = false;
   HWND last_focus_ = nullptr; // had the keyboard last; a window in a control counts too
-  HWND awaited_ = nullptr;    // went out of reach with the keyboard, which waits for it at the stand-in
+  HWND awaited_ = nullptr;    // lost the focus by being hidden or disabled; the stand-in has it meanwhile
   HWND stand_in_ = nullptr;
   std::array<GdiObject, 8> fonts_;
-  HWND tips_ = nullptr;                          // made when the mouse first comes
+  HWND tips_ = nullptr;                          // created by the first mouse move
   std::map<HWND, std::wstring> tips_to_be_made_; // until then
   std::vector<std::unique_ptr<ChildWindow>> children_;
   std::vector<PictureBox*> pictures_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The keyboard among the controls of a window: where it is, where its keys move it, what they press.
+// Keyboard focus among the controls of a window: where it is, where keys move it, what they press.
 #include "platform/common/reading_order.h"
 #include "platform/win32/control_host.h"
 
@@ -8,7 +8,7 @@
 namespace lumotune::platform::win32 {
 namespace {
 
-// One without a size cannot be seen.
+// A control without a size is not visible.
 bool can_take_keyboard(const ChildWindow& child) {
   const LONG_PTR style = GetWindowLongPtrW(child.handle(), GWL_STYLE);
   return (style & WS_TABSTOP) != 0 && (style & WS_DISABLED) == 0 && child.shown() && child.sized();
@@ -95,7 +95,7 @@ HWND ControlHost::stop_after(HWND control) const {
   return (here + 1 == round.end() ? round.front() : *(here + 1))->handle();
 }
 
-// In reading order, which a skin may make any other than that of making; the system's own way knows only the latter.
+// In reading order, which depends on the skin; the system's dialog navigation knows only creation order.
 bool ControlHost::tab_moves(WPARAM key) {
   if (key != VK_TAB || held(VK_CONTROL) || held(VK_MENU))
     return false;
@@ -122,7 +122,7 @@ bool ControlHost::tab_moves(WPARAM key) {
   return true;
 }
 
-// Round among the buttons and links, as in the system's groups of buttons: its own way does not tell plain texts apart.
+// Cycles through the buttons and links, as in a button group; the system's own navigation would stop at plain texts.
 bool ControlHost::arrow_moves(WPARAM key, const ChildWindow& from) {
   const bool forward = key == VK_RIGHT || key == VK_DOWN;
   if ((!forward && key != VK_LEFT && key != VK_UP) || !from.pressable() || wants_arrows(from))
@@ -136,7 +136,7 @@ bool ControlHost::arrow_moves(WPARAM key, const ChildWindow& from) {
   return true;
 }
 
-// The focus is to be seen from the first key on until the mouse is used, as in the system's own windows.
+// Focus rectangles are shown from the first key until the mouse is used, as in the system's own windows.
 void ControlHost::note_keyboard(bool used) {
   if (keyboard_used_ == used)
     return;
@@ -187,10 +187,10 @@ bool ControlHost::handle_focus_message(UINT message, WPARAM w) {
 void ControlHost::keyboard_came(HWND control) {
   last_focus_ = control;
   if (control != stand_in_)
-    awaited_ = stand_in_ = nullptr; // the user has gone on
+    awaited_ = stand_in_ = nullptr; // the user has moved the focus
 }
 
-// The next one stands in. Where there is none the keyboard stays with the window, without any control.
+// The next control stands in; without one the window itself keeps the focus.
 void ControlHost::keyboard_leaves(HWND control) {
   if (awaited_ == nullptr || control != stand_in_)
     awaited_ = control;

@@ -14,7 +14,7 @@ COLORREF colour_ref(Colour colour) {
   return (value & system_colour_flag) != 0 ? GetSysColor(static_cast<int>(value & 0xff)) : value & 0xffffff;
 }
 
-// No label has room for more; a text of a megabyte would take seconds to be broken into lines.
+// No label has room for more; line breaking a megabyte would take seconds.
 constexpr std::size_t most_drawn = 4000;
 
 } // namespace
@@ -47,7 +47,7 @@ void PictureBox::draw(HDC target, const RECT& area) {
     draw_focus(target, area);
 }
 
-// A quick second click comes as a double click: it presses the button again.
+// A quick second click arrives as a double click and presses the button again.
 void PictureBox::notified(WORD code) {
   if (kind_ == PictureKind::button && (code == BN_CLICKED || code == BN_DOUBLECLICKED))
     fire(on_click);
@@ -82,7 +82,7 @@ void Label::set_bold(bool on) {
   redraw();
 }
 
-// The event alone: annotating the window as a live region as well crashes inside Wine's library.
+// Raises the event only: annotating the window as a live region as well crashes inside Wine.
 void Label::announce() {
   NotifyWinEvent(EVENT_OBJECT_LIVEREGIONCHANGED, window_, OBJID_CLIENT, CHILDID_SELF);
 }
@@ -106,7 +106,7 @@ void Label::notified(WORD code) {
     fire(on_double_click);
 }
 
-// The class of labels knows no keyboard: a link takes Space as a button does.
+// The static class ignores the keyboard: a link handles Space itself, like a button.
 bool Label::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   if (kind_ == LabelKind::link && message == WM_GETDLGCODE) {
     result = DLGC_BUTTON;
@@ -237,7 +237,7 @@ void ListBox::notified(WORD code) {
     fire(on_double_click);
 }
 
-// The chosen row has the two colours exchanged.
+// The selected row swaps the two colours.
 void ListBox::draw_row(const DRAWITEMSTRUCT& item) {
   const bool has_keyboard = (item.itemState & ODS_FOCUS) != 0;
   if (item.itemID == static_cast<UINT>(-1)) { // of an empty list

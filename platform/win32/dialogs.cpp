@@ -19,7 +19,7 @@ BOOL CALLBACK close_box(HWND window, LPARAM /*unused*/) {
   return TRUE;
 }
 
-// The first one is the topmost: of boxes inside each other the one that can be answered.
+// The first one is the topmost: of nested boxes the one that can be answered.
 BOOL CALLBACK find_box(HWND window, LPARAM found) {
   if (!is_box(window) || IsWindowVisible(window) == 0 || IsWindowEnabled(window) == 0)
     return TRUE;
@@ -49,8 +49,8 @@ BoxAnswer Dialogs::message(const std::wstring& text, const std::wstring& title, 
   UINT style = MB_SETFOREGROUND;
   style |= icon == BoxIcon::information ? MB_ICONINFORMATION : 0U;
   style |= buttons == BoxButtons::yes_no ? MB_YESNO : MB_OK;
-  // Before the window that the user has to do with; of other programs' windows none counts. A box that belonged to a
-  // hidden window would have no button in the task bar, and could be lost behind others.
+  // Owned by this program's active window. A box owned by a hidden window would have no task-bar button and could be
+  // lost behind other windows.
   const HWND active = GetActiveWindow();
   const HWND owner = active != nullptr ? active : owner_;
   const HWND shown = IsWindowVisible(owner) != 0 ? owner : nullptr;

@@ -11,8 +11,8 @@
 
 namespace lumotune::platform::win32 {
 
-// The end of the program closes a box as "no" does, or as "OK", and no other one opens. Without a window of ours in
-// sight a box has none for its owner, and with that a button of its own in the task bar.
+// When the program ends, an open box is answered with "no" or "OK", and no other one opens. While no window of the
+// program is visible a box has no owner, which gives it a task-bar button of its own.
 class Dialogs final : public platform::Dialogs {
 public:
   Dialogs(platform::EventLoop& loop, HWND owner);

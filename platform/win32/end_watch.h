@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Closes what waits for the user in a loop of the system's own when the program ends meanwhile.
+// Closes boxes and menus that wait in a modal loop of the system when the program ends.
 #pragma once
 
 #include "platform/event_loop.h"
@@ -10,7 +10,7 @@
 
 namespace lumotune::platform::win32 {
 
-// User-interface thread. Waits may lie inside each other.
+// User-interface thread. Waits may nest.
 class EndWatch {
 public:
   // `close` ends the waits; it is called again and again until they have ended.
@@ -20,7 +20,7 @@ public:
             close();
         })) {}
 
-  // Answers what `wait` answers.
+  // Returns the result of `wait`.
   template <typename Wait>
   auto during(Wait wait) {
     ++waits_;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr UINT message_wake = WM_APP + 1;
 constexpr const wchar_t* class_name = L"LumotuneLoop";
-// So many messages at the most in one round: a flood must not keep a caller waiting for ever.
+// Messages handled in one round: a flood must not keep a caller waiting forever.
 constexpr int most_messages = 500;
 
 } // namespace
@@ -68,7 +68,7 @@ public:
     std::erase(loop_.wakers_, this);
   }
 
-  // A full message queue refuses the post; the wish stays, and the next round of the loop sees it.
+  // A full message queue refuses the post; the request stays pending until the next round of the loop.
   void wake() override {
     if (!pending_.exchange(true))
       PostMessageW(window_, message_wake, 0, 0);
@@ -117,7 +117,7 @@ void EventLoop::tick(UINT_PTR id) {
   ticking->busy = false;
 }
 
-// The work of one may destroy others: the list is looked at anew after each.
+// The work of one may destroy others: the scan starts over after each.
 void EventLoop::run_wakers() {
   for (bool again = true; again;) {
     again = false;
@@ -141,7 +141,7 @@ std::unique_ptr<platform::Waker> EventLoop::make_waker(std::function<void()> wor
   return std::make_unique<Waker>(*this, std::move(work));
 }
 
-// A message makes the loop come round.
+// The message wakes the loop.
 std::unique_ptr<TopLevelWork> EventLoop::post_top_level(std::function<void()> work) {
   thread_.check();
   PostMessageW(window_, WM_NULL, 0, 0);
@@ -165,7 +165,7 @@ void EventLoop::set_filter(const void* owner, std::function<bool(MSG&)> work) {
     filters_.push_back(std::make_shared<Filter>(Filter{owner, std::move(work)}));
 }
 
-// The list is copied, and with it the filter that works is kept alive: what it does may change the list.
+// A filter may change the list; the copy also keeps the running filter alive.
 bool EventLoop::filtered(MSG& message) {
   const auto filters = filters_;
   bool done = false;
@@ -232,7 +232,7 @@ void EventLoop::run() {
     else if (got > 0)
       dispatch(message);
     else
-      (void)wait_a_little(); // a message that the system could not hand over must not end the program
+      (void)wait_a_little(); // an error of GetMessage must not end the program
     run_wakers();
     run_top_level();
   }

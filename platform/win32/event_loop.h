@@ -45,8 +45,8 @@ public:
   // For whatever the system calls: handlers must not throw through its code.
   [[nodiscard]] CaughtErrors& caught() { return caught_; }
 
-  // A window's filter sees every message before it is dispatched; true when it is dealt with. One for each owner; an
-  // empty one takes the owner's away. Filters may come and go while one of them works.
+  // A filter sees every message before it is dispatched; true when it has handled the message. One per owner; an empty
+  // function removes it. Filters may be added and removed while one of them runs.
   void set_filter(const void* owner, std::function<bool(MSG&)> work);
 
 private:

@@ -43,8 +43,8 @@ bool write_flushed(const std::wstring& path, std::string_view bytes) {
 constexpr DWORD kept_attributes =
     FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
 
-// Why the last call failed. A virus scanner or an indexer lets go soon, and some of them refuse access instead of
-// sharing; a file marked read-only and a folder stay what they are.
+// Classifies the last error. Virus scanners and indexers release a file soon, and some report "access denied" rather
+// than a sharing violation; read-only files and folders are refused for good.
 FileStep failure(const std::wstring& path) {
   const DWORD error = GetLastError();
   if (error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_USER_MAPPED_FILE)
@@ -104,7 +104,7 @@ public:
     const bool had = old != INVALID_FILE_ATTRIBUTES;
     if (had && (old & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0)
       return FileStep::refused;
-    // A leftover may be hidden, which would keep it from being written anew.
+    // A leftover may be hidden, and CREATE_ALWAYS fails on a hidden file.
     SetFileAttributesW(to.c_str(), FILE_ATTRIBUTE_NORMAL);
     if (!write_flushed(to, bytes))
       return failure(to);
@@ -124,7 +124,7 @@ public:
     copy_access_rights(from, to);
     return FileStep::done;
   }
-  // Not ReplaceFile: it needs a third name for a moment in which a crash leaves no file at all.
+  // Not ReplaceFile: it moves the old file away first, and a crash in between leaves no file at all.
   [[nodiscard]] FileStep take_place(const std::wstring& from, const std::wstring& to) override {
     if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0)
       return FileStep::done;
@@ -146,7 +146,7 @@ bool Files::exists(const std::wstring& path) const {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-// Asked of the open file: the folder's entry tells the length of a file that is still written only once it is closed.
+// Queried through a handle: the directory entry of a file being written is updated only when it is closed.
 std::optional<std::uint64_t> Files::size(const std::wstring& path) const {
   const KernelHandle file = open_file(path, FILE_READ_ATTRIBUTES, share_all, OPEN_EXISTING);
   LARGE_INTEGER length{};
@@ -155,7 +155,7 @@ std::optional<std::uint64_t> Files::size(const std::wstring& path) const {
   return static_cast<std::uint64_t>(length.QuadPart);
 }
 
-// Opened for reading: attributes alone are told of a file, too, that nobody may read.
+// Opened for reading: attributes can be queried even where reading is denied.
 std::optional<FileStamp> Files::stamp(const std::wstring& path) const {
   const KernelHandle file = open_file(path, GENERIC_READ, share_all, OPEN_EXISTING);
   BY_HANDLE_FILE_INFORMATION facts{};
@@ -193,7 +193,7 @@ bool Files::read_at_most(const std::wstring& path, std::string& bytes, std::uint
       return false;
     }
     if (got == 0)
-      break; // it became shorter meanwhile
+      break; // truncated meanwhile
     filled += got;
   }
   bytes.resize(filled);
@@ -225,7 +225,7 @@ bool Files::move(const std::wstring& from, const std::wstring& to) {
   return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
 }
 
-// Only making a file tells whether a folder takes one: rights, a medium that is shut, a share. It goes by being closed.
+// Creates a temporary file, which closing deletes: nothing else takes rights, write protection and shares into account.
 bool Files::can_replace(const std::wstring& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0)
@@ -235,7 +235,7 @@ bool Files::can_replace(const std::wstring& path) {
   return is_open(trial);
 }
 
-// A writer that is still there would not let us share the file for reading alone.
+// Opening without write sharing fails while a writer has the file open.
 bool Files::being_written(const std::wstring& path) const {
   const KernelHandle file = open_file(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_EXISTING);
   return !is_open(file) && GetLastError() == ERROR_SHARING_VIOLATION;

@@ -12,7 +12,7 @@ namespace lumotune::platform::win32 {
 Frame::Frame(Surface& surface, const std::wstring& designer_name)
     : ControlOf(surface, designer_name, L"BUTTON", BS_GROUPBOX) {}
 
-// A line round it, broken by the heading.
+// A border with a gap for the heading.
 void Frame::draw(HDC target, const RECT& area) {
   const HGDIOBJ before = SelectObject(target, surface_.font(LabelFont::normal, false));
   const int gap = pixels(90, surface_.dpi());
@@ -42,7 +42,7 @@ bool Frame::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
     EndPaint(window_, &painting);
     return true;
   }
-  // The class lets the mouse through to what lies behind; moves over the frame are wanted.
+  // The class is transparent to the mouse, but mouse moves over the frame are wanted.
   if (message == WM_NCHITTEST) {
     result = HTCLIENT;
     return true;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The system's group box, drawn by us so that nothing behind it flickers; and its progress bar.
+// The system's group box, custom-drawn to avoid flicker; and its progress bar.
 #pragma once
 
 #include "platform/directory_controls.h"

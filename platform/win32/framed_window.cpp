@@ -18,7 +18,7 @@ constexpr const wchar_t* class_name = L"LumotuneFramedWindow";
 constexpr int first_width = 9000; // twips
 constexpr int first_height = 6000;
 
-// As people see it: 1 for the same lightness, 21 for black on white.
+// The contrast ratio as perceived: 1 for equal lightness, 21 for black on white.
 double contrast(COLORREF one, COLORREF other) {
   const auto light = [](COLORREF colour) {
     const auto part = [](unsigned value) { return std::pow(value / 255.0, 2.2); };
@@ -29,7 +29,7 @@ double contrast(COLORREF one, COLORREF other) {
   return std::max(first, second) / std::min(first, second);
 }
 
-// The system's own where it can be read on the ground: not every set of colours takes care of that.
+// The system's link colour where it is readable on the background; not every colour scheme ensures that.
 COLORREF link_colour() {
   constexpr double readable = 4.5;
   for (const COLORREF wished : {GetSysColor(COLOR_HOTLIGHT), RGB(0, 102, 204), RGB(120, 180, 255)}) {

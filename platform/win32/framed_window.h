@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// An ordinary window of the desktop: caption, system menu, edges to take hold of, a button in the task bar.
+// An overlapped window: caption, system menu, resizable frame, task-bar button.
 #pragma once
 
 #include "platform/common/view_keeper.h"
@@ -64,10 +64,10 @@ private:
   std::wstring caption_;
   RECT normal_{}; // pixels of the desktop, where it was last in its normal state
   bool was_normal_ = true;
-  std::optional<SIZE> owed_; // twips, given while it was not in that state
+  std::optional<SIZE> owed_; // twips, requested while it was not in that state
   ViewKeeper view_;
   bool user_moves_ = false; // drags it, or changes its size
-  POINT count_from_{};      // what the system's normal places are relative to
+  POINT count_from_{};      // origin of the system's normal positions
   int least_width_ = 0;     // twips
   int least_height_ = 0;
 };

@@ -58,8 +58,8 @@ bool FramedWindow::handle_size_message(UINT message, WPARAM w, LPARAM l) {
   }
 }
 
-// The system counts a normal place from the corner of the work area, which differs from the desktop's where the task
-// bar lies above or at the left. By how much shows when the window leaves a place that is known.
+// The system's normal positions are relative to the work area, whose origin differs from the desktop's where the task
+// bar lies above or at the left. The offset is measured when the window leaves a known position.
 void FramedWindow::note_state(WPARAM state) {
   if (state == SIZE_RESTORED) {
     GetWindowRect(window_, &normal_);
@@ -99,11 +99,11 @@ void FramedWindow::set_normal_place(const RECT& place) {
   changed.rcNormalPosition = place;
   OffsetRect(&changed.rcNormalPosition, -count_from_.x, -count_from_.y);
   if (!visible())
-    changed.showCmd = SW_HIDE; // the state that was read would show the window
+    changed.showCmd = SW_HIDE; // the show command that was read would show the window
   SetWindowPlacement(window_, &changed);
 }
 
-// A maximised or minimised window keeps its state; the size is the one that it will come back to.
+// A maximised or minimised window keeps its state; the size applies to the restored window.
 void FramedWindow::resize(int width, int height) {
   check_thread();
   RECT place = normal_place();
@@ -121,8 +121,8 @@ void FramedWindow::resize(int width, int height) {
   set_normal_place(place);
 }
 
-// After the restoring itself: a window manager may have brought the window back as it went. Only the size is owed. The
-// place that was kept may lie on a monitor that has gone since.
+// Posted, because a window manager may restore the old size first. Only the size is applied late. The restored position
+// may lie on a monitor that is gone.
 void FramedWindow::come_back() {
   if (!in_normal_state())
     return;
@@ -132,13 +132,13 @@ void FramedWindow::come_back() {
     come_into_view();
 }
 
-// The system does not let a window with such a frame become smaller, whoever wishes it.
+// The system enforces a minimum size for windows with such a frame.
 POINT FramedWindow::smallest_size() const {
   return {std::max<LONG>(GetSystemMetrics(SM_CXMINTRACK), pixels(least_width_, dpi_)),
           std::max<LONG>(GetSystemMetrics(SM_CYMINTRACK), pixels(least_height_, dpi_))};
 }
 
-// Where a window manager moves the window, as after another screen, nobody has asked for it.
+// A move that comes neither from the user nor from another program is a window manager's.
 void FramedWindow::look_at_screen() {
   if (!visible() || !in_normal_state())
     return;

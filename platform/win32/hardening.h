@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What the process gives up before it does anything else.
+// Restrictions that the process puts on itself before anything else.
 #pragma once
 
 namespace lumotune::platform::win32 {

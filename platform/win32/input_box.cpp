@@ -131,7 +131,7 @@ void centre(HWND dialog, HWND owner) {
   SetWindowPos(dialog, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// A loop of its own, because the system's one for dialogs does not know when the program ends.
+// Its own modal loop: DialogBox would not notice the end of the program.
 void wait_for(const Answer& answer, HWND dialog, const platform::EventLoop& loop) {
   MSG message{};
   while (!answer.done && !loop.ending()) {
@@ -172,7 +172,7 @@ std::optional<std::wstring> InputBox::ask(const std::wstring& prompt, const std:
   const bool owner_was_enabled = EnableWindow(owner_, FALSE) == 0;
   ShowWindow(dialog, SW_SHOW);
   wait_for(answer, dialog, loop_);
-  // Before the box goes: the system gives the keyboard to a window that can take it.
+  // Before the box is destroyed: activation then goes to an enabled window.
   if (owner_was_enabled)
     EnableWindow(owner_, TRUE);
   DestroyWindow(dialog);

@@ -8,8 +8,8 @@
 
 namespace lumotune::platform::win32 {
 
-// A key let go counts when it can move a selection, or is an Enter that chooses it, and went down here: Tab brings the
-// keyboard with its own key still down, and Enter comes up after the menu or box that it closed.
+// A key-up counts when the key can move or choose the selection and was pressed here: Tab moves the focus with its own
+// key still down, and the Enter that closed a menu or box comes up afterwards.
 class KeysDown {
 public:
   explicit KeysDown(bool enter_chooses = false) : enter_chooses_(enter_chooses) {}

@@ -52,7 +52,7 @@ void ListView::add_column(const std::wstring& /*key*/, const std::wstring& capti
   ++columns_;
 }
 
-// The user may have made the columns wider: what they are now is scaled.
+// Scales the current widths, which the user may have changed.
 void ListView::dpi_changed() {
   set_row_height();
   ControlOf::dpi_changed();
@@ -69,7 +69,7 @@ std::size_t ListView::row_count() const {
   return rows_ == nullptr ? 0 : std::min(rows_->count(), most);
 }
 
-// Another content is looked at from its beginning.
+// New content is scrolled to its start.
 void ListView::rows_changed() {
   select(0);
   SendMessageW(window_, LVM_SETITEMCOUNT, row_count(), 0);
@@ -126,7 +126,7 @@ void ListView::answer_text(NMLVDISPINFOW& request) const {
   item.pszText[length] = 0;
 }
 
-// What the user types searches the first column, from the row asked for round to it again.
+// Type-ahead searches the first column, wrapping around from the given row.
 LRESULT ListView::find_row(const NMLVFINDITEMW& request) const {
   const LVFINDINFOW& wanted = request.lvfi;
   const std::size_t count = row_count();

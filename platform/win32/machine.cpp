@@ -20,7 +20,7 @@ void Machine::begin_end() {
     copy();
 }
 
-// The program's name comes first, in quotation marks where it holds a blank.
+// Skips the program's name, which is quoted where it contains a blank.
 std::wstring Machine::command_line() const {
   std::wstring text = GetCommandLineW();
   const std::size_t end = !text.empty() && text[0] == L'"' ? text.find(L'"', 1) : text.find_first_of(L" \t");

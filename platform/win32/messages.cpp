@@ -36,7 +36,7 @@ WindowRef Messages::find_copy(const std::wstring& caption) const {
   return find_by_caption(caption);
 }
 
-// The receiver copies the bytes before it answers. Its answer tells nothing that anybody asks for.
+// The receiver copies the bytes before it replies; the reply itself carries no information.
 void Messages::send_copy_data(WindowRef target, std::string_view bytes) {
   loop_.check_thread();
   if (target == WindowRef::none || bytes.size() > max_bytes)
@@ -64,7 +64,7 @@ void Messages::hook(std::function<void(const CopyData&)> receive) {
   receive_ = std::move(receive);
 }
 
-// The pointer-sized call: the 32-bit one would cut the procedure's address in a 64-bit program.
+// SetWindowLong would truncate the procedure's address in a 64-bit program.
 void Messages::Hook(bool enable) {
   if (enable == (old_procedure_ != nullptr))
     return;
@@ -89,7 +89,7 @@ LRESULT CALLBACK Messages::WindowProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM
   return -1;
 }
 
-// The system has copied the sender's bytes into our memory, but for a message sent from inside our own process.
+// The system copies the sender's bytes, except for a message sent from within this process.
 void Messages::receive(LPARAM record) {
   const auto* sent = reinterpret_cast<const COPYDATASTRUCT*>(record);
   if (sent == nullptr || !receive_)

@@ -6,7 +6,7 @@
 namespace lumotune::platform::win32 {
 namespace {
 
-// Nothing may be thrown through the system's code: only what there is room for is added.
+// Must not throw through the system's code, so it never exceeds the reserved capacity.
 BOOL CALLBACK add_monitor(HMONITOR monitor, HDC /*dc*/, RECT* /*place*/, LPARAM into) {
   auto& found = *reinterpret_cast<std::vector<Monitor>*>(into);
   MONITORINFO info{};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The monitors of the desktop, as platform/common/view_keeper.h wants them. Pixels of the desktop.
+// The monitors in the form of platform/common/view_keeper.h. Desktop pixels.
 #pragma once
 
 #include "platform/common/view_keeper.h"

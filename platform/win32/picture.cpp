@@ -12,7 +12,7 @@
 namespace lumotune::platform::win32 {
 namespace {
 
-// A bitmap whose memory is open to us, top row first; nothing when there was no memory.
+// A top-down DIB section; nothing when out of memory.
 GdiObject bitmap_of(const Pixels& pixels) {
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof info.bmiHeader;
@@ -32,7 +32,7 @@ KernelHandle opened(const std::wstring& path) {
                                   nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-// One opening for both the length and the bytes: there are twenty pictures to be read before the window can be shown.
+// Length and bytes through one handle: twenty pictures are read before the window can be shown.
 std::string read_small(const std::wstring& path) {
   const KernelHandle file = opened(path);
   LARGE_INTEGER length{};
@@ -72,7 +72,7 @@ bool Picture::load(const std::wstring& path) {
   return true;
 }
 
-// Nothing where there was no memory.
+// Nothing when out of memory.
 HDC Picture::prepared(int width, int height) const {
   if (ready_ != nullptr && ready_->width == width && ready_->height == height)
     return static_cast<HDC>(ready_->dc.get());

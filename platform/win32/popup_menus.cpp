@@ -20,11 +20,11 @@ struct DestroyMenuHandle {
 };
 using MenuHandle = std::unique_ptr<void, DestroyMenuHandle>;
 
-// A hook has no place for a pointer of ours, so that this note stands alone: one for each thread, as hooks are.
+// Hook procedures get no user data, so this is thread-local, like the hook itself.
 thread_local bool last_input_was_key = false;
 
-// Sees what the thread takes out of its queue, in modal loops too. Buttons count also when they are let go: a key that
-// is held down repeats between a button's two messages.
+// Sees every message that the thread retrieves, in modal loops too. Button releases count as well: a held key repeats
+// between a button's two messages.
 LRESULT CALLBACK note_input(int code, WPARAM w, LPARAM l) {
   if (code == HC_ACTION && w == PM_REMOVE) {
     const UINT message = reinterpret_cast<const MSG*>(l)->message;
@@ -37,7 +37,7 @@ LRESULT CALLBACK note_input(int code, WPARAM w, LPARAM l) {
   return CallNextHookEx(nullptr, code, w, l);
 }
 
-// "&" would underline the next letter, a tabulator would begin a second column.
+// "&" would underline the next letter, a tab would start a second column.
 std::wstring shown_caption(const std::wstring& caption) {
   std::wstring shown;
   for (const wchar_t letter : caption.substr(0, most_shown)) {
@@ -52,8 +52,8 @@ bool any_visible(const std::vector<MenuItem>& items) {
   return std::any_of(items.begin(), items.end(), [](const MenuItem& item) { return item.visible; });
 }
 
-// `names` gets the name of each item that can be chosen: the item's number is its place there, from 1. The names are
-// copied, because the tree may be another one by the time that the user has chosen.
+// Appends the name of each selectable item to `names`; an item's identifier is its position there, from 1. Names are
+// copied, because the tree may have changed by the time the user chooses.
 MenuHandle build(const std::vector<MenuItem>& items, std::vector<std::wstring>& names) {
   MenuHandle menu(CreatePopupMenu());
   for (const MenuItem& item : items) {
@@ -63,7 +63,7 @@ MenuHandle build(const std::vector<MenuItem>& items, std::vector<std::wstring>& 
       AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
       continue;
     }
-    // A submenu with nothing to be seen would open as an empty frame.
+    // A submenu without visible items would open as an empty frame.
     const bool empty_submenu = !item.children.empty() && !any_visible(item.children);
     UINT flags = MF_STRING;
     flags |= item.checked ? MF_CHECKED : MF_UNCHECKED;
@@ -123,13 +123,13 @@ UINT track(HMENU menu, HWND owner, HWND anchor) {
     at = {0, 0};
     ClientToScreen(owner, &at);
   }
-  // Menus open to the left where the system is set for the right hand.
+  // Menus open to the left where the system is set for right-handed users.
   const UINT side = GetSystemMetrics(SM_MENUDROPALIGNMENT) != 0 ? TPM_RIGHTALIGN : TPM_LEFTALIGN;
-  // Without the foreground a menu of the notification area would not close by a click somewhere else.
+  // Unless its owner is in the foreground, a notification-area menu does not close on a click elsewhere.
   SetForegroundWindow(owner);
   const UINT flags = TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_NONOTIFY | TPM_VERTICAL | side;
   const BOOL chosen = TrackPopupMenuEx(menu, flags, at.x, at.y, owner, at_anchor ? &keep_free : nullptr);
-  PostMessageW(owner, WM_NULL, 0, 0); // and without this the next one would close at once
+  PostMessageW(owner, WM_NULL, 0, 0); // otherwise the next menu would close at once
   return static_cast<UINT>(chosen);
 }
 

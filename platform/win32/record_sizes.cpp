@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What other programs rely on, checked by the compiler.
+// Record sizes that other programs rely on, checked by the compiler.
 #include "platform/win32/win.h"
 
 #include <cstddef>

@@ -36,8 +36,8 @@ private:
 
 } // namespace
 
-// The mark is a mutex that its holder never lets go of: the end of the process does. One that exists but may not even
-// be waited for belongs to a copy with more rights.
+// The mark is a mutex that its owner never releases; the end of the process does. One that exists but cannot even be
+// waited for belongs to a copy with higher privileges.
 RunningMark::RunningMark() {
   WaitableByOthers rights;
   mark_.reset(CreateMutexExW(rights.get(), mark_name, CREATE_MUTEX_INITIAL_OWNER, SYNCHRONIZE));

@@ -21,8 +21,8 @@ std::wstring folder(FolderQuestion ask) {
   return path;
 }
 
-// In the order of the system's own search, but not along the PATH. The system is never left to search by itself: where
-// it does not find the first word of a command line it tries the first two, and so on to the end of the line.
+// The system's search order without the PATH. CreateProcess never searches by itself: where it does not find the first
+// word of a command line it tries the first two, and so on to the end of the line.
 std::wstring found_program(const std::wstring& name) {
   static constexpr FolderQuestion folders[] = {
       [](wchar_t* path, DWORD length) {
@@ -41,7 +41,7 @@ std::wstring found_program(const std::wstring& name) {
   return {};
 }
 
-// COM on this thread, which programs that join in opening a document may want.
+// COM on this thread, which shell extensions may need to open a document.
 class ComSession {
 public:
   ComSession() : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE))) {}
@@ -69,11 +69,11 @@ bool Shell::start(const std::wstring& command_line, const std::wstring& applicat
   startup.dwFlags = STARTF_USESHOWWINDOW;
   startup.wShowWindow = static_cast<WORD>(show);
   PROCESS_INFORMATION started{};
-  std::wstring writable = command_line; // the system writes into it
+  std::wstring writable = command_line; // CreateProcess may modify it
   if (CreateProcessW(program.c_str(), writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                      &started) == 0)
     return false;
-  // What is started by the user's click may come to the front.
+  // Programs started by a click may come to the front.
   if (show == ShowWindow::normal_focus)
     AllowSetForegroundWindow(started.dwProcessId);
   const KernelHandle process(started.hProcess);

@@ -14,8 +14,8 @@ TextBox::TextBox(Surface& surface, const std::wstring& designer_name)
   ShowScrollBar(window_, SB_VERT, FALSE);
 }
 
-// The control knows only line ends of two characters. What is no text at all is cut: nobody reads a megabyte here, and
-// breaking it into lines takes the system seconds.
+// The edit class needs CR LF line ends. Huge texts are cut: nobody reads a megabyte here, and line breaking it takes
+// seconds.
 std::wstring TextBox::window_text(const std::wstring& text) const {
   constexpr std::size_t most_shown = 20000;
   std::wstring shown;
@@ -30,7 +30,7 @@ std::wstring TextBox::window_text(const std::wstring& text) const {
   return shown;
 }
 
-// With the bar there the lines are shorter: it is taken away first and measured without it.
+// The scroll bar shortens the lines: it is hidden first and the text measured without it.
 void TextBox::show_bar_when_needed() {
   if (measuring_)
     return;

@@ -8,7 +8,7 @@
 namespace lumotune::platform::win32 {
 namespace {
 
-// A small icon at the resolution of the task bar, which need not be the one of the program's start.
+// A small icon at the task bar's current resolution, which may have changed since the program's start.
 int icon_side(int metric) {
   const HWND bar = FindWindowW(L"Shell_TrayWnd", nullptr);
   const UINT dpi = bar == nullptr ? 0 : GetDpiForWindow(bar);
@@ -74,7 +74,7 @@ void Tray::add(const std::wstring& tip) {
   thread_.check();
   fill_tip(tip);
   Shell_NotifyIconA(NIM_ADD, &record_);
-  added_ = true; // also where no shell runs yet: it will say when it does
+  added_ = true; // also while no shell runs: TaskbarCreated announces it
 }
 
 void Tray::modify(const std::wstring& tip) {

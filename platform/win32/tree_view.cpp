@@ -21,7 +21,7 @@ std::wstring capitals(std::wstring text) {
 
 } // namespace
 
-// Nothing is dragged here: with that off, a press selects at once and does not wait for what the mouse does next.
+// Without drag and drop a press selects at once instead of waiting for the next mouse move.
 TreeView::TreeView(Surface& surface, const std::wstring& designer_name)
     : ControlOf(surface, designer_name, WC_TREEVIEWW,
                 TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS | TVS_DISABLEDRAGDROP |

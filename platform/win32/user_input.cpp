@@ -6,14 +6,14 @@
 namespace lumotune::platform::win32 {
 namespace {
 
-// The window's own numbers.
+// Hot-key identifiers, unique to the window.
 constexpr int hot_play_pause = 1;
 constexpr int hot_stop = 2;
 constexpr UINT_PTR subclass = 2;
 
 } // namespace
 
-// Both in one call: nothing of the user's hand can come between.
+// Both in one call: no input of the user can come in between.
 void Pointer::click_left() {
   const bool swapped = GetSystemMetrics(SM_SWAPBUTTON) != 0;
   mouse_event(swapped ? MOUSEEVENTF_RIGHTDOWN | MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTDOWN | MOUSEEVENTF_LEFTUP, 0, 0,
@@ -29,7 +29,7 @@ MediaKeys::~MediaKeys() {
   RemoveWindowSubclass(window_, procedure, subclass);
 }
 
-// A key that is held elsewhere cannot be registered, and stays there.
+// A key registered by another program stays with it.
 void MediaKeys::take() {
   loop_.check_thread();
   if (taken_)

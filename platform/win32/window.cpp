@@ -14,7 +14,7 @@ constexpr const wchar_t* class_name = L"LumotuneWindow";
 
 } // namespace
 
-// A tool window has no button in the task bar: the program lives in the notification area.
+// A tool window has no task-bar button: the program lives in the notification area.
 Window::Window(EventLoop& loop, const std::wstring& name, int icon) : ControlHost(loop, name, FontSize::fixed) {
   const HINSTANCE program = GetModuleHandleW(nullptr);
   icon_ = LoadIconW(program, MAKEINTRESOURCEW(icon));
@@ -130,7 +130,7 @@ bool Window::handle_system_message(UINT message, WPARAM w, LPARAM l, LRESULT& re
   case WM_POWERBROADCAST:
     if (w == PBT_APMSUSPEND)
       fire(on_suspend);
-    else if (w == PBT_APMRESUMEAUTOMATIC) // comes at every waking, the other one only when a user is there
+    else if (w == PBT_APMRESUMEAUTOMATIC) // sent on every resume, PBT_APMRESUMESUSPEND only when a user is present
       fire(on_resume);
     result = TRUE;
     return true;
@@ -156,7 +156,7 @@ void Window::set_caption(const std::wstring& caption) {
   SetWindowTextW(window_, caption.c_str());
 }
 
-// Restoring a minimised window in one step brings it back to its place; showing it first would not.
+// SW_RESTORE alone brings a minimised window back in place; after SW_SHOW a window manager would place it anew.
 void Window::set_visible(bool visible) {
   check_thread();
   if (!visible) {
@@ -174,7 +174,7 @@ void Window::set_visible(bool visible) {
   } else {
     ShowWindow(window_, SW_SHOW);
   }
-  // Not every window manager puts a window that is out of sight into a layer.
+  // Not every window manager keeps the layer of a hidden window.
   if (topmost_)
     SetWindowPos(window_, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
@@ -183,7 +183,7 @@ bool Window::visible() const {
   return IsWindowVisible(window_) != 0;
 }
 
-// A hidden window stays hidden: showing it brings it back from the icon in any case.
+// A hidden window stays hidden; showing it restores it in any case.
 void Window::set_state(WindowState state) {
   check_thread();
   if (!visible()) {
@@ -222,7 +222,7 @@ void Window::clear_background() {
 }
 
 bool Window::set_topmost(bool on) {
-  const UINT quiet = visible() ? 0U : SWP_NOACTIVATE; // out of sight it has no use for the keyboard
+  const UINT quiet = visible() ? 0U : SWP_NOACTIVATE; // hidden, it must not take the focus
   const bool is_on = (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
   if (!placed_ && is_on == on) {
     topmost_ = on;
@@ -251,7 +251,7 @@ void Window::redraw() {
   RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
-// The system's own loop moves the window until the button is let go; mouse moves inside it must not begin again.
+// The system's modal loop moves the window until the button is released; mouse moves inside it must not restart it.
 void Window::drag_by_caption() {
   check_thread();
   if (dragging_)

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What the main window draws.
+// Painting the main window.
 #include "platform/win32/dpi.h"
 #include "platform/win32/window.h"
 
 namespace lumotune::platform::win32 {
 
-// By way of a buffer: the picture may be clear in places, and the ground below it would flicker.
+// Double-buffered: the picture may be partly transparent, and the background below it would flicker.
 void Window::paint(HDC target, const RECT& area) {
   const int width = area.right - area.left;
   const int height = area.bottom - area.top;
@@ -22,14 +22,14 @@ void Window::paint(HDC target, const RECT& area) {
   SelectObject(dc, before);
 }
 
-// The picture in its own size, whatever the window's is; what it leaves free or clear has the window's colour.
+// The picture at its own size, whatever the window's; uncovered and transparent parts have the window's colour.
 void Window::draw_ground(HDC target, const RECT& area) {
   FillRect(target, &area, GetSysColorBrush(COLOR_3DFACE));
   const auto own = [this](int side) { return MulDiv(side, static_cast<int>(dpi_), static_cast<int>(picture_dpi)); };
   background_.draw(target, 0, 0, own(background_.width()), own(background_.height()));
 }
 
-// Skins say the colours that differ.
+// Skins set any other colours.
 COLORREF Window::label_colour(LabelKind /*kind*/, bool /*enabled*/) const {
   return RGB(0, 0, 0);
 }

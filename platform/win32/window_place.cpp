@@ -15,9 +15,8 @@ constexpr UINT move_only = SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE;
 
 } // namespace
 
-// Just after it was shown, or brought back into view, a window may be put somewhere else by a window manager that did
-// not ask the user: it goes back. Whatever else moves the window is right: the user, and tools, which are other
-// programs and send their wish.
+// Undoes moves that a window manager makes on its own just after the window was shown or brought back into view. All
+// other moves are kept: the user's, and those of tools, which arrive as messages sent by other programs.
 void Window::note_place() {
   RECT place{};
   constexpr LONG far_off = -30000; // where a minimised window is kept
@@ -50,7 +49,7 @@ void Window::resize(int width, int height) {
   apply_size();
 }
 
-// Until it is first shown its place and size are only noted, for one move then.
+// Place and size are only stored until the window is first shown, and then applied in one call.
 void Window::place_first() {
   if (!std::exchange(placed_, true))
     SetWindowPos(window_, nullptr, place_.x, place_.y, pixels(width_, dpi_), pixels(height_, dpi_),
@@ -78,7 +77,7 @@ bool Window::on_some_monitor(int left, int top) const {
   return can_be_held(screen_rect(area), monitors(), pixels(piece_to_hold, dpi_));
 }
 
-// A window that is out of sight may find its monitor back until it is shown.
+// A hidden window waits: its monitor may be back by the time it is shown.
 void Window::look_at_screen() {
   view_.look_at(monitors());
   if (view_.has_changed() && visible() && IsIconic(window_) == 0)
