@@ -17,10 +17,7 @@ constexpr std::size_t nick_line = 7;
 
 // A character code, with blanks around it.
 std::optional<unsigned char> code_value(std::wstring_view piece) {
-  while (piece.starts_with(L' '))
-    piece.remove_prefix(1);
-  while (piece.ends_with(L' '))
-    piece.remove_suffix(1);
+  piece = base::trimmed(piece, L" ");
   if (piece.empty())
     return std::nullopt;
   unsigned code = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/actions.h"
 
+#include "base/boxes.h"
 #include "base/text.h"
 #include "companions/command_lines.h"
 #include "directory/station_menu.h"
@@ -18,28 +19,24 @@ bool is_quality(const std::wstring& text) {
 
 } // namespace
 
-void Actions::say(const wchar_t* text) {
-  (void)uses_.dialogs.message(text, platform::Dialogs::default_title, platform::BoxIcon::information,
-                              platform::BoxButtons::ok);
-}
-
 // A quality that does not exist yields an empty line, which is reported as added but not written.
 void Actions::PridejRadioDoFAST(const std::wstring& Kvalita) {
   std::wstring line;
   const auto record = uses_.list.table().last_of(uses_.list.selected_id());
   if (!record)
-    return say(uses_.list.row_selected() ? L"Toto rádio nelze přidat k oblíbeným."
-                                         : L"Vyberte prosím rádio, které chcete přidat k oblíbeným.");
+    return base::inform(uses_.dialogs, uses_.list.row_selected()
+                                           ? L"Toto rádio nelze přidat k oblíbeným."
+                                           : L"Vyberte prosím rádio, které chcete přidat k oblíbeným.");
   if (is_quality(Kvalita))
     line = stations::favourite_line(record->text(stations::StationField::id), Kvalita);
   const stations::FavouriteAdded result = uses_.favourites.add(line);
   if (result == stations::FavouriteAdded::failed)
-    return say(stations::favourites_not_saved);
+    return base::inform(uses_.dialogs, stations::favourites_not_saved);
   uses_.favourites.ZobrazOblibene();
   if (result == stations::FavouriteAdded::already_there)
-    say(L"Rádio se v oblíbených již nachází.");
+    base::inform(uses_.dialogs, L"Rádio se v oblíbených již nachází.");
   else
-    say(L"Rádio bylo přidáno k oblíbeným.\r\nMělo by se zobrazit v seznanu Lumotune.");
+    base::inform(uses_.dialogs, L"Rádio bylo přidáno k oblíbeným.\r\nMělo by se zobrazit v seznanu Lumotune.");
 }
 
 void Actions::Diskuze_Click() {
@@ -63,7 +60,7 @@ void Actions::Label6_Click() {
   const std::wstring id = uses_.list.selected_id();
   const std::wstring name = uses_.list.selected_text();
   if (id.empty() || name.empty())
-    return say(L"Vyberte prosím rádio, s jehož poslechem máte potíže.");
+    return base::inform(uses_.dialogs, L"Vyberte prosím rádio, s jehož poslechem máte potíže.");
   companions::launch(uses_.shell,
                      companions::problem_report(companions::companion_values(uses_.folder, uses_.settings), id, name));
 }
@@ -81,7 +78,7 @@ void Actions::ShowUsers_Click() {
 void Actions::Label9_Click() {
   const std::wstring id = uses_.list.selected_id();
   if (id.empty())
-    return say(L"Vyberte prosím rádio, jehož posluchače chcete zobrazit.");
+    return base::inform(uses_.dialogs, L"Vyberte prosím rádio, jehož posluchače chcete zobrazit.");
   show_users(id);
 }
 

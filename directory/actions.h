@@ -78,7 +78,6 @@ private:
   void offer_qualities(const platform::Control& anchor); // to play
   void offer(const StationMenu& menu, const std::vector<platform::MenuItem>& shown, const platform::Control& anchor);
   [[nodiscard]] bool still_offers(const std::wstring& id, std::size_t quality);
-  void say(const wchar_t* text);
   void show_users(const std::wstring& id);
 
   Uses uses_;

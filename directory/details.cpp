@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/details.h"
 
+#include "base/boxes.h"
 #include "base/text.h"
 #include "companions/command_lines.h"
 
@@ -79,12 +80,12 @@ void Details::NaladitRadio(const std::wstring& Kvalita) {
 }
 
 void Details::KvalitaInfo_Click() {
-  (void)uses_.dialogs.message(
+  base::inform(
+      uses_.dialogs,
       L"Zvolte kvalitu úměrnou k rychlosti vašeho připojení k intenetu.\r\n"
       L"Čím je kvalita zvuku větší, tím je více náročná na rychlost vašeho připojení.\r\n"
       L"Pokud vyberete příliš vysokou kvalitu a jste připojení např. přes klasický modem, může se stát, že přehrávání "
-      L"nebude plynulé!",
-      platform::Dialogs::default_title, platform::BoxIcon::information, platform::BoxButtons::ok);
+      L"nebude plynulé!");
 }
 
 void Details::show_quality_choice() {

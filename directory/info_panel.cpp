@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/info_panel.h"
 
+#include "base/boxes.h"
 #include "base/lumotune_form.h"
 #include "base/text.h"
 
@@ -141,7 +142,7 @@ void InfoPanelLine::open_browser() {
     return;
   const std::wstring page = pieces[0];
   const std::wstring fields = replace_ignoring_case(pieces[1], L"||", base::record_delimiter);
-  (void)uses_.dialogs.message(page + L"\r\n" + fields, platform::Dialogs::default_title, platform::BoxIcon::none,
+  (void)uses_.dialogs.message(page + L"\r\n" + fields, base::box_title, platform::BoxIcon::none,
                               platform::BoxButtons::ok);
   if (uses_.loop.quitting())
     return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "directory/updater.h"
 
+#include "base/boxes.h"
 #include "companions/command_lines.h"
 #include "stations/file_names.h"
 
@@ -119,8 +120,7 @@ void Updater::act_on_window(const UpdateStep& step) {
   case Step::Command1_off:
     return form.Command1.set_enabled(step.step == Step::Command1_on);
   case Step::show_message:
-    return (void)uses_.dialogs.message(step.text, platform::Dialogs::default_title, platform::BoxIcon::information,
-                                       platform::BoxButtons::ok);
+    return base::inform(uses_.dialogs, step.text);
   case Step::read_probe:
   case Step::convert:
   case Step::TestOnLine:

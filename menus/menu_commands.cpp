@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "menus/menu_commands.h"
 
+#include "base/boxes.h"
 #include "base/text.h"
 
 namespace lumotune::menus {
-
-void MenuCommands::inform(const std::wstring& text) {
-  (void)uses_.dialogs.message(text, platform::Dialogs::default_title, platform::BoxIcon::information,
-                              platform::BoxButtons::ok);
-}
 
 void MenuCommands::tell_refused() {
   if (uses_.status.can_tell())
     uses_.status.tell(player::address_refused);
   else
-    inform(player::address_refused);
+    base::inform(uses_.dialogs, player::address_refused);
 }
 
 // Until the server's address is known there is no page to open.
@@ -22,7 +18,7 @@ bool MenuCommands::ready() {
   uses_.options.LoadOptionsServer();
   if (!uses_.settings.server_address.empty())
     return true;
-  inform(L"Nejprve použujte funkci Naladit rádio.\r\n(program ještě není úplně zaveden...)");
+  base::inform(uses_.dialogs, L"Nejprve použujte funkci Naladit rádio.\r\n(program ještě není úplně zaveden...)");
   return false;
 }
 
@@ -88,7 +84,8 @@ void MenuCommands::report_problem(const std::wstring& station_name) {
 void MenuCommands::LT_Menu_Potize_Click() {
   const std::wstring name = uses_.settings.IDlastRadio.empty() ? std::wstring() : tuned_name();
   if (name.empty()) {
-    inform(
+    base::inform(
+        uses_.dialogs,
         L"Pokud máte potíže s poslechem nějaké rádiové stanice, tak se přepněte do seznamu všech stanic.\r\n"
         L"Vyberte stanici, s kterou máte potíže a klikněte na položku v menu: 'Mám potíže s poslechem tohoto rádia'");
     return;

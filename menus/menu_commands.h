@@ -88,7 +88,6 @@ private:
   void open_login();
   void open_own(const std::wstring& address);
   void report_problem(const std::wstring& station_name);
-  void inform(const std::wstring& text);
   void tell_refused(); // in the status line, or by a box when that is not visible
 
   Uses uses_;

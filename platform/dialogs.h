@@ -13,9 +13,6 @@ enum class BoxAnswer { ok, yes, no };
 // A box lets events run while it is open: afterwards everything may have changed. User-interface thread.
 class Dialogs {
 public:
-  // The title of a box that names none. It never equals the main window's caption, which other programs look for.
-  static constexpr const wchar_t* default_title = L"Lumotune - rádio";
-
   Dialogs() = default;
   Dialogs(const Dialogs&) = delete;
   Dialogs& operator=(const Dialogs&) = delete;

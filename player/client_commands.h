@@ -16,8 +16,8 @@
 
 namespace lumotune::player {
 
-// User-interface thread. A command is taken in and answered at once, and carried out from the top of the loop, in the
-// order of arrival: one that comes while another runs waits its turn.
+// User-interface thread. A command is taken in and answered at once, and carried out by an event of its own, in the
+// order of arrival, also while a box or a menu is open: one that comes while another runs waits its turn.
 class ClientCommands {
 public:
   // A sender that floods us loses its newest commands.
@@ -45,8 +45,8 @@ public:
   void Hook(bool enable);
 
   // While the program starts, commands are taken in and wait: what the start tunes and plays comes before them, and
-  // they have the last word. `release` lets them run from the top of the loop. Only "fmax" does not wait while the
-  // start asks something: it brings the box forward, for there is no window to be shown yet.
+  // they have the last word. `release` lets them run. Only "fmax" does not wait while the start asks something: it
+  // brings the box forward, for there is no window to be shown yet.
   void hold() { held_ = true; }
   void release();
 

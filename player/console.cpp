@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "player/console.h"
 
+#include "base/boxes.h"
 #include "base/busy.h"
 #include "base/text.h"
 
@@ -27,7 +28,7 @@ void Console::LTconsole() {
     return;
   bool again = true;
   while (again && !uses_.loop.quitting()) {
-    std::wstring command = uses_.input.ask(L"Lumotune console", platform::Dialogs::default_title, L"").value_or(L"");
+    std::wstring command = uses_.input.ask(L"Lumotune console", base::box_title, L"").value_or(L"");
     again = !command.empty() && command.back() == L'.';
     if (again)
       command.pop_back();
@@ -50,7 +51,7 @@ void Console::execute(const std::wstring& command) {
 
 void Console::show_help() {
   (void)uses_.dialogs.message(L"LTCC - HELP:\r\nvol=(hodnota 0 - 100)\r\nurl=(adresa na internetu nebo v počítači)",
-                              platform::Dialogs::default_title, platform::BoxIcon::none, platform::BoxButtons::ok);
+                              base::box_title, platform::BoxIcon::none, platform::BoxButtons::ok);
 }
 
 } // namespace lumotune::player

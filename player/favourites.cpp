@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "player/favourites.h"
 
+#include "base/boxes.h"
 #include "base/busy.h"
 #include "base/record_bytes.h"
 #include "base/text.h"
@@ -76,13 +77,11 @@ void Favourites::show_in_place() {
 void Favourites::DeleteFromOblibene(const std::wstring& RadioDelete) {
   const stations::FavouriteRemoved result = file_.remove(RadioDelete);
   if (result == stations::FavouriteRemoved::failed)
-    (void)uses_.dialogs.message(stations::favourites_not_saved, platform::Dialogs::default_title,
-                                platform::BoxIcon::information, platform::BoxButtons::ok);
+    base::inform(uses_.dialogs, stations::favourites_not_saved);
   if (result != stations::FavouriteRemoved::removed)
     return;
   ZobrazOblibene();
-  (void)uses_.dialogs.message(L"Rádio bylo ostraněno z oblíbených.", platform::Dialogs::default_title,
-                              platform::BoxIcon::information, platform::BoxButtons::ok);
+  base::inform(uses_.dialogs, L"Rádio bylo ostraněno z oblíbených.");
 }
 
 std::wstring Favourites::selected_text() const {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "player/startup.h"
 
+#include "base/boxes.h"
 #include "base/crash_leftovers.h"
 #include "base/text.h"
 #include "companions/command_lines.h"
@@ -41,9 +42,7 @@ void Startup::tell_what_cannot_be_saved() {
   read_only_check_->stop();
   const std::wstring names = base::files_that_cannot_be_saved(uses_.folder);
   if (!names.empty())
-    (void)uses_.dialogs.message(L"Tyto soubory nelze zapsat, změny v nich se neuloží:" + names,
-                                platform::Dialogs::default_title, platform::BoxIcon::information,
-                                platform::BoxButtons::ok);
+    base::inform(uses_.dialogs, L"Tyto soubory nelze zapsat, změny v nich se neuloží:" + names);
 }
 
 // Our own caption changes first, so that the look-up cannot find this window. It is for the window of the other copy,
@@ -57,8 +56,7 @@ void Startup::forward_to_previous() {
 
 bool Startup::LoadOptionsWorkIt() {
   if (!uses_.options.logged_in()) {
-    (void)uses_.dialogs.message(L"Nejprve zapněte Orb klienta.", platform::Dialogs::default_title,
-                                platform::BoxIcon::information, platform::BoxButtons::ok);
+    base::inform(uses_.dialogs, L"Nejprve zapněte Orb klienta.");
     // A client that cannot be started is for the user to find; the box has told what is needed.
     (void)uses_.shell.start(companions::client_program, L"", platform::ShowWindow::normal_focus);
     return false;

@@ -68,8 +68,8 @@ std::wstring LineApplier::apply_form(const SkinLine& line) {
   uses_.form.window.resize(std::max(*width, least), std::max(*height, least));
   sized_ = true;
   const std::wstring picture = folder_ + L"\\form.gif";
-  has_ground_ = uses_.form.window.load_background(picture);
-  return has_ground_ ? L"" : picture;
+  has_background_ = uses_.form.window.load_background(picture);
+  return has_background_ ? L"" : picture;
 }
 
 std::wstring LineApplier::apply_picture(const SkinLine& line, platform::PictureBox& control,

@@ -27,7 +27,7 @@ public:
 
   // Whether the lines so far have given the window its size, and its background.
   [[nodiscard]] bool sized() const { return sized_; }
-  [[nodiscard]] bool has_ground() const { return has_ground_; }
+  [[nodiscard]] bool has_background() const { return has_background_; }
 
 private:
   [[nodiscard]] std::wstring apply_form(const SkinLine& line);
@@ -45,7 +45,7 @@ private:
   Uses uses_;
   std::wstring folder_;
   bool sized_ = false;
-  bool has_ground_ = false;
+  bool has_background_ = false;
 };
 
 } // namespace lumotune::skin

@@ -45,12 +45,12 @@ void Skin::forget_labels() const {
 }
 
 // At the end of a load, so that the window does not flicker where the skin has what it needs.
-void Skin::forget_ground(const LineApplier& applied) const {
+void Skin::forget_background(const LineApplier& applied) const {
   constexpr int width = 6000;
   constexpr int height = 3000;
   if (!applied.sized())
     uses_.form.window.resize(width, height);
-  if (!applied.has_ground())
+  if (!applied.has_background())
     uses_.form.window.clear_background();
 }
 
@@ -64,7 +64,7 @@ void Skin::LoadSkin(const std::wstring& name) {
   const std::wstring wrong = load(name, turn, applier);
   if (turn != turn_ || uses_.loop.quitting())
     return;
-  forget_ground(applier);
+  forget_background(applier);
   if (wrong.empty())
     uses_.settings.saved_skin = name;
   else

@@ -42,7 +42,7 @@ private:
   [[nodiscard]] std::wstring picture_path(const std::wstring& picture) const;
   void forget_pictures() const;
   void forget_labels() const;
-  void forget_ground(const LineApplier& applied) const;
+  void forget_background(const LineApplier& applied) const;
   [[nodiscard]] bool fits(const std::vector<std::wstring>& lines) const;
   // Each answers what was wrong, empty when nothing was.
   [[nodiscard]] std::wstring load(const std::wstring& name, unsigned turn, LineApplier& applier) const;

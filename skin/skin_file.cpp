@@ -15,10 +15,7 @@ constexpr std::size_t max_fields = 64;
 
 // Blanks around it and a sign are allowed, nothing else. One that is out of range counts as the end of the range.
 std::optional<int> whole_number(std::wstring_view text) {
-  while (!text.empty() && text.front() == L' ')
-    text.remove_prefix(1);
-  while (!text.empty() && text.back() == L' ')
-    text.remove_suffix(1);
+  text = base::trimmed(text, L" ");
   const bool negative = !text.empty() && text.front() == L'-';
   if (!text.empty() && (negative || text.front() == L'+'))
     text.remove_prefix(1);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The main window as it is made, before a skin and a station are in it.
+#include "base/boxes.h"
 #include "tests/support/base_world.h"
 
 #include <gtest/gtest.h>
@@ -38,6 +39,12 @@ TEST_F(LumotuneFormTest, NothingCanBePlayedYet) {
   EXPECT_FALSE(form.Control_Play.enabled());
   EXPECT_FALSE(form.TrayIcon.visible());
   EXPECT_EQ(form.InfoNaladit.text(), L"Klikněte na naladit...");
+}
+
+// Other programs look for the main window by its caption.
+TEST_F(LumotuneFormTest, NoBoxBearsTheWindowsCaption) {
+  EXPECT_EQ(window.caption(), L"Lumotune");
+  EXPECT_NE(box_title, window.caption());
 }
 
 } // namespace

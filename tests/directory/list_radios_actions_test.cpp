@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // What a listener does with a station of the directory besides playing it: favourites, companions, pages.
+#include "base/boxes.h"
 #include "tests/support/directory_world.h"
 
 #include "player/client_link.h"
@@ -22,7 +23,7 @@ struct ListRadiosActions : testing::Test, test::DirectoryWorld {
   void expect_box(const std::wstring& text) {
     ASSERT_FALSE(dialogs.shown.empty());
     EXPECT_EQ(dialogs.shown.back().text, text);
-    EXPECT_EQ(dialogs.shown.back().title, platform::Dialogs::default_title);
+    EXPECT_EQ(dialogs.shown.back().title, base::box_title);
     EXPECT_EQ(dialogs.shown.back().icon, platform::BoxIcon::information);
     EXPECT_EQ(dialogs.shown.back().buttons, platform::BoxButtons::ok);
   }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // What a click on the information line does.
+#include "base/boxes.h"
 #include "base/text.h"
 #include "tests/directory/panel_world.h"
 
@@ -131,7 +132,7 @@ TEST_F(ListRadiosPanel, TheParameterIsRewrittenInPlace) {
   ASSERT_EQ(dialogs.shown.size(), 2U);
   EXPECT_EQ(dialogs.shown[0].text, L"heslo=" + given + L"\r\n9000");
   EXPECT_EQ(dialogs.shown[1].text, dialogs.shown[0].text) << "no placeholder is left";
-  EXPECT_EQ(dialogs.shown[1].title, platform::Dialogs::default_title);
+  EXPECT_EQ(dialogs.shown[1].title, base::box_title);
   EXPECT_EQ(dialogs.shown[1].buttons, platform::BoxButtons::ok);
 }
 
@@ -169,7 +170,7 @@ TEST_F(ListRadiosPanel, OpensTheBrowserAfterABox) {
   ASSERT_EQ(dialogs.shown.size(), 1U);
   EXPECT_EQ(dialogs.shown[0].text, page + L"\r\n" + fields);
   EXPECT_EQ(dialogs.shown[0].icon, platform::BoxIcon::none);
-  EXPECT_EQ(dialogs.shown[0].title, platform::Dialogs::default_title);
+  EXPECT_EQ(dialogs.shown[0].title, base::box_title);
   ASSERT_EQ(shell.started.size(), 1U);
   EXPECT_EQ(shell.started[0].command_line,
             machine.folder + L"\\OrbBrowser.exe http://server/" + page + L"/@/" + fields);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Every item of every menu does its work, chosen in the menu as the user does it; those that change what plays or a
 // setting are tested beside.
+#include "base/boxes.h"
 #include "tests/menus/menu_world.h"
 
 #include <gtest/gtest.h>
@@ -35,7 +36,7 @@ struct MenuCommandsTest : testing::Test {
   void expect_box(const std::wstring& text) {
     ASSERT_EQ(w.dialogs.shown.size(), 1U);
     EXPECT_EQ(w.dialogs.shown[0].text, text);
-    EXPECT_EQ(w.dialogs.shown[0].title, platform::Dialogs::default_title);
+    EXPECT_EQ(w.dialogs.shown[0].title, base::box_title);
     EXPECT_EQ(w.dialogs.shown[0].icon, BoxIcon::information);
     EXPECT_EQ(w.dialogs.shown[0].buttons, BoxButtons::ok);
     EXPECT_TRUE(w.shell.started.empty() && w.shell.opened.empty());

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "base/boxes.h"
 #include "player/console.h"
 
 #include "platform/memory/menus.h"
@@ -32,7 +33,7 @@ struct ConsoleTest : testing::Test {
 TEST_F(ConsoleTest, AsksOnce) {
   EXPECT_EQ(type({L"nic"}), 1U);
   EXPECT_EQ(input.asked[0].prompt, L"Lumotune console");
-  EXPECT_EQ(input.asked[0].title, platform::Dialogs::default_title);
+  EXPECT_EQ(input.asked[0].title, base::box_title);
   EXPECT_EQ(input.asked[0].default_text, L"");
   EXPECT_TRUE(w.player.calls.empty() && w.dialogs.shown.empty() && w.journal.empty());
 }
@@ -48,7 +49,7 @@ TEST_F(ConsoleTest, HelpIsAPlainBox) {
   ASSERT_EQ(w.dialogs.shown.size(), 1U);
   EXPECT_EQ(w.dialogs.shown[0].text,
             L"LTCC - HELP:\r\nvol=(hodnota 0 - 100)\r\nurl=(adresa na internetu nebo v počítači)");
-  EXPECT_EQ(w.dialogs.shown[0].title, platform::Dialogs::default_title);
+  EXPECT_EQ(w.dialogs.shown[0].title, base::box_title);
   EXPECT_EQ(w.dialogs.shown[0].icon, platform::BoxIcon::none);
   EXPECT_EQ(w.dialogs.shown[0].buttons, platform::BoxButtons::ok);
 }

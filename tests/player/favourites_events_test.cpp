@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "base/boxes.h"
 #include "tests/player/favourites_world.h"
 
 namespace lumotune::test {
@@ -190,7 +191,7 @@ TEST_F(FavouritesEventsTest, RemovingTakesTheLineOutAndTells) {
   EXPECT_EQ(w.get(L"list.tt"), "\r\nlt:radio2/2\r\n");
   ASSERT_EQ(w.dialogs.shown.size(), 1U);
   EXPECT_EQ(w.dialogs.shown[0].text, L"Rádio bylo ostraněno z oblíbených.");
-  EXPECT_EQ(w.dialogs.shown[0].title, platform::Dialogs::default_title);
+  EXPECT_EQ(w.dialogs.shown[0].title, base::box_title);
   EXPECT_EQ(w.dialogs.shown[0].icon, platform::BoxIcon::information);
   EXPECT_EQ(w.dialogs.shown[0].buttons, platform::BoxButtons::ok);
   EXPECT_EQ(listed, 1U) << "the list is right before the box is shown";
