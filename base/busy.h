@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Guards a procedure that must not nest: it lets events run, and one of them may call it again.
+// Guards a procedure against re-entry: it runs events, and a handler may call it again.
 #pragma once
 
 namespace lumotune::base {
 
-// Enters by setting the flag, unless somebody is inside: then it is false, and the procedure returns at once. Clears
-// the flag when the one that entered goes, on every path, also when something throws. User-interface thread.
+// Sets the flag on entry and clears it on every exit, exceptions included. False when the procedure is already running:
+// the caller then returns at once. User-interface thread.
 class [[nodiscard]] Busy {
 public:
   explicit Busy(bool& flag) : flag_(flag), entered_(!flag) { flag_ = true; }

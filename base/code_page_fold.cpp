@@ -8,7 +8,7 @@
 
 namespace lumotune::base {
 
-// Three conversions for the whole page: one for each character takes hundreds of calls at every start.
+// Converts the whole page in three calls: one call per character would take hundreds at every start.
 CodePageFold::CodePageFold(const platform::AnsiCodec& codec) {
   std::string bytes(folded_.size(), '\0');
   std::iota(bytes.begin(), bytes.end(), '\0');
@@ -18,7 +18,7 @@ CodePageFold::CodePageFold(const platform::AnsiCodec& codec) {
   const std::string folded = codec.encode(small);
   const std::wstring back = codec.decode(folded);
   for (std::size_t byte = 0; byte < folded_.size(); ++byte) {
-    // A small letter that the page lacks leaves the byte as it is.
+    // A byte whose lower-case form is not in the code page stays as it is.
     const bool kept = small[byte] == letters[byte] || back[byte] != small[byte];
     folded_[byte] = static_cast<std::uint8_t>(kept ? bytes[byte] : folded[byte]);
   }

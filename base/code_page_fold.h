@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Bytes of the system's code page compared without regard to letter case. Pure.
+// Case-insensitive comparison of text in the system's code page. Pure.
 #pragma once
 
 #include "platform/ansi_codec.h"
@@ -12,7 +12,7 @@
 
 namespace lumotune::base {
 
-// Eight ASCII characters at once, no highest bit set: each capital letter becomes its small one.
+// Converts eight ASCII characters at once to lower case; none may have its top bit set.
 [[nodiscard]] constexpr std::uint64_t small_letters(std::uint64_t word) {
   constexpr std::uint64_t each_byte = 0x0101010101010101ULL;
   const std::uint64_t above_at = word + (0x80 - 'A') * each_byte;
@@ -27,7 +27,7 @@ class CodePageFold {
 public:
   explicit CodePageFold(const platform::AnsiCodec& codec);
 
-  // The byte whose character is the small letter of this byte's character.
+  // The byte of the same character in lower case.
   [[nodiscard]] std::uint8_t fold(char byte) const { return folded_[static_cast<std::uint8_t>(byte)]; }
   [[nodiscard]] bool equal(std::string_view a, std::string_view b) const;
   [[nodiscard]] bool starts_with(std::string_view text, std::string_view prefix) const;
@@ -36,10 +36,10 @@ private:
   std::array<std::uint8_t, 256> folded_{};
 };
 
-// A text as the bytes that stand for exactly it; nothing when the code page lacks one of its characters.
+// The text encoded without loss; nothing when the code page lacks one of its characters.
 [[nodiscard]] std::optional<std::string> exact_bytes(const platform::AnsiCodec& codec, const std::wstring& text);
 
-// ASCII letters only, for the markers of the files.
+// Folds ASCII letters only; for the markers in the files.
 [[nodiscard]] bool starts_with_marker(std::string_view text, std::string_view marker);
 
 } // namespace lumotune::base

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The files that the program replaces, after a run that was cut off.
+// Recovery of the files that the program replaces, after a crash.
 #pragma once
 
 #include "base/program_folder.h"
@@ -8,11 +8,11 @@
 
 namespace lumotune::base {
 
-// Puts right what a crash during a replacement has left beside them. Before anything is read, and never while another
-// copy of the program runs.
+// Completes or removes what a crash during a replacement left beside the files. Call it before anything is read, and
+// never while another copy of the program runs.
 void settle_leftovers(const ProgramFolder& folder);
 
-// The names of those that the player itself keeps and that cannot be saved, a line each; empty when all can.
+// The names of the player's own files that cannot be saved, one per line; empty when all can.
 [[nodiscard]] std::wstring files_that_cannot_be_saved(const ProgramFolder& folder);
 
 } // namespace lumotune::base

@@ -3,13 +3,13 @@
 
 namespace lumotune::base {
 
-// Nowhere is left to report a log that cannot be written.
+// A failure to write the log is ignored: there is nowhere else to report it.
 void ErrorLog::add(const std::wstring& procedure, const std::wstring& what) {
   const std::string line = uses_.folder.codec().encode(uses_.machine.date_and_time() + L" Lumotune (" + procedure +
                                                        L") " + what.substr(0, max_text) + L"\r\n");
   const std::wstring log = uses_.folder.data(L"error.log");
-  // One step of the file system: a crash leaves every line in one file or the other. A log that is full and cannot be
-  // put aside takes no more lines.
+  // The move is atomic: after a crash every line is in one of the two files. A full log that cannot be moved aside
+  // takes no more lines.
   if (uses_.folder.files().size(log).value_or(0) + line.size() > max_bytes &&
       !uses_.folder.files().move(log, log + L".old"))
     return;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The error log of the data folder, append only: error.log, and error.log.old with the lines before.
+// The error log in the data folder, append-only: error.log, and error.log.old with the earlier lines.
 #pragma once
 
 #include "base/program_folder.h"
@@ -13,7 +13,7 @@ namespace lumotune::base {
 
 class ErrorLog {
 public:
-  // Neither file grows larger, and no line says more, in characters.
+  // Limits of each file, in bytes, and of a line's text, in characters.
   static constexpr std::uint64_t max_bytes = 1024ULL * 1024;
   static constexpr std::size_t max_text = 1000;
 
@@ -23,8 +23,8 @@ public:
   };
   explicit ErrorLog(const Uses& uses) : uses_(uses) {}
 
-  // Appends one line: date and time, " Lumotune (", the procedure, ") ", what was wrong. A log that cannot be written
-  // is given up silently. Account values never go here. User-interface thread.
+  // Appends one line: date and time, " Lumotune (", the procedure, ") ", the error. Failures to write are ignored.
+  // Account values never go here. User-interface thread.
   void add(const std::wstring& procedure, const std::wstring& what);
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The lines of a text file, one after the other, without copying. Pure.
+// Iterates over the lines of a text file without copying. Pure.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace lumotune::base {
 
-// CR LF, LF or CR ends a line; what follows the last end is a line when it is not empty. The bytes outlive the walk.
+// CR LF, LF or CR ends a line; a non-empty rest after the last line end is a line too. The bytes must outlive the walk.
 class LineWalk {
 public:
   explicit LineWalk(std::string_view bytes, std::size_t max_lines = SIZE_MAX)
@@ -20,9 +20,9 @@ public:
         feed_(find('\n', end_)),
         line_(bytes.substr(0, 0)) {}
 
-  // False after the last line, or after the most that were asked for: then `after` is short of the end. In the header,
-  // and with the system's search only, because station files are long. The next line feed is looked for once and
-  // remembered, so that a line of carriage returns costs no more than another.
+  // False after the last line, or after `max_lines`: then `after` is short of the end. Inline and memchr only, because
+  // station files are long. The position of the next line feed is remembered, so that a file of carriage returns still
+  // takes linear time.
   [[nodiscard]] bool next() {
     if (at_ == end_ || lines_left_ == 0)
       return false;
@@ -31,7 +31,8 @@ public:
       feed_ = find('\n', end_);
     const char* const line_end = find('\r', feed_);
     line_ = {at_, static_cast<std::size_t>(line_end - at_)};
-    // Nearly always the line feed decides where the next line starts, so that its search need not wait for the other.
+    // The line feed nearly always decides where the next line starts: with this branch predicted, its position does not
+    // depend on the search for a carriage return.
     if (line_end + 1 < feed_) [[unlikely]]
       at_ = line_end + 1;
     else
@@ -39,12 +40,12 @@ public:
     return true;
   }
   [[nodiscard]] std::string_view line() const { return line_; }
-  // Where the line, and where the next one, starts in the bytes.
+  // The offsets in the bytes where this line and the next one start.
   [[nodiscard]] std::size_t start() const { return static_cast<std::size_t>(line_.data() - bytes_.data()); }
   [[nodiscard]] std::size_t after() const { return static_cast<std::size_t>(at_ - bytes_.data()); }
 
 private:
-  // The first such byte of the rest, or `end`.
+  // The next occurrence of the byte, or `end`.
   [[nodiscard]] const char* find(char byte, const char* end) const {
     if (at_ == end)
       return end;
@@ -54,7 +55,7 @@ private:
 
   std::string_view bytes_;
   std::size_t lines_left_;
-  const char* at_;   // the next line
+  const char* at_;   // start of the next line
   const char* end_;  // of the bytes
   const char* feed_; // the first line feed at or after the line, or the end of the bytes
   std::string_view line_;

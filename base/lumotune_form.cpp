@@ -31,13 +31,13 @@ LumotuneForm::LumotuneForm(platform::Window& window_made)
   PlayTL.set_text(caption_play);
   PlayTL.set_visible(false);
   TrayIcon.set_visible(false);
-  // Nothing to play until an address has been prepared.
+  // Enabled once an address has been prepared.
   PlayTL.set_enabled(false);
   Control_Play.set_enabled(false);
-  // Behind the shown text an item carries its quality, its identifier and its address.
+  // After the visible columns an item carries its quality, identifier and address.
   Control_List.set_shown_columns(93);
   InfoNaladit.set_text(L"Klikněte na naladit...");
-  // What a screen reader says of a picture; a tool tip tells the same to the eye.
+  // The text is what a screen reader announces for a picture; the tooltip shows the same.
   const auto tell = [](platform::PictureBox& picture, const wchar_t* what) {
     picture.set_text(what);
     picture.set_tooltip(what);

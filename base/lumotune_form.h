@@ -6,14 +6,14 @@
 
 namespace lumotune::base {
 
-// The caption by which other programs find the window; no other window of ours ever bears it.
+// Other programs find the main window by this caption; no other window of ours has it.
 inline constexpr const wchar_t* main_caption = L"Lumotune";
 
-// The caption of PlayTL tells the two states apart, letter case ignored.
+// The two states of PlayTL, told apart by its caption, case-insensitively.
 inline constexpr const wchar_t* caption_play = L"Zapnout";
 inline constexpr const wchar_t* caption_stop = L"Stop";
 
-// Made once on a fresh window, on the user-interface thread; the window owns the controls and must outlive the form.
+// Created once on a new window, on the user-interface thread; the window owns the controls and must outlive the form.
 struct LumotuneForm {
   explicit LumotuneForm(platform::Window& window_made);
 
@@ -21,7 +21,7 @@ struct LumotuneForm {
 
   platform::PictureBox& Control_Play;
   platform::ListBox& Control_List;
-  platform::Label& InfoNaladit; // the hint, pressed like a link
+  platform::Label& InfoNaladit; // the hint, clickable like a link
   platform::Label& InfoName;
   platform::PictureBox& Control_Sat;
   platform::PictureBox& Control_Volume;
@@ -35,7 +35,7 @@ struct LumotuneForm {
   platform::Label& InfoTime;
   platform::Label& InfoStatus;
   platform::PictureBox& LTDisplay; // behind the labels and the list
-  platform::Button& PlayTL;        // never shown; Control_Play presses it
+  platform::Button& PlayTL;        // never shown; Control_Play triggers it
   platform::PictureBox& TrayIcon;  // never shown; tray events arrive as mouse moves over it
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Pop-up menus as data. A room designs its menus as a constexpr table, a row an item. A MenuTree holds the captions and
-// marks of one opening; it is built for that opening from the current state and then discarded.
+// Pop-up menus as data. A room defines its menus as a constexpr table, one row per item. A MenuTree holds the captions
+// and check marks of one opening: it is built from the current state and then discarded.
 #pragma once
 
 #include "platform/popup_menus.h"
@@ -15,30 +15,30 @@
 
 namespace lumotune::base {
 
-inline constexpr std::wstring_view menu_separator = L"-"; // the caption of a row that is a line
+inline constexpr std::wstring_view menu_separator = L"-"; // the caption of a separator row
 
-// `Choice`: what the procedure of a chosen item gets.
+// `Choice`: the parameters of an item's procedure.
 template <typename... Choice>
 struct MenuRow {
   using Procedure = void (*)(Choice...);
 
-  // A menu or a line.
+  // A menu or a separator.
   constexpr MenuRow(std::size_t depth_given, std::wstring_view name_given, std::wstring_view caption_given)
       : depth(depth_given), name(name_given), caption(caption_given) {}
-  // An item that can be chosen.
+  // A selectable item.
   constexpr MenuRow(std::size_t depth_given, std::wstring_view name_given, std::wstring_view caption_given,
                     Procedure procedure)
       : depth(depth_given), name(name_given), caption(caption_given), act(procedure), acts(true) {}
 
-  std::size_t depth; // 0: a menu of its own; the rows of a menu follow it, one deeper
+  std::size_t depth; // 0: a top-level menu; the rows below it are one deeper
   std::wstring_view name;
   std::wstring_view caption;
   Procedure act = nullptr;
   bool acts = false; // `act != nullptr`, which is not a constant expression under the sanitizers
 };
 
-// Every item that can be chosen has a procedure and nothing else has; no row is more than one deeper than the one
-// before it; names are unique. A row at depth 0 may have no items.
+// Selectable items have a procedure and no other row has; depth increases by at most one from row to row; names are
+// unique. A row at depth 0 may have no items.
 template <typename Rows>
 consteval bool well_formed(const Rows& rows) {
   for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -57,10 +57,10 @@ consteval bool well_formed(const Rows& rows) {
 struct MenuNode {
   std::size_t depth = 0;
   platform::MenuItem item;
-  std::vector<platform::MenuItem> elements; // shown in the item's place when there are any
+  std::vector<platform::MenuItem> elements; // shown instead of the item when not empty
 };
 
-// The items of that depth at the beginning of `nodes`, each with those below it; `nodes` is left with the rest.
+// Takes the leading items of that depth, with their children, off `nodes`.
 [[nodiscard]] std::vector<platform::MenuItem> take_items(std::span<const MenuNode>& nodes, std::size_t depth);
 
 // `Table::rows` is the design, an array of MenuRow.
@@ -73,7 +73,7 @@ class MenuTree {
 public:
   using Row = typename std::remove_cvref_t<decltype(Table::rows)>::value_type;
 
-  // The name of a row. One that is not in the table does not compile.
+  // The name of a row. A name that is not in the table does not compile.
   class Name {
   public:
     consteval Name(const wchar_t* name) { // NOLINT(google-explicit-constructor): literals stand where names are used
@@ -86,7 +86,7 @@ public:
     std::size_t row_ = 0;
   };
 
-  MenuTree() { // as designed: everything visible and enabled, nothing checked
+  MenuTree() { // initial state: everything visible and enabled, nothing checked
     for (std::size_t row = 0; row < rows.size(); ++row) {
       nodes_[row].depth = rows[row].depth;
       nodes_[row].item.name = rows[row].name;
@@ -97,7 +97,7 @@ public:
 
   [[nodiscard]] platform::MenuItem& item(Name name) { return nodes_[name.row()].item; }
 
-  // Shows the row as an array: with these items in its place, named NAME(0), NAME(1) and so on, all with its procedure.
+  // Replaces the row by these items, named NAME(0), NAME(1) and so on; each runs the row's procedure.
   void set_elements(Name name, std::vector<platform::MenuItem> elements) {
     MenuNode& node = nodes_[name.row()];
     for (std::size_t index = 0; index < elements.size(); ++index)
@@ -105,7 +105,7 @@ public:
     node.elements = std::move(elements);
   }
 
-  // What a menu shows.
+  // The items of a menu.
   [[nodiscard]] std::vector<platform::MenuItem> below(Name menu) const {
     auto rest = std::span<const MenuNode>(nodes_).subspan(menu.row() + 1);
     return take_items(rest, rows[menu.row()].depth + 1);
@@ -117,9 +117,9 @@ public:
 
   struct Chosen {
     const Row& row;
-    std::wstring caption; // that the user saw
+    std::wstring caption; // as the user saw it
   };
-  // The item of that name, which a pop-up menu reported; none for a name of no item that can be chosen.
+  // The item with the name that a pop-up menu reported; none for a name that is no selectable item's.
   [[nodiscard]] std::optional<Chosen> chosen(const std::wstring& name) const {
     for (std::size_t row = 0; row < rows.size(); ++row) {
       if (!rows[row].acts)

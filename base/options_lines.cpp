@@ -9,7 +9,7 @@
 namespace lumotune::base {
 namespace {
 
-// A value of ours must stay on its line: a line break in it would move every line that follows.
+// A line break in a value would shift every line that follows.
 std::wstring one_line(std::wstring value) {
   for (wchar_t& character : value) {
     if (character == L'\r' || character == L'\n' || character == L'\0')
@@ -51,7 +51,7 @@ void read_settings(const TextLines& lines, const platform::AnsiCodec& codec, Set
   };
   settings.nickname = value(7, 14);
   settings.LTTop = value(11, 12);
-  // The identifier's width is fixed: a shorter one takes the slash and what follows into it.
+  // The identifier has a fixed width: a shorter one is read with the slash and what follows it.
   settings.IDlastRadio = value(12, 13).substr(0, 6);
   settings.KvalitaLT = value(12, 20);
   settings.LTautoStart = value(13, 18);

@@ -3,7 +3,7 @@
 
 namespace lumotune::base {
 
-// Differences of the tick count stay right when it wraps round.
+// Unsigned subtraction stays correct when the tick count wraps round.
 bool Pause(platform::EventLoop& loop, std::uint32_t milliseconds) {
   const std::uint32_t start = loop.tick_count_ms();
   do {

@@ -7,8 +7,8 @@
 
 namespace lumotune::base {
 
-// Waits without blocking the user interface: events run, at least one pass, until more than that many milliseconds have
-// gone. Everything may have changed afterwards. False when the program is ending: the caller returns at once.
+// Runs events, at least one pass, until more than `milliseconds` have passed. Any state may have changed afterwards.
+// False when the program is ending: the caller must return at once.
 [[nodiscard]] bool Pause(platform::EventLoop& loop, std::uint32_t milliseconds);
 
 } // namespace lumotune::base

@@ -11,7 +11,7 @@ std::wstring ProgramFolder::data(std::wstring_view name) const {
   return path(L"Orb_Data\\").append(name);
 }
 
-// The menu of skins lists the same folder with a capital letter, which is the same.
+// The skin menu spells this folder with a capital letter; file names are case-insensitive.
 std::wstring ProgramFolder::skins(std::wstring_view name) const {
   return data(L"skins\\").append(name);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The folder of the program, where its files and the client's lie: paths by name, and the means to read and write them.
+// The program's folder, which holds its files and the client's: paths by name, and access to read and write them.
 #pragma once
 
 #include "platform/ansi_codec.h"
@@ -19,18 +19,18 @@ public:
   ProgramFolder(platform::Files& files, const platform::AnsiCodec& codec, const platform::Machine& machine)
       : files_(files), codec_(codec), machine_(machine) {}
 
-  // Whole paths: the folder itself, without a trailing backslash; a file of it; a file of its data folder, which the
-  // client shares.
+  // Full paths: the folder itself, without a trailing backslash; a file in it; a file in its data folder, which is
+  // shared with the client.
   [[nodiscard]] std::wstring path() const { return machine_.program_folder(); }
   [[nodiscard]] std::wstring path(std::wstring_view name) const;
   [[nodiscard]] std::wstring data(std::wstring_view name) const;
-  // A file of the skins' folder, or of a skin's own folder in it.
+  // A file in the skins folder, or in a skin's own folder below it.
   [[nodiscard]] std::wstring skins(std::wstring_view name) const;
 
   [[nodiscard]] platform::Files& files() const { return files_; }
-  // Text files are bytes of the system's code page.
+  // Text files are in the system's code page.
   [[nodiscard]] const platform::AnsiCodec& codec() const { return codec_; }
-  // The whole text of a file; nothing when it is missing or cannot be read.
+  // The text of a file; nothing when it is missing or cannot be read.
   [[nodiscard]] std::optional<std::wstring> read_text(const std::wstring& whole_path) const;
 
 private:

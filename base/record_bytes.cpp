@@ -6,7 +6,7 @@ namespace {
 
 constexpr std::size_t delimiter_length = 3; // "/@/"
 
-// Looks for the delimiter's middle character: slashes are frequent in addresses, this one is not.
+// Searches for the middle character of the delimiter: slashes are frequent in addresses, "@" is not.
 std::size_t find_delimiter(std::string_view text) {
   for (std::size_t at = text.find('@', 1); at != std::string_view::npos; at = text.find('@', at + 1)) {
     if (text[at - 1] == '/' && at + 1 < text.size() && text[at + 1] == '/')

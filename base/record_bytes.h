@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The fields of a station's record, as bytes and without a copy. Pure.
+// The fields of a station record, as bytes, without copying. Pure.
 #pragma once
 
 #include <cstddef>
@@ -7,16 +7,17 @@
 
 namespace lumotune::base {
 
-// Every station has an identifier of this many characters, which the record begins with.
+// A record begins with the station's identifier, which has this many characters.
 inline constexpr std::size_t station_id_length = 6;
 
-// Takes the text before the first delimiter off the record, the delimiter too; nothing is left of a record without one.
+// Removes the first field and its delimiter from the record and returns the field; without a delimiter the whole record
+// is taken.
 [[nodiscard]] std::string_view take_field(std::string_view& record);
 
-// The field of that number, counted from 0; empty where the record has fewer.
+// The field with that number, counted from 0; empty when the record has fewer.
 [[nodiscard]] std::string_view record_field(std::string_view record, std::size_t number);
 
-// Everything from that field on, whatever delimiters are in it.
+// The rest of the record from that field on, delimiters included.
 [[nodiscard]] std::string_view record_rest(std::string_view record, std::size_t number);
 
 } // namespace lumotune::base

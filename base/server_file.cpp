@@ -15,7 +15,7 @@ void read_server_file(const ProgramFolder& folder, ErrorLog& error_log, const wc
     address = line_value(lines, address_line, address_position, folder.codec());
     return;
   }
-  // Without a backup the file stays as it is; the log line below tells.
+  // Without a backup the file stays as it is; the error is logged below.
   (void)folder.files().copy(path + L".tmp", path);
   error_log.add(procedure, L"orb_server.tt");
 }

@@ -6,7 +6,7 @@
 namespace lumotune::base {
 namespace {
 
-// Lines of the client's that the play report reads.
+// Lines of the client that the play report reads.
 constexpr std::size_t check_line = 6;
 constexpr std::size_t link_line = 18;
 
@@ -23,8 +23,8 @@ std::optional<TextLines> read_options_lines(const ProgramFolder& folder) {
   return without_empty_lines(split_text_lines(*bytes));
 }
 
-// The client deletes its file and writes it anew line by line: for a moment there is none, or a short one, which looks
-// finished between two lines. Fewer lines than last time are believed only when they stay.
+// The client deletes its file and writes it line by line: for a moment the file is missing or short, and between two
+// lines it looks complete. A line count lower than last time is therefore accepted only when it persists.
 bool SettingsFiles::read_whole() {
   const std::uint32_t start = uses_.loop.tick_count_ms();
   for (;;) {
@@ -41,12 +41,12 @@ bool SettingsFiles::read_whole() {
 }
 
 void SettingsFiles::LoadOptions() {
-  (void)read_whole(); // what is there serves: a short file has no login, and is never written
+  (void)read_whole(); // a short file is used as it is: it lacks a login and is never written back
 }
 
 void SettingsFiles::LoadClientValues() {
   const auto lines = read_options_lines(uses_.folder);
-  // The last line of a file that grows may be half a one.
+  // The last line of a growing file may be incomplete.
   if (!lines.has_value() ||
       (lines->size() < options_line_count && uses_.folder.files().being_written(options_file(uses_.folder))))
     return;
@@ -55,7 +55,7 @@ void SettingsFiles::LoadClientValues() {
   if (lines->size() > link_line)
     uses_.settings.client_link = written.client_link;
   if (written.idh.empty())
-    return; // nobody is logged in just now
+    return; // no user is logged in
   uses_.settings.idh = written.idh;
   if (lines->size() > check_line)
     uses_.settings.h = written.h;
@@ -73,8 +73,8 @@ bool SettingsFiles::logged_in() const {
 void SettingsFiles::SaveOptions() {
   auto& settings = uses_.settings;
   if (!values_read_)
-    return; // the program ends before it has any values: they would all be empty
-  // A minimised or hidden window keeps the place read at start.
+    return; // values not read yet: all would be saved empty
+  // A minimised or hidden window keeps the position read at start.
   const bool shown_normally = uses_.session.window_shown == L"1" || uses_.session.window_shown.empty();
   if (shown_normally) {
     const platform::TwipsRect place = uses_.window.rect();
@@ -83,8 +83,8 @@ void SettingsFiles::SaveOptions() {
   }
   if (List4.size() < options_line_count)
     return;
-  // The client may have written since. When the disk is full or the file is held the old one stays whole: the settings
-  // of the last run are kept.
+  // The client may have written meanwhile. When the disk is full or the file is locked, the old file stays intact and
+  // keeps the settings of the last run.
   if (!read_whole() || !write_settings(List4, uses_.folder.codec(), settings) ||
       !uses_.folder.files().replace(options_file(uses_.folder), join_lines(List4)))
     uses_.error_log.add(L"SaveOptions", L"options.ini");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The settings file shared with the client, and the client's server-address file.
+// The settings file shared with the client, and the client's file with the server address.
 #pragma once
 
 #include "base/error_log.h"
@@ -16,7 +16,7 @@
 
 namespace lumotune::base {
 
-// The lines of options.ini that are not empty; nothing when it cannot be read.
+// The non-empty lines of options.ini; nothing when it cannot be read.
 [[nodiscard]] std::optional<TextLines> read_options_lines(const ProgramFolder& folder);
 
 // User-interface thread. Nothing throws or shows a message.
@@ -32,29 +32,30 @@ public:
   };
   explicit SettingsFiles(const Uses& uses) : uses_(uses) {}
 
-  // A file that is missing, short, or being written by another program is waited for this long, in which events run.
+  // How long to wait, running events, for a file that is missing, short or being written by another program.
   static constexpr std::uint32_t max_wait_ms = 1000;
 
-  // Fills List4 with the non-empty lines of options.ini; a file that cannot be read leaves it empty. Waits.
+  // Fills List4 with the non-empty lines of options.ini; a file that cannot be read leaves it empty. May wait up to
+  // `max_wait_ms`.
   void LoadOptions();
 
-  // Reads every value out of List4, as LoadOptions left it.
+  // Reads every value from List4, as LoadOptions left it.
   void read_values();
   [[nodiscard]] bool logged_in() const; // whether the client has written its login line
 
-  // Reads only what the client writes: client_link, idh and h. The player's own values of this run are newer than those
-  // of the file. A line that is missing changes nothing, nor does an empty login line change idh and h; a file that is
-  // missing, or short and being written, changes nothing at all. List4 stays as it is.
+  // Reads only what the client writes: client_link, idh and h; the player's own values in memory are newer than the
+  // file's. A missing line leaves its value unchanged, an empty login line leaves idh and h unchanged, and a file that
+  // is missing, or short and being written, changes nothing at all. List4 is not touched.
   void LoadClientValues();
 
-  // Reads options.ini once more, so that no line is lost that the client wrote meanwhile, replaces the player's lines
-  // and writes it. Callers run LoadOptions first. Before `read_values` nothing is saved. A file of fewer than 24
-  // non-empty lines, or one that could not be read, is never written: then nothing happens. Waits; what could not be
-  // saved gets a line in the error log.
+  // Reads options.ini again, so that lines the client has written meanwhile are kept, replaces the player's lines and
+  // writes the file. Callers run LoadOptions first. Nothing is saved before `read_values`, and a file that cannot be
+  // read or has fewer than 24 non-empty lines is never written. May wait up to `max_wait_ms`; a failure to save is
+  // logged.
   void SaveOptions();
 
-  // Reads the server address. On any error the client's backup takes the file's place, the error log gets a line and
-  // the address keeps its value.
+  // Reads the server address. On any error the file is restored from the client's backup, the error is logged and the
+  // address keeps its value.
   void LoadOptionsServer();
 
 private:
@@ -62,8 +63,8 @@ private:
 
   Uses uses_;
   bool values_read_ = false;
-  std::size_t known_lines_ = 0; // of the last whole file
-  // The line buffer that both files use in turn: after LoadOptionsServer it holds the server file's lines.
+  std::size_t known_lines_ = 0; // in the last complete file
+  // The line buffer shared by both files: after LoadOptionsServer it holds the lines of the server file.
   TextLines List4;
 };
 

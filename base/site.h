@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The community site, by the names that texts and replies of its server bear. Its address comes from the server file.
+// The names of the community site in its server's texts and replies. Its address comes from the server file.
 #pragma once
 
 namespace lumotune::base {

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Where a room calls upward: a slot that is bound once, when the program is wired.
+// A slot through which a room calls upward, bound once when the program is wired.
 #pragma once
 
 #include <cstdio>
 
 namespace lumotune::base {
 
-// `Port` is an abstract struct. What is bound must outlive the slot's use. An unbound slot is a programming error: its
-// first use ends the program, in release builds too.
+// `Port` is an abstract struct. The bound object must outlive every use of the slot. Using an unbound slot is a
+// programming error that ends the program, in release builds too.
 template <typename Port>
 class Slot {
 public:
@@ -20,7 +20,7 @@ public:
   Port* operator->() { return &**this; }
   Port& operator*() {
     if (bound_ == nullptr) {
-      // Not abort(), which may open a message box: events would run behind it.
+      // Not abort(), which may open a message box and run events behind it.
       (void)std::fputs("lumotune: a port was called before it was bound\n", stderr);
       __builtin_trap();
     }

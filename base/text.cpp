@@ -8,7 +8,7 @@
 namespace lumotune::base {
 namespace {
 
-// No monitor lies further away than this many twips.
+// Larger coordinates are rejected: no monitor is that far away.
 constexpr double farthest_twips = 2000000.0;
 
 bool between(std::uint32_t code, std::uint32_t first, std::uint32_t last) {
@@ -19,7 +19,7 @@ bool is_digit(wchar_t character) {
   return character >= L'0' && character <= L'9';
 }
 
-// In these blocks a capital letter is followed by its small one.
+// In these blocks each capital letter is directly followed by its lower-case form.
 bool is_capital_of_pair(std::uint32_t code) {
   if (between(code, 0x100, 0x137) || between(code, 0x14a, 0x177) || between(code, 0x460, 0x481) ||
       between(code, 0x48a, 0x4bf) || between(code, 0x4d0, 0x52f))
@@ -27,7 +27,7 @@ bool is_capital_of_pair(std::uint32_t code) {
   return (between(code, 0x139, 0x148) || between(code, 0x179, 0x17e) || between(code, 0x4c1, 0x4ce)) && code % 2 == 1;
 }
 
-// The length of the number that the text begins with, blanks before it not counted.
+// The length of the number at the start of the text, which has no leading blanks.
 std::size_t number_length(std::wstring_view text) {
   std::size_t at = !text.empty() && (text[0] == L'-' || text[0] == L'+') ? 1 : 0;
   std::size_t digits = 0;
@@ -141,7 +141,7 @@ double number_value(std::wstring_view text) {
   text = trimmed(text);
   text = text.substr(0, number_length(text));
   double number = 0;
-  double place = 0; // 0 before the decimal point, then the worth of the next digit
+  double place = 0; // 0 before the decimal point, then the weight of the next digit
   for (const wchar_t character : text) {
     if (character == L'.') {
       place = 0.1;
