@@ -26,7 +26,7 @@ std::vector<CategoryNode> read_categories(std::string_view bytes, const platform
       continue;
     line.remove_prefix(prefix_length);
     const std::size_t cut = line.find(delimiter);
-    if (cut > max_category_id) // also where there is no delimiter
+    if (cut > max_category_id) // also when there is no delimiter
       continue;
     const std::wstring id = codec.decode(line.substr(0, cut));
     nodes.push_back({L"a" + id, child ? L"a" + id.substr(0, top_level_length) : std::wstring(),

@@ -14,7 +14,7 @@ namespace lumotune::stations {
 namespace {
 
 constexpr std::string_view line_end = "\r\n";
-constexpr std::size_t marker_length = 6; // "orb:k:" and its like
+constexpr std::size_t marker_length = 6; // as of "orb:k:"
 
 enum class Kind { nothing, category, advertisement, information, station };
 
@@ -28,7 +28,7 @@ Kind kind_of(std::string_view line) {
   return base::starts_with_marker(line, "orb:i:") ? Kind::information : Kind::station;
 }
 
-// The advertisements and information lines of a list, carried out once it is known that the list is good.
+// The advertisements and information lines of a list, carried out only after the whole list has been accepted.
 class Orders {
 public:
   void add(Kind kind, std::string_view text) {
@@ -57,11 +57,11 @@ private:
 
 } // namespace
 
-// Station lines that follow each other and end as they shall are copied at one go.
+// Consecutive station lines that already end in CR LF are copied in one piece.
 std::optional<Converted> convert(std::string_view list, const platform::AnsiCodec& codec, ConversionPort& port) {
   Converted result;
   result.stations.reserve(list.size() + line_end.size());
-  std::size_t copied = 0; // up to here the list is dealt with
+  std::size_t copied = 0; // end of the part of the list already processed
   std::size_t categories = 0;
   Orders orders;
   const auto copy_up_to = [&](std::size_t end) { result.stations.append(list, copied, end - copied); };

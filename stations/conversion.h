@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What the downloaded list becomes: the content of the station file and of the category file.
+// Converts a downloaded list into the contents of the station file and the category file.
 #pragma once
 
 #include "platform/ansi_codec.h"
@@ -11,37 +11,38 @@
 
 namespace lumotune::stations {
 
-// Who shows what the list says beside its stations: its orders, in their order. Events may run meanwhile.
+// Shows the orders in the list, that is, everything but stations and categories, in their order. Events may run
+// meanwhile.
 struct ConversionPort {
   virtual ~ConversionPort() = default;
-  // Of several advertisements the last one's page is asked for, once, at `orders_end`.
+  // Only the last of several advertisements has its page requested, once, at `orders_end`.
   virtual void ZobrazReklamu(const std::wstring& text) = 0;
   virtual void ZobrazInfoPanel(const std::wstring& text) = 0;
   virtual void orders_end() = 0;
 };
 
-// What a server may ask for in one list; what is beyond is left out.
+// Limits of one list; anything beyond them is ignored.
 inline constexpr std::size_t max_categories = 5000;
 inline constexpr std::size_t max_orders = 10; // advertisements, and information lines
 inline constexpr std::size_t max_order_bytes = 64 * 1024;
 
-// The new content of both files, closed by one more CR LF each.
+// The new contents of both files, each ending with an extra CR LF.
 struct Converted {
   std::string stations;
   std::string categories;
 };
 
-// Any bytes: a line of no known kind is a station and stays as it came. Nothing, and no order carried out, when there
-// are more lines or bytes than a station file may have.
+// Takes any bytes: a line of no known kind is a station and is copied unchanged. Nothing, and no order carried out,
+// when the list has more lines or bytes than a station file may have.
 [[nodiscard]] std::optional<Converted> convert(std::string_view list, const platform::AnsiCodec& codec,
                                                ConversionPort& port);
 
-// What became of a downloaded list.
+// The outcome of converting a downloaded list.
 enum class Conversion {
   done,
-  unreadable, // the list could not be read, or is not as long as announced; nothing was changed or shown
-  too_long,   // it has too many lines or bytes; nothing was changed or shown
-  not_written // the new files could not take the places of the old ones, which are still there
+  unreadable, // the list could not be read or does not have the announced length; nothing was changed or shown
+  too_long,   // too many lines or bytes; nothing was changed or shown
+  not_written // the files could not be replaced; the old ones are intact
 };
 
 } // namespace lumotune::stations

@@ -24,7 +24,7 @@ std::string lines_with_ends(const base::TextLines& lines) {
 
 std::vector<Favourite> read_favourites(std::string_view bytes) {
   constexpr std::string_view prefix = "lt:";
-  constexpr std::size_t quality_at = base::station_id_length + 1; // behind the slash, which is not looked at
+  constexpr std::size_t quality_at = base::station_id_length + 1; // after the slash, which is not checked
   std::vector<Favourite> List5;
   for (base::LineWalk walk(bytes); walk.next();) {
     std::string_view line = walk.line();
@@ -53,7 +53,7 @@ std::string FavouriteFile::read() const {
 FavouriteAdded FavouriteFile::add(const std::wstring& line) {
   if (line.find_first_of(std::wstring_view(L"\r\n\0", 3)) != std::wstring::npos)
     return FavouriteAdded::failed;
-  // A file that is there but cannot be read is never written: it would lose what it holds.
+  // An existing file that cannot be read is never written: its contents would be lost.
   const bool exists = folder_.files().exists(path());
   const auto bytes = exists ? folder_.files().read(path()) : std::string();
   if (!bytes.has_value())
@@ -67,7 +67,7 @@ FavouriteAdded FavouriteFile::add(const std::wstring& line) {
   const std::string fresh = lines_with_ends(List3);
   if (fresh.empty()) {
     if (exists)
-      (void)folder_.files().remove(path()); // it holds no favourite: one that stays does no harm
+      (void)folder_.files().remove(path()); // a leftover file without favourites does no harm
     return FavouriteAdded::added;
   }
   if (fresh != *bytes && !folder_.files().replace(path(), fresh) && !there)

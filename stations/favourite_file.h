@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The file of the favourite stations, list.tt of the program folder: a line a favourite, "lt:", identifier, "/",
-// quality. A change is complete on disk beside the old file before that one goes: no crash loses a favourite.
+// The favourites file, list.tt in the program folder: one favourite per line, "lt:", identifier, "/", quality. A change
+// is written completely to disk beside the old file before it replaces it: no crash loses a favourite.
 #pragma once
 
 #include "base/program_folder.h"
@@ -12,40 +12,40 @@
 
 namespace lumotune::stations {
 
-// What became of a favourite that was to be added or removed.
+// The outcomes of adding and removing a favourite.
 enum class FavouriteAdded { added, already_there, failed };
 enum class FavouriteRemoved { removed, not_there, failed };
 
-// What the user is told when a change failed.
+// Shown to the user when a change failed.
 inline constexpr const wchar_t* favourites_not_saved =
     L"Oblíbené se nepodařilo uložit.\r\nSoubor list.tt je jen pro čtení, nebo ho používá jiný program.";
 
-// A favourite, a line of the file.
+// A favourite: one line of the file.
 struct Favourite {
-  std::string_view id;     // six characters, a view of the file's bytes
+  std::string_view id;     // six characters; a view of the file's bytes
   std::size_t quality = 1; // 1..5
 };
-// The favourites in the order of the file. Lines that are none, or have no such quality, are left out. Pure.
+// The favourites in file order. Other lines, and lines with an invalid quality, are skipped. Pure.
 [[nodiscard]] std::vector<Favourite> read_favourites(std::string_view bytes);
-// The line of a favourite. Pure.
+// Formats a favourite as a line. Pure.
 [[nodiscard]] std::wstring favourite_line(const std::wstring& id, const std::wstring& quality);
 
-// User-interface thread. Lines are compared without regard to letter case; those that are no favourites are kept.
+// User-interface thread. Lines are compared case-insensitively; lines that are not favourites are kept.
 class FavouriteFile {
 public:
   explicit FavouriteFile(const base::ProgramFolder& folder) : folder_(folder) {}
 
-  // The bytes of the file as it is now, which is short and the user's own: no copy of it is kept. Empty when there is
-  // none or it cannot be read.
+  // The current bytes of the file; not cached, because the file is short and the user may edit it. Empty when it is
+  // missing or cannot be read.
   [[nodiscard]] std::string read() const;
 
-  // Appends a line unless it is there, and drops empty lines. An empty line counts as added and is not written; where
-  // nothing is left to write there is no file afterwards. `failed` changes nothing: the file cannot be made, read or
-  // replaced, or the text is no line.
+  // Appends a line unless it is already there, and drops empty lines. An empty line counts as added but is not written;
+  // a file with nothing left to hold is deleted. `failed` changes nothing: the file cannot be created, read or
+  // replaced, or the text is not a single line.
   [[nodiscard]] FavouriteAdded add(const std::wstring& line);
 
-  // Takes every such line out. The new file begins with an empty line and has no other, also when nothing was found.
-  // `failed` changes nothing. A missing file is made.
+  // Removes every such line. The new file begins with an empty line and has no other, even when nothing was found. A
+  // missing file is created. `failed` changes nothing.
   [[nodiscard]] FavouriteRemoved remove(const std::wstring& line);
 
 private:

@@ -20,8 +20,8 @@ std::shared_ptr<const std::vector<CategoryNode>> StationFiles::nodes_of(const st
   return std::make_shared<const std::vector<CategoryNode>>(read_categories(bytes, folder_.codec()));
 }
 
-// The stamp is taken before the file is read: one that changes meanwhile is read again at the next call. The old
-// content goes first, so that there are not two of them at a time.
+// The stamp is taken before reading: a file that changes meanwhile is read again at the next call. The old content is
+// released first, so that only one is in memory at a time.
 template <typename Content, typename Make>
 std::shared_ptr<const Content> StationFiles::current(Kept<Content>& kept, const wchar_t* name, const Make& make) {
   const auto stamp = folder_.files().stamp(path(name));
@@ -44,8 +44,8 @@ std::shared_ptr<const std::vector<CategoryNode>> StationFiles::categories() {
   return current(categories_, categories_file, [this](const std::string& bytes) { return nodes_of(bytes); });
 }
 
-// Forward slash on purpose: the downloader is told this very path, and its growth is watched under it. A list that is
-// still written may have grown since its length was asked.
+// Deliberately a forward slash: the downloader is given this exact path, and the file's growth is watched under it. A
+// list still being written may have grown since its length was queried.
 Conversion StationFiles::convert_download(std::uint64_t announced_size, ConversionPort& port) {
   std::string list;
   if (!folder_.files().read_at_most(folder_.path() + L"/" + download_file, list, announced_size) ||
@@ -54,7 +54,7 @@ Conversion StationFiles::convert_download(std::uint64_t announced_size, Conversi
   auto converted = convert(list, folder_.codec(), port);
   if (!converted)
     return Conversion::too_long;
-  std::string().swap(list); // its room, while the stations are there three times
+  std::string().swap(list); // frees the memory: the stations are held three times from here
   if (!folder_.files().replace_both(path(stations_file), converted->stations, path(categories_file),
                                     converted->categories))
     return Conversion::not_written;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The owner of radios.tt and kategories.tt in the program folder: who needs their content asks here, and the update
-// replaces them here.
+// Owns radios.tt and kategories.tt in the program folder: all reading of their contents, and the update, go through
+// here.
 #pragma once
 
 #include "base/code_page_fold.h"
@@ -22,18 +22,18 @@ class StationFiles {
 public:
   explicit StationFiles(const base::ProgramFolder& folder) : folder_(folder), fold_(folder.codec()) {}
 
-  // What the files hold now, never null. A file is read only when its stamp is not the one of the last reading or
-  // replacing; a missing, unreadable or too long one holds nothing and is tried again at the next call. Whoever keeps
-  // an older content keeps it as it was.
+  // The current contents, never null. A file is read only when its stamp has changed since it was last read or
+  // replaced; a missing, unreadable or too long file counts as empty and is tried again at the next call. Contents
+  // handed out earlier never change.
   [[nodiscard]] std::shared_ptr<const StationLines> stations();
   [[nodiscard]] std::shared_ptr<const std::vector<CategoryNode>> categories();
 
-  // Makes both files of the downloaded list, which is read completely first and must then be `announced_size` bytes
-  // long. What is written is what the next call above answers: it is not read back.
+  // Makes both files from the downloaded list, which is first read completely and must be `announced_size` bytes long.
+  // The next calls above return what was written without reading it back.
   [[nodiscard]] Conversion convert_download(std::uint64_t announced_size, ConversionPort& port);
 
 private:
-  // What was made of a file's bytes while the file had that stamp; none when it was not read.
+  // The content parsed from a file and the file's stamp at that time; no stamp when it could not be read.
   template <typename Content>
   struct Kept {
     std::shared_ptr<const Content> content;

@@ -11,9 +11,9 @@ namespace lumotune::stations {
 namespace {
 
 constexpr std::size_t first_slots = 1024;
-constexpr std::uint64_t odd_factor = 0x9e3779b97f4a7c15ULL; // spreads its bits over the whole word
+constexpr std::uint64_t odd_factor = 0x9e3779b97f4a7c15ULL; // multiplying spreads the bits over the whole word
 
-// The highest bits; the lowest ones choose the slot.
+// The top bits of the hash; the low bits choose the slot.
 std::uint8_t tag_of(std::uint64_t hash) {
   return static_cast<std::uint8_t>(hash >> 56 | 1);
 }
@@ -24,8 +24,8 @@ std::uint64_t four_bytes(const char* at) {
   return word;
 }
 
-// At most eight bytes as one word. From four on these are the first and the last four, which may overlap: together with
-// the length that tells them apart, and takes two loads.
+// Packs at most eight bytes into a word: from four bytes on, the first four and the last four, which may overlap.
+// Together with the length they identify the text, and need only two loads.
 std::uint64_t packed(std::string_view bytes) {
   if (bytes.size() >= 4)
     return four_bytes(bytes.data()) | four_bytes(bytes.data() + bytes.size() - 4) << 32;
@@ -50,7 +50,7 @@ void StationKeys::clear() {
   used_ = 0;
 }
 
-// Eight bytes at a time: an identifier as it should be is one word. The last steps spread every bit over all others.
+// Eight bytes at a time: a regular identifier fits in one word. The final steps spread every bit over the whole word.
 std::uint64_t StationKeys::hash(std::string_view id) const {
   std::uint64_t mixed = seed_ ^ id.size();
   do {
@@ -64,7 +64,7 @@ std::uint64_t StationKeys::hash(std::string_view id) const {
   return mixed ^ mixed >> 29;
 }
 
-// At most eight bytes, letter case folded. Where all are ASCII, as nearly always, they are folded at once.
+// At most eight bytes, in lower case. Pure ASCII, nearly always the case, is folded at once.
 std::uint64_t StationKeys::folded_word(std::string_view bytes) const {
   const std::uint64_t word = packed(bytes);
   if (base::all_ascii(word))
@@ -75,7 +75,7 @@ std::uint64_t StationKeys::folded_word(std::string_view bytes) const {
   return packed({folded.data(), bytes.size()});
 }
 
-// The slot that holds the identifier, or the empty one where it belongs. There is always an empty one.
+// The slot that holds the identifier, or the empty one where it belongs; there is always an empty slot.
 std::size_t StationKeys::slot_of(std::uint64_t hash, std::string_view id) const {
   std::size_t at = static_cast<std::size_t>(hash) & (tags_.size() - 1);
   while (tags_[at] != 0 && (tags_[at] != tag_of(hash) || !fold_.equal(id_of_(rows_[at]), id)))

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Which identifiers the rows of the station list have: each one at most once. Pure.
+// An index of the station list's rows by identifier, each at most once. Pure.
 #pragma once
 
 #include "base/code_page_fold.h"
@@ -12,18 +12,18 @@
 
 namespace lumotune::stations {
 
-// A hash table of row numbers; the identifiers themselves stay where they are. Letter case is ignored. The hash starts
-// from a value of its own in each object: a server cannot choose identifiers that fall together.
+// A hash table of row numbers; the identifiers stay in the rows. Case-insensitive. The hash is seeded per object: a
+// server cannot choose identifiers that collide.
 class StationKeys {
 public:
-  // The identifier of a row, from 1.
+  // The identifier of a row, counted from 1.
   using IdOf = std::function<std::string_view(std::size_t row)>;
 
   StationKeys(const base::CodePageFold& fold, IdOf id_of);
 
   void clear();
-  void reserve(std::size_t rows); // room for that many: adding them moves none
-  // Adds the row unless a row with its identifier is there: then false.
+  void reserve(std::size_t rows); // adding up to that many does not rehash
+  // Adds the row; false when a row with its identifier is already there.
   [[nodiscard]] bool add(std::size_t row, std::string_view id);
   [[nodiscard]] std::size_t find(std::string_view id) const; // 0 when there is none
 
@@ -37,9 +37,9 @@ private:
   const base::CodePageFold& fold_;
   IdOf id_of_;
   std::uint64_t seed_;
-  // Slots, a power of two of them. The tags alone are small enough to stay in the processor's cache.
-  std::vector<std::uint8_t> tags_;  // some bits of the hash, 0 for an empty slot
-  std::vector<std::uint32_t> rows_; // of the slots that are not empty
+  // The slots; their number is a power of two. The tags alone are small enough to stay in the CPU cache.
+  std::vector<std::uint8_t> tags_;  // part of the hash, 0 for an empty slot
+  std::vector<std::uint32_t> rows_; // valid where the tag is not 0
   std::size_t used_ = 0;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// How much of a station file, or of a list that becomes one, is used.
+// Limits of a station file and of a list that becomes one.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@ namespace lumotune::stations {
 
 // A longer file counts as unreadable.
 inline constexpr std::uint64_t max_station_bytes = 256ULL * 1024 * 1024;
-// The lines behind these are no stations.
+// Lines beyond these are ignored.
 inline constexpr std::size_t max_station_lines = 2'000'000;
 
 } // namespace lumotune::stations

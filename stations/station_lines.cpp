@@ -13,10 +13,10 @@ StationLines::StationLines(std::string bytes, const base::CodePageFold& fold) : 
   base::LineWalk walk(bytes_, max_station_lines);
   while (walk.next())
     starts_.push_back(static_cast<std::uint32_t>(walk.start()));
-  bytes_.resize(walk.after()); // the last line ends there, however much follows
+  bytes_.resize(walk.after()); // drops what follows the last line
 }
 
-// What ends a line is a line feed with the carriage return before it, or one of the two alone.
+// A line ends with CR LF, LF or CR.
 std::string_view StationLines::line(std::size_t index) const {
   if (index >= starts_.size())
     return {};
@@ -31,7 +31,7 @@ std::string_view StationLines::line(std::size_t index) const {
   return text;
 }
 
-// From the end: of several lines the keys keep the one that comes first.
+// Added from the end, because the index keeps the first of several equal identifiers.
 std::optional<std::string_view> StationLines::last_of(std::string_view id) const {
   const auto id_of = [this](std::size_t row) { return line(row - 1).substr(0, base::station_id_length); };
   if (!keys_) {
@@ -39,7 +39,7 @@ std::optional<std::string_view> StationLines::last_of(std::string_view id) const
     keys->reserve(count());
     for (std::size_t row = count(); row > 0; --row) {
       if (const std::string_view key = id_of(row); !key.empty())
-        (void)keys->add(row, key); // false: a line further on is the station's
+        (void)keys->add(row, key); // false: a later line has this identifier
     }
     keys_ = std::move(keys);
   }

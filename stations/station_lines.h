@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The lines of the station file as they stand in it: one buffer of bytes, where each line starts, and which one is a
-// station's.
+// The lines of the station file as stored: one buffer of bytes, the start of each line, and an index by station.
 #pragma once
 
 #include "base/code_page_fold.h"
@@ -26,17 +25,17 @@ public:
   ~StationLines() = default;
 
   [[nodiscard]] std::size_t count() const { return starts_.size(); }
-  [[nodiscard]] std::string_view line(std::size_t index) const; // without its end; empty past the last
+  [[nodiscard]] std::string_view line(std::size_t index) const; // without the line end; empty past the last line
 
-  // The last line whose first six characters (all, of a shorter line) are the identifier, letter case ignored. None for
-  // an empty identifier, whatever empty lines there are. The first call goes over all lines.
+  // The last line whose first six characters (or all of a shorter line) are the identifier, case-insensitively. None
+  // for an empty identifier, even if there are empty lines. The first call indexes all lines.
   [[nodiscard]] std::optional<std::string_view> last_of(std::string_view id) const;
 
 private:
   std::string bytes_;
-  std::vector<std::uint32_t> starts_; // the bytes are fewer than 4 GiB
+  std::vector<std::uint32_t> starts_; // 32 bits suffice: a file is smaller than 4 GiB
   base::CodePageFold fold_;
-  mutable std::unique_ptr<StationKeys> keys_; // row n is line n - 1; made when first needed
+  mutable std::unique_ptr<StationKeys> keys_; // row n is line n - 1; built on first use
 };
 
 } // namespace lumotune::stations

@@ -14,7 +14,7 @@ std::wstring StationLookup::RadioInfo(const std::wstring& ID, const std::wstring
   const auto wanted = base::exact_bytes(uses_.codec, ID);
   if (!wanted.has_value() || wanted->size() != base::station_id_length)
     return {};
-  const auto lines = uses_.station_files.stations(); // keeps the line
+  const auto lines = uses_.station_files.stations(); // keeps the line alive
   const auto line = lines->last_of(*wanted);
   if (!line.has_value())
     return {};

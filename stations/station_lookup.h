@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The main window's look-up of a station's fields.
+// Looks up a station's fields for the main window.
 #pragma once
 
 #include "platform/ansi_codec.h"
@@ -18,9 +18,9 @@ public:
   };
   explicit StationLookup(const Uses& uses) : uses_(uses) {}
 
-  // A field by its word (see `station_field`) of the station whose record in radios.tt starts with those six
-  // characters, letter case ignored; the last one of several wins. "www" is everything from that field on. Empty for an
-  // unknown station, an unknown word, a missing field or a file that cannot be read.
+  // The field (see `station_field`) of the station whose record in radios.tt starts with the six-character identifier,
+  // case-insensitively; the last of several records wins. "www" yields everything from that field on. Empty for an
+  // unknown station or field name, a missing field or an unreadable file.
   [[nodiscard]] std::wstring RadioInfo(const std::wstring& ID, const std::wstring& FieldName);
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A station record, a line of radios.tt: which field is where, and by which word it is asked for. Pure.
+// A station record, one line of radios.tt: the position and the look-up name of each field. Pure.
 #pragma once
 
 #include "platform/ansi_codec.h"
@@ -11,29 +11,29 @@
 
 namespace lumotune::stations {
 
-// The layout of a line: its fields in their order. Nothing else knows where a field is.
+// The fields of a line in order. The only place that knows the layout.
 enum class StationField : std::size_t {
   id,
   name,
-  marker, // Pridavatel: "tip" makes the row bold; what follows the fourth character is shown behind the name
+  marker, // Pridavatel: "tip" makes the row bold; what follows the fourth character is shown after the name
   carried,
   country,  // Zeme
-  category, // "kk": six characters of the category, then those of its subcategory
-  u1,       // stream addresses of the qualities 1 to 5
+  category, // "kk": six characters of category, then the subcategory's
+  u1,       // stream addresses for qualities 1 to 5
   u2,
   u3,
   u4,
   u5,
-  k1, // their bit rates in kbit/s, empty for a quality that the station does not have
+  k1, // their bit rates in kbit/s; empty for a quality the station does not offer
   k2,
   k3,
   k4,
   k5,
   www,        // the station's web page
-  description // everything behind a delimiter that follows the web page
+  description // everything after the delimiter that follows the web page
 };
 
-// The fields of a quality 1..5.
+// The fields for a quality 1..5.
 [[nodiscard]] constexpr StationField address_of(std::size_t quality) {
   return static_cast<StationField>(static_cast<std::size_t>(StationField::u1) + quality - 1);
 }
@@ -41,18 +41,17 @@ enum class StationField : std::size_t {
   return static_cast<StationField>(static_cast<std::size_t>(StationField::k1) + quality - 1);
 }
 
-// What a look-up is asked for: "name", "kk", "u1".."u5", "k1".."k5", "www", letter case ignored; nothing for any other
-// word.
+// Look-up names: "name", "kk", "u1".."u5", "k1".."k5", "www", case-insensitive; nothing for any other.
 [[nodiscard]] std::optional<StationField> station_field(std::wstring_view FieldName);
 
-// A line by its fields. It is a view: the line and the codec outlive it. Fields that the line lacks are empty.
+// Gives access to a line by fields. It is a view: the line and the codec must outlive it. Missing fields are empty.
 class StationRecord {
 public:
   StationRecord(std::string_view line, const platform::AnsiCodec& codec) : line_(line), codec_(&codec) {}
 
-  // The bytes up to the next delimiter; those of the description are the rest of the line.
+  // The field's bytes up to the next delimiter; for the description, the rest of the line.
   [[nodiscard]] std::string_view operator[](StationField field) const;
-  // The bytes of the field and of all that follow, whatever delimiters are among them.
+  // The bytes from that field to the end of the line, delimiters included.
   [[nodiscard]] std::string_view from(StationField field) const;
 
   [[nodiscard]] std::wstring text(StationField field) const { return codec_->decode((*this)[field]); }

@@ -5,7 +5,7 @@
 
 namespace lumotune::stations {
 
-// The old lines go first: a file that changed is then read with only one of them in memory.
+// Releases the old lines first: when a changed file is read, only one copy is in memory.
 void StationTable::load() {
   List1.reset();
   List1 = uses_.station_files.stations();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The directory's stations: the lines of radios.tt as they were when it last loaded them, whatever the file holds now.
+// The directory's stations: a snapshot of the lines of radios.tt as last loaded.
 #pragma once
 
 #include "platform/ansi_codec.h"
@@ -22,24 +22,24 @@ public:
   };
   explicit StationTable(const Uses& uses) : uses_(uses) {}
 
-  // The file part of NactiRadia: List1 and List6 become the lines of radios.tt; none when it cannot be read. Lines that
-  // somebody still holds stay as they were for him.
+  // The file part of NactiRadia: List1 and List6 become the lines of radios.tt, empty when it cannot be read. Lines
+  // still held elsewhere do not change.
   void load();
 
   // List1, all lines in file order; null before the first load.
   [[nodiscard]] std::shared_ptr<const StationLines> lines() const { return List1; }
 
-  // The last line whose first six characters equal the identifier, letter case ignored; nothing when there is none. An
-  // empty identifier is no station's, whatever empty lines the file has. A view of `lines`.
+  // The last line that starts with the six-character identifier, case-insensitively; nothing when there is none. An
+  // empty identifier never matches, even if the file has empty lines. The result is a view of `lines`.
   [[nodiscard]] std::optional<StationRecord> last_of(const std::wstring& ID) const;
 
-  // A field of that record: "name", "k1".."k5", "u1".."u5". Empty for any other word and for an unknown station. The
-  // directory's own look-up; its windows ask the main window's, which knows more words.
+  // A field of that record: "name", "k1".."k5", "u1".."u5". Empty for any other name and for an unknown station. For
+  // the directory itself; its windows use the main window's look-up, which knows more names.
   [[nodiscard]] std::wstring RadioInfo(const std::wstring& IDradio, const std::wstring& What) const;
 
 private:
   Uses uses_;
-  std::shared_ptr<const StationLines> List1; // and List6, all stations: the same lines whenever List1 is filled
+  std::shared_ptr<const StationLines> List1; // also List6, all stations: the same lines whenever List1 is filled
 };
 
 } // namespace lumotune::stations
