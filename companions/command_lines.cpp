@@ -15,7 +15,7 @@ using platform::ShowWindow;
 
 constexpr std::wstring_view delimiter = base::record_delimiter;
 
-// What the program does not vouch for, made harmless for a command line.
+// Makes untrusted text harmless in a command line.
 std::wstring one_argument(std::wstring text) {
   for (wchar_t& character : text) {
     if (character == L'"')
@@ -26,8 +26,8 @@ std::wstring one_argument(std::wstring text) {
   return text;
 }
 
-// Made harmless for a field of a record, too. Looked for at the end of what is kept, because taking one delimiter out
-// may leave another one behind. An end of "/@" would make one with the delimiter that follows, and shift the fields.
+// Makes it harmless as a record field too. The delimiter is searched for at the end of the text kept so far, because
+// removing one may form another. A trailing "/@" would form a delimiter with the one that follows and shift the fields.
 std::wstring one_field(const std::wstring& text, std::size_t longest = max_field) {
   std::wstring field;
   for (const wchar_t character : one_argument(text)) {
@@ -62,7 +62,7 @@ Launch browser(const CompanionValues& values, const std::wstring& path_and_param
                    ShowWindow::minimized_focus);
 }
 
-// Titles of the browser's window end with the site's name.
+// The browser's window titles end with the site's name.
 std::wstring of_the_site(const std::wstring& title) {
   return title + L" (" + base::site_name + L")";
 }
@@ -90,7 +90,7 @@ std::wstring companion_program(const base::ProgramFolder& folder, std::wstring_v
   return {};
 }
 
-// Backslashes on purpose: the server knows this page and the free-music page by this very path.
+// Deliberately backslashes: the server knows this page and the free-music page by these exact paths.
 Launch discussion(const CompanionValues& values, const std::wstring& station_id, const std::wstring& station_name) {
   return browser(values, L"\\orb\\diskuze.php?" + account(values) + L"&t=100000&tid=" + one_field(station_id, max_id) +
                              L"/@/9000/@/9000/@/" +
@@ -144,7 +144,7 @@ Launch play_report(const CompanionValues& values, bool client_link_on, const std
                   L"\\orblt.tt");
 }
 
-// A forward slash on purpose: the client's own tools know the list by this very path.
+// Deliberately a forward slash: the client's own tools know the list by this exact path.
 Launch station_list(const CompanionValues& values) {
   return download(values, L"/lumotune.brelt/lt_list.php?idh=" + one_field(values.idh), L"/seznam.tt");
 }
@@ -162,7 +162,7 @@ std::wstring help_address(const CompanionValues& values) {
 }
 
 void launch(platform::Shell& shell, const Launch& what) {
-  // A companion that is missing is the installation's fault, not one that the listener could mend.
+  // Not reported: a missing companion is an installation fault that the listener cannot mend.
   (void)shell.start(what.command_line, what.application, what.show);
 }
 

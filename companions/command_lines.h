@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// How the companion programs are started and which pages are opened: one place for every window. Pure, but for
-// `launch`.
+// Command lines of the companion programs and addresses of the pages to open, for every window. Pure, except `launch`.
 #pragma once
 
 #include "base/program_folder.h"
@@ -18,8 +17,8 @@ namespace lumotune::companions {
 inline constexpr const wchar_t* client_caption = L"Orb - Lumotune";
 inline constexpr const wchar_t* client_program = L"orb.exe";
 
-// A program start. `application` is the program's full path where the command line names a folder, so that a blank in
-// the folder cannot start another program; empty for a program that is looked for in the current folder.
+// A program start. `application` is the program's full path when the command line names a folder, so that a blank in
+// the folder cannot start another program; empty for a program that is searched for in the current folder.
 struct Launch {
   std::wstring command_line;
   std::wstring application;
@@ -37,13 +36,13 @@ struct CompanionValues {
 [[nodiscard]] CompanionValues companion_values(const base::ProgramFolder& folder, const base::Settings& settings);
 
 // The full path of the client's or a companion's program by its plain name, blanks around it and letter case ignored;
-// empty for any other name. Nothing else may be started because a text from outside says so.
+// empty for any other name. Text from outside can start nothing else.
 [[nodiscard]] std::wstring companion_program(const base::ProgramFolder& folder, std::wstring_view name);
 
-// Every text is inserted unquoted and unescaped. A quotation mark in it becomes an apostrophe and a control character a
-// blank: neither means anything in a name, an address or a number, and the first could join or part arguments. All but
-// the parameters that `browser_page` is given also lose the record delimiter, behind which the downloader finds the
-// file to write, and are cut to `max_field`, identifiers to `max_id`, characters.
+// Texts are inserted unquoted and unescaped. Quotation marks become apostrophes and control characters blanks: neither
+// has a use in a name, an address or a number, and a quotation mark could join or split arguments. Except for the
+// parameters of `browser_page`, texts also lose the record delimiter, after which the downloader expects the output
+// file, and are cut to `max_field` characters, identifiers to `max_id`.
 inline constexpr std::size_t max_field = 1000;
 inline constexpr std::size_t max_id = 100;
 
@@ -61,22 +60,22 @@ inline constexpr std::size_t max_id = 100;
 [[nodiscard]] Launch recordings_library(const CompanionValues& values);
 [[nodiscard]] Launch problem_report(const CompanionValues& values, const std::wstring& station_id,
                                     const std::wstring& station_name);
-// Nothing for what is_stream_address refuses.
+// Nothing for an address that is_stream_address rejects.
 [[nodiscard]] std::optional<Launch> television(const CompanionValues& values, const std::wstring& stream_address);
 [[nodiscard]] Launch messenger_client(const CompanionValues& values);
 
-// The downloader: each stores the reply in a file of the program folder.
+// The downloader: each call stores the reply in a file in the program folder.
 [[nodiscard]] Launch play_report(const CompanionValues& values, bool client_link_on,
                                  const std::wstring& station_id);      // orblt.tt
 [[nodiscard]] Launch station_list(const CompanionValues& values);      // seznam.tt
 [[nodiscard]] Launch station_list_size(const CompanionValues& values); // orb_test_size.tt
 
-// Addresses of the community site. `token` is Heslo of h; `page` the page to go on to, as one segment, empty for none.
+// Addresses of the community site. `token` is Heslo of h; `page` is the page to continue to, as one segment, or empty.
 [[nodiscard]] std::wstring login_address(const CompanionValues& values, const std::wstring& token,
                                          const std::wstring& page);
 [[nodiscard]] std::wstring help_address(const CompanionValues& values);
 
-// Starts it. One that is missing is not started, and nobody is told.
+// Starts the program; a missing program is ignored silently.
 void launch(platform::Shell& shell, const Launch& what);
 
 } // namespace lumotune::companions

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The account identity that web requests carry: read from the settings file, and scrambled for the login page.
+// The account identity sent with web requests: read from the settings file, and scrambled for the login page.
 #pragma once
 
 #include "base/options_lines.h"
@@ -11,8 +11,7 @@
 
 namespace lumotune::companions {
 
-// User-interface thread. The values are never logged; a box shows them only where the server
-// asks for it.
+// User-interface thread. The values are never logged; a box shows them only at the server's request.
 class Identity {
 public:
   struct Uses {
@@ -22,20 +21,19 @@ public:
   };
   explicit Identity(const Uses& uses) : uses_(uses) {}
 
-  // Read idh and h, or the nickname, out of options.ini. False, and nothing changed, when the file is missing or too
-  // short for them.
+  // Read idh and h, or the nickname, from options.ini. False, and nothing changed, when the file is missing or too
+  // short.
   [[nodiscard]] bool LoadOptionsLodin();
   [[nodiscard]] bool LoadOptionsNick();
 
-  // The text with each pair of neighbouring characters swapped. Lets events run after each pair, until the program
-  // ends.
+  // Swaps each pair of neighbouring characters. Runs events after each pair, unless the program is ending.
   [[nodiscard]] std::wstring Prehod(std::wstring Orbvstup);
-  // The character codes of the swapped text, each followed by "-"; the argument becomes the swapped text.
+  // Returns the character codes of the swapped text, each followed by "-"; the argument becomes the swapped text.
   [[nodiscard]] std::wstring Encrypt(std::wstring& Orbvstup);
-  // The other way round; the argument becomes the text before it is swapped back. What follows a piece that is no
-  // character code is lost.
+  // The inverse; the argument becomes the text before swapping back. Decoding stops at a piece that is not a character
+  // code.
   [[nodiscard]] std::wstring Encrypt2(std::wstring& Orbvstup);
-  // Twice both: digits and "-" only.
+  // Encrypt and Prehod applied twice: digits and "-" only.
   [[nodiscard]] std::wstring Heslo(const std::wstring& ZadejHeslo);
 
 private:

@@ -17,7 +17,7 @@ int WebPages::OpenUrl(const std::wstring& address) {
     return 0;
   if (!is_for_explorer(bare))
     return shell_.open(L"\"" + bare + L"\"");
-  // Unquoted, as the explorer program has always been given addresses. One that it does not open is no error of ours.
+  // Unquoted, as the explorer program has always been given addresses. Its failures are ignored.
   (void)shell_.start(L"explorer " + bare, L"", platform::ShowWindow::minimized_focus);
   return 0;
 }

@@ -24,7 +24,7 @@ void CommandSender::SendCommand(const std::wstring& ProgramFile, const std::wstr
     target = uses_.messages.find_by_caption(WindowCaption);
     if (target != WindowRef::none)
       break;
-    // A program that is not there cannot be started; the look-ups go on all the same.
+    // Failing to start the program does not end the look-ups.
     if (Mode == L"1" || Mode == L"2")
       (void)uses_.shell.start(ProgramFile, application, platform::ShowWindow::normal_focus);
     uses_.loop.run_pending();

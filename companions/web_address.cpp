@@ -19,13 +19,13 @@ bool is_digit(wchar_t character) {
   return character >= L'0' && character <= L'9';
 }
 
-// Of a host name; national letters too.
+// Valid in a host name; includes national letters.
 bool is_host_character(wchar_t character) {
   return (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z') || is_digit(character) ||
          character == L'-' || character == L'_' || character >= 0xC0;
 }
 
-// Endings that the system runs, or that lead to what it runs, each between blanks.
+// Extensions of files that the system runs, or that lead to programs, each between blanks.
 constexpr std::wstring_view program_endings = L" "
                                               L"exe com bat cmd pif scr msi msp mst "
                                               L"msix appx lnk url scf vbs vbe vb js "
@@ -62,7 +62,7 @@ bool is_host_name(std::wstring_view host) {
   return dot_inside;
 }
 
-// Two endings of programs are top-level domains as well. A file of that name is meant where nothing else is said.
+// "com" and "ws" are top-level domains as well: without "www." or a path such a name is taken for a file.
 bool names_program(std::wstring_view host, std::wstring_view rest) {
   const std::wstring_view ending = ending_of(host);
   if (!is_program_ending(ending))
@@ -87,7 +87,7 @@ bool is_harmless_path(std::wstring_view path) {
          !is_program_ending(ending_of(path.substr(0, path.find_first_of(L"?#"))));
 }
 
-// One of the explorer's arguments behind the first.
+// One of the explorer's arguments after the first.
 bool is_harmless_argument(std::wstring_view argument) {
   while (!argument.empty() && argument.front() == L' ')
     argument.remove_prefix(1);
