@@ -34,7 +34,7 @@ void ClientLink::report() {
   const bool link_on = !base::equal_ignoring_case(uses_.settings.client_link, L"off");
   awaiting_ = !link_on;
   if (link_on) {
-    Timer2->stop(); // the reply to an earlier report is nobody's business any more
+    Timer2->stop(); // the reply to an earlier report is obsolete
     uses_.programs.start_client();
     uses_.programs.start_report(true);
   } else {
@@ -55,22 +55,22 @@ void ClientLink::look_for_reply() {
     return;
   Timer2->stop();
   uses_.loop.run_pending();
-  // A report that was made meanwhile wants no reply any more, or looks for its own.
+  // A report sent meanwhile expects no reply, or polls for its own.
   if (uses_.loop.ending() || !awaiting_ || Timer2->running())
     return;
   const bool too_long = uses_.folder.files().size(reply_file()).value_or(0) > max_reply_bytes;
   std::string bytes;
   if (!too_long && !uses_.folder.files().read_at_most(reply_file(), bytes, max_reply_bytes)) {
-    Timer2->start(); // the writer was back: not there yet
+    Timer2->start(); // the file is being written again: not ready yet
     return;
   }
   read_reply(bytes);
   uses_.loop.run_pending();
   if (uses_.loop.ending())
-    return; // perhaps with questions that nobody saw
-  // A report that was made meanwhile has its own reply coming, which is not to be lost.
+    return; // perhaps with questions left unasked
+  // The reply to a report sent meanwhile must not be deleted.
   if (!Timer2->running())
-    (void)uses_.folder.files().remove(reply_file()); // the next report removes what cannot be removed now
+    (void)uses_.folder.files().remove(reply_file()); // on failure the next report removes it
 }
 
 void ClientLink::read_reply(std::string_view bytes) {

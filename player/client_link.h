@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The link to the messenger client and, through its downloader, to the community service: the report of what plays, the
-// reply to it, and the wish to see who listens.
+// The link to the messenger client and, through its downloader, to the community service: the play report, the reply to
+// it, and the request to show who is listening.
 #pragma once
 
 #include "base/program_folder.h"
@@ -19,10 +19,10 @@
 
 namespace lumotune::player {
 
-// User-interface thread. Failures are silent. Once the program ends nothing is reported, asked or removed.
+// User-interface thread. Failures are silent. Once the program is ending nothing is reported, asked or removed.
 class ClientLink {
 public:
-  // A longer reply is removed unread. Of the others each line that asks is shown, whole.
+  // A longer reply is deleted unread. Otherwise every line that asks a question is shown in full.
   static constexpr std::uint64_t max_reply_bytes = 64 * 1024;
 
   struct Uses {
@@ -36,10 +36,10 @@ public:
   };
   explicit ClientLink(const Uses& uses);
 
-  // One report, 3 s from now: of the station that is tuned then. A report that is already due keeps its time.
+  // Sends one report 3 s from now, for the station tuned at that time. A report already due keeps its time.
   void enable_Timer1() { Timer1->start(); }
 
-  // Asks the client to show who listens to the tuned station. Events run meanwhile.
+  // Asks the client to show who is listening to the tuned station. Events run meanwhile.
   void Control_ShowUser_Click();
 
 private:
@@ -50,7 +50,7 @@ private:
   [[nodiscard]] std::wstring reply_file() const;
 
   Uses uses_;
-  bool awaiting_ = false;                  // the last report has a reply that is wanted
+  bool awaiting_ = false;                  // the last report expects a reply
   std::unique_ptr<platform::Timer> Timer1; // the report
   std::unique_ptr<platform::Timer> Timer2; // looks for the reply
 };

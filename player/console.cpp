@@ -8,7 +8,7 @@
 namespace lumotune::player {
 namespace {
 
-// A digit, with blanks, a sign and a decimal point before it or without.
+// A digit, optionally preceded by blanks, a sign and a decimal point.
 bool begins_with_number(std::wstring_view text) {
   const auto skip = [&text](std::wstring_view characters) {
     if (!text.empty() && characters.find(text.front()) != std::wstring_view::npos)
@@ -45,7 +45,7 @@ void Console::execute(const std::wstring& command) {
     uses_.playback.VolumeSet(base::volume_value(value));
   if (base::starts_with_ignoring_case(command, L"url=")) {
     uses_.playback.PlayAll(value, platform::AddressOrigin::listener);
-    uses_.session.station_name = L"Orb - Lumotune"; // afterwards: playing looks up the tuned station's name
+    uses_.session.station_name = L"Orb - Lumotune"; // set last: playing looks up the name of the tuned station
   }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The console: plays an address or sets the volume by typing.
+// The console: typed commands play an address or set the volume.
 #pragma once
 
 #include "base/session.h"
@@ -24,8 +24,8 @@ public:
   };
   explicit Console(const Uses& uses) : uses_(uses) {}
 
-  // "help", "vol=" and a number, "url=" and an address; letter case ignored, anything else too. A dot at the end is
-  // taken off and opens the console again afterwards. Only one is open at a time; events run meanwhile.
+  // Commands: "help", "vol=" and a number, "url=" and an address; case-insensitive; other input is ignored. A trailing
+  // dot is removed and reopens the console afterwards. Only one can be open at a time; events run meanwhile.
   void LTconsole();
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The list of the favourite stations in the main window.
+// The list of favourite stations in the main window.
 #pragma once
 
 #include "base/lumotune_form.h"
@@ -20,19 +20,20 @@
 
 namespace lumotune::player {
 
-// An entry that is no station but the hint to tune one.
+// An entry that is not a station but the hint to tune one.
 inline constexpr const wchar_t* tune_hint = L"Klikněte na naladit...";
 
-// An item of Control_List is one text that carries its own data behind the shown columns.
+// An item of Control_List is a single text that carries its data after the visible columns.
 struct FavouriteItem {
   std::wstring id;      // columns 95-100
   std::wstring quality; // column 94, "1".."5"
   std::wstring address; // from column 101, may be empty
 };
-// Nothing for a text that carries no identifier.
+// Nothing for a text without an identifier.
 [[nodiscard]] std::optional<FavouriteItem> read_favourite_item(std::wstring_view item);
 
-// The items for a favourites file, in its order. A favourite without a station, or with no quality 1..5, has no item.
+// The items for a favourites file, in its order. A favourite with an unknown station or a quality outside 1..5 is
+// skipped.
 [[nodiscard]] std::vector<std::wstring>
 favourite_items(std::string_view favourites, const stations::StationLines& stations, const platform::AnsiCodec& codec);
 
@@ -54,24 +55,24 @@ public:
 
   DirectorySlot directory;
 
-  // Fills Control_List anew. While nothing plays and no address of the client's waits, it also shows the list, or the
-  // hint where there is no favourite.
+  // Refills Control_List. While nothing plays and no address from the client is pending, also shows the list, or the
+  // hint when there are no favourites.
   void ZobrazOblibene() override;
   void show_in_place() override;
 
-  // Nothing is said when the line is not there or the file cannot be changed.
+  // Does nothing, silently, when the line is missing or the file cannot be changed.
   void DeleteFromOblibene(const std::wstring& RadioDelete);
 
-  // The file's part of adding a favourite; the caller shows the list and the box.
+  // The file part of adding a favourite; the caller shows the list and the message box.
   [[nodiscard]] stations::FavouriteAdded add(const std::wstring& line) { return file_.add(line); }
 
-  // Events of the list. The right button lets events run, half a second at most, until the click that it makes is
-  // there; true when the menu of the entry under the pointer, selected by then, is to open.
+  // Events of the list. A press of the right button sends a left click and runs events until it arrives, half a second
+  // at most; true when the menu of the entry under the pointer, selected by then, is to open.
   void Control_List_Click();
   void Control_List_DblClick();
   [[nodiscard]] bool Control_List_MouseDown(const platform::MouseEvent& event);
 
-  // The identifier of the selected entry's station; empty when none is selected.
+  // The station identifier of the selected entry; empty when none is selected.
   [[nodiscard]] std::wstring selected_id() const;
 
 private:
@@ -80,8 +81,8 @@ private:
 
   Uses uses_;
   stations::FavouriteFile file_;
-  bool clicking_ = false; // a click of our own is on its way
-  bool clicked_ = false;  // it has come
+  bool clicking_ = false; // a simulated click is pending
+  bool clicked_ = false;  // the simulated click has arrived
 };
 
 } // namespace lumotune::player

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What the keyboard's keys for players do.
+// What the keyboard's media keys do.
 #pragma once
 
 #include "base/lumotune_form.h"
@@ -8,7 +8,7 @@
 
 namespace lumotune::player {
 
-// Off leaves the keys to other programs.
+// When false, the keys are left to other programs.
 inline constexpr bool media_keys_on = true;
 
 // User-interface thread. The keys press PlayTL; until it is enabled they are left to other programs.
@@ -20,8 +20,8 @@ public:
   };
   explicit MediaKeyRule(const Uses& uses) : uses_(uses) {}
 
-  // Answers the keys from now on, and takes them once something can be played. `keys` outlives this object's use, and
-  // this object the handlers of `keys`.
+  // Handles the keys from now on, and registers them once something can be played. `keys` must outlive this object's
+  // use, and this object the handlers of `keys`.
   void start(platform::MediaKeys& keys, bool on = media_keys_on);
   void can_be_pressed(); // PlayTL is enabled
 

@@ -6,7 +6,7 @@
 
 namespace lumotune::player {
 
-// The picture button says to a screen reader what the hidden button says.
+// A screen reader announces the picture button with the hidden button's caption.
 void Playback::set_playing(bool playing) {
   uses_.session.playing = playing;
   const std::wstring caption = playing ? base::caption_stop : base::caption_play;
@@ -18,7 +18,7 @@ void Playback::set_playing(bool playing) {
 void Playback::prepare(std::wstring URL, platform::AddressOrigin origin) {
   if (URL.empty()) {
     URL = uses_.session.OverrideURL;
-    origin = platform::AddressOrigin::station; // "remoteplay" gave it, whoever asks now
+    origin = platform::AddressOrigin::station; // it came with "remoteplay", whoever plays it
   }
   uses_.session.OverrideURL.clear();
   uses_.player.set_url(URL, origin);
@@ -68,7 +68,7 @@ std::wstring Playback::tuned_address() {
 }
 
 void Playback::AutoStart(const std::wstring& IDlastRadio, const std::wstring& KvalitaLT) {
-  // Copies first: the arguments may be the very values that are written.
+  // Copies first: the arguments may alias the settings written here.
   std::wstring quality = KvalitaLT.empty() ? L"1" : KvalitaLT;
   uses_.settings.IDlastRadio = std::wstring(IDlastRadio);
   uses_.settings.KvalitaLT = std::move(quality);

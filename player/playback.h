@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The playback engine of the main window: hands addresses to the media player, starts and stops it, sets the volume and
+// The playback logic of the main window: hands addresses to the media player, starts and stops it, sets the volume and
 // keeps the display in step.
 #pragma once
 
@@ -16,7 +16,7 @@
 
 namespace lumotune::player {
 
-// User-interface thread. Nothing waits for the network; what the player cannot do it says in its status.
+// User-interface thread. Nothing waits for the network; errors appear in the player's status.
 class Playback {
 public:
   struct Uses {
@@ -34,22 +34,22 @@ public:
   SkinSlot skin;
   FavouritesSlot favourites;
 
-  // Prepares an address, or the pending one-shot address when it is empty; that one is used up in every case. Who does
-  // not say where the address comes from gets what a station may reach: the network.
-  // Another address than the one that plays ends what plays: the window then shows the stopped state, its list as it
-  // is.
+  // Prepares an address, or, when it is empty, the pending one-shot address, which is consumed in every case. By
+  // default an address may reach only what a station may: the network.
+  // An address other than the one that plays stops playback: the window then shows the stopped state, its list
+  // unchanged.
   void PripravHrani(std::wstring URL, platform::AddressOrigin origin = platform::AddressOrigin::station);
-  void Play(); // not once the program ends
+  void Play(); // does nothing once the program is ending
   void PlayStop();
   // Prepares and plays.
   void PlayAll(const std::wstring& URL, platform::AddressOrigin origin = platform::AddressOrigin::station);
 
   // Plays a station of the database; an empty quality becomes "1". The station becomes the tuned one.
   void AutoStart(const std::wstring& IDlastRadio, const std::wstring& KvalitaLT);
-  // Its address as it stands in the database, without playing.
+  // The tuned station's address in the database; does not play it.
   [[nodiscard]] std::wstring tuned_address();
 
-  void VolumeSet(int VolValue); // percent, clamped to 0..100; kept as the saved volume
+  void VolumeSet(int VolValue); // percent, clamped to 0..100; becomes the saved volume
 
   [[nodiscard]] bool stopped() const { return !uses_.session.playing; }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What the player asks of the rooms above it. Every call is synchronous, on the user-interface thread: the order of
-// steps matters. A call may let events run only where it says so.
+// What the player needs from the rooms above it. Every call is synchronous, on the user-interface thread: the order of
+// steps matters. A call runs events only where it says so.
 #pragma once
 
 #include "base/slot.h"
@@ -34,7 +34,7 @@ using ChromeSlot = base::Slot<ChromePort>;
 struct FavouritesPort {
   virtual ~FavouritesPort() = default;
   virtual void ZobrazOblibene() = 0;
-  virtual void show_in_place() = 0; // the list or the hint while nothing plays, as it stands: nothing is read anew
+  virtual void show_in_place() = 0; // shows the list or the hint while nothing plays; reads nothing again
 };
 using FavouritesSlot = base::Slot<FavouritesPort>;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The programs of the play report.
+// Starts the programs needed for the play report.
 #pragma once
 
 #include "base/program_folder.h"

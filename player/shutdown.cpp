@@ -13,7 +13,7 @@ void Shutdown::Konec() {
   uses_.loop.begin_end();
   uses_.commands.Hook(false);
   uses_.loop.run_pending();
-  uses_.player.stop(); // what is left to do may take a moment, in which nothing should be heard any more
+  uses_.player.stop(); // silence at once: the remaining steps may take a moment
   chrome->remove_tray();
   uses_.options.LoadOptions(); // keeps what the client wrote meanwhile
   uses_.options.SaveOptions();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The end of the program.
+// Ends the program.
 #pragma once
 
 #include "base/settings_files.h"
@@ -27,9 +27,10 @@ public:
 
   ChromeSlot chrome;
 
-  // Saves and ends. Runs once, whoever asks: the close picture, the menus, the system's close, the end of the session.
+  // Saves and ends the program. Runs once, whatever triggers it: the close picture, the menus, the window's close, the
+  // end of the session.
   void Konec();
-  // The window is unloaded by the system.
+  // The system closes the window.
   void Form_Unload() { Konec(); }
 
 private:

@@ -59,8 +59,8 @@ void StatusDisplay::tick() {
   title->show_title(session.title_text);
 }
 
-// The first layout leaves out the state and the quality of the player's columns, the second the state alone. Where
-// there is no quality its column is blank: what follows begins at the label's edge, where a notification puts it too.
+// The first layout omits the state and quality columns of the player's text, the second only the state. An unknown
+// quality is a blank column: the text after it then starts at the label's edge, as for a notification.
 void StatusDisplay::show_status() {
   constexpr std::size_t title_column = 55;
   constexpr std::size_t quality_column = 33;
@@ -100,14 +100,14 @@ void StatusDisplay::copy_status() {
   uses_.form.InfoStatus.set_tooltip(warning.empty() || warning == status ? status : status + L" - " + warning);
 }
 
-// The name follows a change of station at once; everything else waits for the tick.
+// A change of station updates the name at once; everything else waits for the tick.
 void StatusDisplay::PlayStateChange(int /*new_state*/) {
   copy_status();
   choose_name();
   show_name();
 }
 
-// Not every change of the status changes its words: the columns then stay on display.
+// Not every status change alters the text: the columns then stay on display.
 void StatusDisplay::StatusChange() {
   if (status_text(uses_.player.status()) != copied_)
     copy_status();

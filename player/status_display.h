@@ -14,17 +14,17 @@
 
 namespace lumotune::player {
 
-// Who shows the title text: the tip of the notification-area icon.
+// Shows the title text: the notification-area icon's tooltip.
 struct TitlePort {
   virtual ~TitlePort() = default;
   virtual void show_title(const std::wstring& title) = 0;
 };
 using TitleSlot = base::Slot<TitlePort>;
 
-// What a listener is told of an address that is refused.
+// Shown when an address is refused.
 inline constexpr const wchar_t* address_refused = L"Tuto adresu nelze otevřít, není to webová stránka.";
 
-// "0:05", "12:03", "1:02:33"; empty for 0: nothing was heard yet.
+// "0:05", "12:03", "1:02:33"; empty for 0, when nothing has been heard yet.
 [[nodiscard]] std::wstring elapsed_text(std::uint64_t milliseconds);
 
 // User-interface thread.
@@ -42,12 +42,12 @@ public:
 
   void start() { aktualizujWMP->start(); }
   void tick(); // once a second
-  // For five seconds the status line shows that in place of the player's text, and screen readers say it.
+  // Shows a notice in the status line for five seconds instead of the player's text; screen readers announce it.
   void tell(const std::wstring& notice);
-  // Whether anybody would see it: the line is hidden while nothing plays, and a skin may give it no size.
+  // Whether a notice would be visible: the line is hidden while nothing plays, and a skin may give it no size.
   [[nodiscard]] bool can_tell() const;
 
-  // The player's text in the layout and the place that the skin gives it.
+  // Shows the player's text with the layout and position that the skin gives it.
   void show_status();
 
   // The player's notifications.
@@ -62,7 +62,7 @@ private:
   Uses uses_;
   std::wstring copied_; // the status text of the last notification
   std::wstring notice_;
-  int notice_ticks_ = 0; // that it is still shown
+  int notice_ticks_ = 0; // remaining ticks to show it
   std::unique_ptr<platform::Timer> aktualizujWMP;
 };
 

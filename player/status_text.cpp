@@ -42,12 +42,12 @@ bool plays(const StreamStatus& status) {
   return status.phase == Phase::playing && status.trouble == Trouble::none;
 }
 
-// Whether the warning takes the place of the state.
+// Whether the warning replaces the state.
 bool announces(const StreamStatus& status) {
   return status.unverified && (status.phase == Phase::buffering || (plays(status) && status.just_started));
 }
 
-// Cut or padded to exactly that many characters.
+// Cuts or pads to exactly `width` characters.
 std::wstring column(std::wstring text, std::size_t width) {
   text.resize(width, L' ');
   return text;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Words the player's status: Czech and short. Pure functions.
+// Formats the player's status as short Czech text. Pure functions.
 #pragma once
 
 #include "platform/stream_status.h"
@@ -12,10 +12,10 @@ namespace lumotune::player {
 [[nodiscard]] std::wstring quality_text(const platform::StreamStatus& status); // "MP3 128 kbps 44,1 kHz"
 // "Přehrávání: Artist - Title (128 kbps)"
 [[nodiscard]] std::wstring status_text(const platform::StreamStatus& status);
-// What the listener should know about the station for as long as it plays: "Neověřený server", or nothing.
+// A warning shown for as long as the station plays: "Neověřený server", or empty.
 [[nodiscard]] std::wstring warning_text(const platform::StreamStatus& status);
-// In fixed columns: 1-32 the state, padded; 33-54 the quality, padded; from 55 the title, or the state where there is
-// none.
+// In fixed columns: 1-32 the state, padded; 33-54 the quality, padded; from 55 the title, or the state when there is no
+// title.
 [[nodiscard]] std::wstring Status1(const platform::StreamStatus& status);
 
 } // namespace lumotune::player

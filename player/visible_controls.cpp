@@ -7,7 +7,7 @@ namespace {
 using base::KeptSkinFields;
 using base::Panel;
 
-// While playing, the display and the logo are seen even where the skin does not say "show": deliberately so.
+// Deliberate: while playing, the display and the logo are visible even if the skin does not say "show".
 bool logo_is_seen(bool playing, const KeptSkinFields& skin) {
   using Seen = KeptSkinFields::LogoSeen;
   if (playing)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Which controls of the main window are seen: by whether something plays, what stands in its middle and the skin.
+// Which controls of the main window are visible, depending on playback, the panel shown and the skin.
 #pragma once
 
 #include "base/lumotune_form.h"
@@ -20,7 +20,7 @@ struct VisibleControls {
 // Pure.
 [[nodiscard]] VisibleControls visible_controls(bool playing, base::Panel panel, const base::KeptSkinFields& skin);
 
-// Makes the window match; the only place that does, but for a skin that is being loaded. User-interface thread.
+// Applies it to the window; the only place that does so, except while a skin is loading. User-interface thread.
 void show_controls(const VisibleControls& visible, base::LumotuneForm& form);
 
 } // namespace lumotune::player
