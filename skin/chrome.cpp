@@ -5,13 +5,13 @@
 
 namespace lumotune::skin {
 
-// The system's answer comes back in the flag; nobody looks at it, because a window that cannot be on top is no error.
+// The flag returns the system's result; callers ignore it, because failing to be on top is not an error.
 void Chrome::SetTopmost(bool& flag) {
   flag = uses_.form.window.set_topmost(flag);
 }
 
 void Chrome::show_layer_picture(const wchar_t* picture) {
-  // A skin without the picture keeps the one it shows.
+  // If the skin lacks the picture, the current one stays.
   (void)uses_.form.LineMenu_OnTop.load_picture(uses_.folder.skins(uses_.settings.LTskin + picture));
 }
 
@@ -45,7 +45,7 @@ void Chrome::FormMin() {
   uses_.session.window_shown = L"0";
 }
 
-// The flag follows what is seen first, because the system can hide or show the window without asking us.
+// The flag is first synchronised with the actual state, because the system can hide or show the window on its own.
 void Chrome::OrbMinMax() {
   auto& shown = uses_.session.window_shown;
   shown = uses_.form.window.visible() ? L"1" : L"0";

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The frame of the borderless main window: dragging, the topmost layer, hiding and showing, the links' underlines.
+// The frame of the borderless main window: dragging, the topmost layer, hiding and showing, underlined links.
 #pragma once
 
 #include "base/lumotune_form.h"
@@ -8,7 +8,7 @@
 
 namespace lumotune::skin {
 
-// User-interface thread. Nothing here shows a message or fails loudly.
+// User-interface thread. Nothing here shows a message; failures are silent.
 class Chrome {
 public:
   struct Uses {
@@ -21,12 +21,12 @@ public:
 
   void OnTopYES();
   void OnTopNO();
-  void FormMax(); // visible, normal, redrawn, with the keyboard
-  void FormMin(); // minimised and out of sight; the notification-area icon remains
+  void FormMax(); // visible, normal, redrawn, with the keyboard focus
+  void FormMin(); // minimised and hidden; the notification-area icon remains
   void OrbMinMax();
 
   // Events of the window and its controls.
-  void Form_MouseMove(const platform::MouseEvent& event); // with the left button held the system moves the window
+  void Form_MouseMove(const platform::MouseEvent& event); // with the left button held, the system moves the window
   void LineMenu_OnTop_Click();
   void LineMenu_Min_Click() { FormMin(); }
   void InfoName_MouseMove();

@@ -14,7 +14,7 @@ constexpr const wchar_t* pictures[] = {L"form", L"ot",   L"otn",  L"min", L"end"
 bool too_large(const platform::Window& window, int width, int height) {
   const platform::TwipsRect work = window.work_area();
   if (work.width <= 0 || work.height <= 0)
-    return false; // no monitor just now
+    return false; // no monitor at present
   const auto times = [](std::int64_t value) { return max_work_areas * value; };
   return width > times(work.width) || height > times(work.height) ||
          std::int64_t{width} * height > times(std::int64_t{work.width} * work.height);

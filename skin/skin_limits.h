@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What a skin may ask for: it is a stranger's work, found on the web. One that wants more is not used at all.
+// Limits of a skin. Skins are untrusted files from the web; one that exceeds a limit is not used at all.
 #pragma once
 
 #include "platform/files.h"
@@ -11,16 +11,16 @@
 namespace lumotune::skin {
 
 inline constexpr std::uint64_t max_description_bytes = 1024ULL * 1024;
-inline constexpr std::int64_t max_pixels_together = 24'000'000; // of all pictures of a skin
-inline constexpr int max_work_areas =
-    10; // the window: neither a side nor its area is larger than so many of the desktop
+inline constexpr std::int64_t max_pixels_together = 24'000'000; // of all the skin's pictures together
+// Neither a side nor the area of the window exceeds this multiple of the work area's.
+inline constexpr int max_work_areas = 10;
 
-// What the description at `path` or the pictures in `folder` ask too much of; empty when nothing. Reads the pictures'
-// first bytes only. User-interface thread.
+// What exceeds the limits in the description at `path` or the pictures in `folder`; empty when nothing does. Reads only
+// the first bytes of the pictures. User-interface thread.
 [[nodiscard]] std::wstring over_limits(const platform::Files& files, const platform::Window& window,
                                        const std::wstring& path, const std::wstring& folder);
 
-// Whether a window of that size, in twips, is more than a skin may have.
+// Whether a window of that size, in twips, is larger than a skin may make it.
 [[nodiscard]] bool too_large(const platform::Window& window, int width, int height);
 
 } // namespace lumotune::skin

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The notification-area icon and its tip.
+// The notification-area icon and its tooltip.
 #pragma once
 
 #include "platform/tray.h"
@@ -16,7 +16,7 @@ public:
 
   void Tray() { tray_.add(L"Lumotune"); }
   void remove() { tray_.remove(); }
-  void show_title(const std::wstring& title) override; // modifies the tip when it changes
+  void show_title(const std::wstring& title) override; // updates the tooltip when it changes
 
 private:
   platform::Tray& tray_;

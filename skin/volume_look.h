@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The level of the volume picture and of the volume menu's check mark. Pure.
+// Level of the volume picture and of the volume menu's check mark. Pure.
 #pragma once
 
 namespace lumotune::skin {
