@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The program's entry on Windows: makes the backend, the player and the program, and runs the loop.
+// Entry point on Windows: creates the backend, the player and the program, and runs the loop.
 #include "app/program.h"
 #include "base/error_log.h"
 #include "platform/media/player.h"
@@ -20,8 +20,8 @@ namespace {
 
 using namespace lumotune;
 
-// From the user's wish to end until the process ends itself; the system's own clearing up stays within the six seconds
-// that users are promised. The settings are saved first thing.
+// Measured from the user's request to exit until the process ends itself; with the system's own clean-up, the end stays
+// within the six seconds promised to users. Settings are saved first.
 constexpr std::uint32_t longest_end_ms = 5000;
 
 void run(platform::win32::Backend& backend) {
@@ -31,8 +31,8 @@ void run(platform::win32::Backend& backend) {
   platform::win32::InputBox input_box(backend.loop, backend.window.handle());
   platform::win32::Pointer pointer;
   platform::win32::Connection connection;
-  // Two companion programs are started from the current directory.
-  // With the backslash a drive alone is its root, not whatever folder is the current one on it.
+  // Two companion programs are started from the current directory. The trailing backslash turns a bare drive into its
+  // root instead of the drive's current folder.
   SetCurrentDirectoryW((backend.machine.program_folder() + L"\\").c_str());
   base::LumotuneForm form(backend.window);
   platform::win32::Tray tray(backend.window, form.TrayIcon);
@@ -46,12 +46,12 @@ void run(platform::win32::Backend& backend) {
                        form);
   if (program.start())
     backend.loop.run();
-  backend.machine.begin_end(); // a start that came to nothing ends too
+  backend.machine.begin_end(); // also ends a start that failed
 }
 
-// What the program's handlers throw, and the program itself, is written down: nobody sees it otherwise.
+// Logs exceptions from the program's handlers and from the program itself; they would be invisible otherwise.
 int run_and_log() {
-  // A file look-up dialog of the system would hide what we report ourselves.
+  // The system's own error dialogs for files would hide our reports.
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
   platform::win32::Backend backend(LUMOTUNE_ICON);
   const base::ProgramFolder folder(backend.files, backend.codec, backend.machine);
@@ -63,7 +63,7 @@ int run_and_log() {
     run(backend);
     result = 0;
   });
-  caught.on_caught = {}; // the log goes before the backend
+  caught.on_caught = {}; // the log is destroyed before the backend
   return result;
 }
 
@@ -73,6 +73,6 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   platform::win32::harden_process();
   int result = 1;
   platform::win32::guarded([&] { result = run_and_log(); });
-  // Not by returning: a worker that hangs in a name look-up must not keep the process alive.
+  // Not by returning: a worker blocked in a name look-up must not keep the process alive.
   platform::win32::end_now(static_cast<unsigned>(result));
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The program: owns every room and binds them together. Knows no backend.
+// The program: owns every room and binds them together. Independent of the backend.
 #pragma once
 
 #include "companions/identity.h"
@@ -28,7 +28,7 @@
 
 namespace lumotune::app {
 
-// What the program is built on. Everything outlives it.
+// The platform services the program uses. They must outlive it.
 struct Platform {
   platform::EventLoop& loop;
   platform::AnsiCodec& codec;
@@ -48,7 +48,7 @@ struct Platform {
   platform::FramedWindowMaker& framed_windows;
 };
 
-// The window's frame and the tray icon, as the player asks for them.
+// The window's frame and the tray icon, combined for the player.
 class ChromeParts final : public player::ChromePort {
 public:
   ChromeParts(skin::Chrome& chrome, skin::TrayIcon& tray) : chrome_(chrome), tray_(tray) {}
@@ -65,10 +65,10 @@ private:
 
 class Program {
 public:
-  // The form's controls are made by the caller, because the tray needs one of them.
+  // The caller creates the form's controls, because the tray needs one of them.
   Program(const Platform& platform, base::LumotuneForm& form);
 
-  // Loads the main window and shows it. False when this run is over already; then the loop was told to quit.
+  // Loads the main window and shows it. False when this run is already over; the loop has then been told to quit.
   [[nodiscard]] bool start();
 
   base::Settings settings;

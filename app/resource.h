@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Numbers of the program's resources.
+// Resource identifiers of the program.
 #pragma once
 
 #define LUMOTUNE_ICON 1

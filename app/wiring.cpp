@@ -49,7 +49,7 @@ void bind_favourites(Program& program, base::LumotuneForm& form) {
     if (program.favourites.Control_List_MouseDown(event))
       program.menus.open_favourite();
   };
-  // Without the menu button nothing else that the keyboard reaches may lead to the main menu.
+  // When the skin shows no menu button, the keyboard must not reach the main menu either.
   form.Control_List.on_menu_key = [&] {
     if (form.Control_List.selected() != platform::ListBox::none && form.Control_Menu.visible())
       program.menus.open_favourite();

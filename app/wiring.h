@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Who calls whom: every port and every event of the program in one readable place.
+// Connects the rooms: every port and every event of the program in one place.
 #pragma once
 
 namespace lumotune::base {
