@@ -7,7 +7,7 @@
 
 namespace lumotune::platform::memory {
 
-// Each tick's function is copied before it runs, so that a handler may destroy its own timer.
+// The tick function is copied before it runs, so that a handler may destroy its own timer.
 class Timer final : public platform::Timer {
 public:
   Timer(EventLoop& loop, std::uint32_t interval_ms, std::function<void()> tick)
@@ -80,7 +80,7 @@ public:
   }
 
   void wake() override { pending_ = true; }
-  // Takes the wish to run; the work itself runs when no member is touched any more.
+  // Consumes the wake; the returned work runs after the last access to a member, because it may destroy the waker.
   [[nodiscard]] std::function<void()> take() { return pending_.exchange(false) ? work_ : std::function<void()>{}; }
 
 private:
@@ -161,7 +161,7 @@ bool EventLoop::run_one_due() {
 }
 
 void EventLoop::run_due() {
-  // A handler that makes work for itself for ever must not hang a test.
+  // Bounded: a handler that keeps creating work must not hang a test.
   run_top_level();
   for (int guard = 0; guard < 100000 && run_one_due(); ++guard)
     run_top_level();

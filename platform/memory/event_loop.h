@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// An event loop without a screen, whose clock is moved by hand: for tests, on one thread.
+// A headless event loop with a manually advanced clock, for single-threaded tests.
 #pragma once
 
 #include "platform/common/thread_check.h"
@@ -17,9 +17,9 @@ namespace lumotune::platform::memory {
 class Timer;
 class Waker;
 
-// Due events run in the order of their times, then of their making. Time moves only by `advance`, by the passes of a
-// wait and by `run`; a handler that waits inside `advance` moves the clock past its aim, as on a real machine. The top
-// of the loop is `run`, and `advance` where nothing that waits has called it.
+// Due events run by due time, then in order of creation. Time advances only through `advance`, the passes of a wait and
+// `run`; a handler that waits inside `advance` may move the clock past its target, as on a real machine. The top level
+// of the loop is `run`, or `advance` when not called from within a wait.
 class EventLoop final : public platform::EventLoop {
 public:
   explicit EventLoop(std::uint32_t start_ms = 1000) : now_(start_ms) {}
@@ -36,9 +36,9 @@ public:
   [[nodiscard]] bool ending() const override { return ending_ || quitting_; }
   void quit() override;
   [[nodiscard]] bool quitting() const override { return quitting_; }
-  void run() override; // returns also when nothing will ever happen any more
+  void run() override; // also returns when no event is left that could ever run
 
-  // While one of these exists, a handler, a box or a menu is running: the loop is not at its top level.
+  // While one of these exists, a handler, a message box or a menu is active: the loop is not at its top level.
   class Nested {
   public:
     explicit Nested(EventLoop& loop) : loop_(loop) { ++loop_.depth_; }
@@ -50,12 +50,12 @@ public:
     EventLoop& loop_;
   };
 
-  // Moves the clock on by that much, running what falls due on the way.
+  // Advances the clock by that much and runs what falls due.
   void advance(std::uint64_t ms);
-  // Does something once, that many milliseconds from now: how a test plays the user during a wait.
+  // Runs the action once, in that many milliseconds: simulates the user during a wait.
   void at(std::uint64_t in_ms, std::function<void()> action);
 
-  // How many milliseconds a pass of a wait takes.
+  // The duration of one pass of a wait, in milliseconds.
   void set_wait_step(std::uint32_t ms) { wait_step_ = ms; }
   [[nodiscard]] std::uint64_t pending_runs() const { return pending_runs_; }
   [[nodiscard]] std::uint64_t wait_passes() const { return wait_passes_; }
@@ -80,7 +80,7 @@ private:
   std::uint64_t pending_runs_ = 0;
   std::uint64_t wait_passes_ = 0;
   std::uint32_t wait_step_ = 5;
-  int depth_ = 0; // handlers, waits, boxes and menus under way
+  int depth_ = 0; // active handlers, waits, message boxes and menus
   bool ending_ = false;
   bool quitting_ = false;
   std::vector<Timer*> timers_;

@@ -8,7 +8,7 @@
 namespace lumotune::platform::memory {
 namespace {
 
-// "*" stands for any characters, as far as the program's patterns need it: one star at most.
+// "*" matches any characters. At most one star, which suffices for the program's patterns.
 bool matches(const std::wstring& name, const std::wstring& pattern) {
   const auto star = pattern.find(L'*');
   if (star == std::wstring::npos)
@@ -38,7 +38,7 @@ bool Files::power_on() {
   return std::exchange(off_, false);
 }
 
-// Whether the next change of the disk is done; false from the crash on.
+// Whether the next disk change takes effect; false from the crash on.
 bool Files::powered() {
   if (!off_ && steps_to_crash_ >= 0 && steps_to_crash_-- == 0)
     off_ = true;
@@ -88,7 +88,7 @@ public:
     return write(to, bytes);
   }
   [[nodiscard]] FileStep keep_copy(const std::wstring& from, const std::wstring& to) override {
-    const auto source = files_.files_.find(key(from)); // whoever copies a file does not read it
+    const auto source = files_.files_.find(key(from)); // copying is not counted as a read
     const bool there = source != files_.files_.end() && files_.unreadable_.count(source->first) == 0;
     return there ? write(to, source->second.bytes) : FileStep::refused;
   }

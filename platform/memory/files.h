@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Files in memory, with knobs to misbehave: for tests.
+// In-memory files with fault injection, for tests.
 #pragma once
 
 #include "platform/ansi_codec.h"
@@ -36,42 +36,42 @@ public:
   [[nodiscard]] bool copy(const std::wstring& from, const std::wstring& to) override;
   [[nodiscard]] std::vector<std::wstring> list(const std::wstring& folder, const std::wstring& pattern) const override;
 
-  // Knobs: a file of that path can no longer be read, or no longer be written, removed or replaced.
+  // Fault injection: the file can no longer be read; it can no longer be written, removed or replaced.
   void make_unreadable(const std::wstring& path) { unreadable_.insert(key(path)); }
   void make_readonly(const std::wstring& path) { readonly_.insert(key(path)); }
-  // The same for whatever lies in a folder, at any depth, also what is not there yet.
+  // The same for everything in a folder, at any depth, including files that do not exist yet.
   void make_folder_readonly(const std::wstring& folder) { readonly_folders_.insert(key(folder) + L"\\"); }
-  // Another program holds the file against being replaced, removed or moved, until `release` or the test's end.
+  // Another program locks the file against being replaced, removed or moved, until `release`.
   void hold(const std::wstring& path) { held_.insert(key(path)); }
   void release(const std::wstring& path) { held_.erase(key(path)); }
-  // What happens while a call waits for a holder, and how long all calls have waited.
+  // Called while a call waits for a locked file; and the total wait so far.
   std::function<void()> while_waiting;
   int waited_ms = 0;
-  // The machine dies during the n-th step from now (0: the next one) that changes the disk: the step is torn and
-  // nothing is done any more, until the power is back. Whether it died.
+  // The machine crashes during the n-th disk-changing step from now (0: the next one): that step is left incomplete,
+  // and nothing is done any more until `power_on`, which returns whether it crashed.
   void crash_at(int step) { steps_to_crash_ = step; }
   bool power_on();
-  // Another program has the file open for writing, or no longer.
+  // Sets whether another program has the file open for writing.
   void set_being_written(const std::wstring& path, bool on);
   void mend(const std::wstring& path);
-  // All that is written falls into one tick of the clock, so that the time of the last writing does not change.
+  // All writes happen within one clock tick: the time of the last write does not change.
   bool clock_stands = false;
-  // Called before the bytes are taken, of a file that changes just then.
+  // Called before a file's bytes are read: simulates a file that changes at that moment.
   std::function<void(const std::wstring& path)> before_read;
   // Records: every read, and every change as "replace C:\...", "append ...", "remove ...", "copy to ...".
   [[nodiscard]] const std::vector<std::wstring>& changes() const { return changes_; }
-  void forget_changes() { changes_.clear(); } // for whoever works with the same files for hours
+  void forget_changes() { changes_.clear(); } // for long-running use of the same files
   [[nodiscard]] std::size_t reads(const std::wstring& path) const;
-  // How often somebody asked whether a file is being written.
+  // The number of calls of `being_written`.
   [[nodiscard]] std::size_t writers_asked_for() const { return writers_asked_for_; }
 
 private:
   class Steps;
   struct Entry {
-    std::wstring path; // as it was first written
+    std::wstring path; // as spelled when first written
     std::string bytes;
-    unsigned written = 0;  // grows with every writing
-    unsigned identity = 0; // of the file, which keeps it under another name
+    unsigned written = 0;  // increases with every write
+    unsigned identity = 0; // identity of the file, kept when it is renamed
   };
   [[nodiscard]] static std::wstring key(const std::wstring& path);
   [[nodiscard]] const Entry* readable(const std::wstring& path) const;

@@ -103,7 +103,7 @@ bool ListView::user_pick(std::size_t index, MouseButton button) {
   return fire(on_click);
 }
 
-// The first half is a click. What it did may have moved the selection: then the second half is one as well.
+// The first half of a double click is a click. If its handler moves the selection, the second half is a click as well.
 bool ListView::user_double_pick(std::size_t index) {
   if (!user_pick(index, MouseButton::left) || !in_sight() || !enabled())
     return false;
@@ -172,7 +172,7 @@ std::vector<std::wstring> FramedWindow::made_stops() const {
   return names;
 }
 
-// Showing brings it back from the icon, and into view.
+// Showing restores a minimised window and brings it into view.
 void FramedWindow::set_visible(bool visible) {
   thread_.check();
   visible_ = visible;
@@ -213,7 +213,7 @@ void FramedWindow::tell_size() {
     copy();
 }
 
-// The system's limits hold for the program as well. A minimised or maximised window takes the size when it comes back.
+// The system's size limits also apply to the program. A minimised or maximised window takes the size when restored.
 void FramedWindow::resize(int width, int height) {
   thread_.check();
   width = std::clamp(width, 0, work_area.width);

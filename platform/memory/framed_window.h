@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A framed window without a screen, and the user's hand for tests.
+// A headless framed window with simulated user actions, for tests.
 #pragma once
 
 #include "platform/framed_window.h"
@@ -28,8 +28,8 @@ public:
   [[nodiscard]] std::size_t find(const std::wstring& key) const;
 
   bool user_pick(std::size_t index);  // clicks the node
-  bool user_arrow(std::size_t index); // comes to the node by a key
-  bool user_enter();                  // presses Enter on the selected node, which stays
+  bool user_arrow(std::size_t index); // moves to the node with the keyboard
+  bool user_enter();                  // presses Enter on the selected node, which stays selected
 
 private:
   struct Node {
@@ -63,11 +63,11 @@ public:
   bool user_arrow(std::size_t index);
   bool user_type(wchar_t character);
 
-  int changes = 0; // how often the rows changed
+  int changes = 0; // number of calls of rows_changed
 
 private:
   const RowModel* rows_ = nullptr;
-  std::size_t told_ = 0; // rows, as rows_changed found them: a list asks its model for no further ones
+  std::size_t told_ = 0; // number of rows at the last rows_changed: the list asks its model for no more
   std::vector<Column> columns_;
   std::size_t selected_ = 0;
 };
@@ -124,14 +124,14 @@ public:
   void resize(int width, int height) override;
   [[nodiscard]] TwipsRect rect() const override { return rect_; }
   void set_minimum(int width, int height) override;
-  // A frame of 120 twips on each side and a caption of 435. A minimised window has no inside.
+  // The frame is 120 twips wide on each side, the caption 435 high. A minimised window has no client area.
   [[nodiscard]] int client_width() const override { return minimized_ ? 0 : std::max(outside().width - 240, 0); }
   [[nodiscard]] int client_height() const override {
     return minimized_ ? 0 : std::max(outside().height - frame_height(), 0);
   }
   [[nodiscard]] int frame_height() const override { return 675; }
 
-  // A control as what it is; nullptr when there is none of that name and kind.
+  // The control of that name and kind; nullptr when there is none.
   template <typename Kind>
   [[nodiscard]] Kind* find(const std::wstring& name) const {
     for (const auto& control : controls_) {
@@ -145,21 +145,21 @@ public:
   void user_minimize();
   void user_maximize();
   void user_restore();
-  void user_move(int left, int top); // by a program that arranges windows, which may be anywhere
+  void user_move(int left, int top); // as done by a window-arranging program, which may move it anywhere
   void user_changes_monitor(const TwipsRect& whole, const TwipsRect& without_task_bar);
   void user_leaves() { keyboard_.window_active(false); }
   void user_tab(bool back) { keyboard_.tab(back); }
-  // The tab stops, in the order of making.
+  // The tab stops in order of creation.
   [[nodiscard]] std::vector<std::wstring> made_stops() const;
   [[nodiscard]] bool has_keyboard() const { return keyboard_.active(); }
   [[nodiscard]] std::wstring keyboard_at() const { return keyboard_.at() == nullptr ? L"" : keyboard_.at()->name(); }
   void user_resize(int width, int height);
   void user_close();
 
-  // The size that the system's own smallest one is, in twips; the only monitor, whole and without the task bar.
+  // The system's minimum window size in twips, and the only monitor, with and without the task bar.
   static constexpr int system_minimum_width = 136 * 15;
   static constexpr int system_minimum_height = 39 * 15;
-  std::function<void()> while_activating; // once: events that the system lets in meanwhile
+  std::function<void()> while_activating; // runs once: events that the system dispatches during activation
   TwipsRect monitor{0, 0, 1920 * 15, 1080 * 15};
   TwipsRect work_area{0, 0, 1920 * 15, 1040 * 15};
   int activated = 0;
@@ -196,7 +196,7 @@ private:
   bool visible_ = false;
   bool minimized_ = false;
   bool maximized_ = false;
-  bool owed_ = false; // the size of rect_ was given while it was not in its normal state
+  bool owed_ = false; // rect_ was resized while minimised or maximised; applied on restore
   TwipsRect rect_{1500, 1500, 9000, 6000};
   ViewKeeper view_;
 };
@@ -206,7 +206,7 @@ public:
   explicit FramedWindowMaker(const platform::Files& files) : files_(files) {}
   [[nodiscard]] std::unique_ptr<platform::FramedWindow> make(const std::wstring& name) override;
 
-  FramedWindow* last = nullptr; // the one made last; dangling once its owner has destroyed it
+  FramedWindow* last = nullptr; // the latest one; dangling once its owner has destroyed it
   int made = 0;
 
 private:

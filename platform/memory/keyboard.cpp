@@ -7,12 +7,12 @@
 
 namespace lumotune::platform::memory {
 
-// A control without a size is not visible.
+// A control with an empty size is not visible.
 bool Keyboard::reachable(const Control& control) const {
   return control.visible() && control.enabled() && unsized_.count(&control) == 0;
 }
 
-// Where the keyboard can go, and `from`, in reading order.
+// The reachable controls, and `from`, in reading order.
 std::vector<const Control*> Keyboard::round(const Control* from) const {
   std::vector<const Control*> found;
   std::vector<TwipsRect> places;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A media player without sound: records its calls and reports the status that a test sets.
+// A media player without sound: records calls and reports the status that a test sets.
 #pragma once
 
 #include "platform/media_player.h"
@@ -53,7 +53,7 @@ public:
   [[nodiscard]] std::uint64_t played_ms() const override { return played; }
 
   std::vector<std::wstring> calls;
-  std::optional<StreamStatus> reported; // as if by the stream; unset: no more than whether it plays
+  std::optional<StreamStatus> reported; // as reported by the stream; when unset, the status follows from play and stop
   std::uint64_t played = 0;
 
 private:

@@ -6,7 +6,7 @@
 namespace lumotune::platform::memory {
 namespace {
 
-// Reached only through items that are seen and can be chosen.
+// Searches only visible and enabled items and their children.
 const MenuItem* find_choosable(const std::vector<MenuItem>& items, const std::wstring& name) {
   for (const MenuItem& item : items) {
     if (!item.visible || !item.enabled)
@@ -37,7 +37,7 @@ std::wstring PopupMenus::pop_up(const std::vector<MenuItem>& items, const Contro
     return {};
   open_ = true;
   opened.push_back({items, anchor});
-  // Whoever opened the menu may change the tree meanwhile.
+  // Copied: the caller's tree may change while the menu is open.
   const std::vector<MenuItem> shown = items; // NOLINT(performance-unnecessary-copy-initialization)
   modal.open(while_open);
   open_ = false;

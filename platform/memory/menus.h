@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Menus, the input box, the pointer, media keys and the connection in memory: they record and answer as told.
+// In-memory menus, input box, pointer, media keys and connection: they record calls and answer as configured.
 #pragma once
 
 #include "platform/connection.h"
@@ -16,7 +16,7 @@
 
 namespace lumotune::platform::memory {
 
-// The first item of that name in the tree, or nullptr.
+// The first item with that name in the tree, or nullptr.
 [[nodiscard]] const MenuItem* find_item(const std::vector<MenuItem>& items, const std::wstring& name);
 
 class PopupMenus final : public platform::PopupMenus {
@@ -27,12 +27,12 @@ public:
     std::vector<MenuItem> items;
     const Control* anchor = nullptr;
   };
-  // Chooses the next of `choices`, where that item is there, visible and enabled; otherwise nothing.
+  // Chooses the next of `choices` if that item exists and is visible and enabled; otherwise nothing.
   [[nodiscard]] std::wstring pop_up(const std::vector<MenuItem>& items, const Control* anchor) override;
 
   std::vector<Opened> opened;
   std::deque<std::wstring> choices;
-  Modal modal; // events while it is open, and then:
+  Modal modal; // events while it is open, followed by:
   std::function<void()> while_open;
 
 private:
@@ -53,8 +53,8 @@ public:
                                                 const std::wstring& default_text) override;
 
   std::vector<Asked> asked;
-  std::deque<std::optional<std::wstring>> answers; // taken in turn; none left cancels
-  Modal modal;                                     // events while it is open, and then:
+  std::deque<std::optional<std::wstring>> answers; // consumed in order; cancels when empty
+  Modal modal;                                     // events while it is open, followed by:
   std::function<void()> while_open;
 
 private:
@@ -71,7 +71,7 @@ public:
       on_click();
   }
   int clicks = 0;
-  std::function<void()> on_click; // what the click hits
+  std::function<void()> on_click; // the effect of the click
 };
 
 class MediaKeys final : public platform::MediaKeys {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Other programs, boxes, the tray and the machine in memory: they record what they are asked and answer as told.
+// In-memory windows of other programs, dialogs, shell, tray and machine: they record calls and answer as configured.
 #pragma once
 
 #include "platform/common/code_page_1250.h"
@@ -33,19 +33,19 @@ public:
   void let_take_foreground(WindowRef target) override;
   void hook(std::function<void(const CopyData&)> receive) override;
 
-  // A window of another program appears or goes.
+  // A window of another program appears.
   void add_window(const std::wstring& caption, WindowRef window) { windows_[caption] = window; }
-  // The main window of another copy of the program appears; others may bear its caption too.
+  // The main window of another copy of the program appears; other windows may have the same caption.
   void add_copy(const std::wstring& caption, WindowRef window) { copies_[caption] = window; }
   void remove_window(const std::wstring& caption) { windows_.erase(caption); }
-  // Another program sends copy-data: -1 when hooked, 0 when nobody listens.
+  // Another program sends copy-data: -1 when hooked, 0 otherwise.
   int deliver(const std::string& bytes, std::uint32_t kind = 1);
   [[nodiscard]] bool hooked() const { return static_cast<bool>(receive_); }
 
   std::vector<Sent> sent;
   std::vector<WindowRef> foreground_given;
   mutable std::vector<std::wstring> looked_up;
-  std::function<void(const std::wstring& caption)> on_look_up; // lets a test make a window appear at the n-th look-up
+  std::function<void(const std::wstring& caption)> on_look_up; // lets a test add a window at the n-th look-up
 
 private:
   const ThreadCheck thread_{"user-interface thread"};
@@ -68,9 +68,9 @@ public:
 
   int brought_forward = 0;
   std::vector<Shown> shown;
-  std::deque<BoxAnswer> answers;    // taken in turn; empty answers ok, or no to a question
-  Modal modal;                      // events while a box is open, and then:
-  std::function<void()> while_open; // what else happens
+  std::deque<BoxAnswer> answers;    // consumed in order; when empty: ok, or no to a question
+  Modal modal;                      // events while a box is open, followed by:
+  std::function<void()> while_open; // a test's further actions
 
 private:
   const platform::EventLoop& loop_;
@@ -91,7 +91,7 @@ public:
   std::vector<std::wstring> opened;
   bool start_works = true;
   int open_answer = 33;
-  std::function<void(const Started&)> on_start; // lets a test make the started program's window appear
+  std::function<void(const Started&)> on_start; // lets a test add the started program's window
 };
 
 class Tray final : public platform::Tray {

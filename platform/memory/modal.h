@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The events that boxes and menus in memory let run while they are open.
+// Runs events while an in-memory message box or menu is open.
 #pragma once
 
 #include "platform/common/thread_check.h"
@@ -11,11 +11,11 @@
 
 namespace lumotune::platform::memory {
 
-// Without a loop nothing happens: for what has no events at all.
+// Without a loop no events run.
 class Modal {
 public:
   void lets_run(EventLoop& loop) { loop_ = &loop; }
-  // What is due runs, and what falls due until the user answers; then `further`, if there is something.
+  // Runs what is due, and what falls due until the user answers; then `further`, if set.
   void open(const std::function<void()>& further) const {
     thread_.check();
     const std::function<void()> copy = further; // it may replace itself
@@ -28,7 +28,7 @@ public:
       copy();
   }
 
-  std::uint32_t open_for_ms = 0; // of the loop's time
+  std::uint32_t open_for_ms = 0; // milliseconds of the loop's clock
 
 private:
   const ThreadCheck thread_{"user-interface thread"};

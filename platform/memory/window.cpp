@@ -12,7 +12,7 @@ namespace {
 
 constexpr int twips_a_pixel = 15;
 
-// A picture that is whole; nothing where it is missing, too large or no picture.
+// The size of a valid picture; nothing when it is missing, too large or not a picture.
 std::optional<std::pair<int, int>> gif_size(const platform::Files& files, const std::wstring& path) {
   const auto bytes = files.read(path);
   if (!bytes || static_cast<std::int64_t>(bytes->size()) > platform::PictureBox::max_bytes)
@@ -61,7 +61,7 @@ void ListBox::set_colours(Colour background, Colour text) {
   text_colour_ = text;
 }
 
-// Nothing is scrolled here.
+// The in-memory list is never scrolled.
 std::size_t ListBox::item_at(int x, int y) const {
   constexpr int row_height = 300;
   if (x < 0 || y < 0 || x >= rect().width || y >= rect().height)
@@ -138,12 +138,12 @@ void Window::set_state(WindowState state) {
   note_sight();
 }
 
-// The mouse reaches what is in it only while the user sees it.
+// The mouse can reach the controls only while the window is visible.
 void Window::note_sight() {
   keyboard_.window_seen(visible_ && state_ == WindowState::normal);
 }
 
-// Showing brings it back from the icon, and into view.
+// Showing restores a minimised window and brings it into view.
 void Window::set_visible(bool visible) {
   thread_.check();
   visible_ = visible;
@@ -187,7 +187,7 @@ bool Window::user_menu_key() {
   return true;
 }
 
-// Without a task bar.
+// There is no task bar: the work area is the whole monitor.
 std::vector<Monitor> Window::all_monitors() const {
   std::vector<Monitor> all;
   for (const TwipsRect& monitor : monitors)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A window without a screen, 15 twips a pixel, and the user's hand for tests.
+// A headless window, 15 twips per pixel, with simulated user actions, for tests.
 #pragma once
 
 #include "platform/common/thread_check.h"
@@ -15,7 +15,7 @@
 
 namespace lumotune::platform::memory {
 
-// What every control has in common, over its interface.
+// The common part of all controls, over their interface.
 template <typename Interface>
 class ControlOf : public Interface {
 public:
@@ -62,18 +62,19 @@ public:
   void set_tooltip(const std::wstring& text) override { tooltip_ = text; }
   [[nodiscard]] std::wstring tooltip() const override { return tooltip_; }
 
-  // The user's hand: acts only on what can be seen and is enabled, by keys only where the keyboard is; whether it did.
+  // User actions: they affect only visible and enabled controls, key presses only the focused one; return whether they
+  // took effect.
   bool user_click() { return in_sight() && fire(this->on_click); }
   bool user_double_click() { return in_sight() && fire(this->on_double_click); }
   bool user_mouse_move(const MouseEvent& event) { return in_sight() && fire(this->on_mouse_move, event); }
   bool user_mouse_down(const MouseEvent& event) { return in_sight() && fire(this->on_mouse_down, event); }
   bool user_menu_key() { return in_sight() && has_keyboard() && fire(this->on_menu_key); }
-  // The system's hand: a tray event over a hidden control arrives all the same.
+  // System events: a tray event reaches its control even when hidden.
   bool system_mouse_move(const MouseEvent& event) { return fire(this->on_mouse_move, event); }
 
 protected:
   [[nodiscard]] bool in_sight() const { return visible_ && (keyboard_ == nullptr || keyboard_->seen()); }
-  // What the mouse can press, and gives the keyboard to.
+  // A mouse press: focuses the control; false when it is not visible or not enabled.
   bool take_press() {
     if (!in_sight() || !enabled_)
       return false;
@@ -82,7 +83,7 @@ protected:
     return true;
   }
   [[nodiscard]] bool has_keyboard() const { return keyboard_ == nullptr || keyboard_->at() == this; }
-  // The handler is copied first: it may replace itself.
+  // The handler is copied first, because it may replace itself.
   template <typename Handler, typename... Arguments>
   bool fire(const Handler& handler, const Arguments&... arguments) {
     if (!enabled_)
@@ -100,7 +101,7 @@ private:
   TwipsRect rect_;
   std::wstring text_;
   std::wstring tooltip_;
-  Keyboard* keyboard_ = nullptr; // of its window
+  Keyboard* keyboard_ = nullptr; // the window's
 };
 
 class PictureBox final : public ControlOf<platform::PictureBox> {
@@ -111,7 +112,7 @@ public:
   void clear_picture() override;
   [[nodiscard]] std::wstring picture() const override { return picture_; }
   [[nodiscard]] PictureKind kind() const { return kind_; }
-  bool user_double_click() { return user_click() && user_click(); } // it knows no double clicks, only quick ones
+  bool user_double_click() { return user_click() && user_click(); } // it reports a double click as two clicks
 
 private:
   PictureKind kind_;
@@ -130,9 +131,9 @@ public:
   [[nodiscard]] bool bold() const override { return bold_; }
   void announce() override { announced.push_back(text()); }
   [[nodiscard]] LabelKind kind() const { return kind_; }
-  bool user_double_click() { return user_click() && ControlOf::user_double_click(); } // its first half is a click
+  bool user_double_click() { return user_click() && ControlOf::user_double_click(); } // the first half is a click
 
-  std::vector<std::wstring> announced; // what screen readers were told
+  std::vector<std::wstring> announced; // what screen readers announced
 
 private:
   LabelKind kind_;
@@ -144,7 +145,7 @@ private:
 class Button final : public ControlOf<platform::Button> {
 public:
   using ControlOf::ControlOf;
-  void press() override { (void)fire(on_click); } // a disabled button does nothing, and that is no error
+  void press() override { (void)fire(on_click); } // ignored while disabled
 };
 
 class ListBox final : public ControlOf<platform::ListBox> {
@@ -164,10 +165,10 @@ public:
   void set_shown_columns(std::size_t columns) override { shown_columns_ = columns; }
   [[nodiscard]] std::size_t shown_columns() const { return shown_columns_; }
 
-  // The user selects a row with the left button.
+  // The user clicks a row with the left button.
   bool user_pick(std::size_t index);
 
-  int drawn = 0; // how often other items were drawn
+  int drawn = 0; // number of redraws with changed items
 
 private:
   std::vector<std::wstring> items_;
@@ -181,7 +182,7 @@ private:
   return {rect.left, rect.top, std::int64_t{rect.left} + rect.width, std::int64_t{rect.top} + rect.height};
 }
 
-// Enough of a window to take hold of, as on Windows.
+// The part of a window that must stay grabbable, as on Windows.
 inline constexpr std::int64_t piece_to_hold = 480; // twips
 
 [[nodiscard]] inline std::vector<std::wstring> names_of(const std::vector<std::unique_ptr<Control>>& controls) {
@@ -222,22 +223,22 @@ public:
   void redraw() override { ++redrawn; }
   void drag_by_caption() override { ++dragged; }
 
-  // The controls as what they are, for the user's hand; nullptr when there is none of that name and kind.
+  // The controls by name and kind; nullptr when there is none.
   [[nodiscard]] PictureBox* picture(const std::wstring& name) const;
   [[nodiscard]] Label* label(const std::wstring& name) const;
   [[nodiscard]] Button* button(const std::wstring& name) const;
   [[nodiscard]] ListBox* list(const std::wstring& name) const;
   [[nodiscard]] std::vector<std::wstring> control_names() const { return names_of(controls_); }
 
-  // The user's hand: another program's window comes to the front; other monitors.
+  // User actions: switching to another program's window; changing the monitors.
   void user_leaves() { keyboard_.window_active(false); }
   void user_changes_monitors(std::vector<TwipsRect> wanted);
   void user_tab(bool back) { keyboard_.tab(back); }
   bool user_right_click() { return visible_ && fire_menu(); } // on the background
-  bool user_menu_key();                                       // the control that has the keyboard comes first
+  bool user_menu_key();                                       // the focused control handles it first
   [[nodiscard]] std::wstring keyboard_at() const { return keyboard_.at() == nullptr ? L"" : keyboard_.at()->name(); }
 
-  // Records and knobs.
+  // Recorded calls and test settings.
   double twips_per_pixel = 15.0;
   int activated = 0;
   int redrawn = 0;
