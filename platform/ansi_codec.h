@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Bytes of text files and copy-data messages to program text and back: the system's single-byte code page.
+// Converts between program text and the bytes of text files and copy-data messages: the system's single-byte code page.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 namespace lumotune::platform {
 
-// Every byte becomes exactly one character; a character that the code page lacks becomes '?' (or the system's nearest
-// letter). Where the system's code page is not single-byte, Windows-1250 serves. Any thread, never fails.
+// Every byte becomes exactly one character; a character that the code page lacks becomes '?' (or the system's closest
+// match). If the system's code page is not single-byte, Windows-1250 is used. Any thread, never fails.
 class AnsiCodec {
 public:
   AnsiCodec() = default;

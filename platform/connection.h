@@ -9,7 +9,7 @@ namespace lumotune::platform {
 
 struct ConnectionState {
   bool connected = false;
-  std::uint32_t flags = 0; // the system's own
+  std::uint32_t flags = 0; // as the system reports them
   std::wstring name;       // of the connection, at most 253 characters
 };
 

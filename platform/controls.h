@@ -18,10 +18,9 @@ struct TwipsRect {
   friend bool operator==(const TwipsRect&, const TwipsRect&) = default;
 };
 
-// 0x00BBGGRR, as skins write it; or one of the colours that the system's own windows have, as they are when it is
-// drawn.
+// 0x00BBGGRR, as in skins; or a system colour, resolved when it is drawn.
 enum class Colour : std::uint32_t {};
-inline constexpr std::uint32_t system_colour_flag = 0x80000000; // with the system's number of the colour, 0..255
+inline constexpr std::uint32_t system_colour_flag = 0x80000000; // combined with the system's colour index, 0..255
 
 enum class MouseButton : int { none = 0, left = 1, right = 2, middle = 4 };
 
@@ -31,8 +30,8 @@ struct MouseEvent {
   int y = 0;                              // twips from its top edge
 };
 
-// A real child window. Its designer name never changes. All calls on the user-interface thread; handlers run there too
-// and may change anything. Setting a value by program never fires a handler.
+// A real child window. Its designer name never changes. Everything on the user-interface thread; handlers may change
+// anything. Setting a value from the program never fires a handler.
 class Control {
 public:
   Control() = default;
@@ -43,7 +42,7 @@ public:
   [[nodiscard]] virtual const std::wstring& name() const = 0;
 
   virtual void set_visible(bool visible) = 0;
-  [[nodiscard]] virtual bool visible() const = 0; // its own flag, whether or not the window is shown
+  [[nodiscard]] virtual bool visible() const = 0; // its own flag, even while the window is hidden
   virtual void set_enabled(bool enabled) = 0;
   [[nodiscard]] virtual bool enabled() const = 0;
 
@@ -51,36 +50,35 @@ public:
   virtual void resize(int width, int height) = 0; // below 0 counts as 0
   [[nodiscard]] virtual TwipsRect rect() const = 0;
 
-  // The window text: what a label shows, a button's caption, a picture's accessible name. Shown as it is: "&" is a
-  // letter.
+  // The window text: a label's text, a button's caption, a picture's accessible name. Shown literally: "&" is an
+  // ordinary character.
   virtual void set_text(const std::wstring& text) = 0;
   [[nodiscard]] virtual std::wstring text() const = 0;
   virtual void set_tooltip(const std::wstring& text) = 0;
   [[nodiscard]] virtual std::wstring tooltip() const = 0;
 
-  std::function<void()> on_click; // left button, or Space and Enter while it has the keyboard; never while disabled
+  std::function<void()> on_click; // left button, or Space and Enter while focused; never while disabled
   std::function<void()> on_double_click;
   std::function<void(const MouseEvent&)> on_mouse_move;
   std::function<void(const MouseEvent&)> on_mouse_down;
-  std::function<void()> on_menu_key; // the keyboard's key for menus, or Shift and F10, while it has the keyboard
+  std::function<void()> on_menu_key; // the menu key or Shift+F10, while focused
 };
 
-// Shows a GIF and takes its size. A picture button is a tab stop with a visible focus; a plain picture is not.
+// Shows a GIF and takes its size. A picture button is a tab stop with a visible focus; a decoration is not.
 class PictureBox : public Control {
 public:
-  // A larger picture counts as none: 34 MB in memory.
+  // A larger picture is rejected: this many pixels take 34 MB of memory.
   static constexpr std::int64_t max_pixels = 8'500'000;
   static constexpr int max_side = 4096;                        // pixels
   static constexpr std::int64_t max_bytes = 8LL * 1024 * 1024; // of the file
 
-  // Reads the file, each time that it is called. False when it is missing, too large or no picture; the old picture
-  // then stays.
+  // Reads the file on every call. False when it is missing, too large or not a picture; the old picture then stays.
   [[nodiscard]] virtual bool load_picture(const std::wstring& path) = 0;
-  virtual void clear_picture() = 0;                       // nothing is shown, in no size
+  virtual void clear_picture() = 0;                       // shows nothing; the size becomes empty
   [[nodiscard]] virtual std::wstring picture() const = 0; // path of the picture shown, empty for none
 };
 
-// Text over whatever lies behind it. A link label is a tab stop and can be pressed.
+// Text on a transparent background. A link label is a tab stop and can be clicked.
 class Label : public Control {
 public:
   virtual void set_text_colour(Colour colour) = 0;
@@ -89,12 +87,12 @@ public:
   [[nodiscard]] virtual bool underline() const = 0;
   virtual void set_bold(bool on) = 0;
   [[nodiscard]] virtual bool bold() const = 0;
-  virtual void announce() = 0; // screen readers say the text, wherever the keyboard is
+  virtual void announce() = 0; // screen readers announce the text, wherever the focus is
 };
 
 class Button : public Control {
 public:
-  // As a click of the mouse: fires on_click when enabled, visible or not.
+  // Like a mouse click: fires on_click when enabled, visible or not.
   virtual void press() = 0;
 };
 
@@ -104,15 +102,15 @@ public:
 
   virtual void clear() = 0;
   virtual void add(const std::wstring& item) = 0;
-  // Other items instead of all there are, and none selected. Drawn once, however many there are.
+  // Replaces all items; none is selected afterwards. Redraws once, whatever their number.
   virtual void set_items(const std::vector<std::wstring>& items) = 0;
   [[nodiscard]] virtual std::size_t count() const = 0;
   [[nodiscard]] virtual std::wstring item(std::size_t index) const = 0; // empty past the end
-  [[nodiscard]] virtual std::size_t selected() const = 0;               // `none` when nothing is
+  [[nodiscard]] virtual std::size_t selected() const = 0;               // `none` when nothing is selected
   virtual void select(std::size_t index) = 0;                           // fires nothing
-  // The item at a place in the control, in twips from its corner as MouseEvent tells it; `none` where there is none.
+  // The item at a position in the control, in twips as in MouseEvent; `none` when there is none.
   [[nodiscard]] virtual std::size_t item_at(int x, int y) const = 0;
-  // Only so many characters of each item are drawn; the rest is data.
+  // Only this many characters of each item are drawn; the rest is data.
   virtual void set_shown_columns(std::size_t columns) = 0;
   virtual void set_colours(Colour background, Colour text) = 0;
   [[nodiscard]] virtual Colour background_colour() const = 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The controls of a framed window that the main window has not: tree, list in columns, text box, progress, browser.
-// Indices of nodes and rows count from 1; 0 is none. Positions and sizes are twips.
+// Controls that only framed windows have: tree, list in columns, text box, progress bar, browser. Indices of nodes and
+// rows count from 1; 0 is none. Positions and sizes are twips.
 #pragma once
 
 #include "platform/controls.h"
@@ -11,25 +11,26 @@
 
 namespace lumotune::platform {
 
-// Nodes with keys, in the order of adding. on_click: the left button on a node, after it was selected.
+// Nodes with keys, in order of insertion. on_click: the left button on a node, after the node was selected.
 class TreeView : public Control {
 public:
   virtual void clear() = 0;
-  // A node below the one with the parent's key, or a root for an empty one. False, and nothing added, when the key is
-  // taken or the parent unknown. Keys ignore letter case.
+  // Adds a node below the one with the parent's key, or a root when that key is empty. False, and nothing added, when
+  // the key exists already or the parent is unknown. Keys are case-insensitive.
   [[nodiscard]] virtual bool add(const std::wstring& key, const std::wstring& parent_key, const std::wstring& text) = 0;
   [[nodiscard]] virtual std::size_t count() const = 0;
   [[nodiscard]] virtual std::wstring key(std::size_t index) const = 0;       // empty outside 1..count
-  [[nodiscard]] virtual std::wstring node_text(std::size_t index) const = 0; // the same
+  [[nodiscard]] virtual std::wstring node_text(std::size_t index) const = 0; // likewise
   [[nodiscard]] virtual std::size_t selected() const = 0;
-  // Selects and scrolls into sight, opening what hides it; nothing changes outside 1..count. Fires nothing.
+  // Selects the node and scrolls it into view, expanding its parents; does nothing outside 1..count. Fires nothing.
   virtual void select(std::size_t index) = 0;
 
-  // Any key let go while the tree has the keyboard, after it moved the selection; Enter, too.
+  // Any key released while the tree is focused, Enter included; fires after the key has moved the selection.
   std::function<void()> on_key_up;
 };
 
-// What a list in columns shows. Asked for whatever row comes into sight, at any time between two changes of the rows.
+// The content of a list in columns. Queried for any row that becomes visible, at any time between two changes of the
+// rows.
 class RowModel {
 public:
   RowModel() = default;
@@ -42,39 +43,39 @@ public:
   [[nodiscard]] virtual bool bold(std::size_t row) const = 0;
 };
 
-// Rows in columns (a report) over a model that it does not copy. on_click: left or right button on a row, after the row
-// was selected; on_mouse_down comes before it and tells the button. on_double_click: on a row only.
+// Rows in columns (report view) over a model that is not copied. on_click: left or right button on a row, after the row
+// was selected; on_mouse_down fires before it with the button. on_double_click: on a row only.
 class ListView : public Control {
 public:
-  virtual void set_rows(const RowModel* rows) = 0; // outlives the list, or nullptr
+  virtual void set_rows(const RowModel* rows) = 0; // must outlive the list; may be nullptr
   virtual void add_column(const std::wstring& key, const std::wstring& caption, int width) = 0;
-  virtual void rows_changed() = 0; // other rows or another number of them: nothing is selected afterwards
+  virtual void rows_changed() = 0; // the rows or their number changed: clears the selection
   [[nodiscard]] virtual std::size_t selected() const = 0;
-  // Selects, alone, and scrolls into sight; outside 1..count nothing is selected afterwards. Fires nothing.
+  // Selects only this row and scrolls it into view; outside 1..count clears the selection. Fires nothing.
   virtual void select(std::size_t index) = 0;
 
-  std::function<void()> on_key_up;           // any key let go, after it moved the selection
-  std::function<void(wchar_t)> on_key_press; // a character typed, 13 for Enter
+  std::function<void()> on_key_up;           // any key released, after it has moved the selection
+  std::function<void(wchar_t)> on_key_press; // a typed character, 13 for Enter
 };
 
-// Several lines of text to read and copy, not to change.
+// Read-only multi-line text that can be selected and copied.
 class TextBox : public Control {};
 
-// How far something has come.
+// The progress of an operation.
 class ProgressBar : public Control {
 public:
   virtual void set_percent(int percent) = 0; // clamped to 0..100
   [[nodiscard]] virtual int percent() const = 0;
 };
 
-// A box around other controls, with its text as heading when there is one.
+// A box around other controls, with its text, if any, as heading.
 class Frame : public Control {};
 
-// A web page of the system's browser, quiet and locked: no scripts, no downloads, no windows, no boxes. Where the
-// system has none the area stays empty.
+// A web page in the system's browser, silent and locked down: no scripts, downloads, windows or message boxes. If the
+// system has no browser, the area stays empty.
 class Browser : public Control {
 public:
-  // Asks for the page and returns at once. Only http and https addresses are asked for.
+  // Requests the page and returns at once. Only http and https addresses are requested.
   virtual void navigate(const std::wstring& address) = 0;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The one loop of the user-interface thread: timers, posted work, pending events, the tick count and the end.
+// The event loop of the user-interface thread: timers, posted work, pending events, the tick count and the end.
 #pragma once
 
 #include <cstdint>
@@ -8,9 +8,9 @@
 
 namespace lumotune::platform {
 
-// A repeating timer of the user-interface thread. Stopped when made; destroying it cancels it, also from inside its own
-// tick. A tick never nests in itself: one that falls due while it runs is left out. Starting a running timer changes
-// nothing: its next tick stays where it was.
+// A repeating timer on the user-interface thread. Created stopped; destroying it cancels it, even from its own tick.
+// Ticks never nest: one that falls due while another is running is skipped. Starting a running timer does not change
+// when it ticks next.
 class Timer {
 public:
   Timer() = default;
@@ -21,11 +21,11 @@ public:
   virtual void start() = 0;
   virtual void stop() = 0;
   [[nodiscard]] virtual bool running() const = 0;
-  virtual void set_interval(std::uint32_t milliseconds) = 0; // at least 1; a running timer starts its interval anew
+  virtual void set_interval(std::uint32_t milliseconds) = 0; // at least 1; restarts the interval of a running timer
 };
 
-// Work that another thread (or a handler that must not nest) asks the loop to do soon. Many wakes before the work runs
-// are one run. Destroying it cancels it; its owner makes sure that no thread calls `wake` afterwards.
+// Work that another thread (or a handler that must not nest) schedules on the loop. Several wakes before the work runs
+// cause one run. Destroying it cancels the work; its owner ensures that no thread calls `wake` afterwards.
 class Waker {
 public:
   Waker() = default;
@@ -36,7 +36,7 @@ public:
   virtual void wake() = 0; // any thread
 };
 
-// Work that waits for the top of the loop. Destroying it cancels the work, unless that has begun.
+// Work posted to the top level of the loop. Destroying it cancels the work, unless it has begun.
 class TopLevelWork {
 public:
   TopLevelWork() = default;
@@ -45,7 +45,7 @@ public:
   virtual ~TopLevelWork() = default;
 };
 
-// Everything here is called on the user-interface thread, except Waker::wake.
+// User-interface thread, except Waker::wake.
 class EventLoop {
 public:
   EventLoop() = default;
@@ -56,27 +56,27 @@ public:
   [[nodiscard]] virtual std::unique_ptr<Timer> make_timer(std::uint32_t interval_ms, std::function<void()> tick) = 0;
   [[nodiscard]] virtual std::unique_ptr<Waker> make_waker(std::function<void()> work) = 0;
 
-  // Does that once, in the order of posting, from `run` itself: never while a handler, a wait, a message box or a
-  // pop-up menu is still to come back, so that objects whose procedures may wait can be destroyed. Not after `quit`.
+  // Runs the work once, in posting order, from `run` itself: never inside a handler, a wait, a message box or a pop-up
+  // menu, so that objects whose procedures may wait can be destroyed. Not run after `quit`.
   [[nodiscard]] virtual std::unique_ptr<TopLevelWork> post_top_level(std::function<void()> work) = 0;
 
-  // Lets the events that are pending now run, and returns. May be called from inside handlers, so everything may have
-  // changed afterwards.
+  // Runs the events that are pending now, and returns. May be called from handlers, so any state may have changed
+  // afterwards.
   virtual void run_pending() = 0;
 
-  // One pass of a wait: pending events run, then at most a few milliseconds of sleep that new events end early.
-  // False once `quit` was called: the caller returns to the top without further steps.
+  // One pass of a wait: runs pending events, then sleeps a few milliseconds at most, or until a new event. False once
+  // `quit` was called: the caller must unwind to the top without further steps.
   [[nodiscard]] virtual bool wait_a_little() = 0;
 
-  // Milliseconds since some start; wraps round at 2^32. Compare differences only.
+  // Milliseconds since an arbitrary start; wraps at 2^32. Compare differences only.
   [[nodiscard]] virtual std::uint32_t tick_count_ms() const = 0;
 
-  // The end begins, before `quit`: what is left to do may take a while, but menus and boxes that wait for the user
-  // close, and none opens any more.
+  // Begins the end, before `quit`: the remaining work may take a while, but menus and boxes that wait for the user
+  // close, and no new ones open.
   virtual void begin_end() = 0;
   [[nodiscard]] virtual bool ending() const = 0; // from `begin_end` or `quit` on
 
-  // Asks the program to end: `run` returns and every wait answers false from now on.
+  // Ends the program: `run` returns, and every wait returns false from now on.
   virtual void quit() = 0;
   [[nodiscard]] virtual bool quitting() const = 0;
 

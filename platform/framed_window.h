@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A resizable window with the system's frame and the controls made in it. Positions and sizes are twips.
+// A resizable window with the system's frame, and its controls. Positions and sizes are twips.
 #pragma once
 
 #include "platform/directory_controls.h"
@@ -11,11 +11,12 @@
 
 namespace lumotune::platform {
 
-// Made hidden. User-interface thread; handlers run there too. The controls live as long as the window; each carries the
-// window property "<window name>.<designer name>", the window itself "<window name>.Form". Texts are drawn in the
-// system's message font. Tab moves in reading order by where the controls lie, arrow keys as the system's controls do.
-// A window that no monitor shows comes into view when it is shown and when the monitors change. After such a change
-// half of it has to be in view; a place that the user has chosen since stays while there is something to take hold of.
+// Created hidden. User-interface thread, handlers too. The controls live as long as the window; each carries the window
+// property "<window name>.<designer name>", the window itself "<window name>.Form". Text uses the system's message
+// font. Tab follows reading order by position; arrow keys work as in the system's controls.
+// A window outside all monitors is moved into view when it is shown and when the monitors change. After such a change
+// at least half of it is kept in view; a position the user has chosen since is kept as long as enough of it can be
+// grabbed.
 class FramedWindow {
 public:
   FramedWindow() = default;
@@ -38,23 +39,22 @@ public:
   virtual void set_visible(bool visible) = 0; // showing also restores a minimised window
   [[nodiscard]] virtual bool visible() const = 0;
   [[nodiscard]] virtual bool minimized() const = 0;
-  virtual void activate() = 0; // to the front, with the keyboard
+  virtual void activate() = 0; // to the front, with the keyboard focus
 
-  // The outer size, frame and caption included, kept between the smallest size and the monitor's room without the task
-  // bar. The window stays wholly on its monitor where it can. A minimised or maximised one takes the size when it comes
-  // back.
+  // The outer size, including frame and caption, clamped between the minimum size and the monitor's work area. The
+  // window is kept entirely on its monitor if possible. A minimised or maximised window takes the size when restored.
   virtual void resize(int width, int height) = 0;
   [[nodiscard]] virtual TwipsRect rect() const = 0;
-  virtual void set_minimum(int width, int height) = 0; // outer size that nobody can go below
+  virtual void set_minimum(int width, int height) = 0; // minimum outer size, for the user and the program
   [[nodiscard]] virtual int client_width() const = 0;  // 0 while minimised
   [[nodiscard]] virtual int client_height() const = 0;
-  [[nodiscard]] virtual int frame_height() const = 0; // frame and caption of the normal window, whatever its state
+  [[nodiscard]] virtual int frame_height() const = 0; // frame and caption in the normal state, in any state
 
-  std::function<void()> on_resize; // the client area has another size or resolution: place the controls anew
-  std::function<void()> on_close;  // the user closes it; nothing is destroyed by itself
+  std::function<void()> on_resize; // the client area's size or resolution changed: lay out the controls again
+  std::function<void()> on_close;  // the user closes it; nothing is destroyed automatically
 };
 
-// Makes framed windows. They are destroyed from the top level of the loop only, never inside one of their handlers.
+// Creates framed windows. Destroy them only from the top level of the loop, never inside one of their handlers.
 class FramedWindowMaker {
 public:
   FramedWindowMaker() = default;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A box that asks for one line of text.
+// A dialog that asks for one line of text.
 #pragma once
 
 #include <optional>
@@ -15,8 +15,8 @@ public:
   InputBox& operator=(const InputBox&) = delete;
   virtual ~InputBox() = default;
 
-  // Waits while events run, so everything may have changed afterwards. The text as it was typed, at most 2,000
-  // characters; nothing when the user cancels or a box is open already.
+  // Waits while events run, so any state may have changed afterwards. Returns the text as typed, at most 2,000
+  // characters; nothing when the user cancels or a box is already open.
   [[nodiscard]] virtual std::optional<std::wstring> ask(const std::wstring& prompt, const std::wstring& title,
                                                         const std::wstring& default_text) = 0;
 };

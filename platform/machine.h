@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Facts of the machine and of this run of the program.
+// Information about the machine and this run of the program.
 #pragma once
 
 #include <string>
@@ -16,14 +16,14 @@ public:
 
   // Folder of the running program, without a trailing backslash.
   [[nodiscard]] virtual std::wstring program_folder() const = 0;
-  // Everything after the program's name on its command line, outer blanks removed.
+  // The command line after the program's name, outer blanks removed.
   [[nodiscard]] virtual std::wstring command_line() const = 0;
-  // Whether another copy of the program was already running when this one started, with whatever rights; the answer
-  // never changes. A copy that was about to end was waited for, and does not count.
+  // Whether another copy of the program, with whatever rights, was already running when this one started; the answer
+  // never changes. A copy that was ending was waited for and does not count.
   [[nodiscard]] virtual bool previous_instance() const = 0;
-  // The end of the program begins: a copy that starts from now on waits for it. Further calls change nothing.
+  // Begins the end of the program: a copy started from now on waits for it. Further calls have no effect.
   virtual void begin_end() = 0;
-  // The current date and time as the system's regional settings format them.
+  // The current date and time in the format of the system's regional settings.
   [[nodiscard]] virtual std::wstring date_and_time() const = 0;
 };
 

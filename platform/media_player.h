@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The embedded media player as the rooms see it: an address, play, stop, a volume and a status.
+// Interface of the embedded media player: an address, play, stop, a volume and a status.
 #pragma once
 
 #include "platform/stream_status.h"
@@ -10,21 +10,20 @@
 
 namespace lumotune::platform {
 
-// The numbers that the play-state notification carries.
+// The values passed to the play-state notification.
 enum class PlayState : int { stopped = 1, playing = 3, buffering = 6, reconnecting = 11, connecting = 9 };
 
-// Where an address comes from, which decides what it may reach.
+// The source of an address, which decides what it may reach.
 enum class AddressOrigin {
-  station,  // a station file, or a client's word for a station: network schemes only
-  message,  // another program's message: also files on this machine's drives, never a share or a device
-  listener, // typed into the console or on the command line: whatever the listener may open
+  station,  // a station file, or the client on behalf of a station: network schemes only
+  message,  // a message from another program: also files on this machine's drives, never a share or a device
+  listener, // typed into the console or on the command line: anything the listener may open
 };
 
-// One player of one stream. Every member is called on the user-interface thread and returns at once: no call waits for
-// the network, the disk or the sound device. Nothing throws; what goes wrong is told by `status`.
-//
-// The listener's intent (between `play` and `stop`) is kept apart from the flow of sound: while it lasts the player
-// comes back by itself after a drop, an error page, a suspended machine or a lost sound device.
+// Plays one stream at a time. Every member is called on the user-interface thread and returns at once: no call waits
+// for the network, the disk or the sound device. Nothing throws; errors are reported by `status`.
+// The listener's intent (between `play` and `stop`) is kept apart from the actual sound: while it lasts, the player
+// recovers by itself from a drop, an error page, a suspended machine or a lost sound device.
 class MediaPlayer {
 public:
   MediaPlayer() = default;
@@ -32,31 +31,32 @@ public:
   MediaPlayer& operator=(const MediaPlayer&) = delete;
   virtual ~MediaPlayer() = default;
 
-  // The address to play: http, https, mms, file address or a path of this machine. While a stream plays, another
-  // address stops it; sound starts again with `play`, or at once where automatic start is on (which it is when made).
-  // The address that plays, with the same origin, changes nothing.
-  // What `origin` does not allow is never opened; the status then says that the address is of an unknown kind.
+  // The address to play: http, https, mms, a file address or a path on this machine. While a stream plays, a different
+  // address stops it; sound starts again with `play`, or at once with automatic start on (the default). Setting the
+  // playing address again, with the same origin, has no effect.
+  // An address that `origin` does not allow is never opened; the status then reports an unsupported address.
   virtual void set_url(const std::wstring& url, AddressOrigin origin) = 0;
   [[nodiscard]] virtual std::wstring url() const = 0;
   virtual void set_auto_start(bool on) = 0;
 
-  virtual void play() = 0; // starts live, never with old sound; with no address the status says so
-  virtual void stop() = 0; // silence within 50 ms whatever the network does
+  virtual void play() = 0; // starts live, never with stale sound; without an address the status says so
+  virtual void stop() = 0; // silence within 50 ms, whatever the network does
 
-  // Whether sound is wanted, be there any or not: from `play` on until `stop` or another address.
+  // Whether sound is wanted, even if there is none at the moment: from `play` until `stop` or another address.
   [[nodiscard]] virtual bool playing() const = 0;
 
   virtual void set_volume(int percent) = 0; // clamped to 0..100, ramped without a click
   [[nodiscard]] virtual int volume() const = 0;
 
-  // The machine goes to sleep or has woken up: drop the connection, or take it up again at once if sound is wanted.
+  // The machine is suspended or has resumed: drops the connection, or reconnects at once if sound is wanted.
   virtual void system_suspended() = 0;
   virtual void system_resumed() = 0;
 
-  // As known now. After a call above it is the new state at once: stopped, connecting, or waiting while suspended.
+  // The current status. After one of the calls above it is immediately the new one: stopped, connecting, or waiting
+  // while suspended.
   [[nodiscard]] virtual StreamStatus status() const = 0;
 
-  // Milliseconds of the stream heard since `play`, outages left out; 0 while none was heard or when stopped.
+  // Milliseconds of sound heard since `play`, excluding outages; 0 while none has been heard or when stopped.
   [[nodiscard]] virtual std::uint64_t played_ms() const = 0;
 
   // Notifications, on the user-interface thread, never from inside one of the calls above.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Pop-up menus: trees of data, from which the user chooses one item.
+// Pop-up menus, given as trees of items, of which the user chooses one.
 #pragma once
 
 #include "platform/controls.h"
@@ -11,12 +11,12 @@ namespace lumotune::platform {
 
 struct MenuItem {
   std::wstring name;    // designer name, unique in its menu
-  std::wstring caption; // shown as it is: "&" is a letter
+  std::wstring caption; // shown literally: "&" is an ordinary character
   bool checked = false;
   bool enabled = true;
   bool visible = true;
-  std::vector<MenuItem> children; // a submenu when there are any
-  bool separator = false;         // a line; its caption is not shown
+  std::vector<MenuItem> children; // a submenu when not empty
+  bool separator = false;         // a separator line; its caption is not shown
 };
 
 // User-interface thread.
@@ -27,10 +27,10 @@ public:
   PopupMenus& operator=(const PopupMenus&) = delete;
   virtual ~PopupMenus() = default;
 
-  // Opens a menu at the pointer; below the anchor (at the selected row of a list) when the last input was the keyboard,
-  // and in the corner of its window where the anchor is out of sight.
-  // Waits while events run, so everything may have changed afterwards. The chosen item's name; empty when it was closed
-  // without a choice, when nothing in it is visible, or when another menu is open already.
+  // Opens a menu at the pointer; if the last input was the keyboard, below the anchor (at the selected row of a list),
+  // or in the corner of its window when the anchor is not visible.
+  // Waits while events run, so any state may have changed afterwards. Returns the chosen item's name; empty when the
+  // menu is closed without a choice, when nothing in it is visible, or when another menu is already open.
   [[nodiscard]] virtual std::wstring pop_up(const std::vector<MenuItem>& items, const Control* anchor) = 0;
 };
 

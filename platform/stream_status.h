@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// What a media player knows about the stream it plays. Values only: rooms above put it into words.
+// What a media player knows about the stream it plays. Values only: rooms above turn them into text.
 #pragma once
 
 #include <string>
@@ -13,29 +13,29 @@ enum class StreamTrouble {
   none,
   no_address,
   unsupported_address,
-  lost,          // the connection broke after sound had been heard
+  lost,          // the connection was lost after sound had been heard
   not_answering, // refused, timed out
   no_such_host,
   not_found,         // HTTP 404 (`http_code` is set), or no such file
-  refused_by_server, // any other HTTP error; `http_code` says which
+  refused_by_server, // any other HTTP error; see `http_code`
   unknown_format,
   ended,     // a file played to its end
   no_device, // the stream plays, but there is no sound device
-  internal,  // not the station's fault: no memory, no thread
+  internal,  // not the station's fault: out of memory, no thread
 };
 
 struct StreamStatus {
   StreamPhase phase = StreamPhase::stopped;
   StreamTrouble trouble = StreamTrouble::none;
-  int percent = 0;           // of the buffer that sound starts with; while buffering
-  int retry_seconds = 0;     // until the next attempt, while waiting; 0: not known
+  int percent = 0;           // of the buffer needed to start; while buffering
+  int retry_seconds = 0;     // until the next attempt, while waiting; 0: unknown
   int http_code = 0;         // 0: none
-  bool unverified = false;   // the server's certificate is bad
+  bool unverified = false;   // the server's certificate is invalid
   bool just_started = false; // playing for less than three seconds
   std::wstring title;        // one line of at most 500 characters; empty: none
-  std::wstring codec;        // "MP3"; empty: not known
-  int kbps = 0;              // 0: not known
-  int hertz = 0;             // sample rate; 0: not known
+  std::wstring codec;        // as "MP3"; empty: unknown
+  int kbps = 0;              // 0: unknown
+  int hertz = 0;             // sample rate; 0: unknown
 
   friend bool operator==(const StreamStatus&, const StreamStatus&) = default;
 };

@@ -6,11 +6,12 @@
 
 namespace lumotune::platform {
 
-// Its events arrive as mouse moves over the control it was made for, the message number in the horizontal coordinate.
-// The icon is added again by itself when the shell restarts. User-interface thread; failures are ignored.
+// Its events arrive as mouse moves over the control it was created for, with the message number as the horizontal
+// coordinate. The icon is added again automatically when the shell restarts. User-interface thread; failures are
+// ignored.
 class Tray {
 public:
-  // Characters of the tip that the record can hold.
+  // Maximum length of the tooltip, in characters.
   static constexpr std::size_t max_tip = 63;
 
   Tray() = default;
@@ -19,7 +20,7 @@ public:
   virtual ~Tray() = default;
 
   virtual void add(const std::wstring& tip) = 0;
-  virtual void modify(const std::wstring& tip) = 0; // cut to `max_tip`; nothing while the icon is not added
+  virtual void modify(const std::wstring& tip) = 0; // cut to `max_tip`; no effect while the icon is not added
   virtual void remove() = 0;
 };
 

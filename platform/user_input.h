@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The user's hand: clicks put into the system's input, and the media keys of the keyboard.
+// Simulated clicks in the system's input, and the keyboard's media keys.
 #pragma once
 
 #include <functional>
@@ -14,12 +14,12 @@ public:
   Pointer& operator=(const Pointer&) = delete;
   virtual ~Pointer() = default;
 
-  // Presses and releases the logical left button (the physical right one where the user has swapped them) where the
-  // pointer is. What it hits hears of it once pending events run.
+  // Presses and releases the logical left button (the physical right one if the user has swapped them) at the pointer.
+  // The target receives the click when pending events run.
   virtual void click_left() = 0;
 };
 
-// Keys of the keyboard for players, wherever the keyboard's focus is. User-interface thread.
+// The keyboard's media keys, wherever the focus is. User-interface thread.
 class MediaKeys {
 public:
   MediaKeys() = default;
@@ -27,7 +27,7 @@ public:
   MediaKeys& operator=(const MediaKeys&) = delete;
   virtual ~MediaKeys() = default;
 
-  // Takes the keys from now on; one that another program holds stays with it, without a word.
+  // Registers the keys; one held by another program stays with it, silently.
   virtual void take() = 0;
   virtual void release() = 0;
 

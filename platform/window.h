@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A top-level window and the controls made in it. Positions and sizes are twips (1/1440 inch).
+// A top-level window and its controls. Positions and sizes are twips (1/1440 inch).
 #pragma once
 
 #include "platform/controls.h"
@@ -13,13 +13,13 @@ namespace lumotune::platform {
 
 enum class WindowState : int { normal = 0, minimized = 1 };
 
-// How a picture control behaves: a button (tab stop, pressed by Space and Enter) or mere decoration.
+// A picture control is either a button (tab stop, pressed by Space and Enter) or mere decoration.
 enum class PictureKind { button, decoration };
 enum class LabelKind { text, link };
 enum class LabelFont { normal, heading };
 
-// The borderless main window. Made hidden, of a default size. User-interface thread; handlers run there too. The
-// controls live as long as the window. Each control carries the window property "<window name>.<designer name>".
+// The borderless main window. Created hidden, with a default size. User-interface thread, handlers too. The controls
+// live as long as the window. Each carries the window property "<window name>.<designer name>".
 class Window {
 public:
   Window() = default;
@@ -27,10 +27,10 @@ public:
   Window& operator=(const Window&) = delete;
   virtual ~Window() = default;
 
-  // Controls made earlier lie above those made later. Tab moves in reading order by where they lie; the one made first
-  // has the keyboard at first. The keyboard keeps its place while the window is left, hidden or minimised; from a
-  // control that goes out of reach it moves on, and it returns when that one comes back, unless the user has moved it
-  // meanwhile.
+  // Controls created earlier are above later ones. Tab follows reading order by position; the first control created has
+  // the initial focus. The focus keeps its place while the window is inactive, hidden or minimised; from a control that
+  // becomes unreachable it moves on, and returns when that control becomes reachable again, unless the user has moved
+  // it meanwhile.
   [[nodiscard]] virtual PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) = 0;
   [[nodiscard]] virtual Label& make_label(const std::wstring& designer_name, LabelKind kind, LabelFont font) = 0;
   [[nodiscard]] virtual Button& make_button(const std::wstring& designer_name) = 0;
@@ -39,50 +39,49 @@ public:
   virtual void set_caption(const std::wstring& caption) = 0;
   [[nodiscard]] virtual std::wstring caption() const = 0;
 
-  // Showing restores a minimised window, and brings one that no monitor shows into view; the latter also happens when
-  // the monitors change.
+  // Showing restores a minimised window and moves one outside all monitors into view; the latter also happens when the
+  // monitors change.
   virtual void set_visible(bool visible) = 0;
   [[nodiscard]] virtual bool visible() const = 0;
   virtual void set_state(WindowState state) = 0; // does not show a hidden window
   [[nodiscard]] virtual WindowState state() const = 0;
 
-  // The place on the desktop, by the system's own resolution, so that a saved place means the same place. A minimised
-  // or hidden window answers the place it will have when shown.
+  // The position on the desktop at the system's own resolution, so that a saved position stays valid. For a minimised
+  // or hidden window it is the position it will have when shown.
   virtual void move(int left, int top) = 0;
   virtual void resize(int width, int height) = 0;
   [[nodiscard]] virtual TwipsRect rect() const = 0;
-  // Whether some monitor of now shows a usable piece of the window if it were moved there.
+  // Whether any current monitor would show a usable part of the window at that position.
   [[nodiscard]] virtual bool on_some_monitor(int left, int top) const = 0;
-  // Twips of one pixel of the screen, in the horizontal direction (15 at 96 dots an inch).
+  // Twips per screen pixel, horizontally (15 at 96 dpi).
   [[nodiscard]] virtual double twips_per_pixel_x() const = 0;
 
-  // Where windows may lie on the monitor that shows most of this one: the screen without the system's bars.
+  // The work area of the monitor that shows most of this window: the screen without the system's bars.
   [[nodiscard]] virtual TwipsRect work_area() const = 0;
-  // Width times height as a picture's file tells them, without reading the rest; 0 when it is missing or no picture.
+  // Width times height from the picture file's header, without reading the rest; 0 when it is missing or not a picture.
   [[nodiscard]] virtual std::int64_t picture_pixels(const std::wstring& path) const = 0;
 
-  // The picture behind all controls, in its own size from the upper left corner, the window's colour beneath; as large
-  // as PictureBox takes it, and read as PictureBox reads it. False when the file is missing, too large or no picture;
-  // the old one then stays.
+  // The background picture, unscaled, from the upper left corner, over the window's colour; same limits and file
+  // handling as PictureBox. False when the file is missing, too large or not a picture; the old one then stays.
   [[nodiscard]] virtual bool load_background(const std::wstring& path) = 0;
   virtual void clear_background() = 0; // the window's colour alone
   [[nodiscard]] virtual std::wstring background() const = 0;
 
-  // Into or out of the topmost layer, place and size unchanged; whether the system did it.
+  // Moves the window into or out of the topmost layer, position and size unchanged; whether the system did so.
   [[nodiscard]] virtual bool set_topmost(bool on) = 0;
   [[nodiscard]] virtual bool topmost() const = 0;
 
-  virtual void activate() = 0; // to the front, with the keyboard; does not show a hidden window
+  virtual void activate() = 0; // to the front, with the keyboard focus; does not show a hidden window
   virtual void redraw() = 0;
-  // Releases the mouse and sends the window the caption hit, so that the system moves it while the button is held.
-  // A nested call while the system already moves it does nothing.
+  // Releases the mouse capture and sends the window a caption hit, so that the system moves it while the button is
+  // held. A nested call during such a move does nothing.
   virtual void drag_by_caption() = 0;
 
   std::function<void(const MouseEvent&)> on_mouse_move; // over the background
-  // The right button over the background or over a control that is not pressed itself, or the keyboard's key for menus,
-  // or Shift and F10, where no control takes it.
+  // The right button over the background or over a control that is not itself clickable; or the menu key or Shift+F10,
+  // unless a control handles it.
   std::function<void()> on_menu;
-  std::function<void()> on_close;       // Alt+F4 or the system's close; nothing is destroyed by itself
+  std::function<void()> on_close;       // Alt+F4 or the system's close; nothing is destroyed automatically
   std::function<void()> on_session_end; // Windows ends the session: finish before returning
   std::function<void()> on_suspend;
   std::function<void()> on_resume;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Text commands between windows of programs: the copy-data message.
+// Text commands between programs' windows, sent as copy-data messages.
 #pragma once
 
 #include <cstdint>
@@ -9,23 +9,23 @@
 
 namespace lumotune::platform {
 
-// A window of any program; 0 is no window.
+// A window of any program; 0 is none.
 enum class WindowRef : std::uintptr_t { none = 0 };
 
-// What a copy-data message brought. The bytes come from another program and are not to be trusted.
+// A received copy-data message. The bytes come from another program and are untrusted.
 struct CopyData {
   std::uint32_t kind = 0; // dwData
-  std::string bytes;      // already copied; empty for a null pointer or an absurd length
+  std::string bytes;      // a copy; empty for a null pointer or an absurd length
 };
 
 // User-interface thread.
 class WindowMessages {
 public:
-  // A longer copy-data text is taken for an attack and arrives empty.
+  // A longer copy-data text is treated as an attack and arrives empty.
   static constexpr std::size_t max_bytes = 1024 * 1024;
-  // How long a receiving program may take before it counts as hung.
+  // A receiver that takes longer counts as hung.
   static constexpr std::uint32_t send_limit_ms = 3000;
-  // A longer caption, in characters, is not looked for.
+  // Longer captions, in characters, are not searched for.
   static constexpr std::size_t max_caption = 1000;
 
   WindowMessages() = default;
@@ -33,24 +33,24 @@ public:
   WindowMessages& operator=(const WindowMessages&) = delete;
   virtual ~WindowMessages() = default;
 
-  // The first top-level window of any program with that caption, hidden ones too, as the system's ANSI look-up finds
-  // it. An empty caption, which many windows have, and one longer than `max_caption` find none.
+  // The first top-level window of any program with that caption, including hidden ones, as found by the system's ANSI
+  // look-up. None for an empty caption, which many windows have, and for one longer than `max_caption`.
   [[nodiscard]] virtual WindowRef find_by_caption(const std::wstring& caption) const = 0;
 
-  // The main window of another copy of this program: the first one of its kind with that caption, else what
-  // `find_by_caption` finds. Any program can give its window a caption.
+  // The main window of another copy of this program: the first window of its class with that caption, because any
+  // program can use the caption; if there is none, the result of `find_by_caption`.
   [[nodiscard]] virtual WindowRef find_copy(const std::wstring& caption) const = 0;
 
-  // Sends the bytes (no terminating zero) with kind 1 and the main window as sender, and waits for the receiver to have
-  // dealt with them, at most `send_limit_ms` when it hangs. No window, or a text longer than
-  // `max_bytes`: nothing is sent.
+  // Sends the bytes (no terminating zero) with kind 1 and the main window as sender, and waits until the receiver has
+  // handled them, at most `send_limit_ms` if it hangs. Nothing is sent without a window or when longer than
+  // `max_bytes`.
   virtual void send_copy_data(WindowRef target, std::string_view bytes) = 0;
 
-  // Lets the program of that window bring its window to the front.
+  // Allows that window's program to bring it to the foreground.
   virtual void let_take_foreground(WindowRef target) = 0;
 
-  // Hooks the main window's window procedure: each copy-data message is handed to `receive` and answered with -1, every
-  // other message goes to the kept procedure. An empty function puts the kept procedure back.
+  // Hooks the main window's window procedure: each copy-data message is passed to `receive` and answered with -1, every
+  // other message goes to the original procedure. An empty function restores the original.
   virtual void hook(std::function<void(const CopyData&)> receive) = 0;
 };
 
