@@ -78,7 +78,7 @@ bool has_control(std::string_view text) {
   });
 }
 
-// The path of a local address, as the system gets it.
+// The path of a local address, as passed to the system.
 std::string local_path(std::string_view address) {
   address = trimmed(address);
   return scheme_of(address) == "file" ? path_of_file_address(address) : std::string(address);
@@ -96,7 +96,7 @@ bool is_device_name(std::string_view name) {
     return true;
   if (!folded.starts_with("com") && !folded.starts_with("lpt"))
     return false;
-  // Superscript digits count, too.
+  // Superscript digits count as well.
   constexpr std::array<std::string_view, 13> numbers = {"0", "1", "2", "3",        "4",        "5",       "6",
                                                         "7", "8", "9", "\xc2\xb9", "\xc2\xb2", "\xc2\xb3"};
   return std::find(numbers.begin(), numbers.end(), folded.substr(3)) != numbers.end();
@@ -126,7 +126,7 @@ bool is_plain_path(std::string_view path) {
   return path.find(':') == std::string_view::npos && !has_device_name(path);
 }
 
-// "//host/share/" in lower case; empty for a path that is on no share.
+// "//host/share/" in lower case; empty for a path that is not on a share.
 std::string share_of(std::string_view path) {
   std::string folded;
   for (const char c : path)

@@ -8,7 +8,7 @@ namespace lumotune::media {
 
 enum class Outcome {
   cancelled, // a newer wish has arrived
-  failed,    // no sound came; the next address of a playlist may do better
+  failed,    // no sound; the next address of a playlist may do better
   lost,      // the connection broke while it played
   ended,     // a file played to its end
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// One slot from the workers to the user-interface thread: the newest report wins and reports of stale streams are
-// dropped.
+// A single-slot channel from the workers to the user-interface thread: the newest report wins, and reports of stale
+// streams are dropped.
 #pragma once
 
 #include "platform/event_loop.h"
@@ -19,7 +19,7 @@ public:
     const std::lock_guard lock(mutex_);
     waker_ = waker;
   }
-  void close() { open(nullptr); } // afterwards the waker is not used any more
+  void close() { open(nullptr); } // the waker is not used afterwards
   void expect(std::uint64_t stream, StreamStatus first) {
     const std::lock_guard lock(mutex_);
     stream_ = stream;

@@ -25,14 +25,14 @@ Attempt Connector::try_candidate(const Candidate& candidate, OpenBudget& budget)
     return {Outcome::failed, Trouble::no_address};
   if (!may_open(candidate.address, candidate.origin))
     return {Outcome::failed, Trouble::unsupported_address};
-  Attempt last{Outcome::failed, Trouble::unknown_format}; // where the budget allows none of them
+  Attempt last{Outcome::failed, Trouble::unknown_format}; // if the budget allows none of them
   for (const std::string& each : openable_addresses(candidate.address)) {
     if (!budget.allows(each))
       continue;
     Opened opened = open(each, candidate.origin, budget);
     if (wish_.superseded())
       return {Outcome::cancelled};
-    if (opened.cancelled || wish_.threw()) // cancelled by an exception, as no newer wish is there
+    if (opened.cancelled || wish_.threw()) // no newer wish: cancelled by an exception
       return {Outcome::failed, Trouble::internal};
     if (opened.source != nullptr)
       return play_(*opened.source);
@@ -43,7 +43,7 @@ Attempt Connector::try_candidate(const Candidate& candidate, OpenBudget& budget)
   return last;
 }
 
-// In their order, until one plays. Where none does, the first one's trouble is reported.
+// Tries the entries in order until one plays. If none does, reports the first one's trouble.
 Attempt Connector::try_entries(const Candidate& list, const std::vector<std::string>& entries, OpenBudget& budget) {
   const Attempt unplayable{Outcome::failed, Trouble::unknown_format};
   if (list.depth >= max_playlist_depth)
@@ -59,13 +59,13 @@ Attempt Connector::try_entries(const Candidate& list, const std::vector<std::str
     if (!first)
       first = result;
   }
-  // A bad entry is not final as a bad address of the listener's is: the list may have changed at the next try.
+  // Unlike a bad address from the listener, a bad entry is not final: the list may have changed at the next attempt.
   if (!first || first->trouble == Trouble::no_address || first->trouble == Trouble::unsupported_address)
     return unplayable;
   return *first;
 }
 
-// The source takes its openings from the budget, this one included.
+// The source charges its openings to the budget, this one included.
 Opened Connector::open(const std::string& address, platform::AddressOrigin origin, OpenBudget& budget) {
   using std::chrono::duration_cast;
   using std::chrono::milliseconds;

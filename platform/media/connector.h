@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// From an address to an open stream: alternatives of a scheme, playlists and their entries. Worker thread.
+// Turns an address into an open stream: tries a scheme's alternatives, playlists and their entries. Worker thread.
 #pragma once
 
 #include "platform/media/attempt.h"
@@ -22,7 +22,7 @@ public:
 
   Connector(const PlayerOptions& options, CurrentWish& wish, Play play);
 
-  // Opens the address and plays the first stream that it leads to; within the limits of one `OpenBudget`.
+  // Opens the address and plays the first stream it leads to, within the limits of one `OpenBudget`.
   [[nodiscard]] Attempt connect(const std::string& address, platform::AddressOrigin origin);
 
 private:

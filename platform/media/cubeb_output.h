@@ -6,7 +6,7 @@
 
 namespace lumotune::media {
 
-// Made, used and destroyed on one thread with multi-threaded COM (see com_apartment.h).
+// Create, use and destroy it on one thread with multi-threaded COM (see com_apartment.h).
 [[nodiscard]] std::unique_ptr<AudioOutput> make_cubeb_output();
 
 } // namespace lumotune::media

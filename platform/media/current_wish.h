@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The wish that the worker is serving, and what interrupts it: a newer wish, or an exception in one of FFmpeg's
-// callbacks. Worker thread.
+// The wish the worker is serving, and what interrupts it: a newer wish, or an exception in one of FFmpeg's callbacks.
+// Worker thread.
 #pragma once
 
 #include "platform/media/mailbox.h"
@@ -14,7 +14,7 @@ namespace lumotune::media {
 
 class CurrentWish {
 public:
-  // `tick` is the worker's periodic work, which goes on while FFmpeg waits.
+  // `tick` is the worker's periodic work, which continues while FFmpeg waits.
   CurrentWish(Mailbox& mailbox, std::function<void()> tick) : mailbox_(mailbox), tick_(std::move(tick)) {}
 
   // Waits for the next wish; one with stream 0 means the end.
@@ -22,7 +22,7 @@ public:
 
   [[nodiscard]] std::uint64_t stream() const { return wish_.stream; }
   [[nodiscard]] bool superseded() const { return mailbox_.newer_than(wish_.stream); }
-  // Waits at most that long for a newer wish; true when there is one.
+  // Waits up to `time` for a newer wish; true when there is one.
   [[nodiscard]] bool wait(std::chrono::milliseconds time) { return mailbox_.wait(wish_.stream, time); }
 
   // FFmpeg's interrupt callback: true makes it give up.
@@ -30,7 +30,7 @@ public:
     guarded(tick_);
     return threw_ || superseded();
   }
-  // Runs what FFmpeg, which is C, has called: no exception may pass through it, so one is only noted.
+  // Runs a callback called from FFmpeg, which is C: exceptions must not pass through it and are only recorded.
   template <typename Function>
   void guarded(const Function& function) noexcept {
     try {

@@ -15,7 +15,7 @@ bool are_channels(int channels) {
   return channels >= 1 && channels <= Decoder::max_channels;
 }
 
-// Pointers to the samples from `offset` on.
+// Pointers to the samples from `offset`.
 void planes_at(const AVFrame& frame, int offset, std::array<const std::uint8_t*, Decoder::max_channels>& planes) {
   const auto format = static_cast<AVSampleFormat>(frame.format);
   const int channels = frame.ch_layout.nb_channels;
@@ -28,7 +28,7 @@ void planes_at(const AVFrame& frame, int offset, std::array<const std::uint8_t*,
 
 } // namespace
 
-// A rate or a number of channels that the headers leave open (0) is checked at the first frame.
+// A rate or channel count missing in the headers (0) is checked at the first frame.
 bool Decoder::open(const AVCodecParameters& parameters) {
   if ((parameters.sample_rate != 0 && !is_rate(parameters.sample_rate)) ||
       (parameters.ch_layout.nb_channels != 0 && !are_channels(parameters.ch_layout.nb_channels)))
@@ -42,7 +42,7 @@ bool Decoder::open(const AVCodecParameters& parameters) {
   return avcodec_open2(codec_.get(), codec, nullptr) >= 0;
 }
 
-// Chained streams change rate, format and channels in the middle: the resampler follows each frame.
+// Chained streams change rate, format and channels midway: the resampler follows each frame.
 bool Decoder::match_resampler(const AVFrame& frame) {
   const int channels = frame.ch_layout.nb_channels;
   if (resampler_ != nullptr && frame.sample_rate == in_rate_ && frame.format == in_format_ && channels == in_channels_)
@@ -105,13 +105,13 @@ bool Decoder::receive(const Sink& sink) {
 bool Decoder::decode(const AVPacket& packet, const Sink& sink) {
   constexpr int max_corrupt = 500;
   ++corrupt_;
-  (void)avcodec_send_packet(codec_.get(), &packet); // a rejected packet yields no frame, which is counted
+  (void)avcodec_send_packet(codec_.get(), &packet); // a rejected packet yields no frame, which is counted as corrupt
   return receive(sink) && corrupt_ < max_corrupt;
 }
 
 void Decoder::flush(const Sink& sink) {
   (void)avcodec_send_packet(codec_.get(), nullptr);
-  (void)receive(sink); // the file ends either way
+  (void)receive(sink); // the file ends in any case
 }
 
 void Decoder::compensate(int thousandths) {

@@ -18,8 +18,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr auto retry_interval = 2000ms;    // while there is no device
 constexpr auto health_interval = 500ms;    // between checks whether a running device has failed
-constexpr auto muted_run_time = 250ms;     // after a stop, the device plays out muted what it has taken
-constexpr auto idle_close_after = 30000ms; // a device that nobody uses is closed
+constexpr auto muted_run_time = 250ms;     // after a stop, the device plays what it has taken, muted
+constexpr auto idle_close_after = 30000ms; // an unused device is closed
 
 } // namespace
 
@@ -32,7 +32,7 @@ struct Device::State {
   const OutputFactory make_output;
   const int latency_ms;
   std::atomic<bool> missing = false;
-  std::atomic<Clock::rep> called_at = 0; // when the running call of the sound system began; 0: none is running
+  std::atomic<Clock::rep> called_at = 0; // when the current call into the sound system began; 0: none
 
   // Guarded by `mutex`.
   std::mutex mutex;
@@ -47,7 +47,7 @@ struct Device::State {
   void run(); // the device thread
 
 private:
-  // Marks a call of the sound system, by its lifetime.
+  // Marks a call into the sound system by its lifetime.
   class Calling {
   public:
     explicit Calling(State& state) : state_(state) {
@@ -150,7 +150,7 @@ void Device::settle_rate() {
   state_->rate_settled = true;
 }
 
-// From now on the ring holds samples of this rate; any later device has to take them as they are.
+// From now on the ring holds samples of this rate; any later device must accept it.
 void Device::State::settle(int preferred_rate) {
   const std::lock_guard lock(mutex);
   if (!rate_settled && preferred_rate > 0)
@@ -204,7 +204,7 @@ void Device::State::drop_output() {
   set_consuming(false);
 }
 
-// The device plays out what it has buffered, muted, so that nothing of it is heard when the next stream starts.
+// The device plays what it has buffered, muted, so that none of it is heard when the next stream starts.
 void Device::State::fade_out(std::unique_lock<std::mutex>& lock) {
   lock.unlock();
   {
@@ -241,7 +241,7 @@ void Device::State::step(std::unique_lock<std::mutex>& lock) {
   }
 }
 
-// An exception (no memory) counts as a missing device: it is tried again.
+// An exception, such as out of memory, counts as a missing device and is retried.
 void Device::State::run() {
   device_thread.rebind();
   std::unique_lock lock(mutex);
@@ -261,7 +261,7 @@ void Device::State::run() {
   lock.unlock();
   try {
     stop_output();
-  } catch (...) { // it is closed next either way
+  } catch (...) { // it is closed next in any case
   }
   drop_output();
 }

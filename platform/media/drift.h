@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Clock drift: the station's clock and the sound device's always differ a little, so that over hours a live stream's
+// Clock drift: the station's clock and the sound device's always differ slightly, so that over hours a live stream's
 // buffer would run dry or grow. Pure.
 #pragma once
 

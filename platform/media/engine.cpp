@@ -50,7 +50,7 @@ bool Engine::wait_ended(std::chrono::milliseconds time) {
   return channels_->device.wait_ended(std::max(left, milliseconds(0)));
 }
 
-// The mixer is what both threads hold.
+// Both threads hold the mixer.
 std::weak_ptr<const void> Engine::lifetime() const {
   return std::shared_ptr<const void>(channels_->mixer);
 }

@@ -16,7 +16,7 @@ namespace lumotune::media {
 // Every member may be used from every thread, within the roles that its own header assigns. Held by the engine and its
 // worker: the last one to leave destroys it.
 struct EngineChannels {
-  // Throws std::system_error where the device thread cannot be made.
+  // Throws std::system_error when the device thread cannot be created.
   EngineChannels(std::shared_ptr<Board> its_board, OutputFactory make_output, int latency_ms)
       : board(std::move(its_board)),
         mixer(std::make_shared<Mixer>(highest_usual_rate * ring_seconds, static_cast<int>(highest_usual_rate))),

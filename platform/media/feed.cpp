@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t tag_header = 10;
 
-// The length of an ID3v2 tag with its header; 0 where none begins.
+// The length of an ID3v2 tag including its header; 0 if there is none at this position.
 std::size_t tag_length(const std::string& bytes, std::size_t at) {
   if (bytes.size() < at + tag_header || bytes.compare(at, 3, "ID3") != 0)
     return 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// A connection as FFmpeg's demuxers read it: the first bytes can be peeked at, and oversized tags are skipped. Worker
+// A connection as read by FFmpeg's demuxers: the first bytes can be peeked at, and oversized tags are skipped. Worker
 // thread.
 #pragma once
 
@@ -19,7 +19,7 @@ struct FreeFeedContext {
   }
 };
 
-// An option of a connection or of a layer below it ("mime_type", "location"); empty where there is none.
+// An option of a connection or of a layer below it ("mime_type", "location"); empty when not set.
 [[nodiscard]] std::string io_option(AVIOContext* connection, const char* name);
 
 class Feed {
@@ -35,21 +35,21 @@ public:
   [[nodiscard]] AVIOContext* connection() const { return connection_.get(); }
   [[nodiscard]] std::string option(const char* name) const { return io_option(connection(), name); }
 
-  [[nodiscard]] std::int64_t size() const; // in bytes; 0 where it is not known
+  [[nodiscard]] std::int64_t size() const; // in bytes; 0 if unknown
 
-  // The next four are called before `context`.
-  // Buffers that many bytes; false where the connection ends before.
+  // Call the next four before `context`.
+  // Buffers that many bytes; false when the connection ends earlier.
   bool peek(std::size_t bytes);
-  // Buffers at least one byte more of what has arrived, up to `limit` bytes in all; false where none comes.
+  // Buffers at least one more byte of what has arrived, up to `limit` bytes in total; false when none arrives.
   [[nodiscard]] bool peek_more(std::size_t limit);
   [[nodiscard]] const std::string& peeked() const { return peeked_; }
-  // The demuxer reads that text instead of the connection.
+  // Makes the demuxer read that text instead of the connection.
   void replace(std::string text);
-  // Skips the ID3v2 tags before the sound, but for the first one where it is within `max_tag_bytes`.
+  // Skips the ID3v2 tags before the audio, except the first one if it is within `max_tag_bytes`.
   void skip_tags();
 
-  // What a demuxer reads; nullptr without memory. Made by the first call. The connection's options are hidden from it
-  // unless asked for: servers misreport the content type, and FFmpeg would trust it over the bytes.
+  // The context a demuxer reads from, created by the first call; nullptr when out of memory. The connection's options
+  // are hidden from it unless requested: servers misreport the content type, and FFmpeg would trust it over the bytes.
   [[nodiscard]] AVIOContext* context(bool with_options);
   // The feed that owns that context.
   [[nodiscard]] static Feed* of(const AVIOContext& context) { return static_cast<Feed*>(context.opaque); }

@@ -44,7 +44,7 @@ class Reader {
 public:
   Reader(HlsList& list, std::size_t base) : list_(list), base_(base) {}
 
-  // False over a limit.
+  // False when a limit is exceeded.
   [[nodiscard]] bool line(std::string_view text) {
     if (text.size() > max_line)
       return false;
@@ -117,7 +117,7 @@ private:
   std::size_t maps_ = 0;
   int variants_ = 0;
   int renditions_ = 0;
-  bool variant_cut_ = false; // the next address belongs to a variant that is left out
+  bool variant_cut_ = false; // the next address belongs to a dropped variant
 };
 
 } // namespace

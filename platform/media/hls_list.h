@@ -13,27 +13,27 @@
 namespace lumotune::media {
 
 inline constexpr std::size_t max_hls_list_bytes = 1024 * 1024;
-inline constexpr int max_hls_variants = 8;                    // further ones are left out
+inline constexpr int max_hls_variants = 8;                    // further ones are dropped
 inline constexpr std::size_t max_hls_maps = 64;               // initialization sections in one list
 inline constexpr std::size_t max_hls_cost = 32 * 1024 * 1024; // estimate of FFmpeg's memory for one list
 
 struct HlsList {
   bool media = false;       // a media playlist, not a master playlist
-  bool ended = false;       // nothing will be added to it
+  bool ended = false;       // no segments will be added
   int target_s = 0;         // target duration, clamped to 1 to 10; 0 for a master playlist
   std::uint64_t digest = 0; // of its segments: changes when the list advances
   std::string text;         // sanitized, for FFmpeg
 };
 
-// Whether a text begins like an M3U, HLS or plain.
+// Whether a text starts like an M3U, HLS or plain.
 [[nodiscard]] bool begins_m3u(std::string_view text);
 // Whether a text is an HLS list rather than a plain M3U. Needs the whole text.
 [[nodiscard]] bool is_hls_list(std::string_view text);
 
-// Nothing for a list over a limit. `base` is the length of its address, which FFmpeg prepends to relative ones.
+// Nothing for a list that exceeds a limit. `base` is the length of its address, which FFmpeg prepends to relative ones.
 [[nodiscard]] std::optional<HlsList> read_hls_list(std::string_view text, std::size_t base);
 
-// Detects live lists that stop advancing, by their addresses.
+// Detects live lists that have stopped advancing, by their addresses.
 class HlsProgress {
 public:
   using Clock = std::chrono::steady_clock;

@@ -15,7 +15,7 @@ namespace {
 // The only options that a demuxer may set for a nested opening.
 constexpr std::array<const char*, 5> demuxers_own = {"offset", "end_offset", "key", "iv", "seekable"};
 
-// FFmpeg's TLS backends report a bad certificate like any other failure of the handshake.
+// FFmpeg's TLS backends report an invalid certificate like any other handshake failure.
 bool may_be_certificate(int error) {
   return error == AVERROR(EIO) || error == AVERROR_UNKNOWN;
 }
@@ -63,7 +63,7 @@ void IoOpen::attach(AVFormatContext& context, const std::string& address) {
 bool IoOpen::may_open(const Request& request) {
   if (options_.budget == nullptr)
     return true;
-  // Only live lists are worth loading more than once.
+  // Only live lists may be loaded more than once.
   std::string counted = request.address + text_of(request.given, "offset");
   if (progress_.knows(request.address))
     counted += " again " + std::to_string(++reloads_);
@@ -92,8 +92,8 @@ std::string IoOpen::proxy_of(const std::string& address) {
   return at->second;
 }
 
-// A station with a bad certificate still plays, as it would over plain http. But the server is unverified, so it gets
-// neither credentials nor cookies.
+// A station with an invalid certificate still plays, as it would over plain http. But the server is unverified, so it
+// gets neither credentials nor cookies.
 int IoOpen::connect(const Request& request, Io& connection) {
   const std::string host = host_of(request.address);
   int error = AVERROR(EIO);
@@ -160,7 +160,7 @@ int IoOpen::open_nested(AVFormatContext* context, AVIOContext** made, const char
   auto& self = *static_cast<IoOpen*>(context->opaque);
   if ((flags & AVIO_FLAG_WRITE) != 0 || !may_name(self.top_, address))
     return AVERROR(EPERM);
-  // The list itself is open by now. What it refers to must be sound: a nested list's size would be unbounded.
+  // The list itself is already open. What it refers to must be audio: a nested list's size would be unbounded.
   if (av_opt_set(context, "format_whitelist", sound_formats, 0) < 0)
     return AVERROR(ENOMEM);
   try {
@@ -183,11 +183,11 @@ int IoOpen::open_nested(AVIOContext** made, const Request& request) {
   *made = feed->context(true);
   if (*made == nullptr)
     return AVERROR(ENOMEM);
-  (void)feed.release(); // FFmpeg's until it closes it
+  (void)feed.release(); // owned by FFmpeg until it closes it
   return 0;
 }
 
-// A list is read whole and validated before FFmpeg gets it. False for one over a limit, or that stopped advancing.
+// Reads and validates a whole list before FFmpeg gets it. False when it exceeds a limit or has stopped advancing.
 bool IoOpen::read_list(const std::string& address, Feed& feed) {
   constexpr std::string_view mark = "#EXTM3U";
   if (!feed.peek(mark.size()) || !feed.peeked().starts_with(mark))

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Everything that FFmpeg opens for a stream, nested openings included, goes through here, with limits on reach, number,
+// Everything FFmpeg opens for a stream, including nested openings, goes through here, with limits on reach, number,
 // rate, time and size. Worker thread.
 #pragma once
 
@@ -24,19 +24,19 @@ public:
   IoOpen& operator=(const IoOpen&) = delete;
   ~IoOpen() = default;
 
-  // Opens the stream itself. 0 or FFmpeg's error; AVERROR_PROTOCOL_NOT_FOUND for what it may not reach.
+  // Opens the stream itself. 0 or FFmpeg's error; AVERROR_PROTOCOL_NOT_FOUND for an address it may not reach.
   [[nodiscard]] int open(const std::string& address, std::unique_ptr<Feed>& feed);
   // From now on the context opens everything through here; `address` decides what the stream may refer to.
   void attach(AVFormatContext& context, const std::string& address);
   [[nodiscard]] const std::string& top() const { return top_; }
-  // Tells about a list that was read elsewhere. False for one that stopped advancing.
+  // Records a list that was read elsewhere. False when it has stopped advancing.
   [[nodiscard]] bool note(const std::string& address, const HlsList& list) { return progress_.note(address, list); }
-  // From now on openings are limited by rate, no longer by number.
+  // From now on openings are limited by rate instead of number.
   void found_sound() { options_.budget = nullptr; }
 
-  // A server with a bad certificate was used.
+  // A server with an invalid certificate was used.
   [[nodiscard]] bool unverified() const { return unverified_; }
-  // The attempt has to end: its budget is used up.
+  // The attempt must end: its budget is used up.
   [[nodiscard]] bool refused() const { return refused_; }
   [[nodiscard]] int longest_target_s() const { return progress_.longest_target_s(); }
 
@@ -69,12 +69,12 @@ private:
   bool unverified_ = false;
   bool refused_ = false;
   std::set<std::string> unverified_hosts_;
-  std::map<std::string, std::string> proxies_; // by host: asking the system takes its time
+  std::map<std::string, std::string> proxies_; // by host: querying the system is slow
   std::string cookies_;                        // of that host alone
   std::string cookie_host_;
 };
 
-// The demuxers that exist for us, whatever else this FFmpeg has; HLS is among them for the list itself alone.
+// The only demuxers we use, whatever else this FFmpeg has; HLS is added for the list itself only.
 inline constexpr const char* sound_formats = "mp3,aac,ogg,flac,asf,mpegts,mov,wav,w64,aiff,matroska,ac3,eac3";
 
 } // namespace lumotune::media

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// One slot from the user-interface thread to a worker: the newest wish wins.
+// A single-slot channel from the user-interface thread to a worker: the newest wish wins.
 #pragma once
 
 #include "platform/media_player.h"
@@ -38,7 +38,7 @@ public:
     }
     changed_.notify_all();
   }
-  // The wish that the worker took last: one that stays old means that it is stuck.
+  // The last wish the worker took; if it does not change, the worker is stuck.
   [[nodiscard]] std::uint64_t taken() const { return taken_.load(std::memory_order_acquire); }
 
   // Worker thread.
@@ -46,12 +46,12 @@ public:
     return closed_.load(std::memory_order_acquire) || newest_.load(std::memory_order_acquire) > stream;
   }
   [[nodiscard]] bool closed() const { return closed_.load(std::memory_order_acquire); }
-  // Waits at most that long for a newer wish; true when there is one, or the mailbox is closed.
+  // Waits up to `time` for a newer wish; true when there is one or the mailbox is closed.
   [[nodiscard]] bool wait(std::uint64_t stream, std::chrono::milliseconds time) {
     std::unique_lock lock(mutex_);
     return changed_.wait_for(lock, time, [&] { return newer_than(stream); });
   }
-  // Waits for a wish newer than that; one with stream 0 when the mailbox is closed.
+  // Waits for a wish newer than `stream`; one with stream 0 when the mailbox is closed.
   [[nodiscard]] Wish take(std::uint64_t stream) {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [&] { return newer_than(stream); });

@@ -10,8 +10,8 @@
 
 namespace lumotune::media {
 
-// Sound plays while the stream that the worker lets flow is the one that the listener wants. Each side writes its own
-// number, so that a stop is silent at once whatever the worker is doing.
+// Sound plays while the stream the worker lets flow is the one the listener wants. Each side writes its own number, so
+// that a stop is silent at once, whatever the worker is doing.
 class Mixer {
 public:
   Mixer(std::size_t ring_frames, int rate) : ring(ring_frames), rate_(rate) {}
@@ -21,7 +21,7 @@ public:
   // User-interface thread.
   void want(std::uint64_t stream) { wanted_.store(stream, std::memory_order_release); } // 0: silence
   void set_volume(int percent);                                                         // 0..100
-  [[nodiscard]] std::uint64_t heard_ms(std::uint64_t stream) const; // 0 where nothing of it was heard yet
+  [[nodiscard]] std::uint64_t heard_ms(std::uint64_t stream) const; // 0 if nothing of it was heard yet
 
   // Worker thread.
   void let_flow(std::uint64_t stream) { flowing_.store(stream, std::memory_order_release); }

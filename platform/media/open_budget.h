@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Limits of one attempt to play a station, over all the playlists it leads through.
+// Limits of one attempt to play a station, across all the playlists it leads through.
 #pragma once
 
 #include <chrono>
@@ -17,15 +17,15 @@ public:
 
   explicit OpenBudget(Clock::time_point now = Clock::now()) : deadline_(now + max_time) {}
 
-  // Before each opening: false after too many, too late, or for an address that was opened before, which breaks cycles
-  // of playlists that refer to each other.
+  // Call before each opening. False after too many, after the deadline, or for an address opened before, which breaks
+  // cycles of playlists that refer to each other.
   [[nodiscard]] bool take(const std::string& address, Clock::time_point now = Clock::now()) {
     if (over(now) || !opened_.insert(address).second)
       return false;
     ++openings_;
     return true;
   }
-  // Whether `take` would be true; takes nothing.
+  // Whether `take` would return true; has no effect.
   [[nodiscard]] bool allows(const std::string& address, Clock::time_point now = Clock::now()) const {
     return !over(now) && !opened_.contains(address);
   }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Rate limit for a segmented stream's openings. Pure.
+// Rate limit for the openings of a segmented stream. Pure.
 #pragma once
 
 #include <algorithm>
@@ -9,8 +9,8 @@
 
 namespace lumotune::media {
 
-// A token bucket, so that a list of millisecond segments does not make us request as fast as the server answers: bursts
-// of 20 openings, then 4 per second, and the same address at most twice per second.
+// A token bucket, so that a list of millisecond segments cannot make us send requests as fast as the server answers:
+// bursts of 20 openings, then 4 per second, and the same address at most twice per second.
 class OpenPace {
 public:
   using Clock = std::chrono::steady_clock;
@@ -18,7 +18,7 @@ public:
   static constexpr std::chrono::milliseconds each{250};
   static constexpr std::chrono::milliseconds again{500};
 
-  // Reserves the next slot for that address: when it may be opened, `now` or later.
+  // Reserves the next slot for that address and returns when it may be opened, `now` or later.
   [[nodiscard]] Clock::time_point turn(const std::string& address, Clock::time_point now = Clock::now()) {
     free_at_ = std::max(free_at_, now - each * (most_at_once - 1));
     Clock::time_point at = std::max(now, free_at_);

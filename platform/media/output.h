@@ -8,7 +8,7 @@
 
 namespace lumotune::media {
 
-// All calls are made on the thread that made it; while it runs it calls Mixer::render on a thread of its own. Any call
+// All calls are made on the thread that created it; while running it calls Mixer::render on its own thread. Any call
 // may hang in the sound system.
 class AudioOutput {
 public:
@@ -17,15 +17,15 @@ public:
   AudioOutput& operator=(const AudioOutput&) = delete;
   virtual ~AudioOutput() = default; // stops first
 
-  // Before `open`: the native rate of the default device, in frames per second; 0 without a device or where its rate is
+  // Before `open`: the native rate of the default device, in frames per second; 0 without a device or if its rate is
   // unusual.
   [[nodiscard]] virtual int preferred_rate() = 0;
   // Opens the default device for stereo floats at the mixer's rate. False without a device.
   [[nodiscard]] virtual bool open(Mixer& mixer, int latency_ms) = 0;
   [[nodiscard]] virtual bool start() = 0;
   virtual void stop() = 0;
-  virtual void set_volume(float volume) = 0;     // 0 or 1; applies to what the device has buffered, too
-  [[nodiscard]] virtual bool failed() const = 0; // the device is gone: make another output
+  virtual void set_volume(float volume) = 0;     // 0 or 1; also applies to what the device has buffered
+  [[nodiscard]] virtual bool failed() const = 0; // the device is gone: create another output
 };
 
 } // namespace lumotune::media

@@ -6,7 +6,7 @@
 
 namespace lumotune::media {
 
-// Each window of waiting has to bring sound of at least a quarter of its length. That gives up on silent servers and on
+// Each window of waiting must yield sound of at least a quarter of its length. That gives up on silent servers and on
 // those that trickle bytes or packets, but not on a slow line that still delivers sound.
 class Patience {
 public:
@@ -14,14 +14,14 @@ public:
 
   explicit Patience(Time window = std::chrono::seconds(10)) : window_(window) {}
 
-  // The longest that the next read may take.
+  // The longest the next read may take.
   [[nodiscard]] Time left() const { return window_ - waited_; }
-  // After a read that took that long. False when the window is used up.
+  // Call after a read that took that long. False when the window is used up.
   [[nodiscard]] bool waited(Time time) {
     waited_ += time;
     return waited_ < window_;
   }
-  // The duration of the decoded sound; the duration that a packet claims is not trusted.
+  // The duration of the decoded sound; the duration a packet declares is not trusted.
   void brought(Time sound) {
     sound_ += sound;
     if (sound_ >= window_ / 4)

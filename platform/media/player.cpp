@@ -19,11 +19,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A worker that has not taken the newest wish after that many checks counts as stuck.
+// A worker that has not taken the newest wish after this many checks counts as stuck.
 constexpr std::uint32_t check_every_ms = 100;
 constexpr int checks_until_stuck = 6;
-// Threads that hang in the system cannot be ended. At most that many engines are abandoned; further ones are made only
-// after one of these has ended.
+// Threads that hang in the system cannot be ended. At most this many engines are abandoned; further ones are created
+// only after one of these has ended.
 constexpr std::size_t max_abandoned = 4;
 constexpr auto end_timeout = 800ms;
 
@@ -40,7 +40,7 @@ public:
   }
   Player(const Player&) = delete;
   Player& operator=(const Player&) = delete;
-  // A thread that has not ended by then is abandoned; it no longer touches anything of ours.
+  // A thread that has not ended by then is abandoned; it no longer accesses anything of ours.
   ~Player() override {
     ui_thread_.check();
     board_->close();
@@ -135,7 +135,7 @@ private:
     send(playing);
   }
 
-  // The engine is made for the first sound that is wanted, so that starting the program makes no threads.
+  // The engine is created when sound is first wanted, so that starting the program creates no threads.
   void send(bool playing) {
     sent_playing_ = playing;
     try {
@@ -147,16 +147,16 @@ private:
         return;
       engine_->wish({stream_, to_utf8(url_), playing, origin_});
       watchdog_->start();
-    } catch (...) { // no memory, no thread
+    } catch (...) { // out of memory, or no thread
       StreamStatus failed;
       failed.trouble = Trouble::internal;
       board_->expect(stream_, failed);
     }
   }
 
-  // A worker that takes no wish for a while hangs where nothing interrupts it: another one takes over.
+  // A worker that takes no wish for a while is stuck where nothing can interrupt it: another one takes over.
   void check_worker() {
-    // After a stall of the loop, the timer may catch up with several ticks at once: they count as one.
+    // After a stall of the loop several ticks may fire in a row: they count as one.
     const auto now = std::chrono::steady_clock::now();
     if (now - checked_ < std::chrono::milliseconds(check_every_ms / 2))
       return;
@@ -216,17 +216,17 @@ private:
   bool sent_playing_ = false; // what the worker was told: differs while the machine is suspended
   int volume_ = 100;
   int checks_ = 0;               // since the worker last took a wish
-  std::uint64_t seen_taken_ = 0; // which one that was
+  std::uint64_t seen_taken_ = 0; // that wish
   std::chrono::steady_clock::time_point checked_;
   std::uint64_t stream_ = 0;
-  std::optional<StreamStatus> told_; // by the last notification
+  std::optional<StreamStatus> told_; // as of the last notification
 };
 
 } // namespace
 
 std::unique_ptr<platform::MediaPlayer> make_media_player(platform::EventLoop& loop, PlayerOptions options) {
   av_log_set_level(AV_LOG_QUIET);
-  av_max_alloc(std::size_t{64} << 20U); // what a stream claims to hold is no reason to take more at once
+  av_max_alloc(std::size_t{64} << 20U); // bounds a single allocation, whatever a stream claims to hold
   return std::make_unique<Player>(loop, std::move(options));
 }
 

@@ -10,7 +10,7 @@
 
 namespace lumotune::media {
 
-// On the user-interface thread, like every call of the player.
+// User-interface thread, like every call of the player.
 [[nodiscard]] std::unique_ptr<platform::MediaPlayer> make_media_player(platform::EventLoop& loop,
                                                                        PlayerOptions options);
 

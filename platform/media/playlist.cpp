@@ -28,7 +28,7 @@ std::string_view without_bom(std::string_view text) {
   return text.starts_with("\xef\xbb\xbf") ? text.substr(3) : text;
 }
 
-// No control characters but tabs and line ends.
+// True without control characters other than tabs and line ends.
 bool looks_like_text(std::string_view bytes) {
   return !bytes.empty() && std::all_of(bytes.begin(), bytes.end(), [](char c) {
     const auto byte = static_cast<unsigned char>(c);

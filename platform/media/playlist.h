@@ -15,12 +15,12 @@ inline constexpr std::size_t max_playlist_bytes = 256 * 1024;
 inline constexpr std::size_t max_playlist_entries = 32;
 inline constexpr int max_playlist_depth = 4;
 
-// By the first bytes and, where these are ambiguous, by the content type and the address. `none` for an HLS list, which
-// is a stream in itself.
+// Decides by the first bytes and, if these are ambiguous, by the content type and the address. `none` for an HLS list,
+// which is itself a stream.
 [[nodiscard]] PlaylistKind playlist_kind(std::string_view first_bytes, std::string_view content_type,
                                          std::string_view address);
 
-// The addresses in their order, verbatim (may be relative), at most `max_playlist_entries`.
+// The addresses in order, verbatim (may be relative), at most `max_playlist_entries`.
 [[nodiscard]] std::vector<std::string> playlist_entries(PlaylistKind kind, std::string_view text);
 
 } // namespace lumotune::media

@@ -31,11 +31,11 @@ void Playout::discard() {
   worker_thread_.check();
   mixer_.let_flow(0);
   mixer_.ring.discard();
-  // A discard is carried out by the consumer. Where no device consumes, old samples would fill the ring for ever.
+  // A discard is carried out by the consumer. With no device consuming, old samples would fill the ring forever.
   (void)channels_.device.while_unused([this] { (void)mixer_.ring.skip(); });
 }
 
-// A sound system that does not answer must not delay the next wish, nor keep a stream from being decoded.
+// A sound system that does not respond must not delay the next wish or keep a stream from being decoded.
 bool Playout::wait_for_rate() {
   constexpr auto limit = 3000ms;
   constexpr auto poll = 20ms;
@@ -58,7 +58,7 @@ void Playout::begin(const StreamStatus& status, bool live) {
   worker_thread_.check();
   streaming_ = true;
   live_ = live;
-  flowed_ = mixer_.flows(); // what a lost connection left behind still plays
+  flowed_ = mixer_.flows(); // what a lost connection left in the buffer still plays
   underruns_ = 0;
   titles_.clear();
   // Joining mid-stream, the first frames lack their predecessors and decode to silence.
@@ -81,7 +81,7 @@ void Playout::add_title(std::wstring title) {
   titles_.add(mixer_.ring.written(), std::move(title));
 }
 
-// A live stream arrives in small pieces. With enough buffered they gather in the socket, so that the worker wakes up
+// A live stream arrives in small pieces. With enough buffered they collect in the socket, so that the worker wakes up
 // rarely.
 void Playout::pace_reads() {
   constexpr std::uint32_t enough_ms = 1500;
@@ -93,7 +93,7 @@ void Playout::pace_reads() {
   (void)wish_.wait(std::chrono::milliseconds(pause_ms));
 }
 
-// Where the ring is full, waits until it is half empty, so that the worker wakes up rarely.
+// When the ring is full, waits until it is half empty, so that the worker wakes up rarely.
 void Playout::write(const float* frames, std::size_t count) {
   worker_thread_.check();
   for (; leading_silence_ > 0 && count > 0 && frames[0] == 0.0F && frames[1] == 0.0F; --leading_silence_, --count)
@@ -110,7 +110,7 @@ void Playout::write(const float* frames, std::size_t count) {
     tick();
     const auto rate = static_cast<std::size_t>(std::max(mixer_.rate(), 1));
     const auto half = std::chrono::milliseconds(mixer_.ring.capacity() * 500 / rate);
-    // Without a device, only our own tick empties the ring.
+    // Without a device, only our own tick drains the ring.
     const bool consumed = mixer_.flows() && !channels_.device.missing();
     if (wish_.wait(consumed ? std::min<std::chrono::milliseconds>(half, 1000ms) : 50ms))
       break;
@@ -148,7 +148,7 @@ void Playout::update_buffering() {
   const std::uint32_t wanted = start_level_ms(underruns_);
   const std::uint32_t buffered = level_ms();
   status_.phase = Phase::buffering;
-  status_.percent = static_cast<int>(std::min(buffered * 10 / wanted, 10U) * 10); // in tens: nobody reads faster
+  status_.percent = static_cast<int>(std::min(buffered * 10 / wanted, 10U) * 10); // in tens: limits the updates
   if (buffered < wanted)
     return;
   if (underruns_ == 0)
@@ -157,7 +157,7 @@ void Playout::update_buffering() {
   flowed_ = true;
 }
 
-// Until sound flows the newest title counts; from then on each is shown when its sound is heard.
+// Before sound flows the newest title is shown; from then on each title when its sound is heard.
 void Playout::update_title() {
   const std::uint64_t played = mixer_.flows() ? mixer_.ring.consumed() : std::numeric_limits<std::uint64_t>::max();
   if (auto title = titles_.take_due(played))
@@ -174,13 +174,13 @@ void Playout::update_playing() {
 void Playout::check_device() {
   if (channels_.device.missing())
     (void)channels_.device.while_unused([this] { drop_unheard(); });
-  // A sound system that answers again starts live, not with what has piled up.
+  // A sound system that responds again starts live, not with the accumulated backlog.
   if (std::exchange(device_hung_, channels_.device.hung()) && !device_hung_)
     mixer_.ring.discard();
 }
 
-// Stands in for a missing device: keeps the newest second, so that a device that appears starts live. Less where the
-// ring holds less than two seconds of a very high rate.
+// Stands in for a missing device: keeps the newest second, so that a device that appears starts live; less if at a very
+// high rate the ring holds less than two seconds.
 void Playout::drop_unheard() {
   const auto kept = std::min(static_cast<std::size_t>(mixer_.rate()), mixer_.ring.capacity() / 4);
   const std::size_t level = mixer_.ring.level();

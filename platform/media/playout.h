@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Buffering: from the decoder to the sound device. Starts sound when enough is buffered, follows underruns, clock drift
-// and devices that come and go, and reports the running stream's status.
+// Buffering between the decoder and the sound device. Starts sound when enough is buffered, handles underruns, clock
+// drift and devices that come and go, and reports the running stream's status.
 #pragma once
 
 #include "platform/common/thread_check.h"
@@ -19,7 +19,7 @@ namespace lumotune::media {
 
 class Decoder;
 
-// Worker thread, once `rebind` made it the owner. One for all streams, one after the other.
+// Worker thread, once `rebind` has made it the owner. One object serves all streams in turn.
 class Playout {
 public:
   Playout(EngineChannels& channels, CurrentWish& wish) : channels_(channels), mixer_(*channels.mixer), wish_(wish) {}
@@ -27,23 +27,23 @@ public:
   void rebind() { worker_thread_.rebind(); }
 
   void discard(); // silence; what is buffered is never heard
-  // Waits for the device's rate, for a while. False when a newer wish arrives meanwhile.
+  // Waits for the device's rate, for a limited time. False when a newer wish arrives meanwhile.
   [[nodiscard]] bool wait_for_rate();
   [[nodiscard]] int rate() const { return mixer_.rate(); } // of the frames it takes, in frames a second
 
-  // The periodic work: several times a second, also while the network is waited for and no stream is open.
+  // The periodic work: called several times a second, also while waiting for the network and while no stream is open.
   void tick();
 
-  // One stream, between `begin` and `end`. What an earlier connection left in the buffer plays on.
+  // One stream, between `begin` and `end`. What an earlier connection left in the buffer keeps playing.
   void begin(const StreamStatus& status, bool live);
   void end() { streaming_ = false; }
   [[nodiscard]] bool flowed() const { return flowed_; } // since `begin`, and the buffer has not run dry since
   // Stereo frames; waits while the buffer is full, until a newer wish arrives.
   void write(const float* frames, std::size_t count);
   void drain(); // at the end of a file: plays what is buffered
-  // `sample_rate` is what the frames really have, 0 while it is not known.
+  // `sample_rate` is the actual rate of the decoded frames, 0 while unknown.
   void update(bool unverified, int sample_rate);
-  void add_title(std::wstring title); // shown when the frame that is written next is heard
+  void add_title(std::wstring title); // shown when the next written frame is heard
   void correct_drift(Decoder& decoder);
   void pace_reads(); // pauses reading while enough of a live stream is buffered
 
@@ -64,18 +64,18 @@ private:
   CurrentWish& wish_;
   bool device_hung_ = false; // at the last tick
 
-  // Of the stream that is open.
+  // Of the current stream.
   bool streaming_ = false;
   bool live_ = false;
   bool flowed_ = false;
   StreamStatus status_;
-  TitleQueue titles_; // by their place in the ring
+  TitleQueue titles_; // by their position in the ring
   DriftControl drift_;
   std::chrono::steady_clock::time_point drift_checked_;
   std::chrono::steady_clock::time_point sound_began_;
   std::uint32_t underruns_ = 0;
   std::size_t written_since_pause_ = 0; // frames
-  std::size_t leading_silence_ = 0;     // frames that are still skipped while they are all zero
+  std::size_t leading_silence_ = 0;     // frames still to be skipped while they are all zero
 };
 
 } // namespace lumotune::media

@@ -21,7 +21,7 @@ bool take(std::string_view& text, std::string_view start) {
   return true;
 }
 
-// Control characters would end a line of the request, or an item of FFmpeg's options.
+// Control characters could end a line of the request or an item of FFmpeg's options.
 bool is_clean(std::string_view address) {
   return std::none_of(address.begin(), address.end(), [](char c) {
     const auto byte = static_cast<unsigned char>(c);
@@ -35,7 +35,7 @@ std::string with_forward_slashes(std::string_view path) {
   return result;
 }
 
-// "\\.\pipe\x", "\\?\C:\x": neither is a file that holds sound.
+// "\\.\pipe\x", "\\?\C:\x": not plain audio files.
 bool is_device(const std::string& path) {
   return path.starts_with("//./") || path.starts_with("//?/");
 }
@@ -44,7 +44,7 @@ bool leaves_folder(const std::string& path) {
   return path == ".." || path.starts_with("../") || path.ends_with("/..") || path.find("/../") != std::string::npos;
 }
 
-// Offsets in an address: the credentials begin, the host begins, the host ends.
+// Offsets in an address: start of the credentials, start and end of the host.
 struct Authority {
   std::size_t begin = 0;
   std::size_t host = 0;
@@ -99,7 +99,7 @@ std::string_view without_crypto(std::string_view address) {
 
 const char* protocols_of(std::string_view address) {
   if (address.starts_with("mmsh:"))
-    return "mmsh,http,tcp"; // no https: its check of certificates could not be asked for
+    return "mmsh,http,tcp"; // no https: certificate checks cannot be requested for it
   if (address.starts_with("mmst:"))
     return "mmst,tcp";
   return is_http(without_crypto(address)) ? "http,https,httpproxy,tcp,tls,crypto" : "file,crypto";

@@ -14,11 +14,11 @@ enum class Reach {
   file,    // "file:" and a path
 };
 
-// Of an address as `openable_addresses` gives it. The network never reaches files; nobody reaches devices.
+// For an address as returned by `openable_addresses`. Network streams never reach files; devices are never reached.
 [[nodiscard]] Reach reach_of(std::string_view address, bool from_network);
 
 // Whether the stream at `top` may refer to `named`: segments, keys, lists. A network stream may refer to http and
-// https; a file to files in its own folder or below. `named` is as FFmpeg passes it, perhaps "crypto+http://...".
+// https; a file to files in its own folder or below. `named` is as passed by FFmpeg, possibly "crypto+http://...".
 [[nodiscard]] bool may_name(std::string_view top, std::string_view named);
 
 // The whitelist of protocols for an opening, inner layers and redirections included, in FFmpeg's format.

@@ -13,8 +13,8 @@ namespace lumotune::media {
 class RetryPolicy {
 public:
   // The delay before the next attempt: uniform over a window that grows with each attempt. When a station drops all its
-  // listeners at once, only wide jitter spreads their return; a jitter of a fifth brings them back in waves. `random`
-  // is uniform in 0..1.
+  // listeners at once, only wide jitter spreads their return; a jitter of a fifth would bring them back in waves.
+  // `random` is uniform in 0..1.
   [[nodiscard]] std::uint32_t next_delay_ms(double random) {
     struct Window {
       std::uint32_t from;
@@ -26,8 +26,8 @@ public:
     return window.from + static_cast<std::uint32_t>((window.to - window.from) * std::clamp(random, 0.0, 1.0));
   }
 
-  // Sound played for that long. A station that plays well starts over with the shortest delay; one that drops everybody
-  // soon does not.
+  // Call after sound has played for that long. A station that plays well restarts with the shortest delay; one that
+  // soon drops its listeners does not.
   void heard(std::uint64_t milliseconds) {
     if (milliseconds >= 5000)
       attempt_ = 0;

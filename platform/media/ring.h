@@ -11,15 +11,15 @@
 
 namespace lumotune::media {
 
-// Positions count frames since the ring was made and never wrap. A frame is two float samples, clipped to -1..1. They
-// are stored in 16 bits, which takes half the memory at no audible loss.
+// Positions count frames since the ring was created and never wrap. A frame is two float samples, clipped to -1..1.
+// They are stored in 16 bits, which takes half the memory at no audible loss.
 class Ring {
 public:
   explicit Ring(std::size_t capacity_frames) : samples_(capacity_frames * 2), capacity_(capacity_frames) {}
 
   [[nodiscard]] std::size_t capacity() const { return capacity_; }
 
-  // Frames that can be read. Any thread; a snapshot for all but the one that changes it.
+  // Frames available for reading. Any thread; only a snapshot for threads that do not change it.
   [[nodiscard]] std::size_t level() const {
     const std::uint64_t read =
         std::max(read_.load(std::memory_order_acquire), discard_.load(std::memory_order_acquire));
@@ -48,10 +48,10 @@ public:
   [[nodiscard]] std::uint64_t written() const { return write_.load(std::memory_order_acquire); }
   [[nodiscard]] std::uint64_t consumed() const { return read_.load(std::memory_order_acquire); }
 
-  // Producer: drops all that was written so far. The consumer carries it out when it runs next.
+  // Producer: drops everything written so far; takes effect when the consumer next runs.
   void discard() { discard_.store(write_.load(std::memory_order_relaxed), std::memory_order_release); }
 
-  // Consumer: takes at most `count` frames and returns how many there were.
+  // Consumer: reads at most `count` frames and returns how many there were.
   std::size_t read(float* frames, std::size_t count) {
     const std::uint64_t at = skip();
     const std::uint64_t write = write_.load(std::memory_order_acquire);

@@ -31,7 +31,7 @@ Source::Source(const SourceOptions& options) : options_(options), io_(options, w
     watch_.deadline = std::min(watch_.deadline, options.budget->deadline());
 }
 
-// Closing a connection politely is not worth a wait.
+// Bounds the wait for a clean close of the connection.
 Source::~Source() {
   watch_.deadline = Clock::now() + std::chrono::milliseconds(200);
 }
@@ -69,7 +69,7 @@ PlaylistKind Source::detect_playlist(const std::string& address) {
   return kind;
 }
 
-// Anything but a playlist goes to the demuxer from its first byte on.
+// Anything but a playlist is passed to the demuxer from its first byte.
 Source::Kind Source::detect(const std::string& address, Opened& opened) {
   const PlaylistKind kind = detect_playlist(address);
   // A server may send a list line by line, and only the whole list tells HLS from plain M3U.
@@ -102,7 +102,7 @@ int Source::open_format(const std::string& address, bool hls) {
   AVFormatContext* context = avformat_alloc_context();
   if (context == nullptr)
     return AVERROR(ENOMEM);
-  // Relative addresses of a redirected list refer to where it was found.
+  // Relative addresses in a redirected list are relative to its final address.
   const std::string location = hls ? feed_->option("location") : std::string();
   const std::string base = location.empty() ? address : location;
   io_.attach(*context, base);
@@ -112,7 +112,7 @@ int Source::open_format(const std::string& address, bool hls) {
   settings.set("format_whitelist", hls ? "hls" : sound_formats);
   settings.set("probesize", "2097152");
   settings.set("max_streams", "32");
-  settings.set("formatprobesize", "16384"); // by default an MP3 stream is probed for twice a server's burst
+  settings.set("formatprobesize", "16384"); // by default FFmpeg probes an MP3 stream for twice a server's burst
   settings.set("analyzeduration", "2000000");
   // MP3 streams have no time stamps to wait for; by default fifty packets are read, more than a server's first burst.
   settings.set("max_ts_probe", "4");
@@ -239,7 +239,7 @@ std::wstring Source::codec_name() const {
   }
 }
 
-// The bit rate that the station announces comes first: listeners choose by it.
+// The announced bit rate takes precedence: listeners choose by it.
 int Source::icy_bit_rate() const {
   const std::string headers = feed_->option("icy_metadata_headers");
   constexpr std::string_view name = "icy-br:";

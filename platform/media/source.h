@@ -27,27 +27,27 @@ struct Opened {
   Trouble trouble = Trouble::none;
   int http_code = 0;
   bool cancelled = false;
-  bool unverified = false;  // the server's certificate is bad; it plays anyway
-  bool over_budget = false; // the attempt has to end
+  bool unverified = false;  // the server's certificate is invalid; it plays anyway
+  bool over_budget = false; // the attempt must end
 };
 
 enum class ReadResult { packet, other, ended, lost, cancelled };
 
 class Source {
 public:
-  // Opens an address as `openable_addresses` gives it.
+  // Opens an address as returned by `openable_addresses`.
   [[nodiscard]] static Opened open(const std::string& address, const SourceOptions& options);
 
   Source(const Source&) = delete;
   Source& operator=(const Source&) = delete;
   ~Source();
 
-  // The next packet; `other` for one that is not the sound's. Gives up where waiting brings too little sound.
+  // The next packet; `other` for one that is not audio. Gives up when waiting yields too little sound.
   [[nodiscard]] ReadResult read(AVPacket& packet);
-  // The duration of what was decoded since the last call.
+  // Reports the duration decoded since the last call.
   void brought(Patience::Time sound) { patience_.brought(sound); }
   [[nodiscard]] const AVCodecParameters& parameters() const;
-  // The title, where it changed since the last call.
+  // The title, if it has changed since the last call.
   [[nodiscard]] std::optional<std::wstring> new_title();
   [[nodiscard]] std::wstring codec_name() const;
   [[nodiscard]] int kbps() const;

@@ -15,12 +15,12 @@ struct SourceOptions {
   std::function<std::string(const std::string& address)> proxy; // "http://host:port", or empty; may be unset
   // Called often while FFmpeg waits; true makes it give up.
   std::function<bool()> interrupted;
-  // The address comes from the network or a station file: then nothing on this machine is opened.
+  // The address comes from the network or a station file: nothing on this machine may be opened.
   bool from_network = true;
   OpenBudget* budget = nullptr; // charged for every opening until sound is found; unset: no limit
-  int timeout_ms = 10000;       // without a byte, and the longest wait that brings too little sound
-  int open_limit_ms = 25000;    // for opening as a whole
-  // Content of an address instead of the network, for tests. May be unset.
+  int timeout_ms = 10000;       // maximum time without a byte, and the longest wait that yields too little sound
+  int open_limit_ms = 25000;    // for the whole opening
+  // Provides an address's content instead of the network, for tests. May be unset.
   std::function<std::optional<std::string>(const std::string& address)> memory;
   std::string ca_file; // root certificates instead of the system's, for tests
 };

@@ -30,13 +30,13 @@ Attempt StreamSession::run() {
   return *result;
 }
 
-// One packet; the result once the stream is over.
+// Handles one packet; returns the result once the stream is over.
 std::optional<Attempt> StreamSession::step() {
   const Packet packet(av_packet_alloc());
   const ReadResult read = packet == nullptr ? ReadResult::lost : source_.read(*packet);
   if (wish_.superseded())
     return Attempt{Outcome::cancelled};
-  if (read == ReadResult::cancelled || wish_.threw()) // cancelled by an exception, as no newer wish is there
+  if (read == ReadResult::cancelled || wish_.threw()) // no newer wish: cancelled by an exception
     return Attempt{Outcome::failed, Trouble::internal};
   if (const auto over = decode(read, packet.get()))
     return over;
@@ -68,7 +68,7 @@ std::optional<Attempt> StreamSession::decode(ReadResult read, const AVPacket* pa
   case ReadResult::lost:
     return Attempt{Outcome::lost, Trouble::lost};
   case ReadResult::other:
-  case ReadResult::cancelled: // answered before
+  case ReadResult::cancelled: // handled by the caller
     break;
   }
   source_.brought(decoder_.duration(decoded));

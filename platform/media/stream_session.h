@@ -22,7 +22,7 @@ public:
   ~StreamSession() { playout_.end(); } // also after an exception
 
   [[nodiscard]] Attempt run(); // once
-  // After `run`: how long it played; 0 where no sound was heard.
+  // After `run`: how long it played; 0 if no sound was heard.
   [[nodiscard]] std::uint64_t heard_ms() const { return heard_ms_; }
 
 private:

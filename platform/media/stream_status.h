@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The port's status under this folder's shorter names.
+// The interface's status types under this folder's shorter names.
 #pragma once
 
 #include "platform/stream_status.h"

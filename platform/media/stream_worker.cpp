@@ -35,14 +35,14 @@ void StreamWorker::run() {
   channels_->mixer->let_flow(0);
 }
 
-// Last resort: the listener is told, and the next wish is served.
+// Last resort: reports the failure to the listener; the next wish is served normally.
 void StreamWorker::report_failure() noexcept {
   channels_->mixer->let_flow(0);
   try {
     StreamStatus failed;
     failed.trouble = Trouble::internal;
     report(failed);
-  } catch (...) { // out of memory for the report, too
+  } catch (...) { // out of memory for the report as well
   }
 }
 
@@ -59,7 +59,7 @@ void StreamWorker::serve_next_wish() {
     play(wish);
 }
 
-// There is no last try: it goes on for as long as the listener wants it, unless the address itself is hopeless.
+// Retries without limit while the listener wants the station, unless the address itself is unusable.
 void StreamWorker::play(const Wish& wish) {
   retry_ = {};
   if (!playout_.wait_for_rate())
@@ -83,7 +83,7 @@ void StreamWorker::play(const Wish& wish) {
   }
 }
 
-// An exception, such as no memory for a stream, fails the attempt and not the worker.
+// An exception, such as out of memory, fails the attempt, not the worker.
 Attempt StreamWorker::attempt(const Wish& wish) {
   wish_.begin_attempt();
   try {

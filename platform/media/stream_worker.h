@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// The worker: serves one wish after the other, and reconnects after every failure for as long as sound is wanted.
+// The worker: serves one wish after another, and reconnects after every failure for as long as sound is wanted.
 #pragma once
 
 #include "platform/common/thread_check.h"
@@ -16,7 +16,7 @@
 
 namespace lumotune::media {
 
-// Made on any thread; `run` makes its thread the owner.
+// Created on any thread; `run` makes its thread the owner.
 class StreamWorker {
 public:
   StreamWorker(const PlayerOptions& options, std::shared_ptr<EngineChannels> channels);

@@ -11,7 +11,7 @@ namespace lumotune::media {
 namespace {
 
 constexpr std::size_t max_characters = 500;
-// Bounds the work: room for the longest reference per character, and for runs of blanks.
+// Bounds the work: allows for the longest reference per character and for runs of blanks.
 constexpr std::size_t max_bytes = 16 * 1024;
 
 // A closing "';" is followed by the end (zero padding) or by another key and its "='".
@@ -27,7 +27,7 @@ bool closes(std::string_view after) {
   return letters > 0 && after.substr(letters, 2) == "='";
 }
 
-// The character of a reference without its "&" and ";"; 0 for an unknown one.
+// The character for a reference without its "&" and ";"; 0 if unknown.
 char32_t referenced(std::wstring_view name) {
   constexpr std::array<std::pair<std::wstring_view, char32_t>, 6> names = {
       {{L"amp", U'&'}, {L"lt", U'<'}, {L"gt", U'>'}, {L"quot", U'"'}, {L"apos", U'\''}, {L"nbsp", U' '}}};
@@ -93,7 +93,7 @@ bool is_high_surrogate(wchar_t c) {
   return sizeof(wchar_t) == 2 && (c & 0xfc00) == 0xd800;
 }
 
-// Never within a surrogate pair.
+// Cuts the text, but never within a surrogate pair.
 void shorten(std::wstring& text) {
   if (text.size() > max_characters)
     text.resize(is_high_surrogate(text[max_characters - 1]) ? max_characters - 1 : max_characters);

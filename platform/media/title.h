@@ -9,7 +9,7 @@
 namespace lumotune::media {
 
 // The title in an ICY metadata block: "StreamTitle='...';" followed by nothing or another key; the title itself may
-// contain "';". Nothing where the block has no title.
+// contain "';". Nothing when the block has no title.
 [[nodiscard]] std::optional<std::string> icy_stream_title(std::string_view block);
 
 // Decodes strict UTF-8, else Windows-1250; resolves character references ("&#345;", "&#x159;", "&amp;"); replaces

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Titles that arrived ahead of their sound. Pure.
+// Titles that arrive ahead of their sound. Pure.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@ class TitleQueue {
 public:
   static constexpr std::size_t most = 32; // a stream may send a title with every packet
 
-  // Replaces the last title where that has the same frame, or where the queue is full.
+  // Replaces the last title if it has the same frame or if the queue is full.
   void add(std::uint64_t frame, std::wstring title) {
     if (!waiting_.empty() && (waiting_.back().first == frame || waiting_.size() >= most))
       waiting_.pop_back();

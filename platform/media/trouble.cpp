@@ -32,8 +32,8 @@ Trouble trouble_of(int error, int& http_code) {
   case AVERROR_DECODER_NOT_FOUND:
   case AVERROR_DEMUXER_NOT_FOUND:
   case AVERROR_EOF:
-  case AVERROR(EINVAL): // a format that is not in the whitelist
-  case AVERROR(EPERM):  // it refers to what it may not reach
+  case AVERROR(EINVAL): // a format outside the whitelist
+  case AVERROR(EPERM):  // it refers to something it may not reach
   case AVERROR(ENOMEM):
     return Trouble::unknown_format;
   case AVERROR_PROTOCOL_NOT_FOUND:
