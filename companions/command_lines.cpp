@@ -137,6 +137,10 @@ Launch messenger_client(const CompanionValues& values) {
   return in_folder(values, L"orb.exe", L"m", ShowWindow::normal_no_focus);
 }
 
+Launch client_for_login() {
+  return {client_program, L"", ShowWindow::normal_focus};
+}
+
 Launch play_report(const CompanionValues& values, bool client_link_on, const std::wstring& station_id) {
   return download(values,
                   L"/orb/lt_all.php?" + account(values) + L"&orbw=" + (client_link_on ? L"on" : L"off") +

@@ -63,6 +63,7 @@ inline constexpr std::size_t max_id = 100;
 // Nothing for an address that is_stream_address rejects.
 [[nodiscard]] std::optional<Launch> television(const CompanionValues& values, const std::wstring& stream_address);
 [[nodiscard]] Launch messenger_client(const CompanionValues& values);
+[[nodiscard]] Launch client_for_login(); // its own window, where the user logs in
 
 // The downloader: each call stores the reply in a file in the program folder.
 [[nodiscard]] Launch play_report(const CompanionValues& values, bool client_link_on,

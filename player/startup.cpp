@@ -57,8 +57,8 @@ void Startup::forward_to_previous() {
 bool Startup::LoadOptionsWorkIt() {
   if (!uses_.options.logged_in()) {
     base::inform(uses_.dialogs, L"Nejprve zapněte Orb klienta.");
-    // A client that cannot be started is for the user to find; the box has told what is needed.
-    (void)uses_.shell.start(companions::client_program, L"", platform::ShowWindow::normal_focus);
+    // If it cannot be started, the box has told what is needed.
+    companions::launch(uses_.shell, companions::client_for_login());
     return false;
   }
   uses_.options.read_values();
@@ -117,9 +117,9 @@ void Startup::start_client_if_missing() {
   uses_.session.ClientStartedByUs = missing;
   if (!missing)
     return;
-  const std::wstring program = uses_.folder.path(companions::client_program);
-  // The player works without the client as well; nothing more is to be done when it cannot be started.
-  (void)uses_.shell.start(program + L" m", program, platform::ShowWindow::normal_no_focus);
+  // The player works without the client as well: a failed start needs no handling.
+  companions::launch(uses_.shell,
+                     companions::messenger_client(companions::companion_values(uses_.folder, uses_.settings)));
 }
 
 } // namespace lumotune::player

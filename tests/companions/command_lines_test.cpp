@@ -68,6 +68,7 @@ TEST(CompanionsTest, TelevisionAndClient) {
          ShowWindow::normal_focus);
   expect(companions::messenger_client(values), L"C:\\Program Files\\Orb\\orb.exe m", L"C:\\Program Files\\Orb\\orb.exe",
          ShowWindow::normal_no_focus);
+  EXPECT_EQ(companions::client_for_login(), (Launch{L"orb.exe", L"", ShowWindow::normal_focus}));
 }
 
 TEST(CompanionsTest, TheDownloaderKeepsBothSlashes) {
