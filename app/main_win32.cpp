@@ -53,7 +53,7 @@ void run(platform::win32::Backend& backend) {
 int run_and_log() {
   // The system's own error dialogs for files would hide our reports.
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
-  platform::win32::Backend backend(LUMOTUNE_ICON);
+  platform::win32::Backend backend(base::main_caption, LUMOTUNE_ICON);
   const base::ProgramFolder folder(backend.files, backend.codec, backend.machine);
   base::ErrorLog log({folder, backend.machine});
   platform::CaughtErrors& caught = backend.loop.caught();

@@ -3,8 +3,8 @@
 
 namespace lumotune::platform::win32 {
 
-Backend::Backend(int icon)
-    : window(loop, L"Lumotune", icon),
+Backend::Backend(const std::wstring& name, int icon)
+    : window(loop, name, icon),
       framed_windows(loop, icon),
       messages(window.handle(), codec, loop),
       dialogs(loop, window.handle()) {}

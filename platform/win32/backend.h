@@ -16,14 +16,15 @@
 namespace lumotune::platform::win32 {
 
 struct Backend {
-  explicit Backend(int icon);
+  // `name` is the main window's own; `icon` is the number of the icon in the program's resources.
+  Backend(const std::wstring& name, int icon);
 
   EventLoop loop;
   Codec codec;
   Files files;
   Shell shell;
   Machine machine;
-  Window window; // `Lumotune`
+  Window window;
   FramedWindowMaker framed_windows;
   Messages messages;
   Dialogs dialogs;

@@ -114,6 +114,13 @@ struct HandBackend : Backend {
   platform::win32::Tray tray{real.window, tray_control};
   Hand hand{real.loop};
 
+  void show_in_front() {
+    window.move(4500, 3000);
+    window.resize(6000, 3000);
+    window.set_visible(true);
+    window.activate();
+    EXPECT_TRUE(until([this] { return GetForegroundWindow() == window.handle(); }));
+  }
   void choose(const std::wstring& /*name*/, const std::wstring& caption) {
     wait_for_menu();
     add_clicks(caption);

@@ -14,6 +14,12 @@
 
 namespace lumotune::contract {
 
+inline std::wstring text_of(HWND window) {
+  std::wstring text(3000, L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), 3000)));
+  return text;
+}
+
 // A scratch folder of its own, emptied at the end.
 class ScratchFolder {
 public:
@@ -38,7 +44,7 @@ private:
 };
 
 struct Backend {
-  platform::win32::Backend real{1};
+  platform::win32::Backend real{L"Lumotune", 1};
   ScratchFolder scratch;
 
   platform::win32::EventLoop& loop = real.loop;

@@ -9,26 +9,12 @@
 namespace lumotune::contract {
 namespace {
 
-std::wstring text_of(HWND window) {
-  wchar_t text[3000];
-  GetWindowTextW(window, text, 3000);
-  return text;
-}
-
 struct Win32Boxes : testing::Test {
   HandBackend b;
-
-  void show_window() {
-    b.window.move(4500, 3000);
-    b.window.resize(6000, 3000);
-    b.window.set_visible(true);
-    b.window.activate();
-    EXPECT_TRUE(b.until([this] { return GetForegroundWindow() == b.window.handle(); }));
-  }
 };
 
 TEST_F(Win32Boxes, TheInputBoxIsBuiltAsItShouldBe) {
-  show_window();
+  b.show_in_front();
   std::wstring prompt;
   std::wstring title;
   std::wstring text;

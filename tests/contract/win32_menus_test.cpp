@@ -32,13 +32,6 @@ struct Win32Menus : testing::Test {
     PostMessageW(b.window.handle(), message, w, 0);
     b.loop.run_pending();
   }
-  void show_window() {
-    b.window.move(4500, 3000);
-    b.window.resize(6000, 3000);
-    b.window.set_visible(true);
-    b.window.activate();
-    EXPECT_TRUE(b.until([this] { return GetForegroundWindow() == b.window.handle(); }));
-  }
 };
 
 TEST_F(Win32Menus, TheSystemGetsTheTreeAsItIs) {
@@ -74,7 +67,7 @@ TEST_F(Win32Menus, TheSystemGetsTheTreeAsItIs) {
 }
 
 TEST_F(Win32Menus, AfterTheMouseAMenuOpensAtThePointer) {
-  show_window();
+  b.show_in_front();
   auto& label = b.window.make_label(L"InfoName", platform::LabelKind::link, platform::LabelFont::normal);
   label.move(300, 300);
   label.resize(1500, 300);
@@ -89,7 +82,7 @@ TEST_F(Win32Menus, AfterTheMouseAMenuOpensAtThePointer) {
 }
 
 TEST_F(Win32Menus, AfterAKeyAMenuOpensBelowItsAnchor) {
-  show_window();
+  b.show_in_front();
   auto& label = b.window.make_label(L"InfoName", platform::LabelKind::link, platform::LabelFont::normal);
   label.move(300, 300);
   label.resize(1500, 300);
@@ -113,7 +106,7 @@ TEST_F(Win32Menus, AfterAKeyAMenuWithoutAnAnchorOpensAtThePointer) {
 }
 
 TEST_F(Win32Menus, AfterAKeyAMenuWhoseAnchorIsOutOfSightOpensInTheWindowsCorner) {
-  show_window();
+  b.show_in_front();
   auto& label = b.window.make_label(L"InfoName", platform::LabelKind::link, platform::LabelFont::normal);
   label.set_visible(false);
   SetCursorPos(333, 111);
@@ -127,7 +120,7 @@ TEST_F(Win32Menus, AfterAKeyAMenuWhoseAnchorIsOutOfSightOpensInTheWindowsCorner)
 }
 
 TEST_F(Win32Menus, AfterAKeyAMenuOfAListOpensBelowTheSelectedRow) {
-  show_window();
+  b.show_in_front();
   auto& list = b.window.make_list(L"Control_List");
   list.resize(3000, 1500);
   for (int i = 0; i < 50; ++i)
@@ -152,7 +145,7 @@ struct Rows final : platform::RowModel {
 };
 
 TEST_F(Win32Menus, AMenuOfAnotherWindowBelongsToThatWindow) {
-  show_window();
+  b.show_in_front();
   const Rows rows;
   const auto window = b.framed_windows.make(L"ListRadios");
   auto& list = window->make_list_view(L"ListView1");

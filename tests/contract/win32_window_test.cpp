@@ -20,12 +20,6 @@ std::wstring class_of(HWND window) {
   return name;
 }
 
-std::wstring text_of(HWND window) {
-  wchar_t text[256];
-  GetWindowTextW(window, text, 256);
-  return text;
-}
-
 struct Win32Only : testing::Test {
   Backend b;
   base::LumotuneForm form{b.window};

@@ -59,7 +59,7 @@ double bare_ms(const std::vector<std::wstring>& wanted) {
 } // namespace
 
 int wmain() {
-  win32::Backend backend(1);
+  win32::Backend backend(L"Lumotune", 1);
   const auto wanted = items();
   ListBox& list = backend.window.make_list(L"Control_List");
   list.resize(5820, 1800);
