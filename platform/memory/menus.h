@@ -87,7 +87,7 @@ public:
     ++asked;
     return now;
   }
-  ConnectionState now{true, 0x42, L"Pokusná síť"};
+  ConnectionState now{true, 0x42, L"test network"};
   int asked = 0;
 };
 

@@ -53,7 +53,8 @@ public:
   HRESULT STDMETHODCALLTYPE ShowMessage(HWND, LPOLESTR, LPOLESTR, DWORD, LPOLESTR, DWORD, LRESULT* answer) override;
   HRESULT STDMETHODCALLTYPE ShowHelp(HWND, LPOLESTR, UINT, DWORD, POINT, IDispatch*) override { return S_OK; }
 
-  // The rest is accepted or not implemented.
+  // What a host of one page in a fixed area answers: E_NOTIMPL, as COM defines it, for undo, scrolling, saving, drops
+  // and menus, which such a host does not offer; S_OK for what needs no action.
   HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(WINBOOL) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE SaveObject() override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker** moniker) override;
