@@ -70,6 +70,15 @@ TEST_F(Win32FilesTest, WhatCannotBeWrittenBesideChangesNothing) {
 }
 
 // Not every system lets an open file be replaced, whatever its reader shares.
+TEST_F(Win32FilesTest, TheOldFileStaysUntilTheNewOneIsWritten) {
+  put_old();
+  const std::wstring beside = first + L".new";
+  EXPECT_TRUE(CreateDirectoryW(beside.c_str(), nullptr)) << "where the new content would be written";
+  EXPECT_FALSE(b.files.replace(first, "new"));
+  EXPECT_EQ(content(first), "old 1");
+  EXPECT_TRUE(RemoveDirectoryW(beside.c_str()));
+}
+
 TEST_F(Win32FilesTest, BothOrNeitherUnderTheEyesOfAReader) {
   for (const std::wstring& read : {first, second}) {
     put_old();
