@@ -123,12 +123,14 @@ TEST(Win32RunningMark, AnEndThatLastsTooLongIsNotWaitedForForEver) {
 }
 
 TEST(Win32EndLimit, EndsAProcessThatHangs) {
+  const auto begun = std::chrono::steady_clock::now();
   EXPECT_EXIT(
       {
         platform::win32::limit_end(100);
         Sleep(INFINITE);
       },
       testing::ExitedWithCode(0), "");
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(30)) << "the start of the process included";
 }
 
 // What a library would run at the end of the process; here it tells that it was run.
