@@ -36,13 +36,16 @@ private:
 
 } // namespace
 
+bool tells_of_a_copy(DWORD creation_error) {
+  return creation_error == ERROR_ALREADY_EXISTS || creation_error == ERROR_ACCESS_DENIED;
+}
+
 // The mark is a mutex that its owner never releases; the end of the process does. One that exists but cannot even be
 // waited for belongs to a copy with higher privileges.
 RunningMark::RunningMark() {
   WaitableByOthers rights;
   mark_.reset(CreateMutexExW(rights.get(), mark_name, CREATE_MUTEX_INITIAL_OWNER, SYNCHRONIZE));
-  const DWORD answer = GetLastError();
-  previous_ = answer == ERROR_ALREADY_EXISTS || answer == ERROR_ACCESS_DENIED;
+  previous_ = tells_of_a_copy(GetLastError());
   if (previous_ && mark_ != nullptr)
     wait_for_the_end();
 }

@@ -8,6 +8,10 @@
 
 namespace lumotune::platform::win32 {
 
+// What the creation of the mark leaves as the last error. Access is denied to the mark of a copy with higher
+// privileges.
+[[nodiscard]] bool tells_of_a_copy(DWORD creation_error);
+
 // One copy holds the mark, from its making to the end of its process. User-interface thread.
 class RunningMark {
 public:

@@ -88,6 +88,14 @@ TEST(Win32RunningMark, AMarkThatMayNotBeOpenedIsACopyThatRuns) {
   EXPECT_TRUE(copy.previous());
 }
 
+// Wine opens a mark whatever its rights are, so the refusal itself is given here.
+TEST(Win32RunningMark, AMarkThatIsRefusedTellsOfACopy) {
+  EXPECT_TRUE(platform::win32::tells_of_a_copy(ERROR_ACCESS_DENIED));
+  EXPECT_TRUE(platform::win32::tells_of_a_copy(ERROR_ALREADY_EXISTS));
+  EXPECT_FALSE(platform::win32::tells_of_a_copy(ERROR_SUCCESS));
+  EXPECT_FALSE(platform::win32::tells_of_a_copy(ERROR_NOT_ENOUGH_MEMORY));
+}
+
 TEST(Win32RunningMark, AStartDuringTheEndWaitsForItAndIsTheFirst) {
   auto first = std::make_unique<Copy>();
   first->begin_end();
