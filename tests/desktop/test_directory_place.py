@@ -146,6 +146,9 @@ class TestTaskBar(Ordered):
     def kept_place_in(self, state):
         self.take_room(self.LEFT, self.TOP)
         self.open_with_tall_advertisement()
+        # A maximised window begins in the corner: the place that is kept has to be another one.
+        self.window_tool("windowmove", self.LEFT + 150, self.TOP + 30)
+        self.until(lambda: self.place()[0] > self.LEFT + 100, 10, self.shape())
         before = self.place()
         assert before[0] >= self.LEFT - self.EDGE and before[1] >= self.TOP - self.EDGE, before
         self.order(advertisement(USUAL), state)
