@@ -9,12 +9,17 @@ std::wstring window_name = L"Lumotune";
 
 namespace {
 
+struct Sought {
+  std::wstring prefix;
+  std::wstring name;
+};
+
 BOOL CALLBACK note_property(HWND, LPWSTR name, HANDLE, ULONG_PTR found) {
-  const std::wstring prefix = window_name + L".";
+  auto& sought = *reinterpret_cast<Sought*>(found);
   // Some properties are named by a number.
-  if (reinterpret_cast<ULONG_PTR>(name) > 0xffff && std::wstring_view(name).starts_with(prefix) &&
+  if (reinterpret_cast<ULONG_PTR>(name) > 0xffff && std::wstring_view(name).starts_with(sought.prefix) &&
       std::wstring_view(name) != L"Lumotune.Hook")
-    *reinterpret_cast<std::wstring*>(found) = name + prefix.size();
+    sought.name = name + sought.prefix.size();
   return TRUE;
 }
 
@@ -55,10 +60,10 @@ std::wstring class_of(HWND window) {
   return name;
 }
 
-std::wstring designer_name(HWND window) {
-  std::wstring name;
-  EnumPropsExW(window, note_property, reinterpret_cast<LPARAM>(&name));
-  return name;
+std::wstring designer_name(HWND window, const std::wstring& owner) {
+  Sought sought{owner + L".", {}};
+  EnumPropsExW(window, note_property, reinterpret_cast<LPARAM>(&sought));
+  return sought.name;
 }
 
 std::vector<HWND> top_windows() {
@@ -73,17 +78,17 @@ std::vector<HWND> children_of(HWND window) {
   return children;
 }
 
-HWND main_window() {
+HWND main_window(const std::wstring& owner) {
   for (const HWND window : top_windows()) {
-    if (designer_name(window) == L"Form")
+    if (designer_name(window, owner) == L"Form")
       return window;
   }
   return nullptr;
 }
 
-HWND control(const wchar_t* name) {
-  for (const HWND child : children_of(main_window())) {
-    if (designer_name(child) == name)
+HWND control(const wchar_t* name, const std::wstring& owner) {
+  for (const HWND child : children_of(main_window(owner))) {
+    if (designer_name(child, owner) == name)
       return child;
   }
   return nullptr;

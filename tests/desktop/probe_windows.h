@@ -16,10 +16,12 @@ extern std::wstring window_name;
 [[nodiscard]] std::string utf8(std::wstring text);
 [[nodiscard]] std::wstring text_of(HWND window); // empty after two seconds without an answer
 [[nodiscard]] std::wstring class_of(HWND window);
-[[nodiscard]] std::wstring designer_name(HWND window); // empty for windows that are not ours
+// Empty for windows that are not those of `owner`.
+[[nodiscard]] std::wstring designer_name(HWND window, const std::wstring& owner = window_name);
 [[nodiscard]] std::vector<HWND> top_windows();
 [[nodiscard]] std::vector<HWND> children_of(HWND window); // and those below them
-[[nodiscard]] HWND main_window();                         // nullptr without one; so is a control
-[[nodiscard]] HWND control(const wchar_t* name);
+// nullptr without one; so is a control.
+[[nodiscard]] HWND main_window(const std::wstring& owner = window_name);
+[[nodiscard]] HWND control(const wchar_t* name, const std::wstring& owner = window_name);
 
 } // namespace probe

@@ -11,11 +11,15 @@
 //   costs         bytes of the working set, of private memory, number of threads, handles, GDI objects, USER objects,
 //   between
 //                 tabs
+//   directory     the number of stations in the directory's list and the text of its status, between tabs; -1 while no
+//   directory
+//                 is visible
 //   windows       the number of the program's visible top windows
 #include "probe_windows.h"
 
 #include <windows.h>
 
+#include <commctrl.h>
 #include <psapi.h>
 #include <tlhelp32.h>
 
@@ -211,6 +215,17 @@ void print_costs() {
   CloseHandle(process);
 }
 
+void print_directory() {
+  const std::wstring owner = L"ListRadios";
+  const HWND directory = probe::main_window(owner);
+  DWORD_PTR count = 0;
+  if (directory == nullptr || IsWindowVisible(directory) == 0 ||
+      SendMessageTimeoutW(control(L"ListView1", owner), LVM_GETITEMCOUNT, 0, 0, SMTO_NORMAL, 20000, &count) == 0)
+    std::printf("-1\t\n");
+  else
+    std::printf("%llu\t%s\n", static_cast<unsigned long long>(count), utf8(text_of(control(L"Label1", owner))).c_str());
+}
+
 int visible_windows() {
   DWORD program = 0;
   GetWindowThreadProcessId(main_window(), &program);
@@ -237,6 +252,8 @@ void answer(std::wstring_view line, WaitMeter& meter) {
     std::printf("ok\n");
   } else if (line == L"longest")
     std::printf("%.1f\n", meter.take_longest_ms());
+  else if (line == L"directory")
+    print_directory();
   else if (line == L"costs")
     print_costs();
   else if (line == L"windows")

@@ -16,6 +16,7 @@ TOP = os.path.realpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), 
 sys.path.insert(0, os.path.join(TOP, "tests", "desktop"))
 sys.path.insert(0, os.path.join(TOP, "demo"))
 from probing import WINE  # noqa: E402
+from watching import Watcher  # noqa: E402
 
 QUIET = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
 
@@ -101,11 +102,8 @@ class Lumotune(Player):
 
     def ask(self, line):
         if self.watcher is None:
-            self.watcher = subprocess.Popen([WINE, os.path.join(TOP, "build", "windows", "tests", "desktop", "watcher.exe")],
-                                            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-        self.watcher.stdin.write(line + "\n")
-        self.watcher.stdin.flush()
-        return self.watcher.stdout.readline().rstrip("\n")
+            self.watcher = Watcher()
+        return self.watcher.ask(line)
 
     def ready_to_change(self):
         self.ask("windows")
@@ -118,8 +116,7 @@ class Lumotune(Player):
 
     def end(self):
         if self.watcher is not None:
-            self.watcher.stdin.close()
-            self.watcher.wait(10)
+            self.watcher.close()
             self.watcher = None
         if self.process is not None:
             probe = os.path.join(TOP, "build", "windows", "tests", "desktop", "probe.exe")
