@@ -28,6 +28,19 @@ TEST_F(ListRadiosClosing, ClosingGivesUpTheUpdateAndOpeningStartsAnew) {
   EXPECT_TRUE(part<platform::memory::Button>(L"Command1").enabled());
 }
 
+// A closed window lives on while something waits; its update does not.
+TEST_F(ListRadiosClosing, AClosedWindowTakesNoListThatArrives) {
+  const std::string station = test::Record{"NOVA01", "Nov\xe1"}.line() + "\r\n";
+  directory.Naladit();
+  write(L"orb_test_size.tt", "size:" + std::to_string(station.size()));
+  loop.advance(100);
+  write(L"seznam.tt", station);
+  const platform::memory::EventLoop::Nested waiting(loop);
+  window_shown().user_close();
+  loop.advance(2000);
+  EXPECT_EQ(content(L"radios.tt"), stations_text());
+}
+
 // Bringing a window to the front lets in what other programs have sent.
 TEST_F(ListRadiosClosing, ClosingWhileItComesToTheFrontIsHarmless) {
   directory.Naladit();
