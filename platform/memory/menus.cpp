@@ -45,6 +45,8 @@ std::wstring PopupMenus::pop_up(const std::vector<MenuItem>& items, const Contro
     return {};
   const std::wstring choice = choices.front();
   choices.pop_front();
+  if (after_choice)
+    after_choice();
   return find_choosable(shown, choice) == nullptr ? std::wstring() : choice;
 }
 

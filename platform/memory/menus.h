@@ -34,6 +34,7 @@ public:
   std::deque<std::wstring> choices;
   Modal modal; // events while it is open, followed by:
   std::function<void()> while_open;
+  std::function<void()> after_choice; // what is delivered between the user's choice and the return
 
 private:
   const platform::EventLoop& loop_;

@@ -206,6 +206,12 @@ TEST_F(MenusTest, NothingIsDoneWhenTheProgramEndsMeanwhile) {
   EXPECT_TRUE(w.shell.started.empty());
 }
 
+TEST_F(MenusTest, AChoiceIsNothingOnceTheProgramEnds) {
+  w.popups.after_choice = [this] { w.loop.quit(); };
+  w.use(L"Volume0");
+  EXPECT_TRUE(w.player.calls.empty());
+}
+
 TEST_F(MenusTest, AMenuMayOpenWhileAnItemDoesItsWork) {
   w.no_server();
   w.dialogs.while_open = [this] { w.use(L"Volume2"); };
