@@ -166,8 +166,9 @@ TEST_F(MenuCommandsTest, TheLoginIsOfTheMomentAndStopsWithTheProgram) {
   w.loop.at(0, [this] { w.settings.idh = L"NEW"; });
   w.use(L"LT_Menu_Orbcz");
   expect_start(L"explorer http://server.example/login/NEW/" + scrambled() + L"//1", L"", ShowWindow::minimized_focus);
-  w.loop.at(0, [this] { w.loop.quit(); });
+  w.popups.after_choice = [this] { w.loop.at(0, [this] { w.loop.quit(); }); }; // while the token is made
   w.use(L"LT_Menu_Orbcz");
+  EXPECT_TRUE(w.loop.quitting());
   EXPECT_TRUE(w.shell.started.empty());
 }
 

@@ -21,8 +21,10 @@ TEST_F(ClientLinkReplyTest, OnceTheLinkIsOnTheReplyToAnEarlierReportIsNotLookedF
   w.set_option(18, "#018:DDD:on");
   link.enable_Timer1();
   w.loop.advance(3000);
+  const auto looked = w.files.writers_asked_for();
   reply("inf:zprava\r\n");
   w.loop.advance(5000);
+  EXPECT_EQ(w.files.writers_asked_for(), looked);
   EXPECT_TRUE(w.dialogs.shown.empty());
   EXPECT_TRUE(reply_there());
 }
