@@ -173,10 +173,11 @@ const AVCodecParameters& Source::parameters() const {
   return *input_->streams[stream_]->codecpar;
 }
 
-// Parses the raw block: FFmpeg's own parser ends a title at its first quotation mark and semicolon.
+// Parses the raw block: FFmpeg's own parser ends a title at its first quotation mark and semicolon. A block that begins
+// with a zero byte is empty here, and still a new one.
 std::optional<std::wstring> Source::new_icy_title() {
   std::string block = feed_->option("icy_metadata_packet");
-  if (block.empty() || block == icy_block_)
+  if (block == icy_block_)
     return std::nullopt;
   icy_block_ = std::move(block);
   const auto title = icy_stream_title(icy_block_);

@@ -14,17 +14,22 @@ constexpr std::size_t max_characters = 500;
 // Bounds the work: allows for the longest reference per character and for runs of blanks.
 constexpr std::size_t max_bytes = 16 * 1024;
 
+bool begins_key(std::string_view text) {
+  std::size_t letters = 0;
+  while (letters < text.size() &&
+         ((text[letters] >= 'A' && text[letters] <= 'Z') || (text[letters] >= 'a' && text[letters] <= 'z')))
+    ++letters;
+  return letters > 0 && text.substr(letters, 2) == "='";
+}
+
 // A closing "';" is followed by the end (zero padding) or by another key and its "='".
 bool closes(std::string_view after) {
   const std::size_t start = after.find_first_not_of(std::string_view("\0 ", 2));
-  if (start == std::string_view::npos)
-    return true;
-  after.remove_prefix(start);
-  std::size_t letters = 0;
-  while (letters < after.size() &&
-         ((after[letters] >= 'A' && after[letters] <= 'Z') || (after[letters] >= 'a' && after[letters] <= 'z')))
-    ++letters;
-  return letters > 0 && after.substr(letters, 2) == "='";
+  return start == std::string_view::npos || begins_key(after.substr(start));
+}
+
+bool is_utf16(std::string_view bytes) {
+  return bytes.starts_with("\xff\xfe") || bytes.starts_with("\xfe\xff");
 }
 
 // The character for a reference without its "&" and ";"; 0 if unknown.
@@ -105,16 +110,18 @@ std::optional<std::string> icy_stream_title(std::string_view block) {
   constexpr std::string_view key = "StreamTitle='";
   const std::size_t start = block.find(key);
   if (start == std::string_view::npos)
-    return std::nullopt;
+    return begins_key(block) ? std::nullopt : std::optional<std::string>("");
   block.remove_prefix(start + key.size());
   for (std::size_t end = block.find("';"); end != std::string_view::npos; end = block.find("';", end + 1)) {
     if (closes(block.substr(end + 2)))
       return std::string(block.substr(0, end));
   }
-  return std::nullopt;
+  return "";
 }
 
 std::wstring readable_text(std::string_view bytes) {
+  if (is_utf16(bytes))
+    return {};
   bytes = cut(bytes);
   const auto unicode = from_utf8(bytes);
   const std::wstring text = resolve_references(unicode ? *unicode : platform::decode_1250(bytes));

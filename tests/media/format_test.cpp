@@ -261,6 +261,25 @@ TEST_F(Format, TitlesAreReadable) {
   }
 }
 
+// Of UTF-16, FFmpeg hands on what precedes the first zero byte.
+TEST_F(Format, ATitleThatCannotBeReadEndsTheOneBefore) {
+  const auto utf16 = [](const std::string& text) {
+    std::string wide;
+    for (const char c : text)
+      wide += {c, '\0'};
+    return wide;
+  };
+  for (const std::string& block : {utf16("StreamTitle='two';"), "StreamTitle='\xff\xfe" + utf16("two") + "';",
+                                   std::string("\0S", 2) + utf16("treamTitle='two'"), std::string("StreamTitle='tw")}) {
+    play(radio.url("/live/440.mp3?burst=0.5&every=4&title=" + hex("StreamTitle='one';") + "&title=" + hex(block)));
+    ASSERT_TRUE(until([this] { return player().status().title == L"one"; })) << told();
+    EXPECT_TRUE(
+        until([this] { return player().status().phase == Phase::playing && player().status().title.empty(); }, 6000))
+        << told();
+    player().stop();
+  }
+}
+
 TEST_F(Format, TitlesFollowTheSongs) {
   play(radio.url("/live/440.mp3?burst=0.5&every=8&title=" + hex("StreamTitle='one';") +
                  "&title=" + hex("StreamTitle='two';") + "&title=" + hex("StreamTitle='';")));

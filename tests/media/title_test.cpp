@@ -22,11 +22,23 @@ TEST(IcyTitle, IsFoundBesideOtherKeysAndPadding) {
   EXPECT_EQ(icy_stream_title("StreamTitle='';"), "");
 }
 
-TEST(IcyTitle, IsNothingInABlockWithoutOne) {
-  EXPECT_EQ(icy_stream_title(""), std::nullopt);
+TEST(IcyTitle, IsNothingInABlockOfOtherKeys) {
   EXPECT_EQ(icy_stream_title("StreamUrl='http://x/';"), std::nullopt);
-  EXPECT_EQ(icy_stream_title("StreamTitle='never closed"), std::nullopt);
-  EXPECT_EQ(icy_stream_title("StreamTitle="), std::nullopt);
+  EXPECT_EQ(icy_stream_title("StreamUrl='http://x/';\0\0"sv), std::nullopt);
+}
+
+// A block that cannot be read announces another song all the same.
+TEST(IcyTitle, IsEmptyInABlockThatCannotBeRead) {
+  for (const std::string_view block :
+       {""sv, "\0S\0t\0r"sv, "S\0t\0r"sv, "S"sv, "\xff\xfeS"sv, "StreamTi"sv, "StreamTitle="sv,
+        "StreamTitle='never closed"sv, "StreamTitle='\xff\xfeP"sv, "StreamTitle='closed'"sv})
+    EXPECT_EQ(icy_stream_title(block), "") << block;
+}
+
+TEST(ReadableText, LeavesUtf16Empty) {
+  EXPECT_EQ(readable_text("\xff\xfe\x1f\x04\x40\x04"), L"");
+  EXPECT_EQ(readable_text("\xfe\xff\x04\x1f\x04\x40"), L"");
+  EXPECT_EQ(readable_text("\xff\xf8"), L"˙ř") << "half a mark is a text in 1250";
 }
 
 TEST(ReadableText, TakesStrictUtf8ElseWindows1250) {
