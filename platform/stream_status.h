@@ -18,6 +18,7 @@ enum class StreamTrouble {
   no_such_host,
   not_found,         // HTTP 404 (`http_code` is set), or no such file
   refused_by_server, // any other HTTP error; see `http_code`
+  not_secure,        // the encrypted connection could not be made
   unknown_format,
   ended,     // a file played to its end
   no_device, // the stream plays, but there is no sound device

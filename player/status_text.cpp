@@ -24,6 +24,8 @@ std::wstring trouble_text(const StreamStatus& status) {
     return status.http_code != 0 ? L"Stanice nenalezena (404)" : L"Soubor nenalezen";
   case Trouble::refused_by_server:
     return L"Stanice odmítla spojení (" + std::to_wstring(status.http_code) + L")";
+  case Trouble::not_secure:
+    return L"Zabezpečené spojení se nezdařilo";
   case Trouble::unknown_format:
     return L"Neznámý formát zvuku";
   case Trouble::ended:

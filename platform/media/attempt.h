@@ -4,6 +4,9 @@
 
 #include "platform/media/stream_status.h"
 
+#include <chrono>
+#include <optional>
+
 namespace lumotune::media {
 
 enum class Outcome {
@@ -17,6 +20,7 @@ struct Attempt {
   Outcome outcome = Outcome::failed;
   Trouble trouble = Trouble::none;
   int http_code = 0; // of `Trouble::not_found` and `Trouble::refused_by_server`
+  std::optional<std::chrono::seconds> retry_after = std::nullopt; // as the server asks
 };
 
 } // namespace lumotune::media

@@ -16,8 +16,13 @@ Connector::Connector(const PlayerOptions& options, CurrentWish& wish, Play play)
     : options_(options), wish_(wish), play_(std::move(play)) {}
 
 Attempt Connector::connect(const std::string& address, platform::AddressOrigin origin) {
+  constexpr int busy = 503;
+  constexpr int too_many = 429;
   OpenBudget budget;
-  return try_candidate({address, origin, 0}, budget);
+  Attempt result = try_candidate({address, origin, 0}, budget);
+  const bool asked = result.http_code == busy || result.http_code == too_many;
+  ask_retry_after_ = !asked || result.retry_after.has_value();
+  return result;
 }
 
 Attempt Connector::try_candidate(const Candidate& candidate, OpenBudget& budget) {
@@ -38,7 +43,7 @@ Attempt Connector::try_candidate(const Candidate& candidate, OpenBudget& budget)
       return play_(*opened.source);
     if (!opened.entries.empty())
       return try_entries(candidate, opened.entries, budget);
-    last = {Outcome::failed, opened.trouble, opened.http_code};
+    last = {Outcome::failed, opened.trouble, opened.http_code, opened.retry_after};
   }
   return last;
 }
@@ -73,6 +78,7 @@ Opened Connector::open(const std::string& address, platform::AddressOrigin origi
   options.user_agent = options_.user_agent;
   options.proxy = [this](const std::string& asked) { return proxy_for(asked); };
   options.timeout_ms = options_.timeout_ms;
+  options.ask_retry_after = ask_retry_after_;
   options.ca_file = options_.ca_file;
   const auto left = duration_cast<milliseconds>(budget.deadline() - OpenBudget::Clock::now());
   options.open_limit_ms = static_cast<int>(std::clamp<std::int64_t>(left.count(), 1, options.open_limit_ms));

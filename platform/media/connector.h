@@ -41,6 +41,7 @@ private:
   const PlayerOptions options_;
   CurrentWish& wish_;
   Play play_;
+  bool ask_retry_after_ = true; // off after a busy server that did not say
 };
 
 } // namespace lumotune::media

@@ -3,7 +3,10 @@
 
 #include "platform/media/dictionary.h"
 #include "platform/media/reach.h"
+#include "platform/media/reply_head.h"
+#include "platform/media/retry_after.h"
 
+#include <algorithm>
 #include <array>
 #include <exception>
 #include <string_view>
@@ -45,8 +48,12 @@ int IoOpen::make_feed(const Request& request, std::unique_ptr<Feed>& feed) {
   }
   Io connection;
   const int error = connect(request, connection);
-  if (error < 0)
+  if (error < 0) {
+    last_error_ = error;
+    if (!request.nested && (report_.http_code == 429 || report_.http_code == 503))
+      ask_retry_after(request.address);
     return error;
+  }
   keep_cookies(request.address, *connection);
   feed = std::make_unique<Feed>(std::move(connection));
   return 0;
@@ -100,7 +107,7 @@ int IoOpen::connect(const Request& request, Io& connection) {
   if (!unverified_hosts_.contains(host)) {
     error = connect(request, true, connection);
     const bool http = without_crypto(request.address).starts_with("http");
-    if (error >= 0 || !http || !may_be_certificate(error) || watch_.stops())
+    if (error >= 0 || !http || !may_be_certificate(error) || report_.no_such_host || watch_.stops())
       return error;
   }
   const Request bare{without_credentials(request.address), request.given, request.nested};
@@ -137,9 +144,26 @@ int IoOpen::connect(const Request& request, bool verified, Io& connection) {
     settings.set("cookies", cookies_);
   AVIOContext* made = nullptr;
   const AVIOInterruptCB callback = watch_.callback();
+  const OpenRecorder recorder(report_);
   const int error = avio_open2(&made, request.address.c_str(), AVIO_FLAG_READ, &callback, settings.out());
   connection.reset(made);
   return error;
+}
+
+// FFmpeg reads no further than an error page's first line, so its fields cost a request of their own: only for codes
+// that tell clients to come back later, and not through a proxy.
+void IoOpen::ask_retry_after(const std::string& address) {
+  constexpr int longest_ms = 3000;
+  if (!options_.ask_retry_after || reach_of(address, true) != Reach::http || !proxy_of(address).empty() ||
+      watch_.stops() || (options_.budget != nullptr && !options_.budget->take("reply of " + address)))
+    return;
+  ReplyOptions options;
+  options.user_agent = options_.user_agent;
+  options.ca_file = options_.ca_file;
+  options.verified = !unverified_hosts_.contains(host_of(address));
+  options.timeout_ms = std::min(options_.timeout_ms, longest_ms);
+  retry_after_ = media::retry_after(reply_head(address, options, watch_.callback()),
+                                    std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()));
 }
 
 // Some stations serve segments only with the cookies of their list.

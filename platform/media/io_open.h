@@ -6,11 +6,14 @@
 #include "platform/media/feed.h"
 #include "platform/media/hls_list.h"
 #include "platform/media/open_pace.h"
+#include "platform/media/open_report.h"
 #include "platform/media/source_options.h"
 #include "platform/media/watch.h"
 
+#include <chrono>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -38,6 +41,11 @@ public:
   [[nodiscard]] bool unverified() const { return unverified_; }
   // The attempt must end: its budget is used up.
   [[nodiscard]] bool refused() const { return refused_; }
+  // Details of the last opening that failed, and its error; 0 if all succeeded.
+  [[nodiscard]] const OpenReport& report() const { return report_; }
+  [[nodiscard]] int last_error() const { return last_error_; }
+  // How long a server that answered 429 or 503 wants to be left alone; nothing if it does not say.
+  [[nodiscard]] std::optional<std::chrono::seconds> retry_after() const { return retry_after_; }
   [[nodiscard]] int longest_target_s() const { return progress_.longest_target_s(); }
 
 private:
@@ -58,6 +66,7 @@ private:
   [[nodiscard]] int connect(const Request& request, bool verified, Io& connection);
   [[nodiscard]] std::string proxy_of(const std::string& address);
   [[nodiscard]] bool read_list(const std::string& address, Feed& feed);
+  void ask_retry_after(const std::string& address);
   void keep_cookies(const std::string& address, AVIOContext& connection);
 
   SourceOptions options_;
@@ -66,6 +75,9 @@ private:
   OpenPace pace_;
   HlsProgress progress_;
   int reloads_ = 0;
+  OpenReport report_;
+  int last_error_ = 0;
+  std::optional<std::chrono::seconds> retry_after_;
   bool unverified_ = false;
   bool refused_ = false;
   std::set<std::string> unverified_hosts_;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -14,16 +15,14 @@ class RetryPolicy {
 public:
   // The delay before the next attempt: uniform over a window that grows with each attempt. When a station drops all its
   // listeners at once, only wide jitter spreads their return; a jitter of a fifth would bring them back in waves.
-  // `random` is uniform in 0..1.
-  [[nodiscard]] std::uint32_t next_delay_ms(double random) {
-    struct Window {
-      std::uint32_t from;
-      std::uint32_t to;
-    };
-    constexpr Window windows[] = {{200, 2000}, {1000, 5000}, {3000, 10000}, {5000, 15000}};
-    const Window& window = windows[attempt_];
-    attempt_ = std::min(attempt_ + 1, std::size(windows) - 1);
-    return window.from + static_cast<std::uint32_t>((window.to - window.from) * std::clamp(random, 0.0, 1.0));
+  // `random` is uniform in 0..1. A server may ask for a longer delay: up to a minute is granted and a quarter of it
+  // added at random; a server that asks for more gets its listeners back in the last quarter of the minute.
+  [[nodiscard]] std::uint32_t next_delay_ms(double random, std::chrono::seconds asked = {}) {
+    constexpr std::chrono::milliseconds most = std::chrono::minutes(1);
+    const std::chrono::milliseconds least = asked > most ? most * 4 / 5 : std::chrono::milliseconds(asked);
+    const std::uint32_t own = window_delay_ms(random);
+    const double spread = static_cast<double>(std::min(most, least * 5 / 4).count() - least.count());
+    return std::max(own, static_cast<std::uint32_t>(static_cast<double>(least.count()) + spread * unit(random)));
   }
 
   // Call after sound has played for that long. A station that plays well restarts with the shortest delay; one that
@@ -34,6 +33,18 @@ public:
   }
 
 private:
+  static double unit(double random) { return std::clamp(random, 0.0, 1.0); }
+  std::uint32_t window_delay_ms(double random) {
+    struct Window {
+      std::uint32_t from;
+      std::uint32_t to;
+    };
+    constexpr Window windows[] = {{200, 2000}, {1000, 5000}, {3000, 10000}, {5000, 15000}};
+    const Window& window = windows[attempt_];
+    attempt_ = std::min(attempt_ + 1, std::size(windows) - 1);
+    return window.from + static_cast<std::uint32_t>((window.to - window.from) * unit(random));
+  }
+
   std::size_t attempt_ = 0;
 };
 

@@ -46,9 +46,13 @@ Opened Source::open(const std::string& address, const SourceOptions& options) {
   opened.cancelled = source->watch_.cancelled;
   opened.over_budget = source->io_.refused();
   opened.unverified = source->io_.unverified();
+  // A list whose segments cannot be opened fails by their error.
+  if (error < 0 && source->io_.last_error() < 0)
+    error = source->io_.last_error();
   if (error < 0)
-    opened.trouble = trouble_of(error, opened.http_code);
-  if (error == AVERROR_EOF && source->feed_ == nullptr)
+    opened.trouble = trouble_of(error, source->io_.report(), opened.http_code);
+  opened.retry_after = source->io_.retry_after();
+  if (error == AVERROR_EOF && source->feed_ == nullptr && opened.trouble == Trouble::unknown_format)
     opened.trouble = Trouble::not_answering; // the server closed without sending anything
   if (opened.over_budget || kind == Kind::refused)
     opened.trouble = Trouble::unknown_format;

@@ -11,6 +11,7 @@
 #include "platform/media/stream_status.h"
 #include "platform/media/watch.h"
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -26,6 +27,7 @@ struct Opened {
   std::vector<std::string> entries; // of a playlist; absolute
   Trouble trouble = Trouble::none;
   int http_code = 0;
+  std::optional<std::chrono::seconds> retry_after; // as the server asks
   bool cancelled = false;
   bool unverified = false;  // the server's certificate is invalid; it plays anyway
   bool over_budget = false; // the attempt must end

@@ -18,6 +18,7 @@ struct SourceOptions {
   // The address comes from the network or a station file: nothing on this machine may be opened.
   bool from_network = true;
   OpenBudget* budget = nullptr; // charged for every opening until sound is found; unset: no limit
+  bool ask_retry_after = true;  // spend a request on learning when a busy server wants to be asked again
   int timeout_ms = 10000;       // maximum time without a byte, and the longest wait that yields too little sound
   int open_limit_ms = 25000;    // for the whole opening
   // Provides an address's content instead of the network, for tests. May be unset.

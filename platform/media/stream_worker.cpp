@@ -104,7 +104,8 @@ Attempt StreamWorker::play_stream(Source& source) {
 // False when a newer wish arrives meanwhile.
 bool StreamWorker::wait_before_retry(const Attempt& failure) {
   const double random = std::uniform_real_distribution<double>(0.0, 1.0)(random_);
-  auto left = std::chrono::milliseconds(std::llround(retry_.next_delay_ms(random) * retry_scale_));
+  const auto asked = failure.retry_after.value_or(0s);
+  auto left = std::chrono::milliseconds(std::llround(retry_.next_delay_ms(random, asked) * retry_scale_));
   StreamStatus waiting;
   waiting.phase = Phase::waiting;
   waiting.trouble = failure.trouble;

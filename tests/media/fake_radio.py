@@ -4,12 +4,13 @@
 
 Prints "port N". Then takes one command a line and answers each with one line, until its input ends:
   hits PATH   how many requests that path had      close   stop listening and cut every connection
-  total       how many requests there were
+  total       how many requests there were          plain PATH   how many of that path wanted no titles
   open        listen again on the same port        cut     cut every connection
 
 /live/NAME     the file again and again, at the pace of sound. Query:
     burst=S    seconds sent ahead (2)              kbps=N     the pace (128)
     fails=N    the first N answered with code=C    then=NAME  what requests after the first get
+    after=T    these say "Retry-After: T"; of "@N" the date and time N seconds from now
     drop=S     the first cut after S seconds       mute=S     the first sends nothing more after S seconds
     type=T     content type                        icy=1      answers "ICY 200 OK"
     title=HEX  bytes of one metadata text each     br=N       the header icy-br
@@ -30,6 +31,7 @@ import sys
 import threading
 import time
 import urllib.parse
+from email.utils import formatdate
 
 MEDIA = sys.argv[1]
 METAINT = 4000
@@ -39,6 +41,7 @@ class Radio:
     def __init__(self):
         self.lock = threading.Lock()
         self.hits = {}
+        self.plain = {}
         self.connections = set()
         self.listener = None
         self.port = 0
@@ -91,6 +94,7 @@ class Radio:
             with self.lock:
                 self.hits[path] = self.hits.get(path, 0) + 1
                 turn = self.hits[path]
+                self.plain[path] = self.plain.get(path, 0) + (b"icy-metadata: 1" not in head.lower())
             if path.startswith("/mms/"):
                 return self.mms(connection, path[5:], b"xPlayStrm=1" in head)
             self.answer(connection, path, asked, titles, turn, b"icy-metadata: 1" in head.lower())
@@ -105,7 +109,11 @@ class Radio:
         kind, _, name = path[1:].partition("/")
         if kind == "live":
             if turn <= int(asked.get("fails", 0)):
-                return self.head(connection, f"HTTP/1.1 {asked.get('code', '404')} Away", {"Content-Length": "0"})
+                fields = {"Content-Length": "0"}
+                if "after" in asked:
+                    after = asked["after"]
+                    fields["Retry-After"] = formatdate(time.time() + int(after[1:]), usegmt=True) if after[0] == "@" else after
+                return self.head(connection, f"HTTP/1.1 {asked.get('code', '404')} Away", fields)
             return self.live(connection, name if turn == 1 else asked.get("then", name), asked,
                              titles if wants_titles else [], turn)
         if kind == "file" and os.path.isfile(os.path.join(MEDIA, name)):
@@ -203,9 +211,9 @@ def main():
     print(f"port {radio.port}", flush=True)
     for line in sys.stdin:
         command, _, rest = line.strip().partition(" ")
-        if command == "hits":
+        if command in ("hits", "plain"):
             with radio.lock:
-                print(radio.hits.get(rest, 0), flush=True)
+                print(getattr(radio, command).get(rest, 0), flush=True)
         elif command == "total":
             with radio.lock:
                 print(sum(radio.hits.values()), flush=True)

@@ -13,7 +13,7 @@ test's own root. Takes one command a line, answers each with one line, until its
 /drip/NAME       first=N bytes at once, then one byte every ms=N
 /packets/NAME    first=N bytes at once, then bytes=N every ms=N
 /text/NAME       body=.. type=..; {base} in it is this server; pieces=1 sends it line by line
-/to/NAME         a redirection to url=..
+/to/NAME         a redirection to url=..           /code/N          an answer with that code and nothing else
 /tag/NAME        a tag of mb=N megabytes, then /live/440.mp3
 /tags/NAME       small tags without end
 /list/endless    an HLS list without end            /list/large      one of mb=N, with its length
@@ -99,7 +99,7 @@ class Answer:
 
     def give(self, kind, name, head):
         method = getattr(self, kind, None) if kind in (
-            "live", "file", "drip", "packets", "text", "to", "tag", "tags", "list", "mms") else None
+            "live", "file", "drip", "packets", "text", "to", "code", "tag", "tags", "list", "mms") else None
         if method is None:
             return self.head("HTTP/1.1 404 Not Found", {"Content-Length": "0"})
         return method(name) if kind != "mms" else self.mms(name, b"xPlayStrm=1" in head)
@@ -168,6 +168,9 @@ class Answer:
             self.send(line)
             time.sleep(0.1)
         return None
+
+    def code(self, name):
+        self.head(f"HTTP/1.1 {name} Away", {"Content-Length": "0"})
 
     def to(self, _):
         url = self.asked.get("url", "/nothing").replace("{base}", self.server.base)

@@ -29,6 +29,8 @@ std::string describe_trouble(const StreamStatus& status) {
     return "not found" + code;
   case Trouble::refused_by_server:
     return "refused" + code;
+  case Trouble::not_secure:
+    return "not secure";
   case Trouble::unknown_format:
     return "unknown format";
   case Trouble::ended:
@@ -81,6 +83,11 @@ std::string FakeRadio::url(const std::string& path) const {
 
 int FakeRadio::hits(const std::string& path) {
   process_.write_line("hits " + path);
+  return std::atoi(process_.read_line().c_str());
+}
+
+int FakeRadio::plain_hits(const std::string& path) {
+  process_.write_line("plain " + path);
   return std::atoi(process_.read_line().c_str());
 }
 

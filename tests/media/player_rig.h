@@ -25,6 +25,7 @@ public:
   FakeRadio();
   [[nodiscard]] std::string url(const std::string& path) const;
   [[nodiscard]] int hits(const std::string& path);
+  [[nodiscard]] int plain_hits(const std::string& path); // of requests that wanted no titles
   [[nodiscard]] int total_hits();
   void command(const std::string& line); // "close", "open", "cut"
 

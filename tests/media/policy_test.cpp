@@ -13,6 +13,7 @@
 #include <optional>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -91,6 +92,23 @@ TEST(Retry, BeginsAnewAfterAStationThatPlayedWell) {
   EXPECT_EQ(retry.next_delay_ms(1.0), 15000U);
   retry.heard(5000);
   EXPECT_EQ(retry.next_delay_ms(1.0), 2000U);
+}
+
+TEST(Retry, WaitsAsLongAsTheServerAsksUpToAMinute) {
+  using std::chrono::seconds;
+  for (const auto& [asked, least, most] : {std::tuple(0, 200U, 2000U),
+                                           {1, 1000U, 2000U},
+                                           {20, 20000U, 25000U},
+                                           {50, 50000U, 60000U},
+                                           {60, 60000U, 60000U},
+                                           {61, 48000U, 60000U},
+                                           {86400, 48000U, 60000U}}) {
+    EXPECT_EQ(RetryPolicy().next_delay_ms(0.0, seconds(asked)), least) << asked;
+    EXPECT_EQ(RetryPolicy().next_delay_ms(1.0, seconds(asked)), most) << asked;
+  }
+  RetryPolicy later;
+  (void)delays(later, 5, 0.5);
+  EXPECT_EQ(later.next_delay_ms(1.0, seconds(2)), 15000U) << "its own delay still holds";
 }
 
 struct Day {

@@ -64,6 +64,9 @@ TEST(StatusText, SaysWhyNothingPlaysAndWhenItIsTriedAgain) {
   EXPECT_EQ(waiting(Trouble::not_found, 0, 404), L"Stanice nenalezena (404)");
   EXPECT_EQ(waiting(Trouble::not_found, 0), L"Soubor nenalezen");
   EXPECT_EQ(waiting(Trouble::refused_by_server, 1, 403), L"Stanice odmítla spojení (403), další pokus za 1 s");
+  EXPECT_EQ(waiting(Trouble::refused_by_server, 60, 503), L"Stanice odmítla spojení (503), další pokus za 60 s");
+  EXPECT_EQ(waiting(Trouble::no_such_host, 2), L"Adresu stanice nelze najít, další pokus za 2 s");
+  EXPECT_EQ(waiting(Trouble::not_secure, 2), L"Zabezpečené spojení se nezdařilo, další pokus za 2 s");
   EXPECT_EQ(waiting(Trouble::unknown_format, 2), L"Neznámý formát zvuku, další pokus za 2 s");
   EXPECT_EQ(stopped(Trouble::no_address), L"Není zadána adresa stanice");
   EXPECT_EQ(stopped(Trouble::unsupported_address), L"Neznámý druh adresy");
