@@ -28,7 +28,7 @@ enum class StreamTrouble {
 struct StreamStatus {
   StreamPhase phase = StreamPhase::stopped;
   StreamTrouble trouble = StreamTrouble::none;
-  int percent = 0;           // of the buffer needed to start; while buffering
+  int percent = 0;           // while buffering: of the buffer needed to start; in a stall, of four seconds
   int retry_seconds = 0;     // until the next attempt, while waiting; 0: unknown
   int http_code = 0;         // 0: none
   bool unverified = false;   // the server's certificate is invalid

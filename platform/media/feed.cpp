@@ -36,7 +36,8 @@ std::string io_option(AVIOContext* connection, const char* name) {
   return text;
 }
 
-Feed::Feed(Io connection, std::string peeked) : connection_(std::move(connection)), peeked_(std::move(peeked)) {}
+Feed::Feed(Watch& watch, Io connection, std::string peeked)
+    : watch_(watch), connection_(std::move(connection)), peeked_(std::move(peeked)) {}
 
 std::int64_t Feed::size() const {
   if (connection_ == nullptr)
@@ -150,6 +151,8 @@ int Feed::read(void* self, std::uint8_t* buffer, int size) {
   if (feed.connection_ == nullptr || feed.complete_)
     return AVERROR_EOF;
   const int got = avio_read_partial(feed.connection_.get(), buffer, size);
+  if (got > 0)
+    feed.watch_.arrived = Watch::Clock::now();
   if (got != 0)
     return got;
   return feed.connection_->error < 0 ? feed.connection_->error : AVERROR_EOF;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/media/ffmpeg.h"
+#include "platform/media/watch.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -26,8 +27,8 @@ class Feed {
 public:
   static constexpr std::size_t max_tag_bytes = 4 * 1024 * 1024; // a title and a picture; larger tags are skipped
 
-  // Owns the connection; without one, `peeked` is the whole content.
-  explicit Feed(Io connection, std::string peeked = {});
+  // Owns the connection; without one, `peeked` is the whole content. `watch` must outlive it.
+  Feed(Watch& watch, Io connection, std::string peeked = {});
   Feed(const Feed&) = delete;
   Feed& operator=(const Feed&) = delete;
   ~Feed() = default;
@@ -60,6 +61,7 @@ private:
   static void* child(void* context, void* previous);
   [[nodiscard]] bool drop(std::size_t bytes);
 
+  Watch& watch_;
   Io connection_;
   std::string peeked_;
   std::size_t given_ = 0;

@@ -43,7 +43,7 @@ int IoOpen::make_feed(const Request& request, std::unique_ptr<Feed>& feed) {
   if (options_.memory) {
     auto bytes = options_.memory(request.address);
     if (bytes)
-      feed = std::make_unique<Feed>(nullptr, std::move(*bytes));
+      feed = std::make_unique<Feed>(watch_, nullptr, std::move(*bytes));
     return bytes ? 0 : AVERROR(EIO);
   }
   Io connection;
@@ -55,7 +55,7 @@ int IoOpen::make_feed(const Request& request, std::unique_ptr<Feed>& feed) {
     return error;
   }
   keep_cookies(request.address, *connection);
-  feed = std::make_unique<Feed>(std::move(connection));
+  feed = std::make_unique<Feed>(watch_, std::move(connection));
   return 0;
 }
 

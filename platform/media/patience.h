@@ -2,12 +2,14 @@
 // How long a stream may take to deliver sound. Pure.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 
 namespace lumotune::media {
 
-// Each window of waiting must yield sound of at least a quarter of its length. That gives up on silent servers and on
-// those that trickle bytes or packets, but not on a slow line that still delivers sound.
+// No silence is longer than the window, and one and a half windows of waiting must yield sound of at least a quarter of
+// one. That gives up on silent servers and on those that trickle bytes or packets, but not on a slow line that still
+// delivers sound, nor on one that paused just short of a window.
 class Patience {
 public:
   using Time = std::chrono::microseconds;
@@ -15,12 +17,14 @@ public:
   explicit Patience(Time window = std::chrono::seconds(10)) : window_(window) {}
 
   // The longest the next read may take.
-  [[nodiscard]] Time left() const { return window_ - waited_; }
-  // Call after a read that took that long. False when the window is used up.
+  [[nodiscard]] Time left() const { return std::min(window_, window_ * 3 / 2 - waited_); }
+  // Call after a read that took that long. False when the patience is used up.
   [[nodiscard]] bool waited(Time time) {
     waited_ += time;
-    return waited_ < window_;
+    return waited_ < window_ * 3 / 2;
   }
+  // A silence of that length, two fifths of a window, is a stall.
+  [[nodiscard]] Time stall() const { return window_ * 2 / 5; }
   // The duration of the decoded sound; the duration a packet declares is not trusted.
   void brought(Time sound) {
     sound_ += sound;

@@ -14,15 +14,21 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
+constexpr std::uint32_t plenty_ms = 4000; // a buffer that outlasts most pauses
+
 // How much is buffered before sound starts: little at first, more after an underrun, twice as much after each further
 // one.
 std::uint32_t start_level_ms(std::uint32_t underruns) {
   constexpr std::uint32_t first_ms = 200;
   constexpr std::uint32_t after_underrun_ms = 1000;
-  constexpr std::uint32_t max_ms = 4000;
   if (underruns == 0)
     return first_ms;
-  return std::min(after_underrun_ms << std::min(underruns - 1, 2U), max_ms);
+  return std::min(after_underrun_ms << std::min(underruns - 1, 2U), plenty_ms);
+}
+
+// In tens, which limits the updates.
+int percent_of(std::uint32_t part, std::uint32_t whole) {
+  return static_cast<int>(std::min(part * 10 / whole, 10U) * 10);
 }
 
 } // namespace
@@ -54,9 +60,10 @@ std::uint32_t Playout::level_ms() const {
   return static_cast<std::uint32_t>(mixer_.ring.level() * 1000 / static_cast<std::size_t>(std::max(mixer_.rate(), 1)));
 }
 
-void Playout::begin(const StreamStatus& status, bool live) {
+void Playout::begin(const StreamStatus& status, bool live, std::function<bool()> stalled) {
   worker_thread_.check();
   streaming_ = true;
+  stalled_ = std::move(stalled);
   live_ = live;
   flowed_ = mixer_.flows(); // what a lost connection left in the buffer still plays
   underruns_ = 0;
@@ -82,11 +89,13 @@ void Playout::add_title(std::wstring title) {
 }
 
 // A live stream arrives in small pieces. With enough buffered they collect in the socket, so that the worker wakes up
-// rarely.
+// rarely. The pause is shorter than what was read before it: a server's burst moves into the ring by and by, where the
+// drift control sees it and where a silence of the server shows as soon as it begins.
 void Playout::pace_reads() {
   constexpr std::uint32_t enough_ms = 1500;
-  constexpr std::uint32_t pause_ms = 500;
-  if (!live_ || !mixer_.flows() || written_since_pause_ * 1000 < static_cast<std::size_t>(mixer_.rate()) * pause_ms ||
+  constexpr std::uint32_t read_ms = 500;
+  constexpr std::uint32_t pause_ms = 400;
+  if (!live_ || !mixer_.flows() || written_since_pause_ * 1000 < static_cast<std::size_t>(mixer_.rate()) * read_ms ||
       level_ms() < enough_ms)
     return;
   written_since_pause_ = 0;
@@ -148,7 +157,7 @@ void Playout::update_buffering() {
   const std::uint32_t wanted = start_level_ms(underruns_);
   const std::uint32_t buffered = level_ms();
   status_.phase = Phase::buffering;
-  status_.percent = static_cast<int>(std::min(buffered * 10 / wanted, 10U) * 10); // in tens: limits the updates
+  status_.percent = percent_of(buffered, wanted);
   if (buffered < wanted)
     return;
   if (underruns_ == 0)
@@ -166,7 +175,10 @@ void Playout::update_title() {
 
 void Playout::update_playing() {
   constexpr auto just_started_for = 3000ms;
-  status_.phase = Phase::playing;
+  const bool stalled = stalled_ && stalled_();
+  status_.phase = stalled ? Phase::buffering : Phase::playing;
+  if (stalled)
+    status_.percent = percent_of(level_ms(), plenty_ms);
   status_.trouble = channels_.device.missing() ? Trouble::no_device : Trouble::none;
   status_.just_started = Clock::now() - sound_began_ < just_started_for;
 }

@@ -13,6 +13,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace lumotune::media {
@@ -35,8 +36,12 @@ public:
   void tick();
 
   // One stream, between `begin` and `end`. What an earlier connection left in the buffer keeps playing.
-  void begin(const StreamStatus& status, bool live);
-  void end() { streaming_ = false; }
+  // `stalled` tells at each tick whether the stream has sent nothing for a while; it must be callable until `end`.
+  void begin(const StreamStatus& status, bool live, std::function<bool()> stalled);
+  void end() {
+    streaming_ = false;
+    stalled_ = nullptr;
+  }
   [[nodiscard]] bool flowed() const { return flowed_; } // since `begin`, and the buffer has not run dry since
   // Stereo frames; waits while the buffer is full, until a newer wish arrives.
   void write(const float* frames, std::size_t count);
@@ -68,6 +73,7 @@ private:
   bool streaming_ = false;
   bool live_ = false;
   bool flowed_ = false;
+  std::function<bool()> stalled_;
   StreamStatus status_;
   TitleQueue titles_; // by their position in the ring
   DriftControl drift_;

@@ -161,7 +161,10 @@ int Source::find_sound(bool hls) {
 ReadResult Source::read(AVPacket& packet) {
   const auto begin = Clock::now();
   watch_.deadline = begin + patience_.left();
+  watch_.arrived = begin; // what came while nobody read is no silence
+  reading_ = true;
   const int error = av_read_frame(input_.get(), &packet);
+  reading_ = false;
   const auto waited = std::chrono::duration_cast<Patience::Time>(Clock::now() - begin);
   if (watch_.cancelled)
     return ReadResult::cancelled;
@@ -171,6 +174,10 @@ ReadResult Source::read(AVPacket& packet) {
   if (error == AVERROR(EAGAIN) && goes_on && !watch_.over)
     return ReadResult::other;
   return error == AVERROR_EOF && !live_ && goes_on && !watch_.over ? ReadResult::ended : ReadResult::lost;
+}
+
+bool Source::stalled() const {
+  return reading_ && Clock::now() - watch_.arrived >= patience_.stall();
 }
 
 const AVCodecParameters& Source::parameters() const {

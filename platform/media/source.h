@@ -46,6 +46,8 @@ public:
 
   // The next packet; `other` for one that is not audio. Gives up when waiting yields too little sound.
   [[nodiscard]] ReadResult read(AVPacket& packet);
+  // Nothing has arrived for a while: true only while `read` waits, as asked by the options' `interrupted`.
+  [[nodiscard]] bool stalled() const;
   // Reports the duration decoded since the last call.
   void brought(Patience::Time sound) { patience_.brought(sound); }
   [[nodiscard]] const AVCodecParameters& parameters() const;
@@ -74,6 +76,7 @@ private:
   std::unique_ptr<Feed> feed_; // what the demuxer reads
   Input input_;
   Patience patience_;
+  bool reading_ = false;
   int stream_ = -1;
   bool live_ = true;
   std::string icy_block_; // the last one, to detect a new one

@@ -20,7 +20,7 @@ Attempt StreamSession::run() {
   status.kbps = source_.kbps();
   status.hertz = source_.parameters().sample_rate;
   const auto opened = steady_clock::now();
-  playout_.begin(status, source_.live());
+  playout_.begin(status, source_.live(), [this] { return source_.stalled(); });
   std::optional<Attempt> result;
   while (!result)
     result = step();

@@ -16,8 +16,9 @@ struct Watch {
 
   std::function<bool()> interrupted;
   Clock::time_point deadline = Clock::time_point::max();
-  bool cancelled = false; // by the listener
-  bool over = false;      // a limit was reached: nothing more is opened
+  Clock::time_point arrived = Clock::now(); // when the last bytes came
+  bool cancelled = false;                   // by the listener
+  bool over = false;                        // a limit was reached: nothing more is opened
 
   [[nodiscard]] bool expired() const { return over || Clock::now() > deadline; }
   [[nodiscard]] bool stops() {

@@ -51,6 +51,30 @@ TEST_F(EngineOutage, ComesBackWhenTheStationSendsNothingAnyMore) {
   EXPECT_TRUE(until_hears(880)) << told();
 }
 
+// A stall is two fifths of the silence that loses a station.
+TEST_F(EngineOutage, SaysThatNothingArrivesWhileTheBufferStillPlays) {
+  options.timeout_ms = 2500;
+  play(radio.url("/live/440.mp3?burst=4.5&mute=0.1"));
+  ASSERT_TRUE(until_hears(440)) << told();
+  ASSERT_TRUE(until([this] { return states.back() == 6; })) << told();
+  EXPECT_TRUE(device->hears(440)) << told();
+  EXPECT_GE(player().status().percent, 20) << "of the four seconds that would be plenty";
+  EXPECT_LE(player().status().percent, 90);
+  EXPECT_TRUE(until_said("lost, retry in ")) << told();
+}
+
+TEST_F(EngineOutage, AStallThatEndsInTimeIsNoLoss) {
+  options.timeout_ms = 2500;
+  play(radio.url("/live/440.mp3?burst=6&mute=0.1&back=5.1"));
+  ASSERT_TRUE(until_hears(440)) << told();
+  ASSERT_TRUE(until([this] { return states.back() == 6; })) << told();
+  EXPECT_TRUE(device->hears(440)) << told();
+  ASSERT_TRUE(until([this] { return states.back() == 3; })) << told();
+  EXPECT_TRUE(device->hears(440)) << told();
+  EXPECT_EQ(radio.hits("/live/440.mp3"), 1);
+  EXPECT_EQ(told().find("lost"), std::string::npos) << told();
+}
+
 TEST_F(EngineOutage, CountsDownAndStopWinsWhileItWaits) {
   options.retry_scale = 20; // four seconds at least
   play(radio.url("/nothing"));

@@ -12,6 +12,7 @@ Prints "port N". Then takes one command a line and answers each with one line, u
     fails=N    the first N answered with code=C    then=NAME  what requests after the first get
     after=T    these say "Retry-After: T"; of "@N" the date and time N seconds from now
     drop=S     the first cut after S seconds       mute=S     the first sends nothing more after S seconds
+    back=S     that silence ends after S seconds, with what it held back
     type=T     content type                        icy=1      answers "ICY 200 OK"
     title=HEX  bytes of one metadata text each     br=N       the header icy-br
     from=N     begins at that byte, as for who joins in the middle
@@ -192,7 +193,11 @@ class Radio:
             if turn == 1 and "drop" in asked and now >= float(asked["drop"]):
                 return None
             if turn == 1 and "mute" in asked and now >= float(asked["mute"]):
-                return connection.recv(1)
+                if "back" not in asked:
+                    return connection.recv(1)
+                time.sleep(float(asked["back"]))
+                turn = 0
+                continue
             due = int((now + float(asked.get("burst", 2))) * rate)
             while sent < due:
                 count = min(due - sent, METAINT - sent % METAINT, len(data) - sent % len(data))
