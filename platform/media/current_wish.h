@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/media/mailbox.h"
+#include "platform/media/worker_clock.h"
 
 #include <chrono>
 #include <cstdint>
@@ -15,7 +16,9 @@ namespace lumotune::media {
 class CurrentWish {
 public:
   // `tick` is the worker's periodic work, which continues while FFmpeg waits.
-  CurrentWish(Mailbox& mailbox, std::function<void()> tick) : mailbox_(mailbox), tick_(std::move(tick)) {}
+  // `clock` must outlive it.
+  CurrentWish(Mailbox& mailbox, WorkerClock& clock, std::function<void()> tick)
+      : mailbox_(mailbox), clock_(clock), tick_(std::move(tick)) {}
 
   // Waits for the next wish; one with stream 0 means the end.
   [[nodiscard]] const Wish& take() { return wish_ = mailbox_.take(wish_.stream); }
@@ -23,7 +26,8 @@ public:
   [[nodiscard]] std::uint64_t stream() const { return wish_.stream; }
   [[nodiscard]] bool superseded() const { return mailbox_.newer_than(wish_.stream); }
   // Waits up to `time` for a newer wish; true when there is one.
-  [[nodiscard]] bool wait(std::chrono::milliseconds time) { return mailbox_.wait(wish_.stream, time); }
+  [[nodiscard]] bool wait(std::chrono::milliseconds time) { return clock_.wait(mailbox_, wish_.stream, time); }
+  [[nodiscard]] WorkerClock::Time now() const { return clock_.now(); }
 
   // FFmpeg's interrupt callback: true makes it give up.
   [[nodiscard]] bool interrupted() noexcept {
@@ -44,6 +48,7 @@ public:
 
 private:
   Mailbox& mailbox_;
+  WorkerClock& clock_;
   std::function<void()> tick_;
   Wish wish_;
   bool threw_ = false;

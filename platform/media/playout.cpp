@@ -73,7 +73,7 @@ void Playout::begin(const StreamStatus& status, bool live, std::function<bool()>
   const bool joins = live && !flowed_;
   leading_silence_ = joins ? static_cast<std::size_t>(mixer_.rate()) * max_leading_silence_ms / 1000 : 0;
   drift_ = {};
-  drift_checked_ = sound_began_ = Clock::now();
+  drift_checked_ = sound_began_ = wish_.now();
   status_ = status;
   status_.phase = flowed_ ? Phase::playing : Phase::buffering;
 }
@@ -161,7 +161,7 @@ void Playout::update_buffering() {
   if (buffered < wanted)
     return;
   if (underruns_ == 0)
-    sound_began_ = Clock::now();
+    sound_began_ = wish_.now();
   start_flow();
   flowed_ = true;
 }
@@ -180,7 +180,7 @@ void Playout::update_playing() {
   if (stalled)
     status_.percent = percent_of(level_ms(), plenty_ms);
   status_.trouble = channels_.device.missing() ? Trouble::no_device : Trouble::none;
-  status_.just_started = Clock::now() - sound_began_ < just_started_for;
+  status_.just_started = wish_.now() - sound_began_ < just_started_for;
 }
 
 void Playout::check_device() {
@@ -203,7 +203,7 @@ void Playout::drop_unheard() {
 }
 
 void Playout::correct_drift(Decoder& decoder) {
-  const auto now = Clock::now();
+  const auto now = wish_.now();
   if (!live_ || !mixer_.flows() || now - drift_checked_ < 1000ms)
     return;
   drift_checked_ = now;

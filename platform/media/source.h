@@ -5,6 +5,7 @@
 #include "platform/media/feed.h"
 #include "platform/media/ffmpeg.h"
 #include "platform/media/io_open.h"
+#include "platform/media/packet_source.h"
 #include "platform/media/patience.h"
 #include "platform/media/playlist.h"
 #include "platform/media/source_options.h"
@@ -33,30 +34,24 @@ struct Opened {
   bool over_budget = false; // the attempt must end
 };
 
-enum class ReadResult { packet, other, ended, lost, cancelled };
-
-class Source {
+class Source final : public PacketSource {
 public:
   // Opens an address as returned by `openable_addresses`.
   [[nodiscard]] static Opened open(const std::string& address, const SourceOptions& options);
 
   Source(const Source&) = delete;
   Source& operator=(const Source&) = delete;
-  ~Source();
+  ~Source() override;
 
-  // The next packet; `other` for one that is not audio. Gives up when waiting yields too little sound.
-  [[nodiscard]] ReadResult read(AVPacket& packet);
-  // Nothing has arrived for a while: true only while `read` waits, as asked by the options' `interrupted`.
-  [[nodiscard]] bool stalled() const;
-  // Reports the duration decoded since the last call.
-  void brought(Patience::Time sound) { patience_.brought(sound); }
-  [[nodiscard]] const AVCodecParameters& parameters() const;
-  // The title, if it has changed since the last call.
-  [[nodiscard]] std::optional<std::wstring> new_title();
-  [[nodiscard]] std::wstring codec_name() const;
-  [[nodiscard]] int kbps() const;
-  [[nodiscard]] bool live() const { return live_; }                  // without a known end
-  [[nodiscard]] bool unverified() const { return io_.unverified(); } // may change while it plays
+  [[nodiscard]] ReadResult read(AVPacket& packet) override;
+  [[nodiscard]] bool stalled() const override;
+  void brought(Patience::Time sound) override { patience_.brought(sound); }
+  [[nodiscard]] const AVCodecParameters& parameters() const override;
+  [[nodiscard]] std::optional<std::wstring> new_title() override;
+  [[nodiscard]] std::wstring codec_name() const override;
+  [[nodiscard]] int kbps() const override;
+  [[nodiscard]] bool live() const override { return live_; }
+  [[nodiscard]] bool unverified() const override { return io_.unverified(); }
 
 private:
   enum class Kind { sound, playlist, hls, refused };

@@ -7,11 +7,10 @@
 
 namespace lumotune::media {
 
-StreamSession::StreamSession(Source& source, Playout& playout, CurrentWish& wish)
+StreamSession::StreamSession(PacketSource& source, Playout& playout, CurrentWish& wish)
     : source_(source), playout_(playout), wish_(wish), decoder_(playout.rate()) {}
 
 Attempt StreamSession::run() {
-  using std::chrono::steady_clock;
   if (!decoder_.open(source_.parameters()))
     return {Outcome::failed, Trouble::unknown_format};
   StreamStatus status;
@@ -19,14 +18,14 @@ Attempt StreamSession::run() {
   status.codec = source_.codec_name();
   status.kbps = source_.kbps();
   status.hertz = source_.parameters().sample_rate;
-  const auto opened = steady_clock::now();
+  const auto opened = wish_.now();
   playout_.begin(status, source_.live(), [this] { return source_.stalled(); });
   std::optional<Attempt> result;
   while (!result)
     result = step();
   if (playout_.flowed())
-    heard_ms_ = static_cast<std::uint64_t>(
-        std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - opened).count());
+    heard_ms_ =
+        static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(wish_.now() - opened).count());
   return *result;
 }
 

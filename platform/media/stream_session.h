@@ -5,8 +5,8 @@
 #include "platform/media/attempt.h"
 #include "platform/media/current_wish.h"
 #include "platform/media/decoder.h"
+#include "platform/media/packet_source.h"
 #include "platform/media/playout.h"
-#include "platform/media/source.h"
 
 #include <cstdint>
 #include <optional>
@@ -16,7 +16,7 @@ namespace lumotune::media {
 class StreamSession {
 public:
   // All three must outlive it.
-  StreamSession(Source& source, Playout& playout, CurrentWish& wish);
+  StreamSession(PacketSource& source, Playout& playout, CurrentWish& wish);
   StreamSession(const StreamSession&) = delete;
   StreamSession& operator=(const StreamSession&) = delete;
   ~StreamSession() { playout_.end(); } // also after an exception
@@ -29,7 +29,7 @@ private:
   [[nodiscard]] std::optional<Attempt> step();
   [[nodiscard]] std::optional<Attempt> decode(ReadResult read, const AVPacket* packet);
 
-  Source& source_;
+  PacketSource& source_;
   Playout& playout_;
   CurrentWish& wish_;
   Decoder decoder_;

@@ -13,10 +13,12 @@ namespace lumotune::media {
 
 using namespace std::chrono_literals;
 
-StreamWorker::StreamWorker(const PlayerOptions& options, std::shared_ptr<EngineChannels> channels)
+StreamWorker::StreamWorker(const PlayerOptions& options, std::shared_ptr<EngineChannels> channels, WorkerSeams seams)
     : channels_(std::move(channels)),
       retry_scale_(options.retry_scale),
-      wish_(channels_->mailbox, [this] { playout_.tick(); }),
+      seams_(std::move(seams)),
+      clock_(seams_.clock ? seams_.clock : std::make_shared<WorkerClock>()),
+      wish_(channels_->mailbox, *clock_, [this] { playout_.tick(); }),
       playout_(*channels_, wish_),
       connector_(options, wish_, [this](Source& source) { return play_stream(source); }),
       random_(std::random_device{}()) {}
@@ -87,13 +89,15 @@ void StreamWorker::play(const Wish& wish) {
 Attempt StreamWorker::attempt(const Wish& wish) {
   wish_.begin_attempt();
   try {
+    if (seams_.connect)
+      return seams_.connect(wish, wish_, [this](PacketSource& source) { return play_stream(source); });
     return connector_.connect(wish.address, wish.origin);
   } catch (...) {
     return {Outcome::failed, Trouble::internal};
   }
 }
 
-Attempt StreamWorker::play_stream(Source& source) {
+Attempt StreamWorker::play_stream(PacketSource& source) {
   worker_thread_.check();
   StreamSession session(source, playout_, wish_);
   const Attempt result = session.run();
