@@ -73,6 +73,9 @@ public:
   // Copies over an existing file, as safely as `replace`.
   [[nodiscard]] virtual bool copy(const std::wstring& from, const std::wstring& to) = 0;
 
+  // The bytes that this user may still write to the disk of that folder; nothing when the system does not say.
+  [[nodiscard]] virtual std::optional<std::uint64_t> free_bytes(const std::wstring& folder) const = 0;
+
   // The names (without folder) of the files matching `pattern` ("*.skin"), in file-system order.
   [[nodiscard]] virtual std::vector<std::wstring> list(const std::wstring& folder,
                                                        const std::wstring& pattern) const = 0;

@@ -34,6 +34,7 @@ public:
   [[nodiscard]] bool append(const std::wstring& path, std::string_view bytes) override;
   [[nodiscard]] bool remove(const std::wstring& path) override;
   [[nodiscard]] bool copy(const std::wstring& from, const std::wstring& to) override;
+  [[nodiscard]] std::optional<std::uint64_t> free_bytes(const std::wstring& /*folder*/) const override { return room; }
   [[nodiscard]] std::vector<std::wstring> list(const std::wstring& folder, const std::wstring& pattern) const override;
 
   // Fault injection: the file can no longer be read; it can no longer be written, removed or replaced.
@@ -66,6 +67,8 @@ public:
   [[nodiscard]] std::size_t writers_asked_for() const { return writers_asked_for_; }
 
 private:
+  // What is left of the disk, in bytes: no longer text is written, and writing uses nothing up.
+  std::uint64_t room = 1ULL << 40;
   class Steps;
   struct Entry {
     std::wstring path; // as spelled when first written

@@ -255,6 +255,13 @@ bool Files::copy(const std::wstring& from, const std::wstring& to) {
   return bytes.has_value() && replace(to, *bytes);
 }
 
+std::optional<std::uint64_t> Files::free_bytes(const std::wstring& folder) const {
+  ULARGE_INTEGER bytes{};
+  if (GetDiskFreeSpaceExW((folder + L"\\").c_str(), &bytes, nullptr, nullptr) == 0)
+    return std::nullopt;
+  return bytes.QuadPart;
+}
+
 std::vector<std::wstring> Files::list(const std::wstring& folder, const std::wstring& pattern) const {
   std::vector<std::wstring> names;
   WIN32_FIND_DATAW data{};

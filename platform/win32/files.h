@@ -24,6 +24,7 @@ public:
   [[nodiscard]] bool append(const std::wstring& path, std::string_view bytes) override;
   [[nodiscard]] bool remove(const std::wstring& path) override;
   [[nodiscard]] bool copy(const std::wstring& from, const std::wstring& to) override;
+  [[nodiscard]] std::optional<std::uint64_t> free_bytes(const std::wstring& folder) const override;
   [[nodiscard]] std::vector<std::wstring> list(const std::wstring& folder, const std::wstring& pattern) const override;
 };
 

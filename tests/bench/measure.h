@@ -53,6 +53,7 @@ public:
   }
   [[nodiscard]] bool remove(const std::wstring& path) override { return std::remove(name(path).c_str()) == 0; }
   [[nodiscard]] bool exists(const std::wstring& /*path*/) const override { return true; }
+  [[nodiscard]] std::optional<std::uint64_t> free_bytes(const std::wstring& /*folder*/) const override { return {}; }
   [[nodiscard]] std::optional<std::uint64_t> size(const std::wstring& /*path*/) const override { return {}; }
   [[nodiscard]] std::optional<platform::FileStamp> stamp(const std::wstring& path) const override {
     struct stat facts {};

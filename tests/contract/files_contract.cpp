@@ -48,6 +48,12 @@ TEST_F(FilesContract, ALongerFileThanAskedForCountsAsUnreadable) {
   }
 }
 
+TEST_F(FilesContract, TheDiskOfAFolderHasRoom) {
+  const auto room = b.files.free_bytes(b.folder);
+  ASSERT_TRUE(room.has_value());
+  EXPECT_GT(*room, 1'000'000U);
+}
+
 TEST_F(FilesContract, ReplacingLeavesNothingBeside) {
   EXPECT_TRUE(b.files.replace(path, "první"));
   EXPECT_TRUE(b.files.replace(path, "druhý"));
