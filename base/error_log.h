@@ -24,11 +24,18 @@ public:
   explicit ErrorLog(const Uses& uses) : uses_(uses) {}
 
   // Appends one line: date and time, " Lumotune (", the procedure, ") ", the error. Failures to write are ignored.
-  // Account values never go here. User-interface thread.
+  // A line of an earlier run that is incomplete is ended first. Account values never go here. User-interface thread.
   void add(const std::wstring& procedure, const std::wstring& what);
 
+  // Whether the last line tells of this error, whatever its time.
+  [[nodiscard]] bool last_is(const std::wstring& procedure, const std::wstring& what) const;
+
 private:
+  [[nodiscard]] std::string line(const std::wstring& procedure, const std::wstring& what) const;
+  [[nodiscard]] bool ends_in_a_line(const std::wstring& log) const;
+
   Uses uses_;
+  bool last_written_ = false; // the file ends with a complete line of this run
 };
 
 } // namespace lumotune::base

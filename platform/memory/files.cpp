@@ -68,9 +68,40 @@ void Files::store(const std::wstring& path, std::string_view bytes) {
 }
 
 bool Files::noted(bool done, const std::wstring& what) {
-  if (done)
+  if (done) {
     changes_.push_back(what);
+    if (const auto copy = after_change)
+      copy();
+  }
   return done;
+}
+
+// A crash leaves what `left_` says of the bytes that were to follow the old ones.
+bool Files::write(const std::wstring& path, std::string_view old, std::string_view added) {
+  if (off_ || added.size() > room)
+    return false;
+  const bool whole = powered();
+  if (whole || left_ != Left::nothing)
+    store(path, std::string(old).append(added, 0, whole ? added.size() : left_ == Left::half ? added.size() / 2 : 0));
+  return whole;
+}
+
+void Files::written_by_another(const std::wstring& path, std::string_view bytes) {
+  if (!off_)
+    store(path, bytes);
+}
+
+std::map<std::wstring, std::string> Files::disk() const {
+  std::map<std::wstring, std::string> contents;
+  for (const auto& [path, entry] : files_)
+    contents[path] = entry.bytes;
+  return contents;
+}
+
+void Files::start_with_disk_of(const Files& other) {
+  files_ = other.files_;
+  writings_ = other.writings_;
+  identities_ = other.identities_;
 }
 
 class Files::Steps final : public FileSteps {
@@ -128,11 +159,7 @@ private:
     const FileStep allowed = files_.changeable(to);
     if (allowed != FileStep::done)
       return allowed;
-    if (files_.off_)
-      return FileStep::refused;
-    const bool whole = files_.powered();
-    files_.store(to, whole ? bytes : bytes.substr(0, bytes.size() / 2));
-    return whole ? FileStep::done : FileStep::refused;
+    return files_.write(to, {}, bytes) ? FileStep::done : FileStep::refused;
   }
   [[nodiscard]] unsigned written(const std::wstring& path) const {
     const auto found = files_.files_.find(key(path));
@@ -239,18 +266,16 @@ void Files::set_being_written(const std::wstring& path, bool on) {
 }
 
 bool Files::append(const std::wstring& path, std::string_view bytes) {
-  if (is_readonly(key(path)) || !powered())
-    return false;
   const auto found = files_.find(key(path));
-  store(path, (found == files_.end() ? std::string() : found->second.bytes) + std::string(bytes));
-  return noted(true, L"append " + path);
+  const std::string old = found == files_.end() ? std::string() : found->second.bytes;
+  return !is_readonly(key(path)) && noted(write(path, old, bytes), L"append " + path);
 }
 
 bool Files::remove(const std::wstring& path) {
   if (changeable(path) != FileStep::done || !powered())
     return false;
   if (files_.erase(key(path)) != 0)
-    changes_.push_back(L"remove " + path);
+    (void)noted(true, L"remove " + path);
   return true;
 }
 

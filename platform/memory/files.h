@@ -49,12 +49,26 @@ public:
   std::function<void()> while_waiting;
   int waited_ms = 0;
   // The machine crashes during the n-th disk-changing step from now (0: the next one): that step is left incomplete,
-  // and nothing is done any more until `power_on`, which returns whether it crashed.
-  void crash_at(int step) { steps_to_crash_ = step; }
+  // and nothing is done any more until `power_on`, which returns whether it crashed. `left`: what is on disk of a write
+  // that was cut short.
+  enum class Left { half, empty_file, nothing };
+  void crash_at(int step, Left left = Left::half) {
+    steps_to_crash_ = step;
+    left_ = left;
+  }
   bool power_on();
+  // Another program writes the file: neither a step of this one nor recorded among its changes.
+  void written_by_another(const std::wstring& path, std::string_view bytes);
+  // The contents on disk by path (lower case, backslashes); and a start with the disk of another run.
+  [[nodiscard]] std::map<std::wstring, std::string> disk() const;
+  void start_with_disk_of(const Files& other);
+  // Called after every change of this program, once the call that made it is complete.
+  std::function<void()> after_change;
   // Sets whether another program has the file open for writing.
   void set_being_written(const std::wstring& path, bool on);
   void mend(const std::wstring& path);
+  // What is left of the disk, in bytes: no longer text is written, and writing uses nothing up.
+  std::uint64_t room = 1ULL << 40;
   // All writes happen within one clock tick: the time of the last write does not change.
   bool clock_stands = false;
   // Called before a file's bytes are read: simulates a file that changes at that moment.
@@ -67,8 +81,6 @@ public:
   [[nodiscard]] std::size_t writers_asked_for() const { return writers_asked_for_; }
 
 private:
-  // What is left of the disk, in bytes: no longer text is written, and writing uses nothing up.
-  std::uint64_t room = 1ULL << 40;
   class Steps;
   struct Entry {
     std::wstring path; // as spelled when first written
@@ -83,6 +95,7 @@ private:
   [[nodiscard]] FileStep changeable(const std::wstring& path) const;
   void store(const std::wstring& path, std::string_view bytes);
   bool noted(bool done, const std::wstring& what);
+  [[nodiscard]] bool write(const std::wstring& path, std::string_view old, std::string_view added);
 
   std::map<std::wstring, Entry> files_;
   std::set<std::wstring> unreadable_;
@@ -91,6 +104,7 @@ private:
   std::set<std::wstring> held_;
   std::set<std::wstring> written_;
   int steps_to_crash_ = -1;
+  Left left_ = Left::half;
   bool off_ = false;
   unsigned writings_ = 0;
   unsigned identities_ = 0;

@@ -17,7 +17,7 @@ struct ErrorLogTest : testing::Test, MemoryPlatform {
 
 TEST_F(ErrorLogTest, IsPutAsideWhenItIsFullAndBothStayBounded) {
   constexpr std::uint64_t limit = base::ErrorLog::max_bytes;
-  EXPECT_TRUE(files.replace(path, std::string(limit - 10, 'a')));
+  EXPECT_TRUE(files.replace(path, std::string(limit - 11, 'a') + "\n"));
   log.add(L"LoadSkin", L"prvni");
   EXPECT_EQ(size(old), limit - 10);
   EXPECT_EQ(files.read(path), "1. 2. 2024 3:04:05 Lumotune (LoadSkin) prvni\r\n");
@@ -28,7 +28,7 @@ TEST_F(ErrorLogTest, IsPutAsideWhenItIsFullAndBothStayBounded) {
 
 TEST_F(ErrorLogTest, FillsUpToItsLimit) {
   const std::string line = "1. 2. 2024 3:04:05 Lumotune (a) b\r\n";
-  EXPECT_TRUE(files.replace(path, std::string(base::ErrorLog::max_bytes - line.size(), 'a')));
+  EXPECT_TRUE(files.replace(path, std::string(base::ErrorLog::max_bytes - line.size() - 1, 'a') + "\n"));
   log.add(L"a", L"b");
   EXPECT_EQ(size(path), base::ErrorLog::max_bytes);
   EXPECT_FALSE(files.exists(old));
@@ -41,8 +41,20 @@ TEST_F(ErrorLogTest, ACrashInBetweenLosesNoLine) {
   EXPECT_TRUE(files.power_on());
   EXPECT_EQ(size(old), base::ErrorLog::max_bytes);
   log.add(L"LoadSkin", L"druhy");
-  EXPECT_EQ(files.read(path), "1. 2. 2024 3:04:05 Lumotune (LoadSkin) druhy\r\n");
+  EXPECT_EQ(files.read(path), "1. 2. 2024 3:04:05 Lumo\r\n1. 2. 2024 3:04:05 Lumotune (LoadSkin) druhy\r\n");
   EXPECT_EQ(size(old), base::ErrorLog::max_bytes);
+}
+
+TEST_F(ErrorLogTest, ALineThatACrashCutShortIsEndedBeforeTheNextOne) {
+  for (const char* torn : {"1. 2. 2024 3:0", "1. 2. 2024 3:04:05 Lumotune (a) b\r"}) {
+    EXPECT_TRUE(files.replace(path, torn));
+    base::ErrorLog next_run{{folder, machine}};
+    next_run.add(L"LoadSkin", L"prvni");
+    next_run.add(L"LoadSkin", L"druhy");
+    EXPECT_EQ(files.read(path), std::string(torn) + "\r\n1. 2. 2024 3:04:05 Lumotune (LoadSkin) prvni\r\n"
+                                                    "1. 2. 2024 3:04:05 Lumotune (LoadSkin) druhy\r\n");
+  }
+  EXPECT_EQ(files.reads(path), 4U) << "once a run, besides this test";
 }
 
 TEST_F(ErrorLogTest, AFullOneThatCannotBePutAsideGrowsNoMore) {
