@@ -23,7 +23,7 @@ Program::Program(const Platform& p, base::LumotuneForm& form)
       console({session, p.loop, p.input_box, p.dialogs, playback}),
       commands({settings, session, form, p.loop, p.messages, p.dialogs, p.codec, playback, favourites}),
       startup({settings, session, form, p.loop, folder, p.machine, p.messages, p.shell, p.dialogs, p.player, options,
-               playback, commands, sender, favourites}),
+               error_log, playback, commands, sender, favourites}),
       shutdown({session, p.loop, p.machine, p.messages, p.player, options, commands, sender}),
       skin({settings, session, form, folder, p.loop, error_log}),
       chrome({settings, session, form, folder}),

@@ -17,10 +17,10 @@ std::wstring options_file(const ProgramFolder& folder) {
 } // namespace
 
 std::optional<TextLines> read_options_lines(const ProgramFolder& folder) {
-  const auto bytes = folder.files().read(options_file(folder));
-  if (!bytes.has_value())
+  std::string bytes;
+  if (!folder.files().read_at_most(options_file(folder), bytes, SettingsFiles::max_bytes))
     return std::nullopt;
-  return without_empty_lines(split_text_lines(*bytes));
+  return without_empty_lines(split_text_lines(bytes));
 }
 
 // The client deletes its file and writes it line by line: for a moment the file is missing or short, and between two
@@ -30,8 +30,10 @@ bool SettingsFiles::read_whole() {
   for (;;) {
     const auto lines = read_options_lines(uses_.folder);
     const std::size_t count = lines.has_value() ? lines->size() : 0;
+    locked_ = !lines.has_value() && uses_.folder.files().exists(options_file(uses_.folder));
+    const std::uint32_t patience_ms = locked_ && !values_read_ ? max_locked_wait_ms : max_wait_ms;
     const bool full = count >= options_line_count && !uses_.folder.files().being_written(options_file(uses_.folder));
-    if ((full && count >= known_lines_) || uses_.loop.tick_count_ms() - start >= max_wait_ms ||
+    if ((full && count >= known_lines_) || uses_.loop.tick_count_ms() - start >= patience_ms ||
         !uses_.loop.wait_a_little()) {
       List4 = lines.value_or(TextLines());
       known_lines_ = full ? count : known_lines_;

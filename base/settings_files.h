@@ -34,10 +34,16 @@ public:
 
   // How long to wait, running events, for a file that is missing, short or being written by another program.
   static constexpr std::uint32_t max_wait_ms = 1000;
+  // At the start, for one that is there but cannot be read.
+  static constexpr std::uint32_t max_locked_wait_ms = 2000;
+  // A longer file counts as one that cannot be read.
+  static constexpr std::uint64_t max_bytes = 1024ULL * 1024;
 
   // Fills List4 with the non-empty lines of options.ini; a file that cannot be read leaves it empty. May wait up to
-  // `max_wait_ms`.
+  // `max_wait_ms`, or `max_locked_wait_ms`.
   void LoadOptions();
+  // Whether the file was there at the last LoadOptions but could not be read: nothing is known of a login then.
+  [[nodiscard]] bool locked() const { return locked_; }
 
   // Reads every value from List4, as LoadOptions left it.
   void read_values();
@@ -63,6 +69,7 @@ private:
 
   Uses uses_;
   bool values_read_ = false;
+  bool locked_ = false;
   std::size_t known_lines_ = 0; // in the last complete file
   // The line buffer shared by both files: after LoadOptionsServer it holds the lines of the server file.
   TextLines List4;

@@ -3,6 +3,7 @@
 
 #include "base/boxes.h"
 #include "base/crash_leftovers.h"
+#include "base/disk_room.h"
 #include "base/text.h"
 #include "companions/command_lines.h"
 
@@ -40,9 +41,25 @@ bool Startup::Form_Load() {
 // Once, when all is up: a box in the middle of the start would keep the rest of it waiting.
 void Startup::tell_what_cannot_be_saved() {
   read_only_check_->stop();
-  const std::wstring names = base::files_that_cannot_be_saved(uses_.folder);
-  if (!names.empty())
-    base::inform(uses_.dialogs, L"Tyto soubory nelze zapsat, změny v nich se neuloží:" + names);
+  const std::wstring text = what_cannot_be_saved();
+  if (!text.empty())
+    base::inform(uses_.dialogs, text);
+}
+
+// A box at the end of the program would hold up the end of the session: what could not be saved then is told here, and
+// the log remembers that it was.
+std::wstring Startup::what_cannot_be_saved() {
+  constexpr std::uint64_t enough_bytes = 64ULL * 1024; // for the settings and the favourites
+  const bool unsaved = uses_.error_log.last_is(L"SaveOptions", L"options.ini");
+  if (unsaved)
+    uses_.error_log.add(L"Form_Load", L"options.ini");
+  if (const std::wstring names = base::files_that_cannot_be_saved(uses_.folder); !names.empty())
+    return L"Tyto soubory nelze zapsat, změny v nich se neuloží:" + names;
+  if (const std::wstring disk = base::full_disk(uses_.folder, enough_bytes); !disk.empty())
+    return L"Disk " + disk + L" je plný, změny se neuloží.";
+  return unsaved ? L"Nastavení se minule nepodařilo uložit.\r\nSoubor options.ini používal jiný program, nebo byl plný "
+                   L"disk."
+                 : L"";
 }
 
 // Our own caption changes first, so that the look-up cannot find this window. It is for the window of the other copy,
@@ -55,6 +72,11 @@ void Startup::forward_to_previous() {
 }
 
 bool Startup::LoadOptionsWorkIt() {
+  if (uses_.options.locked()) {
+    base::inform(uses_.dialogs,
+                 L"Soubor options.ini nelze přečíst, používá ho jiný program.\r\nZkuste to prosím později.");
+    return false;
+  }
   if (!uses_.options.logged_in()) {
     base::inform(uses_.dialogs, L"Nejprve zapněte Orb klienta.");
     // If it cannot be started, the box has told what is needed.

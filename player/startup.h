@@ -34,6 +34,7 @@ public:
     platform::Dialogs& dialogs;
     platform::MediaPlayer& player;
     base::SettingsFiles& options;
+    base::ErrorLog& error_log;
     Playback& playback;
     ClientCommands& commands;
     companions::CommandSender& sender;
@@ -57,6 +58,7 @@ private:
   void play_command_line();
   void start_client_if_missing();
   void tell_what_cannot_be_saved();
+  [[nodiscard]] std::wstring what_cannot_be_saved();
 
   Uses uses_;
   std::unique_ptr<platform::Timer> read_only_check_;

@@ -18,7 +18,7 @@ enum class FavouriteRemoved { removed, not_there, failed };
 
 // Shown to the user when a change failed.
 inline constexpr const wchar_t* favourites_not_saved =
-    L"Oblíbené se nepodařilo uložit.\r\nSoubor list.tt je jen pro čtení, nebo ho používá jiný program.";
+    L"Oblíbené se nepodařilo uložit.\r\nSoubor list.tt je jen pro čtení, používá ho jiný program, nebo je plný disk.";
 
 // A favourite: one line of the file.
 struct Favourite {

@@ -224,6 +224,39 @@ TEST_F(SettingsWaitTest, WhatTheClientWritesBetweenReadingAndSavingIsKept) {
   EXPECT_NE(w.get(L"Orb_Data\\options.ini").find("#024:klient\r\n"), std::string::npos);
 }
 
+TEST_F(SettingsWaitTest, AtTheStartAFileThatCannotBeReadIsWaitedForTwoSeconds) {
+  for (const std::uint32_t released_at : {1900U, 60'000U}) {
+    test::BaseWorld world;
+    const std::wstring options = world.path(L"Orb_Data\\options.ini");
+    world.files.make_unreadable(options);
+    world.loop.at(released_at, [&] { world.files.mend(options); });
+    const std::uint32_t begun = world.loop.tick_count_ms();
+    world.options.LoadOptions();
+    EXPECT_EQ(world.options.locked(), released_at > 2000);
+    EXPECT_EQ(world.options.logged_in(), released_at < 2000);
+    const std::uint32_t took = world.loop.tick_count_ms() - begun;
+    EXPECT_GE(took, 1900U);
+    EXPECT_LT(took, 2050U);
+  }
+}
+
+TEST_F(SettingsWaitTest, AtTheEndItIsWaitedForOneSecondOnly) {
+  test::BaseWorld world;
+  world.options.LoadOptions();
+  world.options.read_values();
+  world.files.make_unreadable(world.path(L"Orb_Data\\options.ini"));
+  const std::uint32_t begun = world.loop.tick_count_ms();
+  world.options.LoadOptions();
+  EXPECT_LT(world.loop.tick_count_ms() - begun, 1050U);
+}
+
+TEST_F(SettingsWaitTest, AHugeFileIsNotRead) {
+  test::BaseWorld world;
+  world.put(L"Orb_Data\\options.ini", joined(option_lines()) + std::string(base::SettingsFiles::max_bytes, 'x'));
+  world.options.LoadOptions();
+  EXPECT_TRUE(world.options.locked());
+}
+
 TEST_F(SettingsWaitTest, AFileThatIsMissingForAMomentIsWaitedFor) {
   read();
   (void)w.files.remove(file);

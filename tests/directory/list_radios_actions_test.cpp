@@ -52,7 +52,8 @@ TEST_F(ListRadiosActions, AFavouriteThatCannotBeWrittenIsTold) {
   choose(L"Kvalita1");
   (void)label(L"Label5").user_click();
   EXPECT_EQ(dialogs.shown.size(), 1U);
-  expect_box(L"Oblíbené se nepodařilo uložit.\r\nSoubor list.tt je jen pro čtení, nebo ho používá jiný program.");
+  expect_box(L"Oblíbené se nepodařilo uložit.\r\nSoubor list.tt je jen pro čtení, používá ho jiný program, nebo je "
+             L"plný disk.");
 }
 
 TEST_F(ListRadiosActions, GivesAdviceOnQuality) {

@@ -142,6 +142,53 @@ TEST_F(StartupSurroundings, AReadOnlySettingsFileIsNamedAlone) {
   EXPECT_TRUE(w.dialogs.shown[0].text.ends_with(L":\r\nC:\\Orb\\Orb_Data\\options.ini"));
 }
 
+TEST_F(StartupSurroundings, ASettingsFileThatIsLockedIsNoMissingLogin) {
+  w.files.make_unreadable(w.path(L"Orb_Data\\options.ini"));
+  EXPECT_FALSE(w.startup.Form_Load());
+  ASSERT_EQ(w.dialogs.shown.size(), 1U);
+  EXPECT_EQ(w.dialogs.shown[0].text,
+            L"Soubor options.ini nelze přečíst, používá ho jiný program.\r\nZkuste to prosím později.");
+  EXPECT_TRUE(w.shell.started.empty()) << "the client is not asked for";
+  EXPECT_TRUE(w.loop.quitting());
+}
+
+TEST_F(StartupSurroundings, ASettingsFileThatIsLockedForAMomentIsWaitedFor) {
+  w.files.make_unreadable(w.path(L"Orb_Data\\options.ini"));
+  w.loop.at(1500, [&] { w.files.mend(w.path(L"Orb_Data\\options.ini")); });
+  EXPECT_TRUE(w.startup.Form_Load());
+  EXPECT_TRUE(w.dialogs.shown.empty());
+}
+
+TEST_F(StartupSurroundings, SettingsThatCouldNotBeSavedAreToldAtTheNextStartOnce) {
+  const std::wstring options = w.path(L"Orb_Data\\options.ini");
+  ASSERT_TRUE(w.startup.Form_Load());
+  w.files.hold(options);
+  w.shutdown.Konec();
+  EXPECT_TRUE(w.dialogs.shown.empty()) << "the end does not wait for a box";
+  for (const std::size_t told : {1U, 0U}) {
+    PlayerWorld next;
+    next.files.start_with_disk_of(w.files);
+    ASSERT_TRUE(next.startup.Form_Load());
+    next.loop.advance(10);
+    ASSERT_EQ(next.dialogs.shown.size(), told);
+    if (told != 0) {
+      EXPECT_EQ(next.dialogs.shown[0].text,
+                L"Nastavení se minule nepodařilo uložit.\r\nSoubor options.ini používal jiný program, "
+                L"nebo byl plný disk.");
+    }
+    next.shutdown.Konec();
+    w.files.start_with_disk_of(next.files);
+  }
+}
+
+TEST_F(StartupSurroundings, AFullDiskIsNamed) {
+  w.files.room = 1000;
+  EXPECT_TRUE(w.startup.Form_Load());
+  w.loop.advance(60000);
+  ASSERT_EQ(w.dialogs.shown.size(), 1U);
+  EXPECT_EQ(w.dialogs.shown[0].text, L"Disk C: je plný, změny se neuloží.");
+}
+
 TEST_F(StartupSurroundings, WhatCanBeSavedIsNoNews) {
   EXPECT_TRUE(w.startup.Form_Load());
   w.loop.advance(10);

@@ -84,7 +84,7 @@ struct PlayerWorld : StationsWorld {
   player::StatusDisplay status{{session, form, player, loop}};
   player::ClientCommands commands{{settings, session, form, loop, messages, dialogs, codec, playback, favourites}};
   player::Startup startup{{settings, session, form, loop, folder, machine, messages, shell, dialogs, player, options,
-                           playback, commands, sender, favourites}};
+                           error_log, playback, commands, sender, favourites}};
   player::Shutdown shutdown{{session, loop, machine, messages, player, options, commands, sender}};
   SilentTitle title;
 
