@@ -9,8 +9,8 @@ void read_server_file(const ProgramFolder& folder, ErrorLog& error_log, const wc
   constexpr std::size_t address_position = 16;
   lines.clear();
   const std::wstring path = folder.data(L"orb_server.tt");
-  if (const auto bytes = folder.files().read(path))
-    lines = split_text_lines(*bytes);
+  if (std::string bytes; folder.files().read_at_most(path, bytes, max_server_bytes))
+    lines = split_text_lines(bytes);
   if (lines.size() > address_line) {
     address = line_value(lines, address_line, address_position, folder.codec());
     return;

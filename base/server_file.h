@@ -6,9 +6,13 @@
 #include "base/options_lines.h"
 #include "base/program_folder.h"
 
+#include <cstdint>
 #include <string>
 
 namespace lumotune::base {
+
+// A longer file is an error.
+inline constexpr std::uint64_t max_server_bytes = 64ULL * 1024;
 
 // Reads all lines of the file into `lines`, and the address from the seventh. On any error (no file, too few lines) the
 // file is restored from the client's backup, an error naming the procedure is logged, and the address keeps its value.

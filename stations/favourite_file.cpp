@@ -46,8 +46,14 @@ std::wstring FavouriteFile::path() const {
   return folder_.path(favourites_file);
 }
 
+std::optional<std::string> FavouriteFile::read_bytes() const {
+  std::string bytes;
+  return folder_.files().read_at_most(path(), bytes, max_favourite_bytes) ? std::optional(std::move(bytes))
+                                                                          : std::nullopt;
+}
+
 std::string FavouriteFile::read() const {
-  return folder_.files().read(path()).value_or(std::string());
+  return read_bytes().value_or(std::string());
 }
 
 FavouriteAdded FavouriteFile::add(const std::wstring& line) {
@@ -55,7 +61,7 @@ FavouriteAdded FavouriteFile::add(const std::wstring& line) {
     return FavouriteAdded::failed;
   // An existing file that cannot be read is never written: its contents would be lost.
   const bool exists = folder_.files().exists(path());
-  const auto bytes = exists ? folder_.files().read(path()) : std::string();
+  const auto bytes = exists ? read_bytes() : std::string();
   if (!bytes.has_value())
     return FavouriteAdded::failed;
   base::TextLines List3 = base::without_empty_lines(base::split_text_lines(*bytes));
@@ -76,7 +82,7 @@ FavouriteAdded FavouriteFile::add(const std::wstring& line) {
 }
 
 FavouriteRemoved FavouriteFile::remove(const std::wstring& line) {
-  const auto bytes = folder_.files().read(path());
+  const auto bytes = read_bytes();
   if (!bytes.has_value() && folder_.files().exists(path()))
     return FavouriteRemoved::failed;
   base::TextLines List5 = base::without_empty_lines(base::split_text_lines(bytes.value_or(std::string())));

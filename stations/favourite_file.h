@@ -6,11 +6,16 @@
 #include "base/program_folder.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace lumotune::stations {
+
+// A longer file counts as one that cannot be read.
+inline constexpr std::uint64_t max_favourite_bytes = 1024ULL * 1024;
 
 // The outcomes of adding and removing a favourite.
 enum class FavouriteAdded { added, already_there, failed };
@@ -50,6 +55,7 @@ public:
 
 private:
   [[nodiscard]] std::wstring path() const;
+  [[nodiscard]] std::optional<std::string> read_bytes() const;
 
   const base::ProgramFolder& folder_;
 };

@@ -44,6 +44,10 @@ std::shared_ptr<const std::vector<CategoryNode>> StationFiles::categories() {
   return current(categories_, categories_file, [this](const std::string& bytes) { return nodes_of(bytes); });
 }
 
+bool StationFiles::stations_too_long() {
+  return stations()->too_many() || folder_.files().size(path(stations_file)).value_or(0) > max_station_bytes;
+}
+
 // Deliberately a forward slash: the downloader is given this exact path, and the file's growth is watched under it. A
 // list still being written may have grown since its length was queried.
 Conversion StationFiles::convert_download(std::uint64_t announced_size, ConversionPort& port) {

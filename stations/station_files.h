@@ -27,6 +27,8 @@ public:
   // handed out earlier never change.
   [[nodiscard]] std::shared_ptr<const StationLines> stations();
   [[nodiscard]] std::shared_ptr<const std::vector<CategoryNode>> categories();
+  // Whether radios.tt has more bytes or lines than a station file may have, and is therefore not used.
+  [[nodiscard]] bool stations_too_long();
 
   // Makes both files from the downloaded list, which is first read completely and must be `announced_size` bytes long.
   // The next calls above return what was written without reading it back.

@@ -9,7 +9,7 @@ namespace lumotune::stations {
 
 // A longer file counts as unreadable.
 inline constexpr std::uint64_t max_station_bytes = 256ULL * 1024 * 1024;
-// Lines beyond these are ignored.
+// So does one with more lines.
 inline constexpr std::size_t max_station_lines = 2'000'000;
 
 } // namespace lumotune::stations

@@ -13,7 +13,11 @@ StationLines::StationLines(std::string bytes, const base::CodePageFold& fold) : 
   base::LineWalk walk(bytes_, max_station_lines);
   while (walk.next())
     starts_.push_back(static_cast<std::uint32_t>(walk.start()));
-  bytes_.resize(walk.after()); // drops what follows the last line
+  too_many_ = walk.after() < bytes_.size();
+  if (!too_many_)
+    return;
+  std::string().swap(bytes_);
+  std::vector<std::uint32_t>().swap(starts_);
 }
 
 // A line ends with CR LF, LF or CR.

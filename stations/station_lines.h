@@ -18,12 +18,14 @@ namespace lumotune::stations {
 // User-interface thread. Lines count from 0; views live as long as the object.
 class StationLines {
 public:
-  // All lines of a file, empty ones too, up to `max_station_lines`. The bytes are at most `max_station_bytes`.
+  // All lines of a file, empty ones too; none at all of a file with more than `max_station_lines`. The bytes are at
+  // most `max_station_bytes`.
   StationLines(std::string bytes, const base::CodePageFold& fold);
   StationLines(const StationLines&) = delete;
   StationLines& operator=(const StationLines&) = delete;
   ~StationLines() = default;
 
+  [[nodiscard]] bool too_many() const { return too_many_; }
   [[nodiscard]] std::size_t count() const { return starts_.size(); }
   [[nodiscard]] std::string_view line(std::size_t index) const; // without the line end; empty past the last line
 
@@ -34,6 +36,7 @@ public:
 private:
   std::string bytes_;
   std::vector<std::uint32_t> starts_; // 32 bits suffice: a file is smaller than 4 GiB
+  bool too_many_ = false;
   base::CodePageFold fold_;
   mutable std::unique_ptr<StationKeys> keys_; // row n is line n - 1; built on first use
 };

@@ -110,13 +110,15 @@ TEST_F(FavouritesTest, ZeroBytesKeepTheColumns) {
   EXPECT_EQ(list.item(0), item(L"a b  (64kbps)", L"1RADIO1u1"));
 }
 
-TEST_F(FavouritesTest, LinesOfAMegabyteAreTaken) {
-  const std::string megabyte(1024 * 1024, 'x');
-  w.put(L"radios.tt", megabyte + "\r\n" + PlayerWorld::record("RADIO1", megabyte, "u1a", megabyte) + megabyte);
-  show(megabyte + "\r\nlt:RADIO1/2" + megabyte + "\r\nlt:" + megabyte);
+TEST_F(FavouritesTest, HugeLinesAreTakenAndAHugeFileIsNone) {
+  const std::string huge(300UL * 1024, 'x');
+  w.put(L"radios.tt", huge + "\r\n" + PlayerWorld::record("RADIO1", huge, "u1a", huge) + huge);
+  show(huge + "\r\nlt:RADIO1/2" + huge + "\r\nlt:" + huge);
   ASSERT_EQ(list.count(), 1U);
   EXPECT_EQ(list.item(0).substr(93, 7), L"2RADIO1");
-  EXPECT_EQ(list.item(0).size(), 100 + megabyte.size());
+  EXPECT_EQ(list.item(0).size(), 100 + huge.size());
+  show(std::string(stations::max_favourite_bytes, '\n') + "lt:RADIO1/2\r\n");
+  EXPECT_EQ(list.count(), 0U);
 }
 
 TEST_F(FavouritesTest, TheStationFileIsReadOnceWhateverTheNumberOfFavourites) {

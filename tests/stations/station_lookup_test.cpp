@@ -38,13 +38,14 @@ TEST(StationLookup, TheLastOfSeveralLinesWins) {
   EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"u2"), L"d");
 }
 
-TEST(StationLookup, LinesBehindTheMostAreNoStations) {
+TEST(StationLookup, AFileWithTooManyLinesIsNotUsed) {
   StationsWorld w;
-  const std::string before(stations::max_station_lines - 1, '\n');
-  w.put(L"radios.tt",
-        before + StationsWorld::record("RADIO1", "A", "a", "b") + StationsWorld::record("RADIO2", "B", "a", "b"));
+  const std::string most =
+      std::string(stations::max_station_lines - 1, '\n') + StationsWorld::record("RADIO1", "A", "a", "b");
+  w.put(L"radios.tt", most);
   EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"name"), L"A");
-  EXPECT_EQ(w.stations.RadioInfo(L"RADIO2", L"name"), L"");
+  w.put(L"radios.tt", most + StationsWorld::record("RADIO2", "B", "a", "b"));
+  EXPECT_EQ(w.stations.RadioInfo(L"RADIO1", L"name"), L"");
 }
 
 TEST(StationLookup, MissingFieldsAreEmpty) {

@@ -58,14 +58,18 @@ std::vector<std::string> walked(std::string_view bytes) {
 
 using Lines = std::vector<std::string>;
 
-TEST(StationTable, LinesBehindTheMostAreNoStations) {
+TEST(StationTable, AFileWithTooManyLinesIsNotUsed) {
   TableWorld w;
-  std::string bytes(stations::max_station_lines - 1, '\n');
-  w.load(bytes + "RADIO1/@/A\r\nRADIO2/@/B\r\n");
+  const std::string most = std::string(stations::max_station_lines - 1, '\n') + "RADIO1/@/A\r\n";
+  w.load(most);
   EXPECT_EQ(w.table.lines()->count(), stations::max_station_lines);
   EXPECT_TRUE(w.table.last_of(L"RADIO1").has_value());
-  EXPECT_FALSE(w.table.last_of(L"RADIO2").has_value());
+  EXPECT_FALSE(w.table.lines()->too_many());
   EXPECT_EQ(w.table.lines()->line(stations::max_station_lines - 1), "RADIO1/@/A");
+  w.load(most + "RADIO2/@/B\r\n");
+  EXPECT_EQ(w.table.lines()->count(), 0U);
+  EXPECT_FALSE(w.table.last_of(L"RADIO1").has_value());
+  EXPECT_TRUE(w.table.lines()->too_many());
 }
 
 TEST(StationTable, AFileThatIsTooLongCountsAsUnreadable) {
