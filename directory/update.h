@@ -53,6 +53,8 @@ struct UpdateSteps {
 struct FileFacts {
   std::optional<std::uint64_t> length; // nothing while the file does not exist
   bool being_written = false; // another program has it open for writing; only asked when the file is otherwise ready
+  std::uint32_t now_ms = 0;   // the tick count
+  std::wstring full_disk{};   // the name of the disk that has no room for the rest; only asked when nothing grows
 };
 
 // User-interface thread.
@@ -61,8 +63,14 @@ public:
   [[nodiscard]] unsigned run() const { return run_; }
   [[nodiscard]] std::uint64_t announced_size() const { return announced_size_; } // bytes, 0 before it is known
 
-  // Starts an update and abandons the running one.
-  [[nodiscard]] UpdateSteps LoadAktualizaceRadii();
+  // A probe that does not come, and a list that does not grow, are told after so long; the watch goes on.
+  static constexpr std::uint32_t silence_ms = 10'000;
+  // Whether the list has not grown for that long.
+  [[nodiscard]] bool stands(std::uint32_t now_ms) const;
+
+  // Starts an update and abandons the running one. `trouble` is what is wrong with the present list, told beside the
+  // status; empty when nothing is.
+  [[nodiscard]] UpdateSteps LoadAktualizaceRadii(const std::wstring& trouble = {});
   // The window was closed: abandons what runs and resets the button.
   [[nodiscard]] UpdateSteps close();
 
@@ -71,7 +79,8 @@ public:
   [[nodiscard]] UpdateSteps probe_read(unsigned run, const std::optional<Probe>& probe);
 
   [[nodiscard]] UpdateSteps Timer1_Timer(const FileFacts& list);
-  [[nodiscard]] UpdateSteps converted(unsigned run, stations::Conversion result);
+  // `full_disk`: the name of the disk that had no room for the files, or empty.
+  [[nodiscard]] UpdateSteps converted(unsigned run, stations::Conversion result, const std::wstring& full_disk = {});
 
   [[nodiscard]] UpdateSteps Timer2_Timer(const FileFacts& new_categories);
 
@@ -83,7 +92,14 @@ private:
 
   [[nodiscard]] UpdateSteps steps(std::vector<UpdateStep> list) const { return {run_, std::move(list)}; }
 
+  [[nodiscard]] UpdateSteps probe_missing(std::uint32_t now_ms);
+  void measure_growth(std::uint64_t length, std::uint32_t now_ms);
+
   State state_ = State::idle;
+  std::wstring trouble_;
+  std::optional<std::uint32_t> still_since_ms_; // when the probe was first waited for, or the list last grew
+  std::uint64_t last_length_ = 0;               // bytes of the list at that time
+  bool silence_told_ = false;
   unsigned run_ = 0;
   std::uint64_t announced_size_ = 0; // bytes
   double progress_factor_ = 0;       // percent a byte

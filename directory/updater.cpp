@@ -2,6 +2,7 @@
 #include "directory/updater.h"
 
 #include "base/boxes.h"
+#include "base/disk_room.h"
 #include "companions/command_lines.h"
 #include "stations/file_names.h"
 
@@ -29,14 +30,35 @@ std::wstring Updater::path(const wchar_t* name) const {
 // reopen its file for every piece.
 FileFacts Updater::facts(const std::wstring& file) const {
   const auto length = uses_.folder.files().size(file);
-  return {length, length.value_or(0) > 0 && uses_.folder.files().being_written(file)};
+  return {length, length.value_or(0) > 0 && uses_.folder.files().being_written(file), uses_.loop.tick_count_ms()};
 }
 
 // Forward slash on purpose: the downloader is given exactly this path.
 FileFacts Updater::list_facts() const {
   const std::wstring file = uses_.folder.path() + L"/" + stations::download_file;
   const auto length = uses_.folder.files().size(file);
-  return {length, length == update_.announced_size() && uses_.folder.files().being_written(file)};
+  const std::uint64_t announced = update_.announced_size();
+  const std::uint32_t now = uses_.loop.tick_count_ms();
+  FileFacts list{length, length == announced && uses_.folder.files().being_written(file), now};
+  if (update_.stands(now) && length.value_or(0) < announced)
+    list.full_disk = base::full_disk(uses_.folder, announced - length.value_or(0));
+  return list;
+}
+
+void Updater::LoadAktualizaceRadii() {
+  const bool too_long = uses_.station_files.stations_too_long();
+  carry_out(update_.LoadAktualizaceRadii(too_long ? L"Soubor radios.tt je příliš dlouhý." : L""));
+}
+
+// Both new files and a copy of the old stations are on the disk at once.
+UpdateSteps Updater::convert(unsigned run) {
+  const std::uint64_t announced = update_.announced_size();
+  const stations::Conversion result = uses_.station_files.convert_download(announced, uses_.shows);
+  std::wstring full_disk;
+  if (result == stations::Conversion::not_written)
+    full_disk =
+        base::full_disk(uses_.folder, announced + uses_.folder.files().size(path(stations::stations_file)).value_or(0));
+  return update_.converted(run, result, full_disk);
 }
 
 void Updater::watch_for_categories() {
@@ -59,7 +81,7 @@ void Updater::carry_out(const UpdateStep& step, unsigned run) {
     carry_out(update_.probe_read(run, read_probe(run)));
     return;
   case Step::convert:
-    carry_out(update_.converted(run, uses_.station_files.convert_download(update_.announced_size(), uses_.shows)));
+    carry_out(convert(run));
     return;
   case Step::TestOnLine:
     carry_out(update_.online(run, TestOnLine() == L"true"));

@@ -36,7 +36,7 @@ public:
   };
   explicit Updater(const Uses& uses);
 
-  void LoadAktualizaceRadii() { carry_out(update_.LoadAktualizaceRadii()); }
+  void LoadAktualizaceRadii();
   void Command1_Click() { carry_out(update_.Command1_Click()); }
   [[nodiscard]] std::wstring TestOnLine(); // "true" or "false"; events run meanwhile
   // Refills the tree once another program has written new categories; does nothing when they are there already.
@@ -50,6 +50,7 @@ private:
   [[nodiscard]] std::wstring path(const wchar_t* name) const;
   [[nodiscard]] FileFacts facts(const std::wstring& file) const;
   [[nodiscard]] FileFacts list_facts() const;
+  [[nodiscard]] UpdateSteps convert(unsigned run);
   [[nodiscard]] std::optional<Probe> read_probe(unsigned run);
 
   Uses uses_;

@@ -49,9 +49,48 @@ TEST_F(ListRadiosUpdateFiles, AListOfTooManyLinesChangesNothing) {
   std::string list = "orb:i:0/@//@/1/@/zprava\r\n";
   list.append(stations::max_station_lines, '\n');
   bring(list);
-  EXPECT_EQ(status(), refused);
+  EXPECT_EQ(status(), std::wstring(refused) + L" Seznam je příliš dlouhý.");
   EXPECT_EQ(content(L"radios.tt"), before);
   EXPECT_FALSE(label(L"InfoPanel").visible());
+}
+
+TEST_F(ListRadiosUpdateFiles, AServerThatIsSilentIsToldAfterTenSeconds) {
+  loop.advance(9'900);
+  EXPECT_EQ(status(), connecting);
+  loop.advance(300);
+  EXPECT_EQ(status(), std::wstring(connecting) + L" Server neodpovídá.");
+  bring("RADIO9/@/Nove\r\n");
+  EXPECT_EQ(status(), finished) << "the watch goes on";
+}
+
+TEST_F(ListRadiosUpdateFiles, AFullDiskIsNamedWhileTheListStands) {
+  announce(1000);
+  write(L"seznam.tt", std::string(500, 'x'));
+  files.room = 499;
+  loop.advance(10'500);
+  EXPECT_EQ(status(), L"Aktualizuji seznam rádií (50%) Disk C: je plný.");
+  files.room = 500;
+  loop.advance(100);
+  EXPECT_EQ(status(), L"Aktualizuji seznam rádií (50%) Stahování stojí.");
+}
+
+TEST_F(ListRadiosUpdateFiles, AFullDiskIsNamedWhereTheFilesCannotBeWritten) {
+  const std::string list = "RADIO9/@/Nove\r\n";
+  announce(list.size());
+  write(L"seznam.tt", list);
+  files.room = 3;
+  loop.advance(100);
+  EXPECT_EQ(status(), L"Disk C: je plný. Seznam se nepodařilo uložit.");
+  EXPECT_EQ(content(L"radios.tt"), before);
+}
+
+TEST_F(ListRadiosUpdateFiles, AStationFileOverTheLimitIsToldAndNotUsed) {
+  write(L"radios.tt", before + std::string(stations::max_station_lines, '\n'));
+  open_again();
+  EXPECT_EQ(status(), std::wstring(connecting) + L" Soubor radios.tt je příliš dlouhý.");
+  EXPECT_TRUE(names().empty());
+  bring("RADIO9/@/Nove\r\n");
+  EXPECT_EQ(status(), finished);
 }
 
 TEST_F(ListRadiosUpdateFiles, AProbeStillOpenInTheDownloaderIsWaitedFor) {
