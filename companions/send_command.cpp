@@ -33,7 +33,7 @@ void CommandSender::SendCommand(const std::wstring& ProgramFile, const std::wstr
     if (!base::Pause(uses_.loop, retry_after_ms))
       return;
   }
-  uses_.messages.send_copy_data(target, uses_.codec.encode(Text));
+  deliver(target, Text);
 }
 
 void CommandSender::show_users(const std::wstring& ProgramFile, const std::wstring& WindowCaption,
@@ -46,7 +46,14 @@ void CommandSender::show_users(const std::wstring& ProgramFile, const std::wstri
 
 void CommandSender::send_to(WindowRef target, const std::wstring& Text) {
   uses_.loop.run_pending();
+  deliver(target, Text);
+}
+
+// Callers rely on the receiver having handled the text when this returns, unless it hangs or the program has quit.
+void CommandSender::deliver(WindowRef target, const std::wstring& Text) {
   uses_.messages.send_copy_data(target, uses_.codec.encode(Text));
+  while (uses_.messages.sending() && uses_.loop.wait_a_little()) {
+  }
 }
 
 } // namespace lumotune::companions

@@ -25,6 +25,8 @@ public:
   static constexpr std::size_t max_bytes = 1024 * 1024;
   // A receiver that takes longer counts as hung.
   static constexpr std::uint32_t send_limit_ms = 3000;
+  // More texts than these do not wait for their receivers; further ones are dropped.
+  static constexpr std::size_t max_waiting = 16;
   // Longer captions, in characters, are not searched for.
   static constexpr std::size_t max_caption = 1000;
 
@@ -41,10 +43,14 @@ public:
   // program can use the caption; if there is none, the result of `find_by_caption`.
   [[nodiscard]] virtual WindowRef find_copy(const std::wstring& caption) const = 0;
 
-  // Sends the bytes (no terminating zero) with kind 1 and the main window as sender, and waits until the receiver has
-  // handled them, at most `send_limit_ms` if it hangs. Nothing is sent without a window or when longer than
-  // `max_bytes`.
+  // Sends the bytes (no terminating zero) with kind 1 and the main window as sender, from a thread that sends one text
+  // after the other, in the order of the calls; a receiver that hangs is given up after `send_limit_ms`. Returns at
+  // once. Nothing is sent without a window or when longer than `max_bytes`. What waits when this object is destroyed
+  // is dropped.
   virtual void send_copy_data(WindowRef target, std::string_view bytes) = 0;
+
+  // Whether a receiver has yet to handle a text. Who wants to know lets events run until it answers false.
+  [[nodiscard]] virtual bool sending() const = 0;
 
   // Allows that window's program to bring it to the foreground.
   virtual void let_take_foreground(WindowRef target) = 0;

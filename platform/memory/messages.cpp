@@ -30,6 +30,11 @@ void Messages::send_copy_data(WindowRef target, std::string_view bytes) {
     sent.push_back({target, std::string(bytes)});
 }
 
+bool Messages::sending() const {
+  thread_.check();
+  return busy_looks > 0 && busy_looks-- > 0;
+}
+
 void Messages::let_take_foreground(WindowRef target) {
   thread_.check();
   foreground_given.push_back(target);

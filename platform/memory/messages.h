@@ -30,6 +30,7 @@ public:
   [[nodiscard]] WindowRef find_by_caption(const std::wstring& caption) const override;
   [[nodiscard]] WindowRef find_copy(const std::wstring& caption) const override;
   void send_copy_data(WindowRef target, std::string_view bytes) override;
+  [[nodiscard]] bool sending() const override;
   void let_take_foreground(WindowRef target) override;
   void hook(std::function<void(const CopyData&)> receive) override;
 
@@ -43,6 +44,7 @@ public:
   [[nodiscard]] bool hooked() const { return static_cast<bool>(receive_); }
 
   std::vector<Sent> sent;
+  mutable int busy_looks = 0; // a receiver that hangs: so many times `sending` answers true
   std::vector<WindowRef> foreground_given;
   mutable std::vector<std::wstring> looked_up;
   std::function<void(const std::wstring& caption)> on_look_up; // lets a test add a window at the n-th look-up

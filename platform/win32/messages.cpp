@@ -7,7 +7,6 @@ namespace lumotune::platform::win32 {
 namespace {
 
 constexpr const wchar_t* self_property = L"Lumotune.Hook";
-constexpr DWORD text_command = 1;
 
 HWND handle_of(WindowRef window) {
   return reinterpret_cast<HWND>(window);
@@ -36,19 +35,15 @@ WindowRef Messages::find_copy(const std::wstring& caption) const {
   return find_by_caption(caption);
 }
 
-// The receiver copies the bytes before it replies; the reply itself carries no information.
 void Messages::send_copy_data(WindowRef target, std::string_view bytes) {
   loop_.check_thread();
-  if (target == WindowRef::none || bytes.size() > max_bytes)
-    return;
-  std::string text(bytes);
-  COPYDATASTRUCT record{};
-  record.dwData = text_command;
-  record.cbData = static_cast<DWORD>(text.size());
-  record.lpData = text.data();
-  DWORD_PTR answer = 0;
-  SendMessageTimeoutA(handle_of(target), WM_COPYDATA, reinterpret_cast<WPARAM>(window_),
-                      reinterpret_cast<LPARAM>(&record), SMTO_ABORTIFHUNG | SMTO_NORMAL, send_limit_ms, &answer);
+  if (target != WindowRef::none && bytes.size() <= max_bytes)
+    outbox_.add({window_, handle_of(target), std::string(bytes)});
+}
+
+bool Messages::sending() const {
+  loop_.check_thread();
+  return outbox_.busy();
 }
 
 void Messages::let_take_foreground(WindowRef target) {

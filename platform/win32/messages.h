@@ -3,6 +3,7 @@
 
 #include "platform/ansi_codec.h"
 #include "platform/win32/event_loop.h"
+#include "platform/win32/outbox.h"
 #include "platform/window_messages.h"
 
 namespace lumotune::platform::win32 {
@@ -18,6 +19,7 @@ public:
   [[nodiscard]] WindowRef find_by_caption(const std::wstring& caption) const override;
   [[nodiscard]] WindowRef find_copy(const std::wstring& caption) const override;
   void send_copy_data(WindowRef target, std::string_view bytes) override;
+  [[nodiscard]] bool sending() const override;
   void let_take_foreground(WindowRef target) override;
   void hook(std::function<void(const CopyData&)> receive) override;
 
@@ -29,6 +31,7 @@ private:
   HWND window_;
   const AnsiCodec& codec_;
   EventLoop& loop_;
+  Outbox outbox_;
   std::function<void(const CopyData&)> receive_;
   WNDPROC old_procedure_ = nullptr; // kept while the hook is installed
 };

@@ -26,6 +26,32 @@ TEST_F(SendCommand, DeliversAnsiBytesToTheWindowFound) {
   EXPECT_TRUE(w.shell.started.empty());
 }
 
+// The receiver takes its three seconds: what the program does by the clock goes on, and another command waits its turn.
+TEST_F(SendCommand, AReceiverThatHangsLetsEventsRun) {
+  w.messages.add_window(L"Okno", WindowRef{5});
+  w.messages.busy_looks = 600; // of 5 ms
+  int ticks = 0;
+  const auto clock = w.loop.make_timer(100, [&] { ++ticks; });
+  clock->start();
+  w.loop.at(1000, [this] { sender.SendCommand(L"prog.exe", L"Okno", L"druhy", L"1"); });
+  const auto begun = w.loop.tick_count_ms();
+  send(L"1");
+  EXPECT_EQ(w.loop.tick_count_ms() - begun, 3000U) << "returns when it has been handled";
+  EXPECT_GE(ticks, 29);
+  ASSERT_EQ(w.messages.sent.size(), 2U);
+  EXPECT_EQ(w.messages.sent[0].bytes, "lts:\xe8");
+  EXPECT_EQ(w.messages.sent[1].bytes, "druhy");
+}
+
+TEST_F(SendCommand, TheEndOfTheProgramDoesNotWaitForAReceiverThatHangs) {
+  w.messages.add_window(L"Okno", WindowRef{5});
+  w.messages.busy_looks = 600;
+  w.loop.at(100, [this] { w.loop.quit(); });
+  const auto begun = w.loop.tick_count_ms();
+  send(L"1");
+  EXPECT_LE(w.loop.tick_count_ms() - begun, 105U);
+}
+
 TEST_F(SendCommand, ModeOneAndAnEmptyOneStartTheProgramOnceWithoutRetry) {
   for (const wchar_t* mode : {L"1", L""}) {
     w.shell.started.clear();

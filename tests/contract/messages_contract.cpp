@@ -56,6 +56,7 @@ TEST_F(MessagesContract, NoWindowIsNoWindow) {
   EXPECT_EQ(b.messages.find_by_caption(L""), platform::WindowRef::none) << "many windows have none";
   EXPECT_EQ(b.messages.find_by_caption(std::wstring(100'000, L'x')), platform::WindowRef::none);
   b.messages.send_copy_data(platform::WindowRef::none, "x");
+  EXPECT_FALSE(b.messages.sending());
   b.messages.let_take_foreground(platform::WindowRef::none);
 }
 

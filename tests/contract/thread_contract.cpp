@@ -54,6 +54,7 @@ TEST_F(ThreadContractDeathTest, WindowsAndTheirControls) {
 
 TEST_F(ThreadContractDeathTest, MessagesToOtherPrograms) {
   EXPECT_DEATH(on_another([](Backend& b) { b.messages.send_copy_data(platform::WindowRef::none, "x"); }), message);
+  EXPECT_DEATH(on_another([](Backend& b) { (void)b.messages.sending(); }), message);
 }
 
 #endif

@@ -106,6 +106,27 @@ class TestEdges(Program):
         with hanging(*sound_server(), *self.client()):
             self.ends_in_time()
 
+    def test_a_client_that_hangs_leaves_the_window_to_its_user(self):
+        desk = self.begin()
+        self.hear(440)
+        client = self.client()
+
+        def listeners_then_press(caption):
+            """Seconds from the question for listeners to the answer of the window to the next press."""
+            desk.click("Control_ShowUser")
+            begun = time.monotonic()
+            desk.click("Control_Play")
+            self.until(lambda: desk.text("Control_Play") == caption, text=f"no click is obeyed: {caption}")
+            return time.monotonic() - begun
+
+        answering = listeners_then_press("Zapnout")
+        self.until(lambda: "lts:" in desk.log("orb"), text=desk.log("orb"))
+        with hanging(*client):
+            hung = listeners_then_press("Stop")
+        print(f"{answering:.2f} s beside a client that answers, {hung:.2f} s beside one that hangs", flush=True)
+        assert hung < answering + 1.5, "the three seconds of a message are not the user's"
+        self.hear(440)
+
     def memory(self):
         """Of the program, in kB."""
         with open(f"/proc/{self.desk.process.pid}/status", encoding="ascii") as source:
