@@ -275,8 +275,7 @@ class Radio:
             Connection(self, name, link, rest, head).serve()
 
     def control(self, link, command):
-        verb, _, name = command.partition("/")
-        body = "unknown"
+        verb, _, name, body = *command.partition("/"), "unknown"
         if verb == "list":
             body = json.dumps([{"name": name, "address": self.url(name), "description": fault.description,
                                 "seconds": fault.seconds, "ends_patience": fault.ends_patience,
