@@ -42,7 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   try_text(block);
   const auto title = icy_stream_title(block);
   if (title) {
-    demand(title->size() + sizeof "StreamTitle='';" - 1 <= block.size());
+    demand(title->empty() || title->size() + sizeof "StreamTitle='';" - 1 <= block.size());
     try_text(*title);
   }
   if (const auto text = from_utf8(block))
