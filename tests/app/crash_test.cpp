@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace lumotune::test {
@@ -185,8 +186,12 @@ TEST_P(CrashTest, TheSessionChangesEveryFile) {
   EXPECT_NE(after.at(L"c:\\orb\\orb_data\\options.ini").find("LTskin:druha"), std::string::npos);
 }
 
+std::string name_of(const testing::TestParamInfo<Files::Left>& info) {
+  return info.param == Files::Left::half ? "Half" : info.param == Files::Left::empty_file ? "AnEmptyFile" : "Nothing";
+}
+
 INSTANTIATE_TEST_SUITE_P(Leaves, CrashTest,
-                         testing::Values(Files::Left::half, Files::Left::empty_file, Files::Left::nothing));
+                         testing::Values(Files::Left::half, Files::Left::empty_file, Files::Left::nothing), name_of);
 
 } // namespace
 } // namespace lumotune::test
