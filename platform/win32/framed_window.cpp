@@ -42,7 +42,7 @@ COLORREF link_colour() {
 } // namespace
 
 FramedWindow::FramedWindow(EventLoop& loop, const std::wstring& name, int icon)
-    : ControlHost(loop, name, FontSize::chosen) {
+    : ControlHost(loop, name, FontSize::chosen), recheck_(loop, [this] { look_at_screen(); }) {
   use_common_controls();
   const HINSTANCE program = GetModuleHandleW(nullptr);
   const auto load_icon = [&](int width, int height) {

@@ -5,6 +5,7 @@
 #include "platform/common/view_keeper.h"
 #include "platform/framed_window.h"
 #include "platform/win32/control_host.h"
+#include "platform/win32/screen_recheck.h"
 
 #include <memory>
 #include <optional>
@@ -66,6 +67,7 @@ private:
   bool was_normal_ = true;
   std::optional<SIZE> owed_; // twips, requested while it was not in that state
   ViewKeeper view_;
+  ScreenRecheck recheck_;
   bool user_moves_ = false; // drags it, or changes its size
   POINT count_from_{};      // origin of the system's normal positions
   int least_width_ = 0;     // twips

@@ -26,6 +26,8 @@ bool FramedWindow::handle_size_message(UINT message, WPARAM w, LPARAM l) {
   case WM_MOVE:
     if (in_normal_state())
       GetWindowRect(window_, &normal_);
+    if (!user_moves_)
+      recheck_.begin();
     look_at_screen();
     return false;
   case WM_ENTERSIZEMOVE:

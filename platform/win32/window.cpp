@@ -15,7 +15,8 @@ constexpr const wchar_t* class_name = L"LumotuneWindow";
 } // namespace
 
 // A tool window has no task-bar button: the program lives in the notification area.
-Window::Window(EventLoop& loop, const std::wstring& name, int icon) : ControlHost(loop, name, FontSize::fixed) {
+Window::Window(EventLoop& loop, const std::wstring& name, int icon)
+    : ControlHost(loop, name, FontSize::fixed), recheck_(loop, [this] { look_at_screen(); }) {
   const HINSTANCE program = GetModuleHandleW(nullptr);
   icon_ = LoadIconW(program, MAKEINTRESOURCEW(icon));
   if (icon_ == nullptr)

@@ -5,6 +5,7 @@
 #include "platform/common/view_keeper.h"
 #include "platform/win32/control_host.h"
 #include "platform/win32/picture.h"
+#include "platform/win32/screen_recheck.h"
 #include "platform/win32/win.h"
 #include "platform/window.h"
 
@@ -78,6 +79,7 @@ private:
   bool topmost_ = false;
   DWORD settling_since_ = 0; // tick count
   ViewKeeper view_;
+  ScreenRecheck recheck_;
   bool dragging_ = false;
 };
 

@@ -26,6 +26,8 @@ void Window::note_place() {
     return;
   const bool unasked = visible() && !dragging_ && InSendMessageEx(nullptr) == ISMEX_NOSEND;
   const DWORD now = GetTickCount();
+  if (unasked && (place.left != place_.x || place.top != place_.y))
+    recheck_.begin();
   const bool settling = now - settling_since_ < settling_ms ||
                         view_.undoes(screen_rect(area_at({place.left, place.top})), monitors(), now);
   if (!unasked || !settling)
