@@ -21,7 +21,7 @@ StreamWorker::StreamWorker(const PlayerOptions& options, std::shared_ptr<EngineC
       wish_(channels_->mailbox, *clock_, [this] { playout_.tick(); }),
       playout_(*channels_, wish_),
       connector_(options, wish_, [this](Source& source) { return play_stream(source); }),
-      random_(std::random_device{}()) {}
+      random_(seams_.seed ? *seams_.seed : std::random_device{}()) {}
 
 void StreamWorker::run() {
   worker_thread_.rebind();

@@ -15,6 +15,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <random>
 
 namespace lumotune::media {
@@ -25,6 +26,7 @@ struct WorkerSeams {
   std::shared_ptr<WorkerClock> clock;
   // One attempt to play the wish: opens something and plays it.
   std::function<Attempt(const Wish& wish, CurrentWish& current, const Play& play)> connect;
+  std::optional<unsigned> seed; // of the delays before retries
 };
 
 // Created on any thread; `run` makes its thread the owner.

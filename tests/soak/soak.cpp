@@ -27,29 +27,33 @@ constexpr int device_rate = 48000;
 constexpr auto device_block = 10ms;
 
 // Which device is open, shared with the device thread.
-struct Sockets {
-  std::atomic<bool> running = false;
-  std::atomic<bool> broken = false;
+enum class DeviceState { stopped, running, broken };
+
+struct SharedState {
+  std::atomic<DeviceState> state = DeviceState::stopped;
+  void set(DeviceState next) {
+    state = next;
+    state.notify_all();
+  }
 };
 
 // A device without a thread: the clock renders for it.
 class SteppedOutput final : public AudioOutput {
 public:
-  explicit SteppedOutput(std::shared_ptr<Sockets> sockets) : sockets_(std::move(sockets)) {}
-  ~SteppedOutput() override { sockets_->running = false; }
+  explicit SteppedOutput(std::shared_ptr<SharedState> device) : device_(std::move(device)) {}
+  ~SteppedOutput() override { device_->set(DeviceState::stopped); }
   [[nodiscard]] int preferred_rate() override { return device_rate; }
   [[nodiscard]] bool open(Mixer& /*mixer*/, int /*latency_ms*/) override { return true; }
   [[nodiscard]] bool start() override {
-    sockets_->broken = false;
-    sockets_->running = true;
+    device_->set(DeviceState::running);
     return true;
   }
-  void stop() override { sockets_->running = false; }
+  void stop() override { device_->set(DeviceState::stopped); }
   void set_volume(float /*volume*/) override {}
-  [[nodiscard]] bool failed() const override { return sockets_->broken; }
+  [[nodiscard]] bool failed() const override { return device_->state == DeviceState::broken; }
 
 private:
-  std::shared_ptr<Sockets> sockets_;
+  std::shared_ptr<SharedState> device_;
 };
 
 long status_of(const std::string& key) {
@@ -78,7 +82,7 @@ public:
         plan_(plan_faults(now_, end_, settings)),
         random_(settings.seed),
         channels_(std::make_shared<EngineChannels>(
-            std::make_shared<Board>(), [this] { return std::make_unique<SteppedOutput>(sockets_); }, 100)) {}
+            std::make_shared<Board>(), [this] { return std::make_unique<SteppedOutput>(device_); }, 100)) {}
 
   [[nodiscard]] Time now() const override { return now_; }
   [[nodiscard]] bool wait(Mailbox& mailbox, std::uint64_t stream, Millis time) override {
@@ -90,6 +94,7 @@ public:
   Result run(const std::shared_ptr<Simulation>& self) {
     WorkerSeams seams;
     seams.clock = self;
+    seams.seed = settings_.seed;
     seams.connect = [this](const Wish&, CurrentWish& wish, const WorkerSeams::Play& play) {
       return connect(wish, play);
     };
@@ -163,9 +168,10 @@ private:
 
   // The device thread lives in real time: it starts or replaces the device while the simulated time stands still.
   void run_device() {
-    while (channels_->mixer->flows() && (!sockets_->running || sockets_->broken))
-      std::this_thread::sleep_for(1ms);
-    if (!sockets_->running)
+    DeviceState state = device_->state;
+    for (; channels_->mixer->flows() && state != DeviceState::running; state = device_->state)
+      device_->state.wait(state);
+    if (state != DeviceState::running)
       return;
     frames_ += device_rate * std::chrono::duration<double>(device_block).count() * (1 + device_drift_ / 1e6);
     const auto count = static_cast<std::size_t>(frames_);
@@ -178,7 +184,7 @@ private:
     if (!active_ && fault_ < plan_.size() && now_ >= plan_[fault_].begin && !waiting_for_sound_) {
       active_ = true;
       if (plan_[fault_].kind == Kind::device)
-        sockets_->broken = true;
+        device_->set(DeviceState::broken);
     }
     // One that takes no time is met once.
     if (active_ && now_ >= std::max(plan_[fault_].end, plan_[fault_].begin + 2 * device_block + 600ms)) {
@@ -237,7 +243,7 @@ private:
   Time next_drift_;
   const std::vector<Fault> plan_;
   std::minstd_rand random_;
-  const std::shared_ptr<Sockets> sockets_ = std::make_shared<Sockets>();
+  const std::shared_ptr<SharedState> device_ = std::make_shared<SharedState>();
   const std::shared_ptr<EngineChannels> channels_;
 
   double station_drift_ = 0;
