@@ -4,6 +4,7 @@
 //   orb.exe               shows its window
 //   orb.exe m             starts minimised, as the player starts it
 //   orb.exe --send TEXT   sends one command to the player and ends; the exit code is 0 when it was answered
+#include "demo/companions/copy_data.h"
 #include "demo/companions/note.h"
 
 #include <windows.h>
@@ -23,14 +24,6 @@ constexpr std::array<const wchar_t*, 8> commands = {
     L"play",  L"list",      L"fmax", L"id:LUMO02",
     L"idk:1", L"id:lumo03", L"idk:", L"remoteplay/@/NIKDE1/@/1/@//@/Z klienta"};
 
-std::string ansi(const std::wstring& text) {
-  std::string bytes(text.size() * 2, '\0');
-  bytes.resize(
-      static_cast<std::size_t>(WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                                                   static_cast<int>(bytes.size()), nullptr, nullptr)));
-  return bytes;
-}
-
 std::wstring wide(const char* bytes, DWORD length) {
   std::wstring text(length, L'\0');
   text.resize(static_cast<std::size_t>(
@@ -45,17 +38,10 @@ long send(HWND from, const std::wstring& text) {
     companion::note(L"no window is captioned Lumotune");
     return 0;
   }
-  std::string bytes = ansi(text);
-  COPYDATASTRUCT record{};
-  record.dwData = 1;
-  record.cbData = static_cast<DWORD>(bytes.size());
-  record.lpData = bytes.data();
-  DWORD_PTR answer = 0;
-  SetLastError(0);
-  if (SendMessageTimeoutA(player, WM_COPYDATA, reinterpret_cast<WPARAM>(from), reinterpret_cast<LPARAM>(&record),
-                          SMTO_ABORTIFHUNG, 5000, &answer) == 0)
+  const auto answer = companion::send_text(player, from, companion::ansi(text), 5000);
+  if (!answer)
     companion::note(L"the player did not answer, error " + std::to_wstring(GetLastError()));
-  return static_cast<long>(static_cast<LONG_PTR>(answer));
+  return static_cast<long>(answer.value_or(0));
 }
 
 void show_line(HWND window, const std::wstring& text) {

@@ -17,6 +17,8 @@
 //   windows       the number of the program's visible top windows
 #include "probe_windows.h"
 
+#include "demo/companions/copy_data.h"
+
 #include <windows.h>
 
 #include <commctrl.h>
@@ -25,10 +27,13 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -63,7 +68,7 @@ class WaitMeter {
 public:
   WaitMeter() : thread_([this] { measure(); }) {}
   ~WaitMeter() {
-    ended_ = true;
+    set(wanted_, true);
     thread_.join();
   }
   WaitMeter(const WaitMeter&) = delete;
@@ -71,51 +76,46 @@ public:
   WaitMeter(WaitMeter&&) = delete;
   WaitMeter& operator=(WaitMeter&&) = delete;
 
-  void watch(bool wanted) { wanted_ = wanted; }
+  void watch(bool wanted) { set(wanted, false); }
   [[nodiscard]] double take_longest_ms() { return longest_ms_.exchange(0); }
 
 private:
+  void set(bool wanted, bool ended) {
+    const std::scoped_lock lock(mutex_);
+    wanted_ = wanted;
+    ended_ = ended;
+    changed_.notify_all();
+  }
   void measure() {
-    HWND window = nullptr;
+    std::unique_lock lock(mutex_);
     while (!ended_) {
-      if (IsWindow(window) == 0)
-        window = main_window();
-      if (window != nullptr && wanted_) {
-        const Stopwatch watch;
-        DWORD_PTR ignored = 0;
-        SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, 20000, &ignored);
-        if (const double waited = watch.passed_ms(); waited > longest_ms_)
-          longest_ms_ = waited;
-      }
-      Sleep(wanted_ ? 2 : 50);
+      changed_.wait(lock, [this] { return wanted_ || ended_; });
+      lock.unlock();
+      ask();
+      lock.lock();
+      changed_.wait_for(lock, std::chrono::milliseconds(2), [this] { return ended_; });
     }
   }
+  void ask() {
+    if (IsWindow(window_) == 0)
+      window_ = main_window();
+    if (window_ == nullptr)
+      return;
+    const Stopwatch stopwatch;
+    DWORD_PTR ignored = 0;
+    SendMessageTimeoutW(window_, WM_NULL, 0, 0, SMTO_NORMAL, 20000, &ignored);
+    if (const double waited = stopwatch.passed_ms(); waited > longest_ms_)
+      longest_ms_ = waited;
+  }
 
-  std::atomic<bool> ended_ = false;
-  std::atomic<bool> wanted_ = false;
+  std::mutex mutex_; // of the next two
+  bool wanted_ = false;
+  bool ended_ = false;
+  std::condition_variable changed_;
+  HWND window_ = nullptr; // the thread's own
   std::atomic<double> longest_ms_ = 0;
   std::thread thread_;
 };
-
-std::string ansi(const std::wstring& text) {
-  std::string bytes(text.size() * 2, '\0');
-  const int length = WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                                         static_cast<int>(bytes.size()), nullptr, nullptr);
-  bytes.resize(static_cast<std::size_t>(length));
-  return bytes;
-}
-
-long long send(const std::wstring& text) {
-  std::string bytes = ansi(text);
-  COPYDATASTRUCT record{};
-  record.dwData = 1;
-  record.cbData = static_cast<DWORD>(bytes.size());
-  record.lpData = bytes.data();
-  DWORD_PTR answer = 0;
-  SendMessageTimeoutA(main_window(), WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&record), SMTO_ABORTIFHUNG, 5000,
-                      &answer);
-  return static_cast<long long>(answer);
-}
 
 unsigned long threads_of(DWORD process) {
   const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
@@ -241,7 +241,8 @@ int visible_windows() {
 void answer(std::wstring_view line, WaitMeter& meter) {
   const std::wstring rest(line.substr(std::min(line.size(), line.find(L' ') + 1)));
   if (line.starts_with(L"send "))
-    std::printf("%lld\n", send(rest));
+    std::printf("%lld\n", static_cast<long long>(
+                              companion::send_text(main_window(), nullptr, companion::ansi(rest), 5000).value_or(0)));
   else if (line.starts_with(L"command "))
     std::printf("%d\n", SendMessageW(main_window(), WM_APPCOMMAND, 0, MAKELPARAM(0, _wtoi(rest.c_str()))) != 0);
   else if (line == L"texts")

@@ -121,7 +121,7 @@ def flow(c, tone, seconds=None):
     start = time.monotonic()
     while c.active and not (seconds and time.monotonic() - start > seconds):
         tone.step(c)
-        time.sleep(0.02)
+        c.pace(0.02)
     if seconds is None:
         c.met = c.state.epoch
         c.play(tone)

@@ -61,7 +61,7 @@ def hls_endless(c):
     c.raw(segment_list(c, 1, 1).encode())
     while c.active:
         c.raw(f"#EXTINF:2,\n/{c.name}/1.ts\n".encode() * 500)
-        time.sleep(0.01)
+        c.pace(0.01)
 
 
 @at_list("hls-itself", "its list is a choice of itself")

@@ -37,7 +37,7 @@ def endless_headers(c):
     c.raw(b"HTTP/1.0 200 OK\r\n")
     while c.active:
         c.raw(b"".join(b"X-%d: %s\r\n" % (number, b"x" * 60) for number in range(20)))
-        time.sleep(0.05)
+        c.pace(0.05)
 
 
 @at_open("drip-headers", "sends its header a byte a second", 15, True)
@@ -98,7 +98,7 @@ def garbage(c):
     noise = random.Random(1)
     while c.active:
         c.send(noise.randbytes(2000))
-        time.sleep(0.1)
+        c.pace(0.1)
 
 
 # Sound that is announced or wrapped wrongly. It plays all the same.

@@ -25,6 +25,7 @@ import tempfile
 import threading
 import time
 
+from connection import Connection, State
 from misbehaviour import FAULTS
 from tone import Cut
 
@@ -35,96 +36,6 @@ EXTRA_SOUND = {
 }
 
 
-class State:
-    """What is going on at one path. `epoch` counts its beginnings."""
-
-    def __init__(self):
-        self.active = False
-        self.epoch = 0
-        self.began = 0.0
-        self.hits = 0
-        self.listener = None  # of a path with a port of its own
-        self.port = 0
-
-
-class Connection:
-    """One request: what a misbehaviour works with."""
-
-    def __init__(self, radio, name, link, rest, head):
-        self.radio, self.name, self.link, self.rest, self.head_bytes = radio, name, link, rest, head
-        self.fault, self.state = FAULTS[name], radio.states[name]
-        self.born = self.state.epoch if not self.state.active else self.state.epoch - 1
-        self.met = self.born  # the last beginning that this connection has met
-        self.chunked = False
-
-    @property
-    def active(self):
-        return self.state.active
-
-    @property
-    def wants_titles(self):
-        return b"icy-metadata: 1" in self.head_bytes.lower()
-
-    def url(self, path):
-        return f"http://127.0.0.1:{self.radio.port}{path}"
-
-    def send(self, data):
-        if self.chunked and data:
-            data = b"%x\r\n" % len(data) + data + b"\r\n"
-        self.link.sendall(data)
-
-    def raw(self, data):
-        self.link.sendall(data)
-
-    def head(self, first="HTTP/1.0 200 OK", **fields):
-        fields = {key.replace("_", "-"): value for key, value in fields.items()}
-        lines = [first] + [f"{key}: {value}" for key, value in fields.items()] + ["Connection: close", "", ""]
-        self.raw("\r\n".join(lines).encode("latin-1"))
-
-    def page(self, body, kind="text/plain", first="HTTP/1.1 200 OK"):
-        body = body if isinstance(body, bytes) else body.encode("latin-1")
-        self.head(first, Content_Type=kind, Content_Length=len(body))
-        self.raw(body)
-
-    def silence(self):
-        """Nothing until the misbehaviour ends or the other side leaves."""
-        self.link.settimeout(0.05)
-        while self.active:
-            try:
-                if not self.link.recv(4096):
-                    raise Cut
-            except socket.timeout:
-                pass
-        self.link.settimeout(None)
-
-    def rest_for(self, seconds):
-        """Nothing for that long, however the misbehaviour goes on."""
-        end = time.monotonic() + seconds
-        while time.monotonic() < end and not self.radio.over:
-            time.sleep(0.02)
-
-    def must_cut(self):
-        return self.radio.over or (self.active and self.fault.begins != "stream")
-
-    def serve(self):
-        if self.active and self.fault.begins == "open":
-            return self.fault.handler(self)
-        return self.fault.healthy(self)
-
-    def play(self, tone):
-        """The tone for ever; what the path does wrong in the middle of it is done once a beginning. What is wrong with
-        titles is done by the tone itself."""
-        while True:
-            if self.must_cut():
-                raise Cut
-            if self.active and self.met != self.state.epoch and not tone.titles and tone.sent >= tone.rate:
-                self.met = self.state.epoch
-                self.fault.handler(self, tone)
-                continue
-            tone.step(self)
-            time.sleep(0.02)
-
-
 class Radio:
     def __init__(self, media):
         self.media_folder = media
@@ -132,7 +43,7 @@ class Radio:
         self.lock = threading.Lock()
         self.links = {}  # connection: path
         self.sounds = {}
-        self.over = False
+        self.closed = threading.Event()
         self.states = {name: State() for name in FAULTS}
         self.tls = None
         self.listener, self.port = self.listen(0, None)
@@ -147,7 +58,7 @@ class Radio:
         self.close()
 
     def close(self):
-        self.over = True
+        self.closed.set()
         for listener in [self.listener] + [state.listener for state in self.states.values() if state.listener]:
             listener.close()
         self.cut(None)
@@ -165,7 +76,7 @@ class Radio:
         state = self.states[name]
         state.began = time.monotonic()
         state.epoch += 1
-        state.active = True
+        self.turn(state, True)
         if FAULTS[name].port == "closed":
             state.listener.shutdown(socket.SHUT_RDWR)
             state.listener.close()
@@ -176,7 +87,13 @@ class Radio:
         state = self.states[name]
         if FAULTS[name].port == "closed" and state.active:
             state.listener, state.port = self.listen(state.port, name)
-        state.active = False
+        self.turn(state, False)
+
+    @staticmethod
+    def turn(state, active):
+        with state.changed:
+            state.active = active
+            state.changed.notify_all()
 
     def cut(self, name):
         with self.lock:

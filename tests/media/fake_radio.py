@@ -26,6 +26,7 @@ Prints "port N". Then takes one command a line and answers each with one line, u
 """
 import os
 import random
+import select
 import socket
 import struct
 import sys
@@ -195,7 +196,8 @@ class Radio:
             if turn == 1 and "mute" in asked and now >= float(asked["mute"]):
                 if "back" not in asked:
                     return connection.recv(1)
-                time.sleep(float(asked["back"]))
+                if select.select([connection], [], [], float(asked["back"]))[0]:
+                    return None  # the listener is gone
                 turn = 0
                 continue
             due = int((now + float(asked.get("burst", 2))) * rate)

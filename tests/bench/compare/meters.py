@@ -1,24 +1,19 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """What a player does, seen from outside: its sound at the sink, its windows, its processes."""
-import math
 import os
 import re
 import struct
 import subprocess
+import sys
 import threading
 import time
 
-RATE = 48000
+TOP = os.path.realpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", ".."))
+sys.path.insert(0, os.path.join(TOP, "tests", "desktop"))
+from probing import wait_for  # noqa: E402
+from sound import RATE, Sound  # noqa: E402
+
 TICKS = os.sysconf("SC_CLK_TCK")
-
-
-def wait_for(what, seconds=30.0, every=0.005):
-    end = time.monotonic() + seconds
-    while not (answer := what()):
-        if time.monotonic() > end:
-            return None
-        time.sleep(every)
-    return answer
 
 
 class Ear:
@@ -45,31 +40,23 @@ class Ear:
 
     def is_wanted(self, samples):
         hertz, other = self.wanted
-        return hertz is None or strength(samples, hertz) > max(30.0, 2 * strength(samples, other))
+        return hertz is None or Sound.strength(samples, hertz) > max(30.0, 2 * Sound.strength(samples, other))
 
     def seconds_until(self, action, hertz=None, other=None, limit=30):
         """From the action to the first sound, or to that tone in place of the other; None after the limit."""
         self.heard_at, self.wanted = None, (hertz, other)
         begun = time.monotonic()
         action()
-        wait_for(lambda: self.heard_at is not None, limit)
+        wait_for(lambda: self.heard_at is not None, limit, 0.005)
         self.wanted = None
         return self.heard_at - begun if self.heard_at else None
 
     def silence(self, seconds=0.5, limit=30):
-        return wait_for(lambda: time.monotonic() - self.last_loud > seconds, limit)
+        return wait_for(lambda: time.monotonic() - self.last_loud > seconds, limit, 0.005)
 
     def close(self):
         self.recorder.terminate()
         self.recorder.wait()
-
-
-def strength(samples, hertz):
-    turn = 2 * math.cos(2 * math.pi * hertz / RATE)
-    one = two = 0.0
-    for value in samples:
-        one, two = value + turn * one - two, one
-    return math.sqrt(max(0.0, one * one + two * two - turn * one * two)) / max(1, len(samples))
 
 
 class Windows:

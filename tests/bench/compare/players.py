@@ -8,14 +8,11 @@ import signal
 import socket
 import subprocess
 import sys
-import time
 
-from meters import Processes, wait_for
+from meters import TOP, Processes
 
-TOP = os.path.realpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", ".."))
-sys.path.insert(0, os.path.join(TOP, "tests", "desktop"))
 sys.path.insert(0, os.path.join(TOP, "demo"))
-from probing import WINE  # noqa: E402
+from probing import WINE, wait_for  # noqa: E402
 from watching import Watcher  # noqa: E402
 
 QUIET = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
@@ -148,9 +145,6 @@ class Engine(Player):
         self.process.stdin.write(b"play\n")
         self.process.stdin.flush()
 
-    def end(self):
-        super().end()
-
     def bytes_on_disk(self):
         return os.path.getsize(self.path)
 
@@ -193,6 +187,7 @@ class FfplayBare(Ffplay):
 
 class Vlc(Player):
     name, program, package = "VLC", "vlc", "vlc-bin"
+    control = None  # the connection that takes orders, from the first one on
 
     def begin(self, url):
         # It refuses to run as root.
@@ -204,24 +199,22 @@ class Vlc(Player):
                  "--rc-unix=" + self.folder + "/rc", "--rc-fake-tty", "--no-metadata-network-access", "--aout=pulse", url)
 
     def command(self, line):
-        with socket.socket(socket.AF_UNIX) as control:
-            control.connect(self.folder + "/rc")
-            control.sendall(line.encode() + b"\n")
-            control.settimeout(0.3)
-            try:
-                while control.recv(1000):
-                    pass
-            except TimeoutError:
-                pass
+        if self.control is None:
+            self.control = socket.socket(socket.AF_UNIX)
+            self.control.connect(self.folder + "/rc")
+        self.control.sendall(line.encode() + b"\n")
 
     def change(self, url):
-        with socket.socket(socket.AF_UNIX) as control:
-            control.connect(self.folder + "/rc")
-            control.sendall(f"add {url}\n".encode())
-            time.sleep(0.05)
+        self.command("add " + url)
 
     def stop(self):
         self.command("stop")
+
+    def end(self):
+        if self.control is not None:
+            self.control.close()
+            self.control = None
+        super().end()
 
 
 class Audacious(Player):
