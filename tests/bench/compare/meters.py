@@ -20,14 +20,27 @@ class Ear:
     """Listens at the desktop's sink, all the time, in pieces of ten milliseconds."""
 
     def __init__(self):
-        self.recorder = subprocess.Popen(["parec", "-d", "nul.monitor", "--latency-msec=10", "--format=s16le", f"--rate={RATE}",
-                                          "--channels=1", "--raw"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.closed = False
+        self.recorder = self.record()
         self.last_loud = 0.0
         self.wanted = None  # (hertz, other hertz), or (None, None) for any sound
         self.heard_at = None
         threading.Thread(target=self.listen, daemon=True).start()
 
+    @staticmethod
+    def record():
+        return subprocess.Popen(["parec", "-d", "nul.monitor", "--latency-msec=10", "--format=s16le", f"--rate={RATE}",
+                                          "--channels=1", "--raw"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+
     def listen(self):
+        """The recorder ends when its sink does: another one tries until there is a sink again."""
+        while not self.closed:
+            self.listen_once()
+            self.recorder.wait()
+            if not self.closed:
+                self.recorder = self.record()
+
+    def listen_once(self):
         last = ()
         while piece := os.read(self.recorder.stdout.fileno(), 960):
             now = time.monotonic()
@@ -55,6 +68,7 @@ class Ear:
         return wait_for(lambda: time.monotonic() - self.last_loud > seconds, limit, 0.005)
 
     def close(self):
+        self.closed = True
         self.recorder.terminate()
         self.recorder.wait()
 
