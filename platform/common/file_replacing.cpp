@@ -24,8 +24,9 @@ private:
   int tries_ = 0;
 };
 
-bool gone(FileSteps& steps, const std::wstring& path) {
-  return steps.erase(path) == FileStep::done;
+// A program that has just been killed may still count as the holder of its files.
+bool gone(FileSteps& steps, const std::wstring& path, Patience& patience) {
+  return patience.done([&] { return steps.erase(path); });
 }
 
 bool moved(FileSteps& steps, const std::wstring& from, const std::wstring& to) {
@@ -48,23 +49,23 @@ struct Pair {
 
 // As long as the first file's new content waits, nothing has changed yet. The copy of the old file goes first: without
 // the new content, a copy beside the second one's new content says that the first file was replaced.
-void forget(FileSteps& steps, const Pair& pair) {
-  if (!gone(steps, pair.first_old))
+void forget(FileSteps& steps, const Pair& pair, Patience& patience) {
+  if (!gone(steps, pair.first_old, patience))
     return; // the next start tries again
-  (void)gone(steps, pair.second_new);
-  (void)gone(steps, pair.first_new);
+  (void)gone(steps, pair.second_new, patience);
+  (void)gone(steps, pair.first_new, patience);
 }
 
 // The first file was replaced. The second one follows, or the first one comes back; when neither can be done, what is
 // needed for it stays for the next start.
 [[nodiscard]] bool follow(FileSteps& steps, const Pair& pair, Patience& forward) {
   if (forward.done([&] { return steps.take_place(pair.second_new, pair.second); })) {
-    (void)gone(steps, pair.first_old);
+    (void)gone(steps, pair.first_old, forward);
     return true;
   }
   Patience back(steps);
   if (back.done([&] { return steps.take_place(pair.first_old, pair.first); }))
-    (void)gone(steps, pair.second_new);
+    (void)gone(steps, pair.second_new, back);
   return false;
 }
 
@@ -76,7 +77,7 @@ bool replace_one(FileSteps& steps, const std::wstring& path, std::string_view by
   if (patience.done([&] { return steps.write_beside(beside, bytes, path); }) &&
       patience.done([&] { return steps.take_place(beside, path); }))
     return true;
-  (void)gone(steps, beside); // incomplete or unwanted
+  (void)gone(steps, beside, patience); // incomplete or unwanted
   return false;
 }
 
@@ -95,34 +96,35 @@ bool replace_two(FileSteps& steps, const std::wstring& first, std::string_view f
   if (!patience.done([&] { return steps.write_beside(pair.first_new, first_bytes, first); }) ||
       !patience.done([&] { return steps.write_beside(pair.second_new, second_bytes, second); }) ||
       !patience.done(keep) || !patience.done([&] { return steps.take_place(pair.first_new, first); })) {
-    forget(steps, pair);
+    forget(steps, pair, patience);
     return false;
   }
   if (follow(steps, pair, patience))
     return true;
   if (!had_first && !steps.there(pair.first_old))
-    (void)gone(steps, first); // the empty one that stood for none
+    (void)gone(steps, first, patience); // the empty one that stood for none
   return false;
 }
 
 void settle_one(FileSteps& steps, const std::wstring& path) {
-  (void)gone(steps, path + L".new");
+  Patience patience(steps);
+  (void)gone(steps, path + L".new", patience);
 }
 
 void settle_two(FileSteps& steps, const std::wstring& first, const std::wstring& second) {
   const Pair pair(first, second);
+  Patience patience(steps);
   if (steps.there(pair.first_new) || !steps.there(pair.first_old))
-    return forget(steps, pair);
+    return forget(steps, pair, patience);
   if (!steps.there(first)) {
     if (moved(steps, pair.first_old, first))
-      forget(steps, pair);
+      forget(steps, pair, patience);
     return;
   }
-  Patience patience(steps);
   if (steps.there(pair.second_new) && !steps.newer(second, pair.second_new))
     return (void)follow(steps, pair, patience);
-  if (gone(steps, pair.second_new))
-    (void)gone(steps, pair.first_old);
+  if (gone(steps, pair.second_new, patience))
+    (void)gone(steps, pair.first_old, patience);
 }
 
 } // namespace lumotune::platform

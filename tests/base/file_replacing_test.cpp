@@ -164,6 +164,30 @@ TEST_F(FileReplacingTest, AHolderThatLetsGoIsWaitedFor) {
   EXPECT_EQ(files.waited_ms, 150);
 }
 
+TEST_F(FileReplacingTest, ALeftoverThatIsHeldForAMomentIsRemovedAllTheSame) {
+  for (const std::wstring& left : {first + L".new", second + L".new", folder + L"\\list.tt.new"}) {
+    platform::memory::Files files;
+    put(files, left, "torn");
+    files.hold(left);
+    int waits = 0;
+    files.while_waiting = [&] {
+      if (++waits == 3)
+        files.release(left);
+    };
+    settle_leftovers(files);
+    expect_nothing_beside(files);
+    EXPECT_EQ(files.waited_ms, 150);
+  }
+}
+
+TEST_F(FileReplacingTest, ALeftoverThatStaysHeldCostsFiveTries) {
+  platform::memory::Files files;
+  put(files, first + L".new", "torn");
+  files.hold(first + L".new");
+  files.settle(first, second);
+  EXPECT_EQ(files.waited_ms, 200);
+}
+
 TEST_F(FileReplacingTest, AHolderThatStaysCostsFiveTriesAndTheOldFileStays) {
   platform::memory::Files files;
   put(files, first, "old");
