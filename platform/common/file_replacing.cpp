@@ -24,7 +24,7 @@ private:
   int tries_ = 0;
 };
 
-// A program that has just been killed may still count as the holder of its files.
+// Scanners and backup programs hold a file that they look at for a moment.
 bool gone(FileSteps& steps, const std::wstring& path, Patience& patience) {
   return patience.done([&] { return steps.erase(path); });
 }
