@@ -21,13 +21,14 @@ RUNTIME = r"""// Which mutant the program is, from LUMOTUNE_MUTANT; those it rea
 #include <cstdlib>
 #include <type_traits>
 namespace mutants {
+constexpr int most = 100000; // numbers of mutants
 struct State {
   int chosen = std::getenv("LUMOTUNE_MUTANT") ? std::atoi(std::getenv("LUMOTUNE_MUTANT")) : -1;
-  std::atomic<bool> reached[20000]{};
+  std::atomic<bool> reached[most]{};
   ~State() {
     const char* path = std::getenv("LUMOTUNE_MUTANTS_REACHED");
     std::FILE* out = path ? std::fopen(path, "w") : nullptr;
-    for (int i = 0; out && i < 20000; ++i)
+    for (int i = 0; out && i < most; ++i)
       if (reached[i])
         std::fprintf(out, "%d\n", i);
     if (out)
