@@ -3,6 +3,7 @@
 
 #include "platform/common/thread_check.h"
 #include "platform/media/com_apartment.h"
+#include "platform/threads/thread_name.h"
 
 #include <atomic>
 #include <condition_variable>
@@ -83,6 +84,7 @@ private:
 Device::Device(std::shared_ptr<Mixer> mixer, OutputFactory make_output, int latency_ms)
     : state_(std::make_shared<State>(std::move(mixer), std::move(make_output), latency_ms)) {
   std::thread([state = state_] {
+    platform::name_this_thread("sound device");
     {
       const ComApartment apartment;
       state->run();

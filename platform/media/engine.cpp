@@ -3,6 +3,7 @@
 
 #include "platform/media/engine_channels.h"
 #include "platform/media/stream_worker.h"
+#include "platform/threads/thread_name.h"
 
 #include <algorithm>
 #include <thread>
@@ -14,6 +15,7 @@ Engine::Engine(const PlayerOptions& options, std::shared_ptr<Board> board)
     : channels_(std::make_shared<EngineChannels>(std::move(board), options.make_output, options.latency_ms)) {
   auto worker = std::make_unique<StreamWorker>(options, channels_);
   std::thread([worker = std::move(worker), end = end_]() mutable {
+    platform::name_this_thread("stream worker");
     worker->run();
     worker.reset();
     const std::lock_guard lock(end->mutex);

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/win32/end_limit.h"
 
+#include "platform/threads/thread_name.h"
 #include "platform/win32/win.h"
 
 namespace lumotune::platform::win32 {
 namespace {
 
 DWORD WINAPI end_later(LPVOID milliseconds) {
+  name_this_thread("end limit");
   Sleep(static_cast<DWORD>(reinterpret_cast<std::uintptr_t>(milliseconds)));
   end_now(0);
 }

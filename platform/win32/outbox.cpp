@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/win32/outbox.h"
 
+#include "platform/threads/thread_name.h"
 #include "platform/window_messages.h"
 
 #include <deque>
@@ -45,6 +46,7 @@ std::optional<OutgoingText> next(Outbox::Queue& queue) {
 }
 
 DWORD WINAPI send_all(LPVOID argument) {
+  name_this_thread("outbox");
   const std::unique_ptr<std::shared_ptr<Outbox::Queue>> queue(static_cast<std::shared_ptr<Outbox::Queue>*>(argument));
   while (auto text = next(**queue))
     send(std::move(*text));

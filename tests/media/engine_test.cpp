@@ -3,6 +3,10 @@
 #include "tests/media/player_rig.h"
 
 #include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
 
 namespace lumotune::media::rig {
 namespace {
@@ -23,6 +27,20 @@ TEST_F(Engine, PlaysALiveStreamAndSaysSo) {
   ASSERT_GE(states.size(), 2U);
   EXPECT_EQ(states.front(), 9);
   EXPECT_EQ(states.back(), 3);
+}
+
+TEST_F(Engine, ItsThreadsHaveNames) {
+  play(radio.url("/live/440.mp3"));
+  ASSERT_TRUE(until_hears(440)) << told();
+  std::set<std::string> names;
+  for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
+    std::ifstream comm(task.path() / "comm");
+    std::string name;
+    (void)std::getline(comm, name);
+    names.insert(name);
+  }
+  EXPECT_TRUE(names.contains("stream worker"));
+  EXPECT_TRUE(names.contains("sound device"));
 }
 
 TEST_F(Engine, WithoutAnAddressSaysSo) {

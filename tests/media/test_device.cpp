@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "tests/media/test_device.h"
 
+#include "platform/threads/thread_name.h"
 #include "tests/media/tone.h"
 
 #include <algorithm>
@@ -55,6 +56,7 @@ private:
       thread_.join();
   }
   void loop() {
+    platform::name_this_thread("test device");
     auto due = std::chrono::steady_clock::now();
     while (running_ && !failed_) {
       if (device_->broken.exchange(false)) {
