@@ -53,7 +53,7 @@ public:
     if (stream_ != nullptr)
       cubeb_stream_set_volume(stream_, volume);
   }
-  [[nodiscard]] bool failed() const override { return failed_.load(std::memory_order_acquire); }
+  [[nodiscard]] bool failed() const override { return failed_.load(); }
 
 private:
   [[nodiscard]] bool has_context() {
@@ -66,8 +66,9 @@ private:
     return frames;
   }
   static void note_state(cubeb_stream* /*stream*/, void* self, cubeb_state state) {
-    if (state == CUBEB_STATE_ERROR)
-      static_cast<CubebOutput*>(self)->failed_.store(true, std::memory_order_release);
+    auto& output = *static_cast<CubebOutput*>(self);
+    if (state == CUBEB_STATE_ERROR && !output.failed_.exchange(true) && output.on_failed)
+      output.on_failed();
   }
 
   Mixer* mixer_ = nullptr;

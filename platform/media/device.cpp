@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 constexpr auto retry_interval = 2000ms;    // while there is no device
-constexpr auto health_interval = 500ms;    // between checks whether a running device has failed
+constexpr auto shortest_life = 500ms;      // a device that fails is replaced at once, but no sooner than this
 constexpr auto muted_run_time = 250ms;     // after a stop, the device plays what it has taken, muted
 constexpr auto idle_close_after = 30000ms; // an unused device is closed
 
@@ -40,6 +40,7 @@ struct Device::State {
   std::condition_variable changed;
   bool wanted = false;
   bool flowing = false;
+  bool output_failed = false;
   bool ending = false;
   bool ended = false;
   bool rate_settled = false;
@@ -68,6 +69,7 @@ private:
   void open_if_needed();
   void start_output(bool now_flowing);
   void stop_output();
+  void note_failure(bool failed);
   void drop_output();
   void set_consuming(bool on) {
     const std::lock_guard lock(mutex);
@@ -79,6 +81,7 @@ private:
   platform::ThreadCheck device_thread{"device thread"};
   std::unique_ptr<AudioOutput> output;
   bool started = false;
+  Clock::time_point opened_at;
 };
 
 Device::Device(std::shared_ptr<Mixer> mixer, OutputFactory make_output, int latency_ms)
@@ -161,13 +164,23 @@ void Device::State::settle(int preferred_rate) {
   changed.notify_all();
 }
 
+void Device::State::note_failure(bool failed) {
+  const std::lock_guard lock(mutex);
+  output_failed = failed;
+  changed.notify_all();
+}
+
 void Device::State::open_if_needed() {
-  if (output != nullptr && output->failed())
+  note_failure(false); // from now on a failure is news
+  if (output != nullptr && output->failed() && Clock::now() - opened_at >= shortest_life)
     drop_output();
   if (output != nullptr)
     return;
   const Calling calling(*this);
+  opened_at = Clock::now();
   auto made = make_output();
+  if (made != nullptr)
+    made->on_failed = [this] { note_failure(true); };
   settle(made == nullptr ? 0 : made->preferred_rate());
   const bool opened = made != nullptr && made->open(*mixer, latency_ms);
   if (opened)
@@ -228,8 +241,13 @@ void Device::State::step(std::unique_lock<std::mutex>& lock) {
     lock.unlock();
     start_output(now_flowing);
     lock.lock();
-    const auto pause = output == nullptr ? retry_interval : health_interval;
-    changed.wait_for(lock, pause, [&] { return ending || !wanted || (flowing && !now_flowing && output != nullptr); });
+    const auto left = [this] { return ending || !wanted; };
+    if (output == nullptr)
+      changed.wait_for(lock, retry_interval, left);
+    else if (output->failed())
+      changed.wait_until(lock, opened_at + shortest_life, left);
+    else
+      changed.wait(lock, [&] { return left() || output_failed || (flowing && !now_flowing); });
     return;
   }
   missing.store(false, std::memory_order_release);

@@ -4,6 +4,7 @@
 
 #include "platform/media/mixer.h"
 
+#include <functional>
 #include <memory>
 
 namespace lumotune::media {
@@ -26,6 +27,9 @@ public:
   virtual void stop() = 0;
   virtual void set_volume(float volume) = 0;     // 0 or 1; also applies to what the device has buffered
   [[nodiscard]] virtual bool failed() const = 0; // the device is gone: create another output
+
+  // Called once `failed` has become true, on any thread. Set before `open`.
+  std::function<void()> on_failed;
 };
 
 } // namespace lumotune::media

@@ -61,6 +61,8 @@ private:
     while (running_ && !failed_) {
       if (device_->broken.exchange(false)) {
         failed_ = true;
+        if (on_failed)
+          on_failed();
         return;
       }
       std::vector<float> block(static_cast<std::size_t>(mixer_->rate() * TestDevice::block_ms / 1000) * 2);

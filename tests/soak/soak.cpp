@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <fstream>
 #include <iterator>
+#include <mutex>
 #include <thread>
 #include <utility>
 
@@ -35,15 +36,34 @@ struct SharedState {
     state = next;
     state.notify_all();
   }
+  void fail() {
+    set(DeviceState::broken);
+    const std::lock_guard lock(mutex);
+    if (told)
+      told();
+  }
+
+  std::mutex mutex;
+  std::function<void()> told; // of the output that is open; empty while there is none
+  void tell(std::function<void()> next) {
+    const std::lock_guard lock(mutex);
+    told = std::move(next);
+  }
 };
 
 // A device without a thread: the clock renders for it.
 class SteppedOutput final : public AudioOutput {
 public:
   explicit SteppedOutput(std::shared_ptr<SharedState> device) : device_(std::move(device)) {}
-  ~SteppedOutput() override { device_->set(DeviceState::stopped); }
+  ~SteppedOutput() override {
+    device_->tell({});
+    device_->set(DeviceState::stopped);
+  }
   [[nodiscard]] int preferred_rate() override { return device_rate; }
-  [[nodiscard]] bool open(Mixer& /*mixer*/, int /*latency_ms*/) override { return true; }
+  [[nodiscard]] bool open(Mixer& /*mixer*/, int /*latency_ms*/) override {
+    device_->tell(on_failed);
+    return true;
+  }
   [[nodiscard]] bool start() override {
     device_->set(DeviceState::running);
     return true;
@@ -184,7 +204,7 @@ private:
     if (!active_ && fault_ < plan_.size() && now_ >= plan_[fault_].begin && !waiting_for_sound_) {
       active_ = true;
       if (plan_[fault_].kind == Kind::device)
-        device_->set(DeviceState::broken);
+        device_->fail();
     }
     // One that takes no time is met once.
     if (active_ && now_ >= std::max(plan_[fault_].end, plan_[fault_].begin + 2 * device_block + 600ms)) {
