@@ -5,6 +5,7 @@
 #include "platform/media/com_apartment.h"
 #include "platform/threads/thread_name.h"
 
+#include <algorithm>
 #include <atomic>
 #include <condition_variable>
 #include <mutex>
@@ -40,6 +41,7 @@ struct Device::State {
   std::condition_variable changed;
   bool wanted = false;
   bool flowing = false;
+  bool leftover = false; // the device still has sound of a stream that is no longer wanted
   bool output_failed = false;
   bool ending = false;
   bool ended = false;
@@ -114,7 +116,8 @@ void Device::flow() {
 void Device::silence() {
   const std::lock_guard lock(state_->mutex);
   state_->wanted = false;
-  state_->flowing = false;
+  if (std::exchange(state_->flowing, false))
+    state_->leftover = true;
   state_->changed.notify_all();
 }
 
@@ -219,7 +222,8 @@ void Device::State::drop_output() {
   set_consuming(false);
 }
 
-// The device plays what it has buffered, muted, so that none of it is heard when the next stream starts.
+// The device plays what it has buffered, muted, so that none of it is heard when the next stream starts. One that is
+// wanted already has its first sound behind that, so it waits for as long as the buffer lasts and no longer.
 void Device::State::fade_out(std::unique_lock<std::mutex>& lock) {
   lock.unlock();
   {
@@ -227,7 +231,10 @@ void Device::State::fade_out(std::unique_lock<std::mutex>& lock) {
     output->set_volume(0.0F);
   }
   lock.lock();
-  changed.wait_for(lock, muted_run_time, [this] { return ending; });
+  const auto muted_at = Clock::now();
+  const auto buffered = std::min<std::chrono::milliseconds>(std::chrono::milliseconds(latency_ms), muted_run_time);
+  changed.wait_until(lock, muted_at + buffered, [this] { return ending; });
+  changed.wait_until(lock, muted_at + muted_run_time, [this] { return ending || wanted; });
   if (wanted || ending)
     return;
   lock.unlock();
@@ -236,12 +243,14 @@ void Device::State::fade_out(std::unique_lock<std::mutex>& lock) {
 }
 
 void Device::State::step(std::unique_lock<std::mutex>& lock) {
+  if (std::exchange(leftover, false) && output != nullptr && started)
+    return fade_out(lock);
   if (wanted) {
     const bool now_flowing = flowing;
     lock.unlock();
     start_output(now_flowing);
     lock.lock();
-    const auto left = [this] { return ending || !wanted; };
+    const auto left = [this] { return ending || !wanted || leftover; };
     if (output == nullptr)
       changed.wait_for(lock, retry_interval, left);
     else if (output->failed())

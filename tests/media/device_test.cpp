@@ -101,6 +101,24 @@ protected:
   std::unique_ptr<Device> device;
 };
 
+// Whatever the device thread sees of the moment between the two stations. The old one's sound lasts no time here.
+TEST_F(DeviceTest, MutesTheOldStreamInAChangeForAsLongAsItLasts) {
+  make(0);
+  play();
+  ASSERT_TRUE(diary.ends("start "));
+  (void)diary.take();
+  constexpr int changes = 20;
+  constexpr auto mute_of_a_stop = 250ms;
+  const auto begun = std::chrono::steady_clock::now();
+  for (int i = 0; i < changes; ++i) {
+    device->silence();
+    play();
+    ASSERT_TRUE(diary.ends("sound "));
+    EXPECT_EQ(diary.take(), "mute sound ") << i;
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, changes * mute_of_a_stop / 2);
+}
+
 TEST_F(DeviceTest, StopsWhenNothingIsWanted) {
   make(0);
   play();

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // What bench_media measures: the player alone, told what to do by its arguments.
-//   media_bench first URL COUNT        milliseconds from `play` to the first sound at a test device, one a line
-//   media_bench changes COUNT URL...   kilobytes of the process: after a fifth of the changes of station, after all,
-//   most media_bench play URL SECONDS       plays on the machine's device as soon as a line comes in; kilobytes at the
-//   end
+//   media_bench first URL COUNT      milliseconds from `play` to the first sound at a test device, one a line
+//   media_bench change COUNT URL...  milliseconds from the next address to the next station's first sound at a test
+//                                    device, one a line
+//   media_bench changes COUNT URL... kilobytes of the process: after a fifth of the changes of station, after all
+//   media_bench play URL SECONDS     plays on the machine's device as soon as a line comes in; kilobytes at the end
 #include "platform/media/player.h"
 #include "platform/memory/event_loop.h"
 #include "tests/media/test_device.h"
@@ -98,6 +99,36 @@ int changes(int count, const std::vector<std::string>& urls) {
   return 0;
 }
 
+// From one station to the next while the first one plays. A change begins at any moment of the worker's rhythm.
+int change(int count, const std::vector<std::string>& urls) {
+  const auto device = std::make_shared<rig::TestDevice>();
+  PlayerOptions options;
+  options.make_output = device->factory();
+  options.latency_ms = rig::TestDevice::block_ms; // it has no more of the old station's sound than that
+  platform::memory::EventLoop loop;
+  const auto player = make_media_player(loop, options);
+  std::mt19937 chance{std::random_device{}()};
+  std::uniform_int_distribution<int> pause_ms(1500, 3000);
+  std::uint64_t loud = 0;
+  // A block is rendered before it is counted: those seen before the new station is heard are the old one's.
+  const auto heard = [&] {
+    const std::uint64_t now = device->loud_blocks();
+    if (player->played_ms() == 0)
+      loud = now;
+    return player->played_ms() != 0 && device->loud_blocks() > loud;
+  };
+  for (int i = 0; i <= count; ++i) {
+    const auto start = Clock::now();
+    player->set_url(wide(urls[static_cast<std::size_t>(i) % urls.size()]), platform::AddressOrigin::listener);
+    if (!run(loop, 10000, 1, heard))
+      return 1;
+    if (i > 0)
+      std::cout << std::chrono::duration<double, std::milli>(Clock::now() - start).count() << std::endl;
+    (void)run(loop, pause_ms(chance), 5, never);
+  }
+  return 0;
+}
+
 int play(const std::string& url, int seconds) {
   platform::memory::EventLoop loop;
   const auto player = make_media_player(loop, {});
@@ -120,6 +151,8 @@ int main(int count, char** values) {
     return lumotune::media::first_sound(arguments[1], std::atoi(arguments[2].c_str()));
   if (arguments.size() >= 3 && arguments[0] == "changes")
     return lumotune::media::changes(std::atoi(arguments[1].c_str()), {arguments.begin() + 2, arguments.end()});
+  if (arguments.size() >= 4 && arguments[0] == "change")
+    return lumotune::media::change(std::atoi(arguments[1].c_str()), {arguments.begin() + 2, arguments.end()});
   if (arguments.size() >= 3 && arguments[0] == "play")
     return lumotune::media::play(arguments[1], std::atoi(arguments[2].c_str()));
   return 2;
