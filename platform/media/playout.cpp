@@ -73,7 +73,8 @@ void Playout::begin(const StreamStatus& status, bool live, std::function<bool()>
   const bool joins = live && !flowed_;
   leading_silence_ = joins ? static_cast<std::size_t>(mixer_.rate()) * max_leading_silence_ms / 1000 : 0;
   drift_ = {};
-  drift_checked_ = sound_began_ = wish_.now();
+  drift_checked_ = sound_began_ = pause_ended_ = wish_.now();
+  waited_for_server_ = false;
   status_ = status;
   status_.phase = flowed_ ? Phase::playing : Phase::buffering;
 }
@@ -89,17 +90,34 @@ void Playout::add_title(std::wstring title) {
 }
 
 // A live stream arrives in small pieces. With enough buffered they collect in the socket, so that the worker wakes up
-// rarely. The pause is shorter than what was read before it: a server's burst moves into the ring by and by, where the
-// drift control sees it and where a silence of the server shows as soon as it begins.
+// rarely. A pause is shorter than what is read between two: a server's burst moves into the ring by and by, where the
+// drift control sees it and where a silence of the server shows as soon as it begins. Reading that took a while has
+// emptied the socket, so there is no burst to be moved; with a well-filled buffer the pauses then are longer.
 void Playout::pace_reads() {
   constexpr std::uint32_t enough_ms = 1500;
+  constexpr std::uint32_t well_filled_ms = 2500;
   constexpr std::uint32_t read_ms = 500;
-  constexpr std::uint32_t pause_ms = 400;
-  if (!live_ || !mixer_.flows() || written_since_pause_ * 1000 < static_cast<std::size_t>(mixer_.rate()) * read_ms ||
-      level_ms() < enough_ms)
+  const std::uint32_t level = level_ms();
+  const bool rarely = waited_for_server_ && level >= well_filled_ms;
+  if (!live_ || !mixer_.flows() || level < enough_ms ||
+      written_since_pause_ * 1000 < static_cast<std::size_t>(mixer_.rate()) * (rarely ? read_ms * 2 : read_ms))
     return;
   written_since_pause_ = 0;
-  (void)wish_.wait(std::chrono::milliseconds(pause_ms));
+  waited_for_server_ = wish_.now() - pause_ended_ >= 60ms;
+  pause(rarely);
+  pause_ended_ = wish_.now();
+}
+
+// In the middle of a long pause the titles and the device are looked after.
+void Playout::pause(bool is_long) {
+  if (!is_long) {
+    (void)wish_.wait(400ms);
+    return;
+  }
+  if (wish_.wait(450ms))
+    return;
+  tick();
+  (void)wish_.wait(450ms);
 }
 
 // When the ring is full, waits until it is half empty, so that the worker wakes up rarely.

@@ -53,6 +53,7 @@ public:
   void pace_reads(); // pauses reading while enough of a live stream is buffered
 
 private:
+  void pause(bool is_long);
   void start_flow();
   void update_buffering();
   void update_title();
@@ -81,7 +82,9 @@ private:
   std::chrono::steady_clock::time_point sound_began_;
   std::uint32_t underruns_ = 0;
   std::size_t written_since_pause_ = 0; // frames
-  std::size_t leading_silence_ = 0;     // frames still to be skipped while they are all zero
+  std::chrono::steady_clock::time_point pause_ended_;
+  bool waited_for_server_ = false;  // between the last two pauses
+  std::size_t leading_silence_ = 0; // frames still to be skipped while they are all zero
 };
 
 } // namespace lumotune::media

@@ -106,6 +106,7 @@ public:
 
   [[nodiscard]] Time now() const override { return now_; }
   [[nodiscard]] bool wait(Mailbox& mailbox, std::uint64_t stream, Millis time) override {
+    ++now_so_far_.waits;
     for (; time > 0ms && !mailbox.newer_than(stream); time -= device_block)
       advance(mailbox);
     return mailbox.newer_than(stream);

@@ -18,6 +18,7 @@ struct Settings {
   int sample_minutes = 10;
   int shortest_pause_s = 120; // between faults
   int longest_pause_s = 300;
+  int piece_ms = 100; // the station's sound arrives in pieces of that length
   unsigned seed = 1;
 };
 
@@ -33,6 +34,7 @@ struct Sample {
   int faults = 0;                        // so far
   int recovered = 0;                     // so far
   int underruns = 0;                     // so far, outside of faults
+  int waits = 0;                         // of the worker, so far
   std::uint32_t longest_recovery_ms = 0; // from a fault's end to sound, so far
 };
 

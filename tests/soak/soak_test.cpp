@@ -53,5 +53,17 @@ TEST(Soak, RecoversFromEveryFaultAndKeepsItsBounds) {
   }
 }
 
+// A station whose pieces arrive fifty times a second: with a well-filled buffer they collect in the socket meanwhile.
+TEST(Soak, WakesRarelyWhileAllIsWell) {
+  Settings settings = stations(3);
+  settings.sample_minutes = 1;
+  settings.piece_ms = 20;
+  const Result result = run(settings, nullptr);
+  ASSERT_TRUE(result.faults.empty());
+  ASSERT_GE(result.samples.size(), 3U);
+  EXPECT_EQ(result.samples[2].underruns, 0);
+  EXPECT_LE(result.samples[2].waits - result.samples[1].waits, 60 * 8);
+}
+
 } // namespace
 } // namespace lumotune::media::soak

@@ -12,7 +12,6 @@ using namespace std::chrono_literals;
 
 constexpr double burst_seconds = 3;
 constexpr double file_seconds = 10;
-constexpr auto step = 100ms; // FFmpeg calls back as often while it waits
 
 struct Row {
   Kind kind;
@@ -86,11 +85,12 @@ void SimulatedSource::send(Time now) {
     sent_ += seconds * bytes_a_second_ * (1 + drift_() / 1e6) * (kind == Kind::slow ? 0.5 : 1);
 }
 
+// FFmpeg reads each piece as it arrives and calls back several times a second while it waits.
 ReadResult SimulatedSource::wait(Time until) {
   const Time now = wish_.now();
   if (now >= until)
     return ReadResult::lost;
-  if (wish_.wait(step))
+  if (wish_.wait(Millis(settings_.piece_ms)))
     return ReadResult::cancelled;
   return wish_.interrupted() ? ReadResult::cancelled : ReadResult::packet;
 }

@@ -5,15 +5,19 @@
 //                                    device, one a line
 //   media_bench changes COUNT URL... kilobytes of the process: after a fifth of the changes of station, after all
 //   media_bench play URL SECONDS     plays on the machine's device as soon as a line comes in; kilobytes at the end
+//   media_bench wakes URL SECONDS    how often a second each thread waited while a station played at a test device, and
+//                                    after it was stopped: lines of "playing|NAME|NUMBER" and "idle|NAME|NUMBER"
 #include "platform/media/player.h"
 #include "platform/memory/event_loop.h"
 #include "tests/media/test_device.h"
 
 #include <chrono>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iostream>
+#include <map>
 #include <random>
 #include <string>
 #include <thread>
@@ -129,6 +133,49 @@ int change(int count, const std::vector<std::string>& urls) {
   return 0;
 }
 
+// How often each thread of this process has waited; threads of one name together.
+std::map<std::string, long> waits() {
+  std::map<std::string, long> found;
+  for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
+    std::string name;
+    std::ifstream comm(task.path() / "comm");
+    (void)std::getline(comm, name);
+    std::ifstream status(task.path() / "status");
+    for (std::string line; std::getline(status, line);) {
+      if (line.starts_with("voluntary_ctxt_switches:"))
+        found[name] += std::atol(line.c_str() + line.find(':') + 1);
+    }
+  }
+  return found;
+}
+
+void print_wakes(const char* state, int seconds) {
+  const auto before = waits();
+  std::this_thread::sleep_for(std::chrono::seconds(seconds));
+  for (const auto& [name, count] : waits()) {
+    const auto earlier = before.find(name);
+    std::cout << state << "|" << name << "|"
+              << static_cast<double>(count - (earlier == before.end() ? 0 : earlier->second)) / seconds << std::endl;
+  }
+}
+
+int wakes(const std::string& url, int seconds) {
+  const auto device = std::make_shared<rig::TestDevice>();
+  PlayerOptions options;
+  options.make_output = device->factory();
+  platform::memory::EventLoop loop;
+  const auto player = make_media_player(loop, options);
+  player->set_url(wide(url), platform::AddressOrigin::listener);
+  // The burst has moved into the buffer by then.
+  if (!run(loop, 60000, 50, [&] { return player->played_ms() > 20000; }))
+    return 1;
+  print_wakes("playing", seconds);
+  player->stop();
+  (void)run(loop, 1000, 50, never);
+  print_wakes("idle", seconds);
+  return 0;
+}
+
 int play(const std::string& url, int seconds) {
   platform::memory::EventLoop loop;
   const auto player = make_media_player(loop, {});
@@ -153,6 +200,8 @@ int main(int count, char** values) {
     return lumotune::media::changes(std::atoi(arguments[1].c_str()), {arguments.begin() + 2, arguments.end()});
   if (arguments.size() >= 4 && arguments[0] == "change")
     return lumotune::media::change(std::atoi(arguments[1].c_str()), {arguments.begin() + 2, arguments.end()});
+  if (arguments.size() >= 3 && arguments[0] == "wakes")
+    return lumotune::media::wakes(arguments[1], std::atoi(arguments[2].c_str()));
   if (arguments.size() >= 3 && arguments[0] == "play")
     return lumotune::media::play(arguments[1], std::atoi(arguments[2].c_str()));
   return 2;
