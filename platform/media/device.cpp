@@ -51,16 +51,21 @@ struct Device::State {
   void run(); // the device thread
 
 private:
-  // Marks a call into the sound system by its lifetime.
+  // Marks a call into the sound system by its lifetime. Threads that the sound system creates in it take over the name
+  // on some systems.
   class Calling {
   public:
     explicit Calling(State& state) : state_(state) {
       state_.device_thread.check();
+      platform::name_this_thread("sound system");
       state_.called_at = Clock::now().time_since_epoch().count();
     }
     Calling(const Calling&) = delete;
     Calling& operator=(const Calling&) = delete;
-    ~Calling() { state_.called_at = 0; }
+    ~Calling() {
+      state_.called_at = 0;
+      platform::name_this_thread("sound device");
+    }
 
   private:
     State& state_;
