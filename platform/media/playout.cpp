@@ -73,8 +73,9 @@ void Playout::begin(const StreamStatus& status, bool live, std::function<bool()>
   const bool joins = live && !flowed_;
   leading_silence_ = joins ? static_cast<std::size_t>(mixer_.rate()) * max_leading_silence_ms / 1000 : 0;
   drift_ = {};
-  drift_checked_ = sound_began_ = pause_ended_ = wish_.now();
-  waited_for_server_ = false;
+  drift_checked_ = sound_began_ = wish_.now();
+  waited_since_pause_ = {};
+  reads_that_waited_ = 0;
   status_ = status;
   status_.phase = flowed_ ? Phase::playing : Phase::buffering;
 }
@@ -91,33 +92,34 @@ void Playout::add_title(std::wstring title) {
 
 // A live stream arrives in small pieces. With enough buffered they collect in the socket, so that the worker wakes up
 // rarely. A pause is shorter than what is read between two: a server's burst moves into the ring by and by, where the
-// drift control sees it and where a silence of the server shows as soon as it begins. Reading that took a while has
-// emptied the socket, so there is no burst to be moved; with a well-filled buffer the pauses then are longer.
+// drift control sees it and where a silence of the server shows as soon as it begins. Reads that waited for the server
+// have emptied the socket: with no burst to be moved, the pauses are hardly shorter, and longer with a well-filled
+// buffer.
 void Playout::pace_reads() {
   constexpr std::uint32_t enough_ms = 1500;
   constexpr std::uint32_t well_filled_ms = 2500;
   constexpr std::uint32_t read_ms = 500;
+  constexpr int sure = 2; // a busy machine makes reads slow, too
   const std::uint32_t level = level_ms();
-  const bool rarely = waited_for_server_ && level >= well_filled_ms;
+  const bool rarely = reads_that_waited_ == sure && level >= well_filled_ms;
   if (!live_ || !mixer_.flows() || level < enough_ms ||
       written_since_pause_ * 1000 < static_cast<std::size_t>(mixer_.rate()) * (rarely ? read_ms * 2 : read_ms))
     return;
+  reads_that_waited_ = waited_since_pause_ < 20ms ? 0 : std::min(reads_that_waited_ + 1, sure);
   written_since_pause_ = 0;
-  waited_for_server_ = wish_.now() - pause_ended_ >= 60ms;
-  pause(rarely);
-  pause_ended_ = wish_.now();
+  waited_since_pause_ = {};
+  if (reads_that_waited_ < sure)
+    (void)wish_.wait(400ms);
+  else
+    pause(rarely ? 2 : 1);
 }
 
 // In the middle of a long pause the titles and the device are looked after.
-void Playout::pause(bool is_long) {
-  if (!is_long) {
-    (void)wish_.wait(400ms);
-    return;
+void Playout::pause(int times) {
+  for (int i = 0; i < times && !wish_.wait(450ms); ++i) {
+    if (i + 1 < times)
+      tick();
   }
-  if (wish_.wait(450ms))
-    return;
-  tick();
-  (void)wish_.wait(450ms);
 }
 
 // When the ring is full, waits until it is half empty, so that the worker wakes up rarely.

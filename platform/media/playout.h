@@ -50,10 +50,11 @@ public:
   void update(bool unverified, int sample_rate);
   void add_title(std::wstring title); // shown when the next written frame is heard
   void correct_drift(Decoder& decoder);
+  void note_read(std::chrono::steady_clock::duration took) { waited_since_pause_ += took; } // of one packet
   void pace_reads(); // pauses reading while enough of a live stream is buffered
 
 private:
-  void pause(bool is_long);
+  void pause(int times);
   void start_flow();
   void update_buffering();
   void update_title();
@@ -81,10 +82,10 @@ private:
   std::chrono::steady_clock::time_point drift_checked_;
   std::chrono::steady_clock::time_point sound_began_;
   std::uint32_t underruns_ = 0;
-  std::size_t written_since_pause_ = 0; // frames
-  std::chrono::steady_clock::time_point pause_ended_;
-  bool waited_for_server_ = false;  // between the last two pauses
-  std::size_t leading_silence_ = 0; // frames still to be skipped while they are all zero
+  std::size_t written_since_pause_ = 0;                      // frames
+  std::chrono::steady_clock::duration waited_since_pause_{}; // for packets
+  int reads_that_waited_ = 0;                                // between pauses, in a row
+  std::size_t leading_silence_ = 0;                          // frames still to be skipped while they are all zero
 };
 
 } // namespace lumotune::media

@@ -32,7 +32,9 @@ Attempt StreamSession::run() {
 // Handles one packet; returns the result once the stream is over.
 std::optional<Attempt> StreamSession::step() {
   const Packet packet(av_packet_alloc());
+  const auto begun = wish_.now();
   const ReadResult read = packet == nullptr ? ReadResult::lost : source_.read(*packet);
+  playout_.note_read(wish_.now() - begun);
   if (wish_.superseded())
     return Attempt{Outcome::cancelled};
   if (read == ReadResult::cancelled || wish_.threw()) // no newer wish: cancelled by an exception
