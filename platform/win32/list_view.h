@@ -34,6 +34,8 @@ private:
   void answer_text(NMLVDISPINFOW& request) const;
   [[nodiscard]] LRESULT find_row(const NMLVFINDITEMW& request) const;
   [[nodiscard]] LRESULT customise(NMLVCUSTOMDRAW& item);
+  [[nodiscard]] LRESULT selected_item() const;
+  void unselect();
   void set_row_height();
 
   const RowModel* rows_ = nullptr;

@@ -209,5 +209,46 @@ TEST_F(Win32ListViewFirst, ARowSelectedBeforeTheWindowCameIsInSight) {
   window.reset();
 }
 
+// What the list is asked that makes it look at every row.
+LRESULT CALLBACK count_searches(HWND view, UINT message, WPARAM w, LPARAM l, UINT_PTR /*id*/, DWORD_PTR counted) {
+  const bool all_set = message == LVM_SETITEMSTATE && w == static_cast<WPARAM>(-1);
+  const bool all_asked = message == LVM_GETNEXTITEM && (l & LVNI_FOCUSED) == 0;
+  *reinterpret_cast<int*>(counted) += all_set || all_asked ? 1 : 0;
+  return DefSubclassProc(view, message, w, l);
+}
+
+TEST_F(Win32ListViewTest, SelectingDoesNotLookThroughAllRows) {
+  int searches = 0;
+  SetWindowSubclass(handle(list), count_searches, 1, reinterpret_cast<DWORD_PTR>(&searches));
+  rows.size = 100'000;
+  list.rows_changed();
+  for (const std::size_t row : {std::size_t{70'000}, std::size_t{3}, std::size_t{100'000}}) {
+    list.select(row);
+    EXPECT_EQ(list.selected(), row);
+  }
+  UpdateWindow(handle(list));
+  list.rows_changed();
+  EXPECT_EQ(list.selected(), 0U);
+  EXPECT_EQ(searches, 0);
+  RemoveWindowSubclass(handle(list), count_searches, 1);
+}
+
+TEST_F(Win32ListViewTest, ASelectedRowWithoutTheFocusIsStillFoundAndLeft) {
+  const auto state = [this](int row, UINT bits) {
+    LVITEMW item{};
+    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    item.state = bits;
+    SendMessageW(handle(list), LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+  };
+  list.select(10);
+  state(9, LVIS_SELECTED);
+  state(20, LVIS_FOCUSED); // as Ctrl and an arrow key do
+  EXPECT_EQ(list.selected(), 10U);
+  list.select(0);
+  EXPECT_EQ(list.selected(), 0U);
+  EXPECT_EQ(SendMessageW(handle(list), LVM_GETSELECTEDCOUNT, 0, 0), 0);
+  EXPECT_LT(SendMessageW(handle(list), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED), 0);
+}
+
 } // namespace
 } // namespace lumotune::contract
