@@ -42,7 +42,7 @@ void run(platform::win32::Backend& backend) {
   const auto player = media::make_media_player(backend.loop, options);
   app::Program program({backend.loop, backend.codec, backend.files, backend.shell, backend.machine, backend.window,
                         backend.messages, backend.dialogs, tray, *player, popups, input_box, pointer, media_keys,
-                        connection, backend.framed_windows},
+                        connection, backend.framed_windows, backend.worker},
                        form);
   if (program.start())
     backend.loop.run();

@@ -14,6 +14,7 @@
 #include "platform/input_box.h"
 #include "platform/popup_menus.h"
 #include "platform/user_input.h"
+#include "platform/worker.h"
 #include "player/client_link.h"
 #include "player/console.h"
 #include "player/favourites.h"
@@ -46,6 +47,7 @@ struct Platform {
   platform::MediaKeys& media_keys;
   platform::Connection& connection;
   platform::FramedWindowMaker& framed_windows;
+  platform::Worker& worker;
 };
 
 // The window's frame and the tray icon, combined for the player.

@@ -25,7 +25,7 @@ ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state)
       actions_({form_, list_, details_, uses.identity, uses.settings, uses.favourites, uses.sender, uses.menus,
                 uses.loop, uses.shell, uses.folder, uses.dialogs, uses.web}),
       updater_({form_, list_, *this, uses.station_files, uses.settings, uses.loop, uses.folder, uses.shell,
-                uses.dialogs, uses.connection}) {
+                uses.dialogs, uses.connection, uses.worker}) {
   set_texts();
   load_pictures();
   form_.InfoPanel.set_visible(false);

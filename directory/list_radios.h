@@ -20,6 +20,7 @@
 #include "platform/connection.h"
 #include "platform/framed_window.h"
 #include "platform/popup_menus.h"
+#include "platform/worker.h"
 #include "player/favourites.h"
 #include "player/playback.h"
 #include "stations/station_files.h"
@@ -52,6 +53,7 @@ struct DirectoryUses {
   platform::Connection& connection;
   platform::PopupMenus& menus;
   platform::FramedWindowMaker& windows;
+  platform::Worker& worker;
 };
 
 // User-interface thread. Destroy only from the top of the loop: its procedures run nested loops.

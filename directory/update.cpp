@@ -61,6 +61,7 @@ UpdateSteps Update::LoadAktualizaceRadii(const std::wstring& trouble) {
   state_ = State::probing;
   return steps({{Step::Timer1_off},
                 {Step::Timer3_off},
+                {Step::give_up_conversion},
                 {Step::hide_progress},
                 {Step::remove_file, stations::probe_file},
                 {Step::remove_file, stations::download_file},
@@ -73,8 +74,12 @@ UpdateSteps Update::close() {
   ++run_;
   announced_size_ = 0;
   state_ = State::idle;
-  return steps(
-      {{Step::Timer1_off}, {Step::Timer2_off}, {Step::Timer3_off}, {Step::hide_progress}, {Step::Command1_on}});
+  return steps({{Step::Timer1_off},
+                {Step::Timer2_off},
+                {Step::Timer3_off},
+                {Step::give_up_conversion},
+                {Step::hide_progress},
+                {Step::Command1_on}});
 }
 
 UpdateSteps Update::Timer3_Timer(const FileFacts& probe) {

@@ -26,8 +26,9 @@ enum class Step {
   Timer3_off,
   repaint,    // pending events run
   read_probe, // answer with probe_read
-  convert,    // answer with converted
-  reload,     // the new files: table, tree, and the stations of the remembered node
+  convert,    // answer with converted, later
+  give_up_conversion,
+  reload, // the new files: table, tree, and the stations of the remembered node
   NactiKategorie,
   CommandOK,
   Command1_on,

@@ -16,6 +16,7 @@ constexpr std::uint32_t categories_ms = 500;
 
 Updater::Updater(const Uses& uses)
     : uses_(uses),
+      conversion_({uses.folder, uses.station_files, uses.shows, uses.worker, uses.loop}),
       Timer1(uses.loop.make_timer(watch_ms, [this] { carry_out(update_.Timer1_Timer(list_facts())); })),
       Timer2(uses.loop.make_timer(
           categories_ms, [this] { carry_out(update_.Timer2_Timer(facts(path(stations::new_categories_file)))); })),
@@ -50,14 +51,17 @@ void Updater::LoadAktualizaceRadii() {
   carry_out(update_.LoadAktualizaceRadii(too_long ? L"Soubor radios.tt je příliš dlouhý." : L""));
 }
 
+void Updater::convert(unsigned run) {
+  conversion_.start(update_.announced_size(),
+                    [this, run](stations::Conversion result) { carry_out(converted(run, result)); });
+}
+
 // Both new files and a copy of the old stations are on the disk at once.
-UpdateSteps Updater::convert(unsigned run) {
-  const std::uint64_t announced = update_.announced_size();
-  const stations::Conversion result = uses_.station_files.convert_download(announced, uses_.shows);
+UpdateSteps Updater::converted(unsigned run, stations::Conversion result) {
   std::wstring full_disk;
   if (result == stations::Conversion::not_written)
-    full_disk =
-        base::full_disk(uses_.folder, announced + uses_.folder.files().size(path(stations::stations_file)).value_or(0));
+    full_disk = base::full_disk(uses_.folder, update_.announced_size() +
+                                                  uses_.folder.files().size(path(stations::stations_file)).value_or(0));
   return update_.converted(run, result, full_disk);
 }
 
@@ -81,8 +85,9 @@ void Updater::carry_out(const UpdateStep& step, unsigned run) {
     carry_out(update_.probe_read(run, read_probe(run)));
     return;
   case Step::convert:
-    carry_out(convert(run));
-    return;
+    return convert(run);
+  case Step::give_up_conversion:
+    return conversion_.give_up();
   case Step::TestOnLine:
     carry_out(update_.online(run, TestOnLine() == L"true"));
     return;
@@ -145,6 +150,7 @@ void Updater::act_on_window(const UpdateStep& step) {
     return base::inform(uses_.dialogs, step.text);
   case Step::read_probe:
   case Step::convert:
+  case Step::give_up_conversion:
   case Step::TestOnLine:
   case Step::repaint:
   case Step::Timer1_on:

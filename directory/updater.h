@@ -12,6 +12,8 @@
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/shell.h"
+#include "platform/worker.h"
+#include "stations/download_conversion.h"
 #include "stations/station_files.h"
 
 #include <memory>
@@ -33,6 +35,7 @@ public:
     platform::Shell& shell;
     platform::Dialogs& dialogs;
     platform::Connection& connection;
+    platform::Worker& worker;
   };
   explicit Updater(const Uses& uses);
 
@@ -50,11 +53,13 @@ private:
   [[nodiscard]] std::wstring path(const wchar_t* name) const;
   [[nodiscard]] FileFacts facts(const std::wstring& file) const;
   [[nodiscard]] FileFacts list_facts() const;
-  [[nodiscard]] UpdateSteps convert(unsigned run);
+  void convert(unsigned run);
+  [[nodiscard]] UpdateSteps converted(unsigned run, stations::Conversion result);
   [[nodiscard]] std::optional<Probe> read_probe(unsigned run);
 
   Uses uses_;
   Update update_;
+  stations::DownloadConversion conversion_;
   std::unique_ptr<platform::Timer> Timer1;
   std::unique_ptr<platform::Timer> Timer2;
   std::unique_ptr<platform::Timer> Timer3;

@@ -21,7 +21,7 @@ struct FileStamp {
   friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };
 
-// Nothing throws; a failing call leaves the old content intact. User-interface thread.
+// Nothing throws; a failing call leaves the old content intact. Any thread.
 class Files {
 public:
   // A larger file counts as unreadable.

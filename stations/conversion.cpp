@@ -28,29 +28,20 @@ Kind kind_of(std::string_view line) {
   return base::starts_with_marker(line, "orb:i:") ? Kind::information : Kind::station;
 }
 
-// The advertisements and information lines of a list, carried out only after the whole list has been accepted.
 class Orders {
 public:
   void add(Kind kind, std::string_view text) {
-    std::size_t& count = kind == Kind::advertisement ? advertisements_ : information_;
+    const bool advertisement = kind == Kind::advertisement;
+    std::size_t& count = advertisement ? advertisements_ : information_;
     if (count == max_orders || text.size() > max_order_bytes)
       return;
     ++count;
-    orders_.emplace_back(kind, text);
+    orders_.push_back({advertisement ? Order::Kind::advertisement : Order::Kind::information, std::string(text)});
   }
-  void carry_out(const platform::AnsiCodec& codec, ConversionPort& port) const {
-    for (const auto& [kind, text] : orders_) {
-      if (kind == Kind::advertisement)
-        port.ZobrazReklamu(codec.decode(text));
-      else
-        port.ZobrazInfoPanel(codec.decode(text));
-    }
-    if (!orders_.empty())
-      port.orders_end();
-  }
+  [[nodiscard]] std::vector<Order> take() { return std::move(orders_); }
 
 private:
-  std::vector<std::pair<Kind, std::string_view>> orders_;
+  std::vector<Order> orders_;
   std::size_t advertisements_ = 0;
   std::size_t information_ = 0;
 };
@@ -58,7 +49,7 @@ private:
 } // namespace
 
 // Consecutive station lines that already end in CR LF are copied in one piece.
-std::optional<Converted> convert(std::string_view list, const platform::AnsiCodec& codec, ConversionPort& port) {
+std::optional<Converted> convert(std::string_view list) {
   Converted result;
   result.stations.reserve(list.size() + line_end.size());
   std::size_t copied = 0; // end of the part of the list already processed
@@ -87,7 +78,7 @@ std::optional<Converted> convert(std::string_view list, const platform::AnsiCode
   result.categories.append(line_end);
   if (std::max(result.stations.size(), result.categories.size()) > max_station_bytes)
     return std::nullopt;
-  orders.carry_out(codec, port);
+  result.orders = orders.take();
   return result;
 }
 

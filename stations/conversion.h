@@ -2,12 +2,11 @@
 // Converts a downloaded list into the contents of the station file and the category file.
 #pragma once
 
-#include "platform/ansi_codec.h"
-
 #include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace lumotune::stations {
 
@@ -26,23 +25,31 @@ inline constexpr std::size_t max_categories = 5000;
 inline constexpr std::size_t max_orders = 10; // advertisements, and information lines
 inline constexpr std::size_t max_order_bytes = 64 * 1024;
 
-// The new contents of both files, each ending with an extra CR LF.
+// An order as it stands in the list, in the system's code page.
+struct Order {
+  enum class Kind { advertisement, information };
+  Kind kind = Kind::advertisement;
+  std::string text;
+};
+
+// The new contents of both files, each ending with an extra CR LF, and the orders of the list.
 struct Converted {
   std::string stations;
   std::string categories;
+  std::vector<Order> orders;
 };
 
-// Takes any bytes: a line of no known kind is a station and is copied unchanged. Nothing, and no order carried out,
-// when the list has more lines or bytes than a station file may have.
-[[nodiscard]] std::optional<Converted> convert(std::string_view list, const platform::AnsiCodec& codec,
-                                               ConversionPort& port);
+// Takes any bytes: a line of no known kind is a station and is copied unchanged. Nothing when the list has more lines
+// or bytes than a station file may have. Any thread.
+[[nodiscard]] std::optional<Converted> convert(std::string_view list);
 
 // The outcome of converting a downloaded list.
 enum class Conversion {
   done,
-  unreadable, // the list could not be read or does not have the announced length; nothing was changed or shown
-  too_long,   // too many lines or bytes; nothing was changed or shown
-  not_written // the files could not be replaced; the old ones are intact
+  unreadable,  // the list could not be read or does not have the announced length; nothing was changed or shown
+  too_long,    // too many lines or bytes; nothing was changed or shown
+  not_written, // the files could not be replaced; the old ones are intact
+  failed       // memory or threads have run out; both files are the old ones or both the new ones
 };
 
 } // namespace lumotune::stations

@@ -36,17 +36,21 @@ std::string_view StationLines::line(std::size_t index) const {
 }
 
 // Added from the end, because the index keeps the first of several equal identifiers.
-std::optional<std::string_view> StationLines::last_of(std::string_view id) const {
+void StationLines::index() const {
+  if (keys_)
+    return;
   const auto id_of = [this](std::size_t row) { return line(row - 1).substr(0, base::station_id_length); };
-  if (!keys_) {
-    auto keys = std::make_unique<StationKeys>(fold_, id_of);
-    keys->reserve(count());
-    for (std::size_t row = count(); row > 0; --row) {
-      if (const std::string_view key = id_of(row); !key.empty())
-        (void)keys->add(row, key); // false: a later line has this identifier
-    }
-    keys_ = std::move(keys);
+  auto keys = std::make_unique<StationKeys>(fold_, id_of);
+  keys->reserve(count());
+  for (std::size_t row = count(); row > 0; --row) {
+    if (const std::string_view key = id_of(row); !key.empty())
+      (void)keys->add(row, key); // false: a later line has this identifier
   }
+  keys_ = std::move(keys);
+}
+
+std::optional<std::string_view> StationLines::last_of(std::string_view id) const {
+  index();
   const std::size_t row = keys_->find(id);
   return row == 0 ? std::nullopt : std::optional(line(row - 1));
 }

@@ -15,7 +15,7 @@
 
 namespace lumotune::stations {
 
-// User-interface thread. Lines count from 0; views live as long as the object.
+// One thread at a time. Lines count from 0; views live as long as the object.
 class StationLines {
 public:
   // All lines of a file, empty ones too; none at all of a file with more than `max_station_lines`. The bytes are at
@@ -30,15 +30,17 @@ public:
   [[nodiscard]] std::string_view line(std::size_t index) const; // without the line end; empty past the last line
 
   // The last line whose first six characters (or all of a shorter line) are the identifier, case-insensitively. None
-  // for an empty identifier, even if there are empty lines. The first call indexes all lines.
+  // for an empty identifier, even if there are empty lines. Indexes all lines unless that was done.
   [[nodiscard]] std::optional<std::string_view> last_of(std::string_view id) const;
+  void index() const;
+  [[nodiscard]] bool indexed() const { return keys_ != nullptr; }
 
 private:
   std::string bytes_;
   std::vector<std::uint32_t> starts_; // 32 bits suffice: a file is smaller than 4 GiB
   bool too_many_ = false;
   base::CodePageFold fold_;
-  mutable std::unique_ptr<StationKeys> keys_; // row n is line n - 1; built on first use
+  mutable std::unique_ptr<StationKeys> keys_; // row n is line n - 1; built by `index`
 };
 
 } // namespace lumotune::stations

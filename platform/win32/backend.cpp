@@ -7,6 +7,7 @@ Backend::Backend(const std::wstring& name, int icon)
     : window(loop, name, icon),
       framed_windows(loop, icon),
       messages(window.handle(), codec, loop),
-      dialogs(loop, window.handle()) {}
+      dialogs(loop, window.handle()),
+      worker(loop) {}
 
 } // namespace lumotune::platform::win32

@@ -2,6 +2,7 @@
 // The Win32 implementations that the program is built on, in order of construction. User-interface thread.
 #pragma once
 
+#include "platform/common/worker_thread.h"
 #include "platform/win32/codec.h"
 #include "platform/win32/dialogs.h"
 #include "platform/win32/event_loop.h"
@@ -28,6 +29,7 @@ struct Backend {
   FramedWindowMaker framed_windows;
   Messages messages;
   Dialogs dialogs;
+  WorkerThread worker; // the last: its end waits for work on files under way
 };
 
 } // namespace lumotune::platform::win32

@@ -23,7 +23,7 @@ struct ProgramWorld : testing::Test, MemoryPlatform {
   platform::memory::Connection connection;
   platform::memory::FramedWindowMaker framed_windows{files};
   app::Program program{{loop, codec, files, shell, machine, window, messages, dialogs, tray, player, popups, input_box,
-                        pointer, media_keys, connection, framed_windows},
+                        pointer, media_keys, connection, framed_windows, worker},
                        form};
 
   ProgramWorld() {

@@ -3,8 +3,11 @@
 // reading their files. Prints a row a measurement, "name | ours | reference | ratio | limit", and ends with 1 when a
 // limit is passed.
 #include "directory/station_rows.h"
+#include "platform/memory/event_loop.h"
 #include "platform/memory/files.h"
 #include "platform/memory/messages.h"
+#include "platform/memory/worker.h"
+#include "stations/download_conversion.h"
 #include "stations/file_names.h"
 #include "stations/station_files.h"
 #include "stations/station_lookup.h"
@@ -106,7 +109,16 @@ int run(DiskFiles& files) {
   const std::uint64_t size = list.size();
   if (!files.replace(stations::download_file, list))
     return fail("the list was not written");
-  const auto convert = [&] { return stations::StationFiles(folder).convert_download(size, silent); };
+  platform::memory::EventLoop loop;
+  platform::memory::Worker worker(loop);
+  const auto convert = [&] {
+    stations::StationFiles fresh(folder);
+    stations::DownloadConversion conversion({folder, fresh, silent, worker, loop});
+    stations::Conversion result = stations::Conversion::failed;
+    conversion.start(size, [&](stations::Conversion answer) { result = answer; });
+    loop.advance(0);
+    return result;
+  };
   if (convert() != stations::Conversion::done)
     return fail("the list was not converted");
   const Times conversion = bench::best_ms(

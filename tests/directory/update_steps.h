@@ -33,6 +33,7 @@ inline std::wstring step_text(const directory::UpdateStep& step) {
                                                      {Step::repaint, L"repaint"},
                                                      {Step::read_probe, L"read probe"},
                                                      {Step::convert, L"convert"},
+                                                     {Step::give_up_conversion, L"give up conversion"},
                                                      {Step::reload, L"reload"},
                                                      {Step::NactiKategorie, L"NactiKategorie"},
                                                      {Step::CommandOK, L"CommandOK"},
@@ -59,10 +60,15 @@ inline Probe announcing(std::uint64_t size) {
 }
 
 inline const Texts nothing;
-inline const Texts start = {L"Timer1 off",       L"Timer3 off",
-                            L"hide progress",    L"remove orb_test_size.tt",
-                            L"remove seznam.tt", L"status Připojování k databázi rádií...",
-                            L"start probe",      L"Timer3 on"};
+inline const Texts start = {L"Timer1 off",
+                            L"Timer3 off",
+                            L"give up conversion",
+                            L"hide progress",
+                            L"remove orb_test_size.tt",
+                            L"remove seznam.tt",
+                            L"status Připojování k databázi rádií...",
+                            L"start probe",
+                            L"Timer3 on"};
 inline const Texts refusal = {L"status Aktualizaci nyní nelze provést, zkuste to prosím později."};
 inline const std::wstring finished = L"status Hotovo, připraven...";
 

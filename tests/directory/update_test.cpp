@@ -146,8 +146,8 @@ TEST(Update, StepsCarryTheirRun) {
 TEST(Update, ClosingEndsEverything) {
   for (Update update : {probed(), downloading(10), converting()}) {
     const unsigned before = update.run();
-    EXPECT_EQ(texts(update.close()),
-              Texts({L"Timer1 off", L"Timer2 off", L"Timer3 off", L"hide progress", L"Command1 on"}));
+    EXPECT_EQ(texts(update.close()), Texts({L"Timer1 off", L"Timer2 off", L"Timer3 off", L"give up conversion",
+                                            L"hide progress", L"Command1 on"}));
     EXPECT_EQ(texts(update.probe_read(before, announcing(10))), nothing);
     EXPECT_EQ(texts(update.converted(before, Conversion::done)), nothing);
     EXPECT_EQ(texts(update.online(before, true)), nothing);

@@ -46,15 +46,15 @@ TEST(Update, AListThatDoesNotGrowIsToldUntilItDoes) {
 
 TEST(Update, WhatIsWrongWithThePresentListIsToldBesideTheStatusUntilThereIsAnother) {
   Update update;
-  EXPECT_EQ(texts(update.LoadAktualizaceRadii(L"Je vadný.")).at(5), connecting + L" Je vadný.");
+  EXPECT_EQ(texts(update.LoadAktualizaceRadii(L"Je vadný.")).at(6), connecting + L" Je vadný.");
   (void)update.Timer3_Timer({});
   EXPECT_EQ(texts(update.Timer3_Timer({{}, false, 10'000})), Texts({connecting + L" Je vadný. Server neodpovídá."}));
-  EXPECT_EQ(texts(update.online(update.run(), true)).at(5), connecting + L" Je vadný.");
+  EXPECT_EQ(texts(update.online(update.run(), true)).at(6), connecting + L" Je vadný.");
   (void)update.Timer3_Timer(of_length(7));
   (void)update.probe_read(update.run(), announcing(10));
   (void)update.Timer1_Timer(of_length(10));
   (void)update.converted(update.run(), Conversion::done);
-  EXPECT_EQ(texts(update.online(update.run(), true)).at(5), connecting);
+  EXPECT_EQ(texts(update.online(update.run(), true)).at(6), connecting);
 }
 
 TEST(Update, AFullDiskIsNamed) {

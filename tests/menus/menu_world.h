@@ -24,9 +24,9 @@ struct MenuWorld : SkinWorld {
   companions::Identity identity{{folder, loop, settings}};
   player::Favourites favourite_list{{folder, settings, session, form, playback, station_files, dialogs, loop, pointer}};
   player::Console console{{session, loop, input_box, dialogs, playback}};
-  directory::Directory directory{{settings, session, form, error_log, station_files, stations, playback, favourite_list,
-                                  sender, identity, web, loop, folder, machine, shell, dialogs, connection, popups,
-                                  framed_windows}};
+  directory::Directory directory{{settings,       session, form,       error_log, station_files,  stations, playback,
+                                  favourite_list, sender,  identity,   web,       loop,           folder,   machine,
+                                  shell,          dialogs, connection, popups,    framed_windows, worker}};
   menus::SkinMenu skin_menu{folder};
   menus::MenuCommands items{{settings, session,        form,     loop,        folder,   shell,   dialogs,
                              options,  stations,       playback, client_link, look,     frame,   web,

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "platform/memory/event_loop.h"
 #include "platform/memory/files.h"
 #include "platform/memory/messages.h"
+#include "platform/memory/worker.h"
 #include "stations/conversion.h"
+#include "stations/download_conversion.h"
 #include "stations/station_files.h"
 #include "stations/station_limits.h"
 
@@ -9,6 +12,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,17 +34,29 @@ struct RecordingPort final : stations::ConversionPort {
 };
 
 struct ConversionWorld {
+  platform::memory::EventLoop loop;
   platform::memory::Files files;
   platform::memory::Codec codec;
   platform::memory::Machine machine;
   base::ProgramFolder folder{files, codec, machine};
+  platform::memory::Worker worker{loop};
   stations::StationFiles station_files{folder};
   RecordingPort port;
+  stations::DownloadConversion conversion{{folder, station_files, port, worker, loop}};
 
-  stations::Converted convert(const std::string& list) { return stations::convert(list, codec, port).value(); }
-  stations::Conversion convert_files() {
-    const std::uint64_t announced = files.size(L"C:\\Orb\\seznam.tt").value_or(1);
-    return station_files.convert_download(announced, port);
+  stations::Conversion convert_files(std::uint64_t announced) {
+    std::optional<stations::Conversion> result;
+    conversion.start(announced, [&](stations::Conversion answer) { result = answer; });
+    EXPECT_FALSE(result.has_value()) << "it comes from the loop";
+    loop.advance(0);
+    return result.value();
+  }
+  stations::Conversion convert_files() { return convert_files(files.size(L"C:\\Orb\\seznam.tt").value_or(1)); }
+  // The list as a whole program would convert it, with its orders shown.
+  stations::Converted convert(const std::string& list) {
+    put(L"seznam.tt", list);
+    EXPECT_EQ(convert_files(), stations::Conversion::done);
+    return stations::convert(list).value();
   }
   void put(const std::wstring& name, const std::string& bytes) { (void)files.replace(L"C:\\Orb\\" + name, bytes); }
   [[nodiscard]] std::string get(const std::wstring& name) const {
@@ -153,12 +169,11 @@ TEST(Conversion, AListOfTooManyLinesIsRefusedAsAWhole) {
   std::string list = "orb:i:text\r\norb:r:text\r\n";
   for (std::size_t i = 2; i < stations::max_station_lines; ++i)
     list += "x\n";
-  EXPECT_TRUE(stations::convert(list, w.codec, w.port).has_value());
-  w.port.shown.clear();
-  EXPECT_FALSE(stations::convert(list + "y", w.codec, w.port).has_value());
-  EXPECT_TRUE(w.port.shown.empty());
+  EXPECT_TRUE(stations::convert(list).has_value());
+  EXPECT_FALSE(stations::convert(list + "y").has_value());
   w.put(L"seznam.tt", list + "y");
   EXPECT_EQ(w.convert_files(), stations::Conversion::too_long);
+  EXPECT_TRUE(w.port.shown.empty());
   EXPECT_EQ(w.get(L"radios.tt"), "(none)");
 }
 
@@ -166,10 +181,9 @@ TEST(Conversion, AListWhoseStationsCouldNotBeReadBackIsRefused) {
   ConversionWorld w;
   std::string list = "orb:i:text\n";
   list.append(stations::max_station_bytes - 3, 'x').append("\n"); // its end becomes two bytes, and two more follow
-  EXPECT_FALSE(stations::convert(list, w.codec, w.port).has_value());
-  EXPECT_TRUE(w.port.shown.empty());
+  EXPECT_FALSE(stations::convert(list).has_value());
   list.erase(list.size() - 2, 1);
-  const auto longest = stations::convert(list, w.codec, w.port);
+  const auto longest = stations::convert(list);
   ASSERT_TRUE(longest.has_value());
   EXPECT_EQ(longest->stations.size(), stations::max_station_bytes);
 }
@@ -179,7 +193,7 @@ TEST(Conversion, AListThatIsNotAsLongAsAnnouncedIsNotConverted) {
   w.put(L"seznam.tt", "orb:r:text\r\nRADIO1\r\n");
   const std::uint64_t length = w.files.size(L"C:\\Orb\\seznam.tt").value();
   for (const std::uint64_t announced : {std::uint64_t{0}, length - 1, length + 1})
-    EXPECT_EQ(w.station_files.convert_download(announced, w.port), stations::Conversion::unreadable);
+    EXPECT_EQ(w.convert_files(announced), stations::Conversion::unreadable);
   EXPECT_TRUE(w.port.shown.empty());
   EXPECT_EQ(w.get(L"radios.tt"), "(none)");
 }

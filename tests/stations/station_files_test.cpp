@@ -2,11 +2,14 @@
 // When the station file and the category file are read, and who sees what of them.
 #include "stations/station_files.h"
 
+#include "stations/download_conversion.h"
 #include "stations/station_limits.h"
 #include "stations/station_table.h"
 #include "tests/support/stations_world.h"
 
 #include <gtest/gtest.h>
+
+#include <optional>
 
 namespace lumotune::test {
 namespace {
@@ -20,6 +23,7 @@ struct Silent final : stations::ConversionPort {
 struct StationFilesTest : testing::Test {
   StationsWorld w;
   Silent silent;
+  stations::DownloadConversion conversion{{w.folder, w.station_files, silent, w.worker, w.loop}};
 
   StationFilesTest() { w.put(L"kategories.tt", "new//100001/@/A\r\n"); }
   [[nodiscard]] std::size_t reads(const wchar_t* name) const { return w.files.reads(w.path(name)); }
@@ -30,7 +34,13 @@ struct StationFilesTest : testing::Test {
   }
   stations::Conversion update(const std::string& list) {
     w.put(L"seznam.tt", list);
-    return w.station_files.convert_download(list.size(), silent);
+    return convert(list.size());
+  }
+  stations::Conversion convert(std::uint64_t announced) {
+    std::optional<stations::Conversion> result;
+    conversion.start(announced, [&](stations::Conversion answer) { result = answer; });
+    w.loop.advance(0);
+    return result.value();
   }
 };
 
@@ -161,7 +171,7 @@ TEST_F(StationFilesTest, AFileThatAnotherProgramChangesAfterAnUpdateIsRead) {
 
 TEST_F(StationFilesTest, AnUpdateThatFailsLeavesWhatThereIs) {
   const auto before = w.station_files.stations();
-  EXPECT_EQ(w.station_files.convert_download(5, silent), stations::Conversion::unreadable);
+  EXPECT_EQ(convert(5), stations::Conversion::unreadable);
   w.files.make_readonly(w.path(L"kategories.tt"));
   EXPECT_EQ(update("NOVE01\r\n"), stations::Conversion::not_written);
   EXPECT_EQ(first_line(), before->line(0));

@@ -60,9 +60,9 @@ struct DirectoryWorld : PlayerWorld {
   player::Favourites favourite_list{{folder, settings, session, form, playback, station_files, dialogs, loop, pointer}};
   companions::Identity identity{{folder, loop, settings}};
   companions::WebPages pages{shell};
-  directory::Directory directory{{settings, session, form, error_log, station_files, stations, playback, favourite_list,
-                                  sender, identity, pages, loop, folder, machine, shell, dialogs, connection, popups,
-                                  windows}};
+  directory::Directory directory{{settings,       session, form,       error_log, station_files, stations, playback,
+                                  favourite_list, sender,  identity,   pages,     loop,          folder,   machine,
+                                  shell,          dialogs, connection, popups,    windows,       worker}};
 
   DirectoryWorld() {
     popups.modal.lets_run(loop);

@@ -8,6 +8,7 @@
 #include "platform/memory/media_player.h"
 #include "platform/memory/messages.h"
 #include "platform/memory/window.h"
+#include "platform/memory/worker.h"
 
 namespace lumotune::test {
 
@@ -22,6 +23,7 @@ struct MemoryPlatform {
   platform::memory::Dialogs dialogs{loop};
   platform::memory::Tray tray;
   platform::memory::MediaPlayer player;
+  platform::memory::Worker worker{loop};
 
   MemoryPlatform() { dialogs.modal.lets_run(loop); }
 };
