@@ -76,6 +76,7 @@ private:
     std::string_view rest = text;
     if (is(rest, "#EXT-X-STREAM-INF:") || is(rest, "#EXT-X-MEDIA:")) {
       const bool of_variant = text.starts_with("#EXT-X-S");
+      list_.choices = true;
       int& count = of_variant ? variants_ : renditions_;
       if (++count > max_hls_variants) {
         variant_cut_ = variant_cut_ || of_variant;
@@ -89,6 +90,7 @@ private:
       digest(rest);
     } else if (is(rest, "#EXTINF:")) {
       list_.media = true;
+      segment_ = true;
     } else if (is(rest, "#EXT-X-ENDLIST")) {
       list_.ended = true;
     } else if (is(rest, "#EXT-X-MAP:")) {
@@ -107,6 +109,8 @@ private:
     cost_ += segment_cost + base_ + text.size() + (key_ > 0 ? base_ + key_ : 0);
     digest(text);
     keep(text);
+    list_.segments = list_.segments || segment_;
+    segment_ = false;
     return cost_ <= max_hls_cost;
   }
 
@@ -117,6 +121,7 @@ private:
   std::size_t maps_ = 0;
   int variants_ = 0;
   int renditions_ = 0;
+  bool segment_ = false;     // the next address is one's
   bool variant_cut_ = false; // the next address belongs to a dropped variant
 };
 

@@ -22,7 +22,13 @@ struct HlsList {
   bool ended = false;       // no segments will be added
   int target_s = 0;         // target duration, clamped to 1 to 10; 0 for a master playlist
   std::uint64_t digest = 0; // of its segments: changes when the list advances
+  bool segments = false;    // it has some
+  bool choices = false;     // it has variants or renditions
   std::string text;         // sanitized, for FFmpeg
+
+  // What a list must be that FFmpeg opens by itself, or reads again: it takes a packet from every choice and every list
+  // that it has ever met, whether or not it could open them.
+  [[nodiscard]] bool only_segments() const { return segments && !choices; }
 };
 
 // Whether a text starts like an M3U, HLS or plain.

@@ -211,7 +211,8 @@ int IoOpen::open_nested(AVIOContext** made, const Request& request) {
   return 0;
 }
 
-// Reads and validates a whole list before FFmpeg gets it. False when it exceeds a limit or has stopped advancing.
+// Reads and validates a whole list before FFmpeg gets it. False when it exceeds a limit, is not one of segments alone
+// or has stopped advancing.
 bool IoOpen::read_list(const std::string& address, Feed& feed) {
   constexpr std::string_view mark = "#EXTM3U";
   if (!feed.peek(mark.size()) || !feed.peeked().starts_with(mark))
@@ -219,7 +220,7 @@ bool IoOpen::read_list(const std::string& address, Feed& feed) {
   if (feed.peek(max_hls_list_bytes + 1))
     return false;
   auto list = read_hls_list(feed.peeked(), address.size());
-  if (!list || watch_.stops())
+  if (!list || !list->only_segments() || watch_.stops())
     return false;
   if (!progress_.note(address, *list)) {
     watch_.over = true;

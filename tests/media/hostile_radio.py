@@ -21,6 +21,8 @@ test's own root. Takes one command a line, answers each with one line, until its
 /list/still      a live list that never changes; target=N seconds, segments of 550
 /list/rolling    one that goes on, a segment each 2 seconds
 /list/hasty      one of segments that claim to last a millisecond
+/list/turning    one that goes on, but the third time it is a choice of itself, without segments
+/list/vanishing  one that goes on, but from the third time on it has no segments
 Any path: password=1 wants a name and password, cookie=TEXT sets a cookie.
 /mms/NAME        a media server that sends after=N packets and falls silent; drip=1 sends single bytes instead
 """
@@ -220,6 +222,10 @@ class Answer:
             body = start + f"#EXT-X-STREAM-INF:BANDWIDTH=128000\n/list/chain?n={number + 1}\n".encode()
         elif name.startswith("variants"):
             body = start + b"".join(b"#EXT-X-STREAM-INF:BANDWIDTH=%d\n/v%d.m3u8\n" % (n, n) for n in range(40000))
+        elif name.startswith("turning") and self.server.hits["/list/" + name] == 3:
+            body = start + b"#EXT-X-STREAM-INF:BANDWIDTH=128000\n" + self.path.encode() + b"\n"
+        elif name.startswith("vanishing") and self.server.hits["/list/" + name] > 2:
+            body = start + b"#EXT-X-TARGETDURATION:2\n"
         elif name.startswith("hasty"):
             first = int((time.monotonic() - self.server.born) * 1000)
             body = start + f"#EXT-X-TARGETDURATION:1\n#EXT-X-MEDIA-SEQUENCE:{first}\n".encode()
