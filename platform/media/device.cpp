@@ -48,7 +48,8 @@ struct Device::State {
   bool rate_settled = false;
   bool consuming = false; // the sound callback runs, or may at any moment
 
-  void run(); // the device thread
+  void run();                       // the device thread
+  void set(bool& what, bool value); // of these; any thread
 
 private:
   // Marks a call into the sound system by its lifetime. Threads that the sound system creates in it take over the name
@@ -76,7 +77,6 @@ private:
   void open_if_needed();
   void start_output(bool now_flowing);
   void stop_output();
-  void note_failure(bool failed);
   void drop_output();
   void set_consuming(bool on) {
     const std::lock_guard lock(mutex);
@@ -106,16 +106,13 @@ Device::Device(std::shared_ptr<Mixer> mixer, OutputFactory make_output, int late
 }
 
 void Device::run() {
-  const std::lock_guard lock(state_->mutex);
-  state_->wanted = true;
-  state_->changed.notify_all();
+  state_->set(state_->wanted, true);
 }
 
 void Device::flow() {
   const std::lock_guard lock(state_->mutex);
-  if (std::exchange(state_->flowing, true))
-    return;
-  state_->changed.notify_all();
+  if (!std::exchange(state_->flowing, true))
+    state_->changed.notify_all();
 }
 
 void Device::silence() {
@@ -127,9 +124,7 @@ void Device::silence() {
 }
 
 void Device::end() {
-  const std::lock_guard lock(state_->mutex);
-  state_->ending = true;
-  state_->changed.notify_all();
+  state_->set(state_->ending, true);
 }
 
 bool Device::wait_ended(std::chrono::milliseconds time) {
@@ -172,14 +167,14 @@ void Device::State::settle(int preferred_rate) {
   changed.notify_all();
 }
 
-void Device::State::note_failure(bool failed) {
+void Device::State::set(bool& what, bool value) {
   const std::lock_guard lock(mutex);
-  output_failed = failed;
+  what = value;
   changed.notify_all();
 }
 
 void Device::State::open_if_needed() {
-  note_failure(false); // from now on a failure is news
+  set(output_failed, false); // from now on a failure is news
   if (output != nullptr && output->failed() && Clock::now() - opened_at >= shortest_life)
     drop_output();
   if (output != nullptr)
@@ -188,7 +183,7 @@ void Device::State::open_if_needed() {
   opened_at = Clock::now();
   auto made = make_output();
   if (made != nullptr)
-    made->on_failed = [this] { note_failure(true); };
+    made->on_failed = [this] { set(output_failed, true); };
   settle(made == nullptr ? 0 : made->preferred_rate());
   const bool opened = made != nullptr && made->open(*mixer, latency_ms);
   if (opened)

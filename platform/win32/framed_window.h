@@ -55,6 +55,7 @@ private:
   [[nodiscard]] WINDOWPLACEMENT placement() const;
   [[nodiscard]] POINT smallest_size() const; // pixels
   void note_state(WPARAM state);             // of WM_SIZE
+  void note_move();
   void come_back();
   void look_at_screen();
   void come_into_view();

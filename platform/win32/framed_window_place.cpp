@@ -24,11 +24,7 @@ bool FramedWindow::handle_size_message(UINT message, WPARAM w, LPARAM l) {
     return true;
   }
   case WM_MOVE:
-    if (in_normal_state())
-      GetWindowRect(window_, &normal_);
-    if (!user_moves_)
-      recheck_.begin();
-    look_at_screen();
+    note_move();
     return false;
   case WM_ENTERSIZEMOVE:
   case WM_EXITSIZEMOVE:
@@ -58,6 +54,14 @@ bool FramedWindow::handle_size_message(UINT message, WPARAM w, LPARAM l) {
   default:
     return false;
   }
+}
+
+void FramedWindow::note_move() {
+  if (in_normal_state())
+    GetWindowRect(window_, &normal_);
+  if (!user_moves_)
+    recheck_.begin();
+  look_at_screen();
 }
 
 // The system's normal positions are relative to the work area, whose origin differs from the desktop's where the task
