@@ -2,10 +2,10 @@
 // An overlapped window: caption, system menu, resizable frame, task-bar button.
 #pragma once
 
+#include "platform/common/screen_recheck.h"
 #include "platform/common/view_keeper.h"
 #include "platform/framed_window.h"
 #include "platform/win32/control_host.h"
-#include "platform/win32/screen_recheck.h"
 
 #include <memory>
 #include <optional>

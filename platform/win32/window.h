@@ -2,10 +2,10 @@
 // The borderless main window.
 #pragma once
 
+#include "platform/common/screen_recheck.h"
 #include "platform/common/view_keeper.h"
 #include "platform/win32/control_host.h"
 #include "platform/win32/picture.h"
-#include "platform/win32/screen_recheck.h"
 #include "platform/win32/win.h"
 #include "platform/window.h"
 

@@ -8,13 +8,13 @@
 #include <memory>
 #include <utility>
 
-namespace lumotune::platform::win32 {
+namespace lumotune::platform {
 
 // A window manager can react to a change of the screen before the system reports the new monitors, and not every system
 // sends a message once it does. User-interface thread.
 class ScreenRecheck {
 public:
-  ScreenRecheck(platform::EventLoop& loop, std::function<void()> look)
+  ScreenRecheck(EventLoop& loop, std::function<void()> look)
       : look_(std::move(look)), timer_(loop.make_timer(500, [this] { tick(); })) {}
 
   // Looks every half second for ten seconds.
@@ -32,7 +32,7 @@ private:
 
   std::function<void()> look_;
   int left_ = 0;
-  std::unique_ptr<platform::Timer> timer_;
+  std::unique_ptr<Timer> timer_;
 };
 
-} // namespace lumotune::platform::win32
+} // namespace lumotune::platform
