@@ -33,7 +33,8 @@ public:
 };
 
 // A file that another program holds is tried so often, so far apart. A call waits four times that at most, and one for
-// two files as long again when it has to put the first file back.
+// two files as long again when it has to put the first file back. Settling what a crash left, which a
+// replacement of two files does first, takes as long again at most.
 inline constexpr int file_tries = 5;
 inline constexpr int file_wait_ms = 50;
 

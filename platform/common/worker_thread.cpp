@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/common/worker_thread.h"
 
+#include "platform/threads/thread_name.h"
+
 #include <algorithm>
-#include <system_error>
+#include <exception>
 #include <utility>
 
 namespace lumotune::platform {
@@ -107,7 +109,7 @@ void WorkerThread::run_thread() {
     thread_.join();
   try {
     thread_ = std::thread([this] { run_jobs(); });
-  } catch (const std::system_error&) { // no thread: all that waits is over, unfinished
+  } catch (const std::exception&) { // no thread or no memory for it: all that waits is over, unfinished
     while (const auto job = queue_->next())
       queue_->end(*job);
     waker_->wake();
@@ -115,6 +117,7 @@ void WorkerThread::run_thread() {
 }
 
 void WorkerThread::run_jobs() noexcept {
+  name_this_thread("file worker");
   while (const auto job = queue_->next()) {
     try {
       std::exchange(job->work, {})();

@@ -26,8 +26,8 @@ struct HlsList {
   bool choices = false;     // it has variants or renditions
   std::string text;         // sanitized, for FFmpeg
 
-  // What a list must be that FFmpeg opens by itself, or reads again: it takes a packet from every choice and every list
-  // that it has ever met, whether or not it could open them.
+  // Required of nested and reloaded lists: FFmpeg reads from each variant and rendition that it knows, also from one
+  // that it never opened, or could not open because it has no segments; both are null pointers.
   [[nodiscard]] bool only_segments() const { return segments && !choices; }
 };
 

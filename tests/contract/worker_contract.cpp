@@ -4,10 +4,13 @@
 #include "tests/contract/fixture.h"
 #ifndef _WIN32
 #include "platform/memory/worker.h"
+
+#include <pthread.h>
 #endif
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
 #include <functional>
 #include <future>
@@ -159,6 +162,17 @@ TYPED_TEST(WorkerContract, AtItsEndWorkUnderWayIsWaitedFor) {
   this->worker.reset();
   EXPECT_EQ(this->worked, std::vector<std::string>({"a"}));
 }
+
+#ifndef _WIN32
+struct NativeWorkerThread : WorkerContract<platform::WorkerThread> {};
+
+TEST_F(NativeWorkerThread, HasAName) {
+  std::array<char, 16> name{};
+  const auto task = worker->start([&] { (void)pthread_getname_np(pthread_self(), name.data(), name.size()); },
+                                  [&](bool) { told = name.data(); });
+  EXPECT_TRUE(until_told("file worker"));
+}
+#endif
 
 } // namespace
 } // namespace lumotune::contract

@@ -8,7 +8,7 @@ import signal
 import subprocess
 import typing
 
-SINK = ("module-null-sink", "sink_name=nul", "rate=48000", "channels=2", "norewinds=1")
+NULL_SINK = "module-null-sink"
 
 
 class MachineFault(typing.NamedTuple):
@@ -47,20 +47,24 @@ def continue_sound_server(_):
     os.kill(sound_server(), signal.SIGCONT)
 
 
-def take_sink_away(_):
-    for line in pactl("list", "short", "modules").splitlines():
-        number, name, *words = line.split("\t")
-        if name == SINK[0] and "sink_name=nul " in " ".join(words) + " ":
-            pactl("unload-module", number)
+class Sink:
+    """The desktop's only sound device."""
+    arguments = []
 
+    def take_away(self, _):
+        for line in pactl("list", "short", "modules").splitlines():
+            number, name, *words = line.split("\t")
+            if name == NULL_SINK and "sink_name=nul" in words[0].split():
+                self.arguments = words[0].split()
+                pactl("unload-module", number)
 
-def bring_sink_back(_):
-    pactl("load-module", *SINK)
+    def bring_back(self, _):
+        pactl("load-module", NULL_SINK, *self.arguments)
 
 
 def make_another_default(_):
     if "\tother\t" not in pactl("list", "short", "sinks"):
-        pactl("load-module", SINK[0], "sink_name=other", *SINK[2:])
+        pactl("load-module", NULL_SINK, "sink_name=other")
     pactl("set-default-sink", "other")
 
 
@@ -76,11 +80,12 @@ def wake(program):
     os.kill(program, signal.SIGCONT)
 
 
+SINK = Sink()
 MACHINE_FAULTS = {
     "sound-server-hung": MachineFault("the sound server does not answer for 6 s", stop_sound_server, continue_sound_server, 6),
     "sound-server-hung-long": MachineFault("the sound server does not answer for 25 s", stop_sound_server, continue_sound_server, 25),
-    "device-away": MachineFault("the only sound device goes away and comes back after 5 s", take_sink_away, bring_sink_back, 5),
-    "device-away-long": MachineFault("the only sound device goes away and comes back after 25 s", take_sink_away, bring_sink_back, 25),
+    "device-away": MachineFault("the only sound device goes away and comes back after 5 s", SINK.take_away, SINK.bring_back, 5),
+    "device-away-long": MachineFault("the only sound device goes away and comes back after 25 s", SINK.take_away, SINK.bring_back, 25),
     "default-device-changed": MachineFault("another sound device becomes the default one, then the first again",
                                            make_another_default, make_first_default, 5),
     "asleep": MachineFault("nothing of the program runs for 5 s, as in a short sleep of the machine", freeze, wake, 5, frozen=True),

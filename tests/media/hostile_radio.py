@@ -22,7 +22,7 @@ test's own root. Takes one command a line, answers each with one line, until its
 /list/rolling    one that goes on, a segment each 2 seconds
 /list/hasty      one of segments that claim to last a millisecond
 /list/turning    one that goes on, but the third time it is a choice of itself, without segments
-/list/vanishing  one that goes on, but from the third time on it has no segments
+/list/vanishing  one that goes on, but the third time it has no segments
 Any path: password=1 wants a name and password, cookie=TEXT sets a cookie.
 /mms/NAME        a media server that sends after=N packets and falls silent; drip=1 sends single bytes instead
 """
@@ -224,7 +224,7 @@ class Answer:
             body = start + b"".join(b"#EXT-X-STREAM-INF:BANDWIDTH=%d\n/v%d.m3u8\n" % (n, n) for n in range(40000))
         elif name.startswith("turning") and self.server.hits["/list/" + name] == 3:
             body = start + b"#EXT-X-STREAM-INF:BANDWIDTH=128000\n" + self.path.encode() + b"\n"
-        elif name.startswith("vanishing") and self.server.hits["/list/" + name] > 2:
+        elif name.startswith("vanishing") and self.server.hits["/list/" + name] == 3:
             body = start + b"#EXT-X-TARGETDURATION:2\n"
         elif name.startswith("hasty"):
             first = int((time.monotonic() - self.server.born) * 1000)
