@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -45,25 +46,34 @@ inline void decode_some(media::Source& source) {
   }
 }
 
-// `answers` are what the openings get, one after the other; further ones fail.
-inline void play(const std::string& address, std::vector<std::string> answers) {
+// `answer` is what an opening gets; nothing fails it.
+using Answer = std::function<std::optional<std::string>(const std::string& address)>;
+
+inline void play(const std::string& address, const Answer& answer) {
   using Clock = std::chrono::steady_clock;
   const auto end = Clock::now() + std::chrono::seconds(20);
-  std::size_t openings = 0;
   media::OpenBudget budget;
   media::SourceOptions options;
   options.budget = &budget;
   options.open_limit_ms = 5000;
   options.interrupted = [end] { return Clock::now() > end; };
-  options.memory = [&](const std::string& named) -> std::optional<std::string> {
+  options.memory = [&](const std::string& named) {
     demand(named.find("://") != std::string::npos && named.find("file:") != 0);
-    return openings < answers.size() ? std::optional(std::move(answers[openings++])) : std::nullopt;
+    return answer(named);
   };
   const media::Opened opened = media::Source::open(address, options);
   demand(opened.source == nullptr || opened.trouble == media::Trouble::none);
   demand(opened.entries.size() <= media::max_playlist_entries);
   if (opened.source != nullptr)
     decode_some(*opened.source);
+}
+
+// `answers` are what the openings get, one after the other; further ones fail.
+inline void play(const std::string& address, std::vector<std::string> answers) {
+  std::size_t openings = 0;
+  play(address, [&](const std::string&) {
+    return openings < answers.size() ? std::optional(std::move(answers[openings++])) : std::nullopt;
+  });
 }
 
 } // namespace lumotune::fuzz
