@@ -70,7 +70,10 @@ void StreamWorker::play(const Wish& wish) {
     StreamStatus connecting;
     connecting.phase = Phase::connecting;
     report(connecting);
+    const auto begun = clock_->now();
+    heard_ms_ = 0;
     const Attempt result = attempt(wish);
+    const auto silent = heard_ms_ == 0 ? std::chrono::floor<std::chrono::milliseconds>(clock_->now() - begun) : 0ms;
     if (result.outcome == Outcome::cancelled || wish_.superseded())
       return;
     const bool hopeless = result.trouble == Trouble::no_address || result.trouble == Trouble::unsupported_address;
@@ -80,7 +83,7 @@ void StreamWorker::play(const Wish& wish) {
       report(stopped);
       return;
     }
-    if (!wait_before_retry(result))
+    if (!wait_before_retry(result, silent))
       return;
   }
 }
@@ -101,15 +104,17 @@ Attempt StreamWorker::play_stream(PacketSource& source) {
   worker_thread_.check();
   StreamSession session(source, playout_, wish_);
   const Attempt result = session.run();
-  retry_.heard(session.heard_ms());
+  heard_ms_ = session.heard_ms();
+  retry_.heard(heard_ms_);
   return result;
 }
 
-// False when a newer wish arrives meanwhile.
-bool StreamWorker::wait_before_retry(const Attempt& failure) {
+// `silent` is how long the attempt took without sound. False when a newer wish arrives meanwhile.
+bool StreamWorker::wait_before_retry(const Attempt& failure, std::chrono::milliseconds silent) {
   const double random = std::uniform_real_distribution<double>(0.0, 1.0)(random_);
   const auto asked = failure.retry_after.value_or(0s);
-  auto left = std::chrono::milliseconds(std::llround(retry_.next_delay_ms(random, asked) * retry_scale_));
+  const auto spent = std::chrono::milliseconds(std::llround(static_cast<double>(silent.count()) / retry_scale_));
+  auto left = std::chrono::milliseconds(std::llround(retry_.next_delay_ms(random, asked, spent) * retry_scale_));
   StreamStatus waiting;
   waiting.phase = Phase::waiting;
   waiting.trouble = failure.trouble;

@@ -46,7 +46,7 @@ private:
   void play(const Wish& wish);
   [[nodiscard]] Attempt attempt(const Wish& wish);
   [[nodiscard]] Attempt play_stream(PacketSource& source);
-  [[nodiscard]] bool wait_before_retry(const Attempt& failure);
+  [[nodiscard]] bool wait_before_retry(const Attempt& failure, std::chrono::milliseconds silent);
 
   platform::ThreadCheck worker_thread_{"worker thread"};
   const std::shared_ptr<EngineChannels> channels_;
@@ -59,6 +59,7 @@ private:
   Playout playout_;
   Connector connector_;
   RetryPolicy retry_;
+  std::uint64_t heard_ms_ = 0; // by the current attempt
   std::minstd_rand random_;
 };
 

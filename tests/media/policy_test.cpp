@@ -14,12 +14,15 @@
 #include <random>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 namespace lumotune::media {
 namespace {
+
+using namespace std::chrono_literals;
 
 std::vector<std::uint32_t> delays(RetryPolicy& retry, int count, double random) {
   std::vector<std::uint32_t> all;
@@ -59,7 +62,14 @@ TEST(Retry, WaitsLongerEachTimeAndNeverGivesUp) {
 
 // A station drops a hundred thousand listeners in one moment and stays away: the largest share of them that comes in
 // any one second, counted by tenths of a second.
-TEST(Retry, SpreadsACrowd) {
+struct Crowd {
+  std::chrono::milliseconds attempt; // until it fails
+  // From that second on less than this share comes in any one second.
+  std::vector<std::pair<std::size_t, double>> shares;
+};
+class RetryOfACrowd : public testing::TestWithParam<Crowd> {};
+
+TEST_P(RetryOfACrowd, IsSpread) {
   constexpr int crowd = 100000;
   constexpr std::size_t minute = 600;
   std::vector<int> arrivals(minute);
@@ -69,7 +79,8 @@ TEST(Retry, SpreadsACrowd) {
     RetryPolicy retry;
     for (std::size_t tenth = 0, ms = 0; tenth < minute; tenth = ms / 100) {
       ++arrivals[tenth];
-      ms += retry.next_delay_ms(random(chance));
+      ms += retry.next_delay_ms(random(chance), {}, GetParam().attempt);
+      ms += static_cast<std::size_t>(GetParam().attempt.count());
     }
   }
   arrivals[0] -= crowd; // the drop itself
@@ -79,10 +90,31 @@ TEST(Retry, SpreadsACrowd) {
       largest = std::max(largest, std::accumulate(&arrivals[at], &arrivals[at] + 10, 0));
     return static_cast<double>(largest) / crowd;
   };
-  EXPECT_LT(largest_share(0, 60), 0.65); // who is alone is back in two seconds
-  EXPECT_LT(largest_share(2, 60), 0.28);
-  EXPECT_LT(largest_share(10, 60), 0.15);
+  for (const auto& [second, share] : GetParam().shares)
+    EXPECT_LT(largest_share(second, 60), share) << second;
   EXPECT_GT(largest_share(50, 60), 0.09); // nobody gives up
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Retry, RetryOfACrowd,
+    testing::Values(Crowd{0ms, {{0, 0.65}, {2, 0.28}, {10, 0.15}}}, // who is alone is back in two seconds
+                    Crowd{10s, {{0, 0.65}, {20, 0.22}, {40, 0.16}}}, Crowd{25s, {{0, 0.65}, {50, 0.22}}}),
+    [](const auto& tried) { return "After" + std::to_string(tried.param.attempt / 1s) + "s"; });
+
+// An attempt begun just before a silent server recovers ends by its time-out; the next one begins within 15 s of it.
+TEST(Retry, CountsTheTimeOfASilentAttempt) {
+  for (const double random : {0.0, 0.5, 1.0}) {
+    RetryPolicy retry;
+    (void)delays(retry, 5, random);
+    const std::uint32_t after_refusal = retry.next_delay_ms(random);
+    EXPECT_EQ(retry.next_delay_ms(random, {}, 2s), after_refusal - 2000);
+    EXPECT_LE(10000 + retry.next_delay_ms(random, {}, 10s), 15000U);
+    EXPECT_EQ(retry.next_delay_ms(random, {}, 60s), 200 + static_cast<std::uint32_t>(4800 * random))
+        << "a crowd stays spread";
+    EXPECT_GE(retry.next_delay_ms(random, 20s, 60s), 20000U) << "what the server asks for is granted in full";
+  }
+  for (const double random : {0.0, 1.0})
+    EXPECT_EQ(RetryPolicy().next_delay_ms(random, {}, 60s), RetryPolicy().next_delay_ms(random));
 }
 
 TEST(Retry, BeginsAnewAfterAStationThatPlayedWell) {
