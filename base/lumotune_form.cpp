@@ -52,6 +52,7 @@ LumotuneForm::LumotuneForm(platform::Window& window_made)
   tell(LineMenu_OnTop, L"Vždy nahoře");
   tell(LineMenu_Min, L"Skrýt");
   tell(LineMenu_End, L"Konec");
+  LineMenu_End.set_closes(true);
 }
 
 } // namespace lumotune::base

@@ -64,7 +64,8 @@ public:
   std::function<void()> on_menu_key; // the menu key or Shift+F10, while focused
 };
 
-// Shows a GIF and takes its size. A picture button is a tab stop with a visible focus; a decoration is not.
+// Shows a GIF and takes its size. A picture button is a tab stop with a visible focus; a decoration is not. A button
+// looks otherwise under the pointer, pressed, disabled and focused; all looks are made from the one picture.
 class PictureBox : public Control {
 public:
   // A larger picture is rejected: this many pixels take 34 MB of memory.
@@ -76,6 +77,8 @@ public:
   [[nodiscard]] virtual bool load_picture(const std::wstring& path) = 0;
   virtual void clear_picture() = 0;                       // shows nothing; the size becomes empty
   [[nodiscard]] virtual std::wstring picture() const = 0; // path of the picture shown, empty for none
+  virtual void set_closes(bool closes) = 0;               // a button that is red under the pointer
+  [[nodiscard]] virtual bool closes() const = 0;
 };
 
 // Text on a transparent background. A link label is a tab stop and can be clicked.

@@ -111,6 +111,8 @@ public:
   [[nodiscard]] bool load_picture(const std::wstring& path) override;
   void clear_picture() override;
   [[nodiscard]] std::wstring picture() const override { return picture_; }
+  void set_closes(bool closes) override { closes_ = closes; }
+  [[nodiscard]] bool closes() const override { return closes_; }
   [[nodiscard]] PictureKind kind() const { return kind_; }
   bool user_double_click() { return user_click() && user_click(); } // it reports a double click as two clicks
 
@@ -118,6 +120,7 @@ private:
   PictureKind kind_;
   const platform::Files& files_;
   std::wstring picture_;
+  bool closes_ = false;
 };
 
 class Label final : public ControlOf<platform::Label> {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/win32/controls.h"
 
+#include "platform/common/button_look.h"
 #include "platform/win32/dpi.h"
 
 #include <algorithm>
@@ -41,10 +42,59 @@ void PictureBox::clear_picture() {
 }
 
 void PictureBox::draw(HDC target, const RECT& area) {
-  constexpr BYTE faded = 90;
-  picture_.draw(target, 0, 0, area.right, area.bottom, IsWindowEnabled(window_) != 0 ? 255 : faded);
   if (kind_ == PictureKind::button)
-    draw_focus(target, area);
+    draw_button(target, area);
+  else
+    picture_.draw(target, 0, 0, area.right, area.bottom);
+}
+
+// The look is made from the pixels that lie behind: they go into memory and come back painted.
+void PictureBox::draw_button(HDC target, const RECT& area) {
+  const Pixels* picture = picture_.pixels(area.right, area.bottom);
+  if (picture == nullptr)
+    return;
+  std::uint32_t* memory = nullptr;
+  const GdiObject bitmap = make_bitmap(area.right, area.bottom, memory);
+  const MemoryDc dc(CreateCompatibleDC(nullptr));
+  if (bitmap == nullptr || dc == nullptr)
+    return;
+  const auto buffer = static_cast<HDC>(dc.get());
+  const HGDIOBJ before = SelectObject(buffer, bitmap.get());
+  BitBlt(buffer, 0, 0, area.right, area.bottom, target, 0, 0, SRCCOPY);
+  GdiFlush();
+  Pixels shown{static_cast<int>(area.right), static_cast<int>(area.bottom), {memory, memory + picture->values.size()}};
+  const ButtonState state{
+      .enabled = IsWindowEnabled(window_) != 0,
+      .hovered = hovered_,
+      .pressed = (SendMessageW(window_, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0,
+      .focused = GetFocus() == window_ && surface_.keyboard_used(),
+      .closes = closes_,
+  };
+  paint_button(shown, *picture, state, static_cast<double>(surface_.dpi()) / picture_dpi);
+  std::copy(shown.values.begin(), shown.values.end(), memory);
+  BitBlt(target, 0, 0, area.right, area.bottom, buffer, 0, 0, SRCCOPY);
+  SelectObject(buffer, before);
+}
+
+void PictureBox::set_hovered(bool hovered) {
+  if (hovered_ == hovered)
+    return;
+  hovered_ = hovered;
+  redraw();
+}
+
+// The system tells once that the pointer has gone, when it was asked.
+bool PictureBox::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+  if (kind_ == PictureKind::button && message == WM_MOUSEMOVE && !hovered_) {
+    TRACKMOUSEEVENT wanted{};
+    wanted.cbSize = sizeof wanted;
+    wanted.dwFlags = TME_LEAVE;
+    wanted.hwndTrack = window_;
+    set_hovered(TrackMouseEvent(&wanted) != 0);
+  }
+  if (message == WM_MOUSELEAVE || (message == WM_SHOWWINDOW && w == FALSE))
+    set_hovered(false);
+  return ControlOf::handle_message(message, w, l, result);
 }
 
 // A quick second click arrives as a double click and presses the button again.

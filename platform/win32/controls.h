@@ -17,6 +17,8 @@ public:
   [[nodiscard]] bool load_picture(const std::wstring& path) override;
   void clear_picture() override;
   [[nodiscard]] std::wstring picture() const override { return path_; }
+  void set_closes(bool closes) override { closes_ = closes; }
+  [[nodiscard]] bool closes() const override { return closes_; }
   void draw(HDC target, const RECT& area) override;
   void notified(WORD code) override;
   void pressed_by_key() override { fire(on_click); }
@@ -24,12 +26,17 @@ public:
   [[nodiscard]] PictureKind kind() const { return kind_; }
 
 private:
+  [[nodiscard]] bool handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
+  void set_hovered(bool hovered);
+  void draw_button(HDC target, const RECT& area);
   [[nodiscard]] bool drawn_at_once() const override { return true; }
   [[nodiscard]] bool has_hand() const override { return pressable(); }
 
   PictureKind kind_;
   Picture picture_;
   std::wstring path_;
+  bool closes_ = false;
+  bool hovered_ = false;
 };
 
 class Label final : public ControlOf<platform::Label> {

@@ -12,18 +12,11 @@
 namespace lumotune::platform::win32 {
 namespace {
 
-// A top-down DIB section; nothing when out of memory.
 GdiObject bitmap_of(const Pixels& pixels) {
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = pixels.width;
-  info.bmiHeader.biHeight = -pixels.height;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  void* memory = nullptr;
-  GdiObject bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &memory, nullptr, 0));
+  std::uint32_t* memory = nullptr;
+  GdiObject bitmap = make_bitmap(pixels.width, pixels.height, memory);
   if (bitmap != nullptr)
-    std::copy(pixels.values.begin(), pixels.values.end(), static_cast<std::uint32_t*>(memory));
+    std::copy(pixels.values.begin(), pixels.values.end(), memory);
   return bitmap;
 }
 
@@ -49,6 +42,19 @@ std::string read_small(const std::wstring& path) {
 
 } // namespace
 
+GdiObject make_bitmap(int width, int height, std::uint32_t*& memory) {
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = width;
+  info.bmiHeader.biHeight = -height;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  void* made = nullptr;
+  GdiObject bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &made, nullptr, 0));
+  memory = static_cast<std::uint32_t*>(made);
+  return bitmap;
+}
+
 std::int64_t picture_pixels(const std::wstring& path) {
   const KernelHandle file = opened(path);
   std::array<char, gif_header_length> start{};
@@ -69,20 +75,34 @@ bool Picture::load(const std::wstring& path) {
   pixels_ = std::move(*pixels);
   file_ = std::move(bytes);
   ready_.reset();
+  painted_ = {};
   return true;
+}
+
+Pixels Picture::in_size(int width, int height) const {
+  Pixels pixels = std::exchange(pixels_, {});
+  if (pixels.values.empty())
+    pixels = decode_gif(file_, platform::PictureBox::max_side, platform::PictureBox::max_pixels).value_or(Pixels{});
+  if (!pixels.values.empty() && (pixels.width != width || pixels.height != height))
+    pixels = scaled(pixels, width, height);
+  return pixels;
+}
+
+const Pixels* Picture::pixels(int width, int height) const {
+  if (empty() || width <= 0 || height <= 0)
+    return nullptr;
+  if (painted_.width != width || painted_.height != height)
+    painted_ = in_size(width, height);
+  return painted_.values.empty() ? nullptr : &painted_;
 }
 
 // Nothing when out of memory.
 HDC Picture::prepared(int width, int height) const {
   if (ready_ != nullptr && ready_->width == width && ready_->height == height)
     return static_cast<HDC>(ready_->dc.get());
-  Pixels pixels = std::exchange(pixels_, {});
-  if (pixels.values.empty())
-    pixels = decode_gif(file_, platform::PictureBox::max_side, platform::PictureBox::max_pixels).value_or(Pixels{});
+  const Pixels pixels = in_size(width, height);
   if (pixels.values.empty())
     return nullptr;
-  if (pixels.width != width || pixels.height != height)
-    pixels = scaled(pixels, width, height);
   auto made = std::make_unique<Ready>(width, height, bitmap_of(pixels), MemoryDc(CreateCompatibleDC(nullptr)));
   if (made->bitmap == nullptr || made->dc == nullptr)
     return nullptr;
@@ -91,11 +111,11 @@ HDC Picture::prepared(int width, int height) const {
   return static_cast<HDC>(ready_->dc.get());
 }
 
-void Picture::draw(HDC target, int x, int y, int width, int height, BYTE opacity) const {
+void Picture::draw(HDC target, int x, int y, int width, int height) const {
   const HDC ready = empty() || width <= 0 || height <= 0 ? nullptr : prepared(width, height);
   if (ready == nullptr)
     return;
-  const BLENDFUNCTION blend{AC_SRC_OVER, 0, opacity, AC_SRC_ALPHA};
+  const BLENDFUNCTION blend{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
   AlphaBlend(target, x, y, width, height, ready, 0, 0, width, height, blend);
 }
 

@@ -13,6 +13,9 @@ namespace lumotune::platform::win32 {
 // Width times height as the file tells them; 0 when it is missing or no picture.
 [[nodiscard]] std::int64_t picture_pixels(const std::wstring& path);
 
+// A top-down bitmap of opaque or premultiplied pixels, and its memory; nothing when out of memory.
+[[nodiscard]] GdiObject make_bitmap(int width, int height, std::uint32_t*& memory);
+
 // A GIF; of a moving one the first picture.
 class Picture {
 public:
@@ -22,8 +25,10 @@ public:
   [[nodiscard]] int width() const { return width_; } // pixels as drawn by the artist
   [[nodiscard]] int height() const { return height_; }
 
-  // Draws at a place of the target, scaled with a good filter where the size differs; `opacity` 0..255.
-  void draw(HDC target, int x, int y, int width, int height, BYTE opacity = 255) const;
+  // Draws at a place of the target, scaled with a good filter where the size differs.
+  void draw(HDC target, int x, int y, int width, int height) const;
+  // The same for who paints himself: valid until the next call; nullptr when there is nothing to be drawn.
+  [[nodiscard]] const Pixels* pixels(int width, int height) const;
 
 private:
   // What is ready to be blended: the picture in the size it was wanted in last.
@@ -34,11 +39,13 @@ private:
     MemoryDc dc; // goes before the bitmap that is selected into it
   };
   [[nodiscard]] HDC prepared(int width, int height) const;
+  [[nodiscard]] Pixels in_size(int width, int height) const;
 
   int width_ = 0;
   int height_ = 0;
-  std::string file_;      // a few kilobytes, where the pixels would be hundreds
-  mutable Pixels pixels_; // from loading until the first drawing
+  std::string file_;       // a few kilobytes, where the pixels would be hundreds
+  mutable Pixels pixels_;  // from loading until the first drawing
+  mutable Pixels painted_; // what `pixels` gave last
   mutable std::unique_ptr<Ready> ready_;
 };
 

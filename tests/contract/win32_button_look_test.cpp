@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// The looks of the main window's picture buttons, as the screen has them.
+#include "base/lumotune_form.h"
+#include "tests/contract/fixture_win32.h"
+#include "tests/support/gif_file.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace lumotune::contract {
+namespace {
+
+constexpr COLORREF ground = RGB(0x16, 0x22, 0x2c);
+
+struct Win32ButtonLook : testing::Test {
+  Backend b;
+  base::LumotuneForm form{b.window};
+
+  Win32ButtonLook() {
+    SetCursorPos(900, 700);
+    picture(L"form", 400, 200, 0x16222c);
+    picture(L"end", 24, 24, 0x3ddbb4);
+    for (platform::PictureBox* each : {&form.Control_Play, &form.LTDisplay, &form.TrayIcon})
+      each->set_visible(false);
+    b.window.move(1500, 1500);
+    b.window.resize(6000, 3000);
+    EXPECT_TRUE(b.window.load_background(path(L"form")));
+    EXPECT_TRUE(form.LineMenu_End.load_picture(path(L"end")));
+    EXPECT_TRUE(form.LineMenu_Min.load_picture(path(L"end")));
+    form.LineMenu_End.move(1500, 600);
+    form.LineMenu_Min.move(3000, 600);
+    b.window.set_visible(true);
+    b.pass(300); // a window manager has its say first
+  }
+  [[nodiscard]] std::wstring path(const std::wstring& name) const { return b.folder + L"\\" + name + L".gif"; }
+  void picture(const std::wstring& name, int width, int height, std::uint32_t rgb) {
+    EXPECT_TRUE(b.files.replace(path(name), test::gif_of(width, height, rgb)));
+  }
+  [[nodiscard]] COLORREF middle(const platform::Control& control) const {
+    RECT area{};
+    const HWND window = b.window.handle_of(control);
+    GetClientRect(window, &area);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    const HDC dc = GetDC(window);
+    const COLORREF colour = GetPixel(dc, area.right / 2, area.bottom / 2);
+    ReleaseDC(window, dc);
+    return colour;
+  }
+  void point_at(const platform::Control& control) const {
+    RECT area{};
+    GetWindowRect(b.window.handle_of(control), &area);
+    SetCursorPos((area.left + area.right) / 2, (area.top + area.bottom) / 2);
+  }
+};
+
+constexpr COLORREF accent = RGB(0x3d, 0xdb, 0xb4);
+
+TEST_F(Win32ButtonLook, UnderThePointerItIsLighterAndTheOneThatClosesIsRed) {
+  EXPECT_EQ(middle(form.LineMenu_Min), accent);
+  point_at(form.LineMenu_Min);
+  EXPECT_TRUE(b.until([&] { return GetGValue(middle(form.LineMenu_Min)) > GetGValue(accent); }));
+  EXPECT_EQ(middle(form.LineMenu_End), accent);
+  point_at(form.LineMenu_End);
+  EXPECT_TRUE(b.until([&] { return GetRValue(middle(form.LineMenu_End)) > GetGValue(middle(form.LineMenu_End)); }));
+  EXPECT_TRUE(b.until([&] { return middle(form.LineMenu_Min) == accent; })) << "the pointer has left it";
+  SetCursorPos(900, 700);
+  EXPECT_TRUE(b.until([&] { return middle(form.LineMenu_End) == accent; }));
+}
+
+TEST_F(Win32ButtonLook, PressedItIsDarkerAndLetGoItIsNot) {
+  const HWND window = b.window.handle_of(form.LineMenu_Min);
+  SendMessageW(window, BM_SETSTATE, TRUE, 0);
+  EXPECT_LT(GetGValue(middle(form.LineMenu_Min)), GetGValue(accent));
+  SendMessageW(window, BM_SETSTATE, FALSE, 0);
+  EXPECT_EQ(middle(form.LineMenu_Min), accent);
+}
+
+TEST_F(Win32ButtonLook, DisabledItIsGreyAndFaint) {
+  form.LineMenu_Min.set_enabled(false);
+  const COLORREF colour = middle(form.LineMenu_Min);
+  EXPECT_LT(GetGValue(colour), 140);
+  EXPECT_LT(GetGValue(colour) - GetRValue(colour), 20);
+  EXPECT_NE(colour, ground);
+}
+
+} // namespace
+} // namespace lumotune::contract
