@@ -55,7 +55,7 @@ class Skin:
         self.folder = os.path.join(folder, name)
         self.wrong = []
         self.fields = {}  # name: its fields as numbers, colours and words
-        self.pictures = {}  # name: RGBA image
+        self.pictures = {}  # name: RGBA image; "play@2x" is that of twice the size, where there is one
         self.places = {}
         self.colours = {}  # label: its text colour
         self._read_description(self.folder + ".skin")
@@ -111,12 +111,19 @@ class Skin:
     def _read_pictures(self):
         for name in (picture for names in PICTURES.values() for picture in names):
             try:
-                with Image.open(os.path.join(self.folder, name + ".gif")) as picture:
-                    if picture.format != "GIF" or getattr(picture, "n_frames", 1) != 1:
-                        self.wrong.append(f"{name}.gif is no GIF of one picture")
-                    self.pictures[name] = picture.convert("RGBA")
+                self.pictures[name] = self._read_picture(name)
+                if os.path.exists(os.path.join(self.folder, name + "@2x.gif")):
+                    self.pictures[name + "@2x"] = self._read_picture(name + "@2x")
+                    if self.pictures[name + "@2x"].size != tuple(2 * side for side in self.pictures[name].size):
+                        self.wrong.append(f"{name}@2x.gif has not twice the size of {name}.gif")
             except (OSError, ValueError, SyntaxError) as error:
                 self.wrong.append(f"{name}.gif cannot be read: {error}")
+
+    def _read_picture(self, name):
+        with Image.open(os.path.join(self.folder, name + ".gif")) as picture:
+            if picture.format != "GIF" or getattr(picture, "n_frames", 1) != 1:
+                self.wrong.append(f"{name}.gif is no GIF of one picture")
+            return picture.convert("RGBA")
 
     def _find_places(self):
         for name, fields in self.fields.items():

@@ -24,13 +24,19 @@ std::wstring over_limits(const platform::Files& files, const platform::Window& w
                          const std::wstring& folder) {
   if (files.size(path).value_or(0) > max_description_bytes)
     return path + L": larger than 1 MiB";
+  constexpr double normal = 15; // twips a pixel at 96 dots an inch, where those of twice the size are not read
+  const bool twice = window.twips_per_pixel_x() < normal;
   std::int64_t together = 0;
   for (const wchar_t* name : pictures) {
-    const std::wstring picture = folder + L"\\" + name + L".gif";
-    const std::int64_t pixels = window.picture_pixels(picture);
-    if (pixels > platform::PictureBox::max_pixels)
-      return picture + L": more than 8.5 megapixels";
-    together += pixels;
+    for (const wchar_t* size : {L".gif", L"@2x.gif"}) {
+      if (*size == L'@' && !twice)
+        continue;
+      const std::wstring picture = folder + L"\\" + name + size;
+      const std::int64_t pixels = window.picture_pixels(picture);
+      if (pixels > platform::PictureBox::max_pixels)
+        return picture + L": more than 8.5 megapixels";
+      together += pixels;
+    }
   }
   return together > max_pixels_together ? folder + L": pictures of more than 24 megapixels" : std::wstring();
 }

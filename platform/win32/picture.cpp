@@ -40,6 +40,13 @@ std::string read_small(const std::wstring& path) {
   return bytes;
 }
 
+// "play.gif" becomes "play@2x.gif".
+std::wstring path_of_twice(const std::wstring& path) {
+  const std::size_t dot = path.find_last_of(L".\\/");
+  const bool ends = dot != std::wstring::npos && path[dot] == L'.';
+  return ends ? path.substr(0, dot) + L"@2x" + path.substr(dot) : path + L"@2x";
+}
+
 } // namespace
 
 GdiObject make_bitmap(int width, int height, std::uint32_t*& memory) {
@@ -74,13 +81,28 @@ bool Picture::load(const std::wstring& path) {
   height_ = pixels->height;
   pixels_ = std::move(*pixels);
   file_ = std::move(bytes);
+  twice_ = path_of_twice(path);
   ready_.reset();
   painted_ = {};
   return true;
 }
 
+// Nothing unless it has exactly twice the size. Read when it is wanted: a start at 96 dots an inch does not look for
+// it.
+Pixels Picture::twice_the_size() const {
+  const std::int64_t most = std::min(platform::PictureBox::max_pixels, std::int64_t{4} * width_ * height_);
+  auto pixels = decode_gif(read_small(twice_), platform::PictureBox::max_side, most);
+  const bool fits = pixels && pixels->width == 2 * width_ && pixels->height == 2 * height_;
+  return fits ? std::move(*pixels) : Pixels{};
+}
+
 Pixels Picture::in_size(int width, int height) const {
   Pixels pixels = std::exchange(pixels_, {});
+  if (width > width_ || height > height_) {
+    Pixels twice = twice_the_size();
+    if (!twice.values.empty())
+      pixels = std::move(twice);
+  }
   if (pixels.values.empty())
     pixels = decode_gif(file_, platform::PictureBox::max_side, platform::PictureBox::max_pixels).value_or(Pixels{});
   if (!pixels.values.empty() && (pixels.width != width || pixels.height != height))

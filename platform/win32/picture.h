@@ -16,7 +16,8 @@ namespace lumotune::platform::win32 {
 // A top-down bitmap of opaque or premultiplied pixels, and its memory; nothing when out of memory.
 [[nodiscard]] GdiObject make_bitmap(int width, int height, std::uint32_t*& memory);
 
-// A GIF; of a moving one the first picture.
+// A GIF; of a moving one the first picture. Beside "play.gif" there may be "play@2x.gif", the same picture in twice the
+// size: where more pixels are wanted than the first one has, that one is read and scaled instead.
 class Picture {
 public:
   // False when the file is missing, larger than PictureBox takes it, or no picture; the old one then stays.
@@ -40,10 +41,12 @@ private:
   };
   [[nodiscard]] HDC prepared(int width, int height) const;
   [[nodiscard]] Pixels in_size(int width, int height) const;
+  [[nodiscard]] Pixels twice_the_size() const;
 
   int width_ = 0;
   int height_ = 0;
   std::string file_;       // a few kilobytes, where the pixels would be hundreds
+  std::wstring twice_;     // path of the one of twice the size, which need not exist
   mutable Pixels pixels_;  // from loading until the first drawing
   mutable Pixels painted_; // what `pixels` gave last
   mutable std::unique_ptr<Ready> ready_;

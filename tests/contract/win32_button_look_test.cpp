@@ -84,5 +84,22 @@ TEST_F(Win32ButtonLook, DisabledItIsGreyAndFaint) {
   EXPECT_NE(colour, ground);
 }
 
+TEST_F(Win32ButtonLook, APictureOfTwiceTheSizeIsTakenWhereThereAreMorePixels) {
+  picture(L"end@2x", 48, 48, 0xff8000);
+  picture(L"form@2x", 800, 400, 0x202020);
+  ASSERT_TRUE(form.LineMenu_Min.load_picture(path(L"end")));
+  ASSERT_TRUE(b.window.load_background(path(L"form")));
+  EXPECT_EQ(middle(form.LineMenu_Min), accent) << "at 96 dots an inch the file that was always there";
+  RECT wished{100, 100, 900, 500};
+  for (const WORD dpi : {WORD{144}, WORD{192}, WORD{288}}) {
+    SendMessageW(b.window.handle(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&wished));
+    EXPECT_EQ(middle(form.LineMenu_Min), RGB(0xff, 0x80, 0)) << dpi;
+    EXPECT_EQ(form.LineMenu_Min.rect().width, 360) << "its size is the first one's";
+  }
+  picture(L"end@2x", 47, 48, 0x0000ff);
+  ASSERT_TRUE(form.LineMenu_Min.load_picture(path(L"end")));
+  EXPECT_EQ(middle(form.LineMenu_Min), accent) << "one that has not twice the size is none";
+}
+
 } // namespace
 } // namespace lumotune::contract

@@ -45,6 +45,17 @@ TEST_F(SkinLimitsTest, PicturesOfMoreThan24MegapixelsTogetherAreRefused) {
   expect_refused("Tmava: pictures of more than 24 megapixels");
 }
 
+TEST_F(SkinLimitsTest, PicturesOfTwiceTheSizeCountWhereTheyAreRead) {
+  for (const wchar_t* name : {L"vol0@2x", L"vol1@2x", L"vol2@2x"})
+    w.picture(L"Tmava", name, gif(3215, 2500));
+  load("Control_Menu|show|1|2\r\n");
+  EXPECT_TRUE(w.form.Control_Menu.visible());
+  w.window.twips_per_pixel = 10;
+  expect_refused("Tmava: pictures of more than 24 megapixels");
+  w.picture(L"Tmava", L"vol2@2x", gif(3401, 2500));
+  expect_refused("vol2@2x.gif: more than 8.5 megapixels");
+}
+
 TEST_F(SkinLimitsTest, AWindowLargerThanTenWorkAreasIsRefused) {
   w.window.monitors = {{0, 0, 12000, 9000}};
   load("LTform|90000|12000\r\nControl_Menu|show|1|2\r\n");
