@@ -18,7 +18,7 @@ Program::Program(const Platform& p, base::LumotuneForm& form)
       client_link({folder, p.loop, p.dialogs, settings, options, sender, report_programs}),
       media_keys({form, session}),
       playback({settings, session, form, p.player, stations, p.loop, client_link, media_keys}),
-      status({session, form, p.player, p.loop}),
+      status({settings, session, form, p.player, p.loop}),
       favourites({folder, settings, session, form, playback, station_files, p.dialogs, p.loop, p.pointer}),
       console({session, p.loop, p.input_box, p.dialogs, playback}),
       commands({settings, session, form, p.loop, p.messages, p.dialogs, p.codec, playback, favourites}),

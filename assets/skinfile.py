@@ -9,12 +9,13 @@ import os
 from PIL import Image
 
 TWIPS = 15  # a pixel at 96 dots an inch
-# Kinds of fields after the name: s show, t position, z size, c colour, m play-state mode, w word.
+# Kinds of fields after the name: s show, t position, z size, c colour, m play-state mode, w word; in capitals, where they
+# may be missing, A alignment and C colour.
 FIELDS = {"LTform": "zz", "LineMenu_OnTop": "stt", "LineMenu_Min": "stt", "LineMenu_End": "stt",
           "Control_Play": "stt", "Control_Rec": "stt", "Control_ShowUser": "stt", "Control_Menu": "stt",
-          "Control_Sat": "stt", "Control_Volume": "stt", "Control_List": "sttmzzcc", "LTDisplay": "sttmw",
-          "Orbwww": "sttm", "InfoName": "ttzzc", "InfoTime": "ttzzc", "InfoNaladit": "ttzzc",
-          "InfoStatus": "wtttzzzc"}
+          "Control_Sat": "stt", "Control_Volume": "stt", "Control_List": "sttmzzccC", "LTDisplay": "sttmw",
+          "Orbwww": "sttm", "InfoName": "ttzzcA", "InfoTime": "ttzzcA", "InfoNaladit": "ttzzcA",
+          "InfoStatus": "wtttzzzcA", "LTNeedle": "tzttc"}
 PICTURES = {"LTform": ("form",), "LineMenu_OnTop": ("ot", "otn"), "LineMenu_Min": ("min",), "LineMenu_End": ("end",),
             "Control_Play": ("play", "stop"), "Control_Rec": ("rec",), "Control_ShowUser": ("show",),
             "Control_Menu": ("menu",), "Control_Sat": ("sat",), "LTDisplay": ("display",), "Orbwww": ("orb",),
@@ -22,6 +23,7 @@ PICTURES = {"LTform": ("form",), "LineMenu_OnTop": ("ot", "otn"), "LineMenu_Min"
 BUTTONS = [name for name in PICTURES if name not in ("LTform", "LTDisplay")]
 LABELS = ("InfoName", "InfoTime", "InfoNaladit", "InfoStatus 1", "InfoStatus 2")
 MODES = ("showevery", "showstop", "hideplay")
+ALIGNMENTS = ("left", "centre", "right")
 # state: (playing, favourites are there, layout of the status)
 STATES = {"stopped with favourites": (False, True, 0), "stopped without favourites": (False, False, 0),
           "playing": (True, True, 2), "playing, no sound yet": (True, True, 1)}
@@ -80,7 +82,7 @@ class Skin:
                 self.wrong.append(f"no such control: {name}")
             elif name in self.fields:
                 self.wrong.append(f"{name} stands twice")
-            elif len(fields) != len(FIELDS[name]):
+            elif len(fields) not in (len(FIELDS[name]), len(FIELDS[name].rstrip("AC"))):
                 self.wrong.append(f"{name} has {len(fields)} fields, not {len(FIELDS[name])}")
             else:
                 values = [self._value(name, kind, field) for kind, field in zip(FIELDS[name], fields)]
@@ -88,10 +90,15 @@ class Skin:
                     self.fields[name] = values
         self.wrong += [f"{name} is not shown" for name in FIELDS
                        if FIELDS[name][0] == "s" and self.fields.get(name, ["show"])[0] != "show"]
-        self.wrong += [f"{name} is missing" for name in FIELDS if name not in self.fields]
+        self.wrong += [f"{name} is missing" for name in FIELDS if name not in self.fields and name != "LTNeedle"]
 
     def _value(self, name, kind, field):
         if kind in "sw":
+            return field
+        if kind == "A":
+            if field not in ALIGNMENTS:
+                self.wrong.append(f"{name}: no such alignment: {field}")
+                return None
             return field
         if kind == "m":
             if field not in MODES:
@@ -102,7 +109,7 @@ class Skin:
             self.wrong.append(f"{name}: no number: {field}")
             return None
         number = int(field)
-        if kind == "c":
+        if kind in "cC":
             return number & 0xff, number >> 8 & 0xff, number >> 16 & 0xff
         if number % TWIPS:
             self.wrong.append(f"{name}: {number} is no whole pixel")
@@ -132,10 +139,13 @@ class Skin:
             elif name == "Control_List":
                 self.places[name] = (fields[2], fields[1], fields[4], fields[5])
             elif name == "InfoStatus":
-                _, top1, top2, left, width, height1, height2, colour = fields
+                _, top1, top2, left, width, height1, height2, colour = fields[:8]
                 self.places["InfoStatus 1"] = (left, top1, width, height1)
                 self.places["InfoStatus 2"] = (left, top2, width, height2)
                 self.colours["InfoStatus 1"] = self.colours["InfoStatus 2"] = colour
+            elif name == "LTNeedle":
+                top, height, start, end, _ = fields
+                self.places[name] = (min(start, end) - 1, top, abs(end - start) + 2, height)
             elif name in LABELS:
                 self.places[name] = (fields[1], fields[0], fields[2], fields[3])
                 self.colours[name] = fields[4]

@@ -37,6 +37,7 @@ LumotuneForm::LumotuneForm(platform::Window& window_made)
   // After the visible columns an item carries its quality, identifier and address.
   Control_List.set_shown_columns(93);
   InfoNaladit.set_text(L"Klikněte na naladit...");
+  InfoNaladit.point_to(&Control_Sat);
   // The text is what a screen reader announces for a picture; the tooltip shows the same.
   const auto tell = [](platform::PictureBox& picture, const wchar_t* what) {
     picture.set_text(what);
@@ -53,6 +54,7 @@ LumotuneForm::LumotuneForm(platform::Window& window_made)
   tell(LineMenu_Min, L"Skrýt");
   tell(LineMenu_End, L"Konec");
   LineMenu_End.set_closes(true);
+  Control_Rec.set_neutral(true); // while nothing plays there is nothing to record
 }
 
 } // namespace lumotune::base

@@ -2,6 +2,7 @@
 // The program-wide state: two plain structs, owned by the program and passed to the rooms by reference, never copied.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace lumotune::base {
@@ -40,6 +41,15 @@ struct KeptSkinFields {
   int status_top_2 = 0;
   int status_height_1 = 0;
   int status_height_2 = 0;
+  // The needle on the display; of no height where the skin has none. Twips of the window.
+  struct NeedleScale {
+    int top = 0;
+    int height = 0;
+    int from = 0; // where it stands before anything is loaded
+    int to = 0;   // and while something plays
+    std::uint32_t colour = 0;
+  };
+  NeedleScale needle;
 };
 
 // What the middle of the main window shows.

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -64,6 +65,17 @@ public:
   std::function<void()> on_menu_key; // the menu key or Shift+F10, while focused
 };
 
+// An upright line. Places are twips of the window.
+struct Needle {
+  int middle = 0;
+  int top = 0;
+  int height = 0;
+  Colour colour{};
+  friend bool operator==(const Needle&, const Needle&) = default;
+};
+
+enum class Alignment { left, centre, right };
+
 // Shows a GIF and takes its size. A picture button is a tab stop with a visible focus; a decoration is not. A button
 // looks otherwise under the pointer, pressed, disabled and focused; all looks are made from the one picture.
 class PictureBox : public Control {
@@ -77,11 +89,17 @@ public:
   [[nodiscard]] virtual bool load_picture(const std::wstring& path) = 0;
   virtual void clear_picture() = 0;                       // shows nothing; the size becomes empty
   [[nodiscard]] virtual std::wstring picture() const = 0; // path of the picture shown, empty for none
-  virtual void set_closes(bool closes) = 0;               // a button that is red under the pointer
+  virtual void set_neutral(bool neutral) = 0;             // a button without its colours, which can still be pressed
+  [[nodiscard]] virtual bool neutral() const = 0;
+  virtual void set_closes(bool closes) = 0; // a button that is red under the pointer
   [[nodiscard]] virtual bool closes() const = 0;
+  virtual void set_needle(const std::optional<Needle>& needle) = 0; // drawn over a decoration, cut off at its edges
+  [[nodiscard]] virtual std::optional<Needle> needle() const = 0;
 };
 
-// Text on a transparent background. A link label is a tab stop and can be clicked.
+// Text on a transparent background. A link label is a tab stop and can be clicked. Words are wrapped; what does not fit
+// ends in dots. A text without room for a second line glides past once before that, unless the user has turned
+// animations off.
 class Label : public Control {
 public:
   virtual void set_text_colour(Colour colour) = 0;
@@ -90,6 +108,12 @@ public:
   [[nodiscard]] virtual bool underline() const = 0;
   virtual void set_bold(bool on) = 0;
   [[nodiscard]] virtual bool bold() const = 0;
+  virtual void set_alignment(Alignment alignment) = 0;
+  [[nodiscard]] virtual Alignment alignment() const = 0;
+  // Where there is room below the text, an arrow points to that control, if it lies below; nullptr for none. It must
+  // live as long as the label.
+  virtual void point_to(const Control* control) = 0;
+  [[nodiscard]] virtual const Control* pointed_to() const = 0;
   virtual void announce() = 0; // screen readers announce the text, wherever the focus is
 };
 
@@ -116,6 +140,12 @@ public:
   // Only this many characters of each item are drawn; the rest is data.
   virtual void set_shown_columns(std::size_t columns) = 0;
   virtual void set_colours(Colour background, Colour text) = 0;
+  // The colour of the selected row's edge and of the mark; the text's while there is none.
+  virtual void set_accent(std::optional<Colour> accent) = 0;
+  [[nodiscard]] virtual std::optional<Colour> accent() const = 0;
+  // Marks the items whose data behind the shown columns begin with that text; none while it is empty.
+  virtual void set_mark(const std::wstring& data) = 0;
+  [[nodiscard]] virtual std::wstring mark() const = 0;
   [[nodiscard]] virtual Colour background_colour() const = 0;
   [[nodiscard]] virtual Colour text_colour() const = 0;
 };

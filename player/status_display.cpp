@@ -54,26 +54,44 @@ void StatusDisplay::tick() {
   show_status();
   show_name();
   uses_.form.InfoTime.set_text(session.time_text);
+  // An item's data begin with these two.
+  const auto& tuned = uses_.settings;
+  uses_.form.Control_List.set_mark(tuned.IDlastRadio.empty() ? L"" : tuned.KvalitaLT + tuned.IDlastRadio);
   const std::wstring& named = session.station_name.empty() ? session.shown_name : session.station_name;
   session.title_text = named.empty() ? std::wstring(base::main_caption) : named + L" - " + base::main_caption;
   title->show_title(session.title_text);
 }
 
-// The first layout omits the state and quality columns of the player's text, the second only the state. An unknown
-// quality is a blank column: the text after it then starts at the label's edge, as for a notification.
+// Either layout begins with the title, as a notification does, so that nothing jumps between them.
 void StatusDisplay::show_status() {
   constexpr std::size_t title_column = 55;
-  constexpr std::size_t quality_column = 33;
+  constexpr std::size_t heard_column = 33;
   const auto& kept = uses_.session.skin;
   const bool first = kept.status_has_first_layout && uses_.session.time_text.empty();
   auto& label = uses_.form.InfoStatus;
   const platform::TwipsRect place = label.rect();
-  const std::wstring columns = Status1(uses_.player.status());
-  const std::wstring_view shown = base::mid(columns, first ? title_column : quality_column);
+  const std::wstring columns = Status1(uses_.player.status(), !uses_.session.time_text.empty());
+  const std::wstring_view shown = base::mid(columns, first ? title_column : heard_column);
   label.set_text(notice_.empty() ? std::wstring(shown.substr(std::min(shown.find_first_not_of(L' '), shown.size())))
                                  : notice_);
   label.move(place.left, first ? kept.status_top_1 : kept.status_top_2);
   label.resize(place.width, first ? kept.status_height_1 : kept.status_height_2);
+  show_needle();
+}
+
+// It comes along the scale with what is loaded, and stays at its end while something plays.
+void StatusDisplay::show_needle() {
+  using Phase = platform::StreamPhase;
+  const auto& scale = uses_.session.skin.needle;
+  const platform::StreamStatus stream = uses_.player.status();
+  const bool seen = scale.height > 0 && uses_.session.playing && stream.phase != Phase::stopped;
+  const int percent = stream.phase == Phase::playing     ? 100
+                      : stream.phase == Phase::buffering ? std::clamp(stream.percent, 0, 100)
+                                                         : 0;
+  uses_.form.LTDisplay.set_needle(
+      seen ? std::optional(platform::Needle{scale.from + (scale.to - scale.from) * percent / 100, scale.top,
+                                            scale.height, platform::Colour{scale.colour}})
+           : std::nullopt);
 }
 
 void StatusDisplay::choose_name() {
@@ -97,6 +115,7 @@ void StatusDisplay::copy_status() {
   copied_ = status;
   if (notice_.empty())
     uses_.form.InfoStatus.set_text(status);
+  show_needle();
   uses_.form.InfoStatus.set_tooltip(warning.empty() || warning == status ? status : status + L" - " + warning);
 }
 

@@ -31,6 +31,7 @@ inline constexpr const wchar_t* address_refused = L"Tuto adresu nelze otevřít,
 class StatusDisplay {
 public:
   struct Uses {
+    const base::Settings& settings;
     base::Session& session;
     base::LumotuneForm& form;
     platform::MediaPlayer& player;
@@ -57,6 +58,7 @@ public:
 private:
   void choose_name();
   void show_name();
+  void show_needle();
   void copy_status();
 
   Uses uses_;

@@ -106,24 +106,18 @@ std::wstring quality_text(const StreamStatus& status) {
 }
 
 std::wstring status_text(const StreamStatus& status) {
-  std::wstring text = state_text(status);
+  // While there is no sound, the reason matters more than the title of what was heard.
   if (!plays(status) || announces(status))
-    return text;
-  if (!status.title.empty())
-    text += L": " + status.title;
-  if (status.kbps > 0)
-    text += L" (" + std::to_wstring(status.kbps) + L" kbps)";
-  return text;
+    return state_text(status);
+  const std::wstring quality = quality_text(status);
+  const std::wstring named = status.title.empty() ? state_text(status) : status.title;
+  return quality.empty() ? named : named + L" · " + quality;
 }
 
-std::wstring Status1(const StreamStatus& status) {
+std::wstring Status1(const StreamStatus& status, bool heard) {
   constexpr std::size_t state_width = 32;
-  constexpr std::size_t quality_width = 22;
-  const std::wstring state = state_text(status);
-  // While there is no sound, the reason matters more than the title of what was heard.
-  const bool named = plays(status) && !announces(status) && !status.title.empty();
-  return column(state, state_width) + column(plays(status) ? quality_text(status) : std::wstring(), quality_width) +
-         (named ? status.title : state);
+  constexpr std::size_t blank_width = 22;
+  return column(state_text(status), state_width) + std::wstring(heard ? 0 : blank_width, L' ') + status_text(status);
 }
 
 } // namespace lumotune::player

@@ -12,6 +12,13 @@ std::wstring bad_number(const SkinLine& line) {
   return L"'" + line.field(0) + L"': bad number";
 }
 
+// An optional last field of a label's line. Any other word, or none, is the left edge, as it was before there was one.
+platform::Alignment alignment(const SkinLine& line, std::size_t index) {
+  if (line.says(index, L"right"))
+    return platform::Alignment::right;
+  return line.says(index, L"centre") ? platform::Alignment::centre : platform::Alignment::left;
+}
+
 base::KeptSkinFields::LogoSeen logo_seen(const SkinLine& line) {
   using Seen = base::KeptSkinFields::LogoSeen;
   if (line.says(4, L"showevery"))
@@ -121,6 +128,7 @@ std::wstring LineApplier::apply_list(const SkinLine& line) {
   list.move(*left, *top);
   list.resize(*width, *height);
   list.set_colours(*background, *text);
+  list.set_accent(line.colour(9));
   list.set_visible(true);
   return L"";
 }
@@ -136,6 +144,7 @@ std::wstring LineApplier::apply_label(const SkinLine& line, platform::Label& lab
   label.move(*left, *top);
   label.resize(*width, *height);
   label.set_text_colour(*colour);
+  label.set_alignment(alignment(line, 6));
   return L"";
 }
 
@@ -164,12 +173,27 @@ std::wstring LineApplier::apply_status(const SkinLine& line) {
   label.move(*left, *top_1);
   label.resize(*width, *height_1);
   label.set_text_colour(*colour);
+  label.set_alignment(alignment(line, 9));
+  return L"";
+}
+
+std::wstring LineApplier::apply_needle(const SkinLine& line) {
+  const auto top = line.twips(1);
+  const auto height = line.size(2);
+  const auto from = line.twips(3);
+  const auto to = line.twips(4);
+  const auto colour = line.colour(5);
+  if (!top || !height || !from || !to || !colour)
+    return bad_number(line);
+  uses_.session.skin.needle = {*top, *height, *from, *to, static_cast<std::uint32_t>(*colour)};
   return L"";
 }
 
 // The display and the logo: what they show follows the play state too. A line that names no control is passed over.
 std::wstring LineApplier::apply_kept(const SkinLine& line) {
   auto& kept = uses_.session.skin;
+  if (line.names(L"LTNeedle"))
+    return apply_needle(line);
   if (line.names(L"LTDisplay")) {
     kept.display = line.shows();
     kept.display_while_stopped = line.says(4, L"showevery");

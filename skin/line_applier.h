@@ -40,6 +40,7 @@ private:
   [[nodiscard]] std::wstring apply_list(const SkinLine& line);
   [[nodiscard]] std::wstring apply_label(const SkinLine& line, platform::Label& label);
   [[nodiscard]] std::wstring apply_status(const SkinLine& line);
+  [[nodiscard]] std::wstring apply_needle(const SkinLine& line);
   [[nodiscard]] std::wstring apply_kept(const SkinLine& line);
 
   Uses uses_;

@@ -27,6 +27,7 @@ void Skin::forget_pictures() const {
     control->clear_picture();
     control->move(0, 0);
   }
+  form.LTDisplay.set_needle(std::nullopt);
 }
 
 // Labels have no "show" field: without a size they are out of sight until the new skin places them.
@@ -37,11 +38,13 @@ void Skin::forget_labels() const {
     label->resize(0, 0);
     label->move(0, 0);
     label->set_text_colour(platform::Colour{});
+    label->set_alignment(platform::Alignment::left);
   }
   form.Control_List.set_visible(false);
   form.Control_List.resize(0, 0);
   form.Control_List.move(0, 0);
   form.Control_List.set_colours(platform::Colour{0xffffff}, platform::Colour{});
+  form.Control_List.set_accent(std::nullopt);
 }
 
 // At the end of a load, so that the window does not flicker where the skin has what it needs.
@@ -115,6 +118,7 @@ void Skin::ZobrazCoMas(const std::wstring& play_button_text) {
   const bool playing = base::equal_ignoring_case(play_button_text, base::caption_stop);
   // A missing picture leaves this skin's other one; the visibility below must follow the state all the same.
   (void)uses_.form.Control_Play.load_picture(picture_path(playing ? L"\\stop.gif" : L"\\play.gif"));
+  uses_.form.Control_Rec.set_neutral(!playing);
   player::show_controls(player::visible_controls(playing, uses_.session.panel, uses_.session.skin), uses_.form);
 }
 

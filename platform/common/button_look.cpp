@@ -165,10 +165,12 @@ void paint_ground(Pixels& behind, const ButtonState& state, double radius) {
 
 Value look_of(Value pixel, const ButtonState& state, const Shape& shape) {
   constexpr int very_light = 200;
-  if (!state.enabled) {
+  if (!state.enabled || state.neutral) {
     const auto grey = static_cast<Value>(luminance(pixel));
-    return faded((pixel & black) | grey << 16U | grey << 8U | grey, 0.38);
+    pixel = (pixel & black) | grey << 16U | grey << 8U | grey;
   }
+  if (!state.enabled)
+    return faded(pixel, 0.38);
   if (state.closes && state.hovered)
     return shape.body() ? tinted(pixel, closing, 0.6) : tinted(pixel, white, 1);
   if (state.pressed)

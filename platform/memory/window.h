@@ -111,8 +111,12 @@ public:
   [[nodiscard]] bool load_picture(const std::wstring& path) override;
   void clear_picture() override;
   [[nodiscard]] std::wstring picture() const override { return picture_; }
+  void set_neutral(bool neutral) override { neutral_ = neutral; }
+  [[nodiscard]] bool neutral() const override { return neutral_; }
   void set_closes(bool closes) override { closes_ = closes; }
   [[nodiscard]] bool closes() const override { return closes_; }
+  void set_needle(const std::optional<Needle>& needle) override { needle_ = needle; }
+  [[nodiscard]] std::optional<Needle> needle() const override { return needle_; }
   [[nodiscard]] PictureKind kind() const { return kind_; }
   bool user_double_click() { return user_click() && user_click(); } // it reports a double click as two clicks
 
@@ -120,7 +124,9 @@ private:
   PictureKind kind_;
   const platform::Files& files_;
   std::wstring picture_;
+  bool neutral_ = false;
   bool closes_ = false;
+  std::optional<Needle> needle_;
 };
 
 class Label final : public ControlOf<platform::Label> {
@@ -132,6 +138,10 @@ public:
   [[nodiscard]] bool underline() const override { return underline_; }
   void set_bold(bool on) override { bold_ = on; }
   [[nodiscard]] bool bold() const override { return bold_; }
+  void set_alignment(Alignment alignment) override { alignment_ = alignment; }
+  [[nodiscard]] Alignment alignment() const override { return alignment_; }
+  void point_to(const Control* control) override { pointed_to_ = control; }
+  [[nodiscard]] const Control* pointed_to() const override { return pointed_to_; }
   void announce() override { announced.push_back(text()); }
   [[nodiscard]] LabelKind kind() const { return kind_; }
   bool user_double_click() { return user_click() && ControlOf::user_double_click(); } // the first half is a click
@@ -143,6 +153,8 @@ private:
   Colour colour_{};
   bool underline_ = false;
   bool bold_ = false;
+  Alignment alignment_ = Alignment::left;
+  const Control* pointed_to_ = nullptr;
 };
 
 class Button final : public ControlOf<platform::Button> {
@@ -165,6 +177,10 @@ public:
   void set_colours(Colour background, Colour text) override;
   [[nodiscard]] Colour background_colour() const override { return background_; }
   [[nodiscard]] Colour text_colour() const override { return text_colour_; }
+  void set_accent(std::optional<Colour> accent) override { accent_ = accent; }
+  [[nodiscard]] std::optional<Colour> accent() const override { return accent_; }
+  void set_mark(const std::wstring& data) override { mark_ = data; }
+  [[nodiscard]] std::wstring mark() const override { return mark_; }
   void set_shown_columns(std::size_t columns) override { shown_columns_ = columns; }
   [[nodiscard]] std::size_t shown_columns() const { return shown_columns_; }
 
@@ -178,6 +194,8 @@ private:
   std::size_t selected_ = none;
   Colour background_{};
   Colour text_colour_{};
+  std::optional<Colour> accent_;
+  std::wstring mark_;
   std::size_t shown_columns_ = none;
 };
 

@@ -2,10 +2,12 @@
 #include "platform/win32/window.h"
 
 #include "platform/win32/dpi.h"
+#include "platform/win32/system_look.h"
 
 #include <windowsx.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace lumotune::platform::win32 {
 namespace {
@@ -24,6 +26,7 @@ Window::Window(EventLoop& loop, const std::wstring& name, int icon)
   taskbar_created_ = RegisterWindowMessageW(L"TaskbarCreated");
   WNDCLASSEXW made{};
   made.cbSize = sizeof made;
+  made.style = CS_DROPSHADOW;
   made.lpfnWndProc = procedure;
   made.hInstance = program;
   made.hIcon = icon_;
@@ -175,6 +178,8 @@ void Window::set_visible(bool visible) {
   } else {
     ShowWindow(window_, SW_SHOW);
   }
+  if (!std::exchange(rounded_, true)) // not before it is seen: the library behind it need not hold up the start
+    round_corners(window_);
   // Not every window manager keeps the layer of a hidden window.
   if (topmost_)
     SetWindowPos(window_, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);

@@ -72,7 +72,8 @@ private:
   int width_ = 6000;      // twips
   int height_ = 3000;
   WindowState hidden_state_ = WindowState::normal;
-  bool placed_ = false; // the system knows them
+  bool rounded_ = false; // the system was asked for round corners
+  bool placed_ = false;  // the system knows them
   std::wstring caption_;
   Picture background_;
   std::wstring background_path_;

@@ -84,6 +84,55 @@ TEST_F(Win32ButtonLook, DisabledItIsGreyAndFaint) {
   EXPECT_NE(colour, ground);
 }
 
+TEST_F(Win32ButtonLook, ANeutralOneIsGreyAndCanStillBePressed) {
+  int clicks = 0;
+  form.LineMenu_Min.on_click = [&] { ++clicks; };
+  form.LineMenu_Min.set_neutral(true);
+  const COLORREF colour = middle(form.LineMenu_Min);
+  EXPECT_EQ(GetRValue(colour), GetBValue(colour));
+  EXPECT_GT(GetGValue(colour), 140) << "not faint";
+  b.press(form.LineMenu_Min);
+  EXPECT_TRUE(b.until([&] { return clicks == 1; }));
+}
+
+TEST_F(Win32ButtonLook, TheNeedleLiesOverTheDisplayAtItsPlaceInTheWindow) {
+  picture(L"display", 40, 24, 0x0c141a);
+  ASSERT_TRUE(form.LTDisplay.load_picture(path(L"display")));
+  form.LTDisplay.move(1500, 1200);
+  form.LTDisplay.set_visible(true);
+  EXPECT_EQ(middle(form.LTDisplay), RGB(0x0c, 0x14, 0x1a));
+  form.LTDisplay.set_needle(platform::Needle{1800, 1200, 360, platform::Colour{0x0000ff}});
+  EXPECT_EQ(middle(form.LTDisplay), RGB(0xff, 0, 0));
+  form.LTDisplay.set_needle(platform::Needle{1600, 1200, 360, platform::Colour{0x0000ff}});
+  EXPECT_EQ(middle(form.LTDisplay), RGB(0x0c, 0x14, 0x1a));
+  form.LTDisplay.set_needle(std::nullopt);
+  EXPECT_EQ(middle(form.LTDisplay), RGB(0x0c, 0x14, 0x1a));
+}
+
+// The quiet ground of the selected row, and the accent at its edge.
+TEST_F(Win32ButtonLook, TheSelectedRowIsQuietWithAnEdgeInTheAccent) {
+  auto& list = form.Control_List;
+  list.move(300, 1200);
+  list.resize(3000, 900);
+  list.set_colours(platform::Colour{0x000000}, platform::Colour{0xffffff});
+  list.set_accent(platform::Colour{0x0000ff});
+  list.set_items({L"Jedna  (128kbps)", L"Dvě"});
+  list.select(0);
+  b.loop.run_pending();
+  const auto pixel = [&](int x, int y) {
+    const HWND window = b.window.handle_of(list);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    const HDC dc = GetDC(window);
+    const COLORREF colour = GetPixel(dc, x, y);
+    ReleaseDC(window, dc);
+    return colour;
+  };
+  EXPECT_EQ(pixel(1, 10), RGB(0xff, 0, 0));
+  EXPECT_EQ(pixel(100, 2), RGB(36, 36, 36));
+  EXPECT_EQ(pixel(1, 30), RGB(0, 0, 0)) << "the row below";
+  EXPECT_EQ(pixel(100, 22), RGB(0, 0, 0));
+}
+
 TEST_F(Win32ButtonLook, APictureOfTwiceTheSizeIsTakenWhereThereAreMorePixels) {
   picture(L"end@2x", 48, 48, 0xff8000);
   picture(L"form@2x", 800, 400, 0x202020);

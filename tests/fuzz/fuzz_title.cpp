@@ -32,7 +32,8 @@ void try_text(const std::string& bytes) {
   status.kbps = static_cast<int>(bytes.size()) * 1000;
   status.hertz = static_cast<int>(bytes.size()) * 12345;
   demand(lumotune::player::status_text(status).size() < 600);
-  demand(lumotune::player::Status1(status).size() >= 54);
+  demand(lumotune::player::Status1(status, false).size() >= 54);
+  demand(lumotune::player::Status1(status, true).size() >= 32);
 }
 
 } // namespace

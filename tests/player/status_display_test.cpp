@@ -36,7 +36,7 @@ struct StatusDisplayTest : testing::Test {
 
 TEST_F(StatusDisplayTest, TheFirstLayoutShowsTheTextFromColumn55) {
   w.status.tick();
-  EXPECT_EQ(w.form.InfoStatus.text(), L"Umělec - Píseň");
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Umělec - Píseň · MP3 128 kbps 44,1 kHz");
   EXPECT_EQ(w.form.InfoStatus.rect().top, 100);
   EXPECT_EQ(w.form.InfoStatus.rect().height, 200);
 }
@@ -44,7 +44,7 @@ TEST_F(StatusDisplayTest, TheFirstLayoutShowsTheTextFromColumn55) {
 TEST_F(StatusDisplayTest, WithATimeTheSecondLayoutShowsItFromColumn33) {
   w.player.played = 5000;
   w.status.tick();
-  EXPECT_EQ(w.form.InfoStatus.text(), L"MP3 128 kbps 44,1 kHz Umělec - Píseň");
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Umělec - Píseň · MP3 128 kbps 44,1 kHz");
   EXPECT_EQ(w.form.InfoStatus.rect().top, 300);
   EXPECT_EQ(w.form.InfoStatus.rect().height, 400);
   EXPECT_EQ(w.form.InfoTime.text(), L"0:05");
@@ -56,7 +56,7 @@ TEST_F(StatusDisplayTest, AnotherModeAlwaysTakesTheSecondLayout) {
   EXPECT_EQ(w.form.InfoStatus.rect().top, 300);
   w.player.reported->title.clear();
   w.status.tick();
-  EXPECT_EQ(w.form.InfoStatus.text(), L"MP3 128 kbps 44,1 kHz Přehrávání");
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Přehrávání · MP3 128 kbps 44,1 kHz");
 }
 
 // The layouts differ in height alone: where the label begins, and how wide it is, is the skin's for both.
@@ -92,6 +92,49 @@ TEST_F(StatusDisplayTest, WhatIsNotPlayingBeginsAtTheSamePlaceInBothLayoutsAndIn
       EXPECT_EQ(w.form.InfoStatus.text(), state) << "it does not jump between the two";
     }
   }
+}
+
+TEST_F(StatusDisplayTest, ATitleDoesNotJumpBetweenANotificationAndEitherLayout) {
+  for (const std::uint64_t played : {0U, 5000U}) {
+    w.player.played = played;
+    w.status.PlayStateChange(3);
+    const std::wstring notified = w.form.InfoStatus.text();
+    w.status.tick();
+    EXPECT_EQ(w.form.InfoStatus.text(), notified) << played;
+  }
+}
+
+TEST_F(StatusDisplayTest, TheNeedleComesAlongTheScaleWithWhatIsLoaded) {
+  w.session.playing = true;
+  w.status.tick();
+  EXPECT_FALSE(w.form.LTDisplay.needle()) << "a skin without a scale";
+  w.session.skin.needle = {.top = 10, .height = 20, .from = 1000, .to = 3000, .colour = 0xff};
+  const auto place = [&] { return w.form.LTDisplay.needle().value_or(platform::Needle{}).middle; };
+  w.player.reported->phase = StreamPhase::connecting;
+  w.status.StatusChange();
+  EXPECT_EQ(place(), 1000);
+  w.player.reported->phase = StreamPhase::buffering;
+  for (const auto& [percent, there] : {std::pair(0, 1000), std::pair(40, 1800), std::pair(100, 3000)}) {
+    w.player.reported->percent = percent;
+    w.status.StatusChange();
+    EXPECT_EQ(place(), there) << percent;
+  }
+  w.player.reported->phase = StreamPhase::playing;
+  w.status.tick();
+  EXPECT_EQ(w.form.LTDisplay.needle(), (platform::Needle{3000, 10, 20, platform::Colour{0xff}}));
+  w.session.playing = false;
+  w.status.tick();
+  EXPECT_FALSE(w.form.LTDisplay.needle()) << "nothing is on";
+}
+
+TEST_F(StatusDisplayTest, TheTunedFavouriteIsMarked) {
+  w.settings.KvalitaLT = L"2";
+  w.settings.IDlastRadio = L"LUMO01";
+  w.status.tick();
+  EXPECT_EQ(w.form.Control_List.mark(), L"2LUMO01");
+  w.settings.IDlastRadio.clear();
+  w.status.tick();
+  EXPECT_EQ(w.form.Control_List.mark(), L"");
 }
 
 TEST_F(StatusDisplayTest, NamesOfFifteenCharactersGetDots) {
@@ -130,8 +173,8 @@ TEST_F(StatusDisplayTest, NotificationsCopyTheFullStatus) {
   w.session.station_name = L"Nová";
   w.status.PlayStateChange(3);
   EXPECT_EQ(w.form.InfoName.text(), L"Nová") << "a change of station is seen at once";
-  EXPECT_EQ(w.form.InfoStatus.text(), L"Přehrávání: Umělec - Píseň (128 kbps)");
-  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Přehrávání: Umělec - Píseň (128 kbps)");
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Umělec - Píseň · MP3 128 kbps 44,1 kHz");
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Umělec - Píseň · MP3 128 kbps 44,1 kHz");
   w.player.reported.reset();
   w.status.StatusChange();
   EXPECT_EQ(w.form.InfoStatus.text(), L"Zastaveno");
@@ -141,9 +184,9 @@ TEST_F(StatusDisplayTest, AChangeThatTheWordsDoNotShowKeepsTheColumns) {
   w.player.played = 5000;
   w.status.StatusChange();
   w.status.tick();
-  w.player.reported->hertz = 48000;
+  w.player.reported->unverified = true; // which the tool tip tells
   w.status.StatusChange();
-  EXPECT_EQ(w.form.InfoStatus.text(), L"MP3 128 kbps 44,1 kHz Umělec - Píseň");
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Umělec - Píseň · MP3 128 kbps 44,1 kHz");
 }
 
 TEST_F(StatusDisplayTest, TheToolTipWarnsForAsLongAsItPlays) {
@@ -154,10 +197,10 @@ TEST_F(StatusDisplayTest, TheToolTipWarnsForAsLongAsItPlays) {
   EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Neověřený server");
   w.player.reported->phase = StreamPhase::playing;
   w.status.StatusChange();
-  EXPECT_EQ(w.form.InfoStatus.text(), L"Přehrávání: Umělec - Píseň");
-  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Přehrávání: Umělec - Píseň - Neověřený server");
+  EXPECT_EQ(w.form.InfoStatus.text(), L"Umělec - Píseň · MP3 44,1 kHz");
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Umělec - Píseň · MP3 44,1 kHz - Neověřený server");
   w.status.tick(); // which shows the columns
-  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Přehrávání: Umělec - Píseň - Neověřený server");
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Umělec - Píseň · MP3 44,1 kHz - Neověřený server");
   w.player.reported.reset();
   w.status.StatusChange();
   EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Zastaveno");
@@ -183,7 +226,7 @@ TEST_F(StatusDisplayTest, ANoticeStandsForFiveSecondsAndIsSaid) {
     EXPECT_EQ(line.text(), L"Novinka") << second;
     w.status.tick();
   }
-  EXPECT_EQ(line.text(), L"Umělec - Píseň");
+  EXPECT_EQ(line.text(), L"Umělec - Píseň · MP3 128 kbps 44,1 kHz");
   w.player.reported.reset();
   w.status.StatusChange();
   EXPECT_EQ(line.text(), L"Zastaveno");

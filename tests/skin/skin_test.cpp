@@ -51,6 +51,53 @@ TEST_F(SkinTest, PlacesTheListWithItsColours) {
   EXPECT_TRUE(w.session.skin.list_hidden_while_playing);
 }
 
+TEST_F(SkinTest, ALabelsLastFieldSaysWhereItsTextStands) {
+  using platform::Alignment;
+  load("InfoName|1|2|3|4|5|right\r\nInfoTime|1|2|3|4|5|CENTRE\r\nInfoNaladit|1|2|3|4|5|no\r\n"
+       "InfoStatus|1|1|1|1|1|1|1|1|right\r\n");
+  EXPECT_EQ(w.form.InfoName.alignment(), Alignment::right);
+  EXPECT_EQ(w.form.InfoTime.alignment(), Alignment::centre);
+  EXPECT_EQ(w.form.InfoNaladit.alignment(), Alignment::left);
+  EXPECT_EQ(w.form.InfoStatus.alignment(), Alignment::right);
+  EXPECT_EQ(w.log(), "") << "an unknown word is the left edge, as it always was";
+  load("InfoName|1|2|3|4|5\r\n");
+  for (const platform::Label* label : {&w.form.InfoName, &w.form.InfoTime, &w.form.InfoStatus})
+    EXPECT_EQ(label->alignment(), Alignment::left) << "nothing of the last skin stays";
+}
+
+TEST_F(SkinTest, TheListsLastFieldIsItsAccent) {
+  load("Control_List|show|600|240|hideplay|5820|1800|255|16711680|65280\r\n");
+  EXPECT_EQ(w.form.Control_List.accent(), Colour{0xff00});
+  load("Control_List|show|600|240|hideplay|5820|1800|255|16711680|x\r\n");
+  EXPECT_TRUE(w.form.Control_List.visible()) << "old skins may say anything there";
+  EXPECT_FALSE(w.form.Control_List.accent());
+}
+
+TEST_F(SkinTest, RecordingHasItsColourWhileSomethingPlays) {
+  load("Control_Rec|show|100|200\r\n");
+  EXPECT_TRUE(w.form.Control_Rec.neutral());
+  w.look.ZobrazCoMas(L"Stop");
+  EXPECT_FALSE(w.form.Control_Rec.neutral());
+  w.look.ZobrazCoMas(L"Zapnout");
+  EXPECT_TRUE(w.form.Control_Rec.neutral());
+}
+
+TEST_F(SkinTest, TheNeedleHasAScale) {
+  load("LTNeedle|2160|210|450|2520|255\r\n");
+  const auto& needle = w.session.skin.needle;
+  EXPECT_EQ(needle.top, 2160);
+  EXPECT_EQ(needle.height, 210);
+  EXPECT_EQ(needle.from, 450);
+  EXPECT_EQ(needle.to, 2520);
+  EXPECT_EQ(needle.colour, 255U);
+  w.form.LTDisplay.set_needle(platform::Needle{1, 2, 3, Colour{4}});
+  load("LTform|6300|3480\r\n");
+  EXPECT_EQ(w.session.skin.needle.height, 0);
+  EXPECT_FALSE(w.form.LTDisplay.needle());
+  load("LTNeedle|1|2|x|4|5\r\n");
+  EXPECT_NE(w.log().find("'LTNeedle': bad number"), std::string::npos);
+}
+
 TEST_F(SkinTest, AHiddenListNeedsNoNumbersButKeepsItsFields) {
   load("Control_List|hide|||hideplay\r\nInfoTime|1|2|3|4|5\r\n");
   EXPECT_FALSE(w.form.Control_List.visible());

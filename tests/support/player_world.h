@@ -81,7 +81,7 @@ struct PlayerWorld : StationsWorld {
   player::ClientLink client_link{{folder, loop, dialogs, settings, options, sender, report_programs}};
   player::MediaKeyRule media_keys{{form, session}};
   player::Playback playback{{settings, session, form, player, stations, loop, client_link, media_keys}};
-  player::StatusDisplay status{{session, form, player, loop}};
+  player::StatusDisplay status{{settings, session, form, player, loop}};
   player::ClientCommands commands{{settings, session, form, loop, messages, dialogs, codec, playback, favourites}};
   player::Startup startup{{settings, session, form, loop, folder, machine, messages, shell, dialogs, player, options,
                            error_log, playback, commands, sender, favourites}};
