@@ -72,6 +72,11 @@ std::int64_t picture_pixels(const std::wstring& path) {
   return gif_pixels({start.data(), got});
 }
 
+std::optional<PictureSize> picture_size(std::string_view bytes) {
+  const auto pixels = decode_gif(bytes, platform::PictureBox::max_side, platform::PictureBox::max_pixels);
+  return pixels ? std::optional(PictureSize{pixels->width, pixels->height}) : std::nullopt;
+}
+
 bool Picture::load(const std::wstring& path) {
   std::string bytes = read_small(path);
   auto pixels = decode_gif(bytes, platform::PictureBox::max_side, platform::PictureBox::max_pixels);

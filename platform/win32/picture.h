@@ -6,12 +6,21 @@
 #include "platform/win32/win.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace lumotune::platform::win32 {
 
 // Width times height as the file tells them; 0 when it is missing or no picture.
 [[nodiscard]] std::int64_t picture_pixels(const std::wstring& path);
+
+struct PictureSize {
+  int width = 0; // pixels
+  int height = 0;
+};
+// Of a whole file within the limits of PictureBox; nothing when it is no picture.
+[[nodiscard]] std::optional<PictureSize> picture_size(std::string_view bytes);
 
 // A top-down bitmap of opaque or premultiplied pixels, and its memory; nothing when out of memory.
 [[nodiscard]] GdiObject make_bitmap(int width, int height, std::uint32_t*& memory);
