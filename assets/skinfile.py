@@ -76,7 +76,7 @@ class Skin:
             self.wrong.append("the description's lines do not end in CR LF")
         for line in text.split("\r\n"):
             name, *fields = line.split("|")
-            if not line or name == "Author":
+            if not line or line.startswith(";") or name == "Author":
                 continue
             if name not in FIELDS:
                 self.wrong.append(f"no such control: {name}")
