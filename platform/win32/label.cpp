@@ -75,12 +75,15 @@ void Label::draw_text(HDC target, const RECT& area) {
   TEXTMETRICW metrics{};
   GetTextMetricsW(target, &metrics);
   SIZE whole{};
-  const bool one_line = area.bottom < 2 * metrics.tmHeight;
-  if (one_line && GetTextExtentPoint32W(target, text_.c_str(), length, &whole) != 0 && whole.cx > area.right &&
-      glides(whole.cx - area.right)) {
-    room.left -= glide_offset_;
-    room.right = room.left + whole.cx;
-    DrawTextW(target, text_.c_str(), length, &room, DT_LEFT | DT_NOPREFIX | DT_SINGLELINE | DT_NOCLIP);
+  GetTextExtentPoint32W(target, text_.c_str(), length, &whole);
+  if (area.bottom < 2 * metrics.tmHeight && whole.cx > area.right) { // one line, and too long for it
+    const bool on_its_way = glides(whole.cx - area.right);
+    if (on_its_way) {
+      room.left -= glide_offset_;
+      room.right = room.left + whole.cx;
+    }
+    DrawTextW(target, text_.c_str(), length, &room,
+              DT_LEFT | DT_NOPREFIX | DT_SINGLELINE | (on_its_way ? DT_NOCLIP : DT_END_ELLIPSIS));
     return;
   }
   DrawTextW(target, text_.c_str(), length, &room, lines | DT_END_ELLIPSIS);

@@ -183,8 +183,9 @@ void ListBox::draw_row_text(HDC target, const RECT& row, const std::wstring& ite
               side | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
   };
   SIZE second{};
-  GetTextExtentPoint32W(target, parts.second.data(), static_cast<int>(parts.second.size()), &second);
-  const bool both = second.cx < (room.right - room.left) / 2;
+  if (!parts.second.empty())
+    GetTextExtentPoint32W(target, parts.second.data(), static_cast<int>(parts.second.size()), &second);
+  const bool both = !parts.second.empty() && second.cx < (room.right - room.left) / 2;
   if (both)
     put(parts.second, colours.dim, DT_RIGHT);
   room.right -= both ? second.cx + scaled(90) : 0;
