@@ -10,6 +10,7 @@
 namespace lumotune::contract {
 namespace {
 
+using platform::win32::IconHandle;
 using platform::win32::tip_bytes;
 
 constexpr UINT central_europe = 1250;
@@ -44,7 +45,6 @@ std::vector<COLORREF> drawn(HICON icon, int side) {
   return pixels;
 }
 
-// This program has no icon of its own: the system's general one stands for it.
 TEST(TrayIconPicture, IsTheOneDrawnForTheSizeOfTheTray) {
   Backend b;
   base::LumotuneForm form(b.window);
@@ -58,9 +58,17 @@ TEST(TrayIconPicture, IsTheOneDrawnForTheSizeOfTheTray) {
   const int side = GetSystemMetrics(SM_CXSMICON);
   EXPECT_EQ(bitmap.bmWidth, side);
   EXPECT_EQ(bitmap.bmHeight, side);
-  const auto wanted =
-      static_cast<HICON>(LoadImageW(nullptr, IDI_APPLICATION, IMAGE_ICON, side, side, LR_DEFAULTCOLOR | LR_SHARED));
-  EXPECT_EQ(drawn(tray.icon(), side), drawn(wanted, side));
+  const HINSTANCE program = GetModuleHandleW(nullptr);
+  const auto load = [&](int size) {
+    return IconHandle(
+        static_cast<HICON>(LoadImageW(program, MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+  };
+  const IconHandle wanted = load(side);
+  ASSERT_NE(wanted, nullptr);
+  EXPECT_EQ(drawn(tray.icon(), side), drawn(wanted.get(), side));
+  const IconHandle larger = load(2 * side);
+  const IconHandle shrunk(static_cast<HICON>(CopyImage(larger.get(), IMAGE_ICON, side, side, 0)));
+  EXPECT_NE(drawn(wanted.get(), side), drawn(shrunk.get(), side)) << "the sizes are told apart";
 }
 
 } // namespace
