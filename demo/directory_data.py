@@ -253,10 +253,13 @@ INFO_ACTIONS = {
 }
 
 
+def info_text(count):
+    return f"V adresáři je dnes {count} rádií. Klikněte a přečtěte si, která přibyla."
+
+
 def info_line(action, count):
-    return SEPARATOR.join(["1", str(INFO_COLOUR), str(INFO_INTERVAL_MS),
-                           f"V adresáři je dnes {count} rádií. Klikněte a přečtěte si, která přibyla.",
-                           "Otevře novinky", action, INFO_ACTIONS[action]])
+    return SEPARATOR.join(["1", str(INFO_COLOUR), str(INFO_INTERVAL_MS), info_text(count), "Otevře novinky", action,
+                           INFO_ACTIONS[action]])
 
 
 def advert_line(base, shown=True):

@@ -12,9 +12,11 @@ from directory_server_control import DirectoryServer  # noqa: E402
 from probing import PROBE, TOP, wait_for, wine  # noqa: E402
 from program import Program  # noqa: E402
 from sound import STATIONS, Sound  # noqa: E402
+from directory_data import info_text  # noqa: E402
 
 
 SKINS = os.path.join(TOP, "tests", "data", "skins")
+INFO_TEXT = info_text(320)  # as many stations as the server has unless told otherwise
 
 
 class Tour:
@@ -138,7 +140,8 @@ class Tour:
         self.say(f"the directory is downloaded: '{self.in_directory('Label1').text}'")
         done = wait_for(lambda: self.in_directory("Label1").text == "Hotovo, připraven...")
         self.check(done, f"stations in the directory: {len(desk.rows())}", "THE DOWNLOAD DOES NOT END")
-        wait_for(lambda: self.in_directory("InfoPanel").text.endswith("."))
+        typed = wait_for(lambda: self.in_directory("InfoPanel").text == INFO_TEXT)
+        self.check(typed, f"the information line is typed: '{INFO_TEXT}'", "THE INFORMATION LINE IS NOT TYPED OUT")
         self.show("directory")
         desk.click_at(next(node for node in desk.nodes() if node.text == "Slovenské rádiá").place)
         wait_for(lambda: self.in_directory("Label1").text.startswith("Zobrazeno"))
