@@ -11,7 +11,7 @@ import sys
 import typing
 
 from open_menus import OpenMenus
-from probing import PROBE, TOP, WINE, lines_of, wait_for, wine
+from probing import BUILD, PROBE, TOP, WINE, lines_of, wait_for, wine
 
 
 class Control:
@@ -73,7 +73,8 @@ class Desk(OpenMenus):
         self.folder, self.radio, self.process = folder, radio, None
         self.last_click = (-100, -100)
         shutil.rmtree(folder, ignore_errors=True)
-        words = [sys.executable, os.path.join(TOP, "demo", "layout"), folder, "--port", str(radio.port), "--fresh"]
+        words = [sys.executable, os.path.join(TOP, "demo", "layout"), folder, "--port", str(radio.port), "--fresh",
+                 "--build", BUILD]
         for option in options:
             words += ["--option", option]
         subprocess.run(words, check=True, stdout=subprocess.DEVNULL)

@@ -7,7 +7,9 @@ import time
 
 TOP = os.path.realpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))
 WINE = "/usr/lib/wine/wine64"
-PROBE = os.path.join(TOP, "build", "windows", "tests", "desktop", "probe.exe")
+# The build under test; a program of 32 bits is watched by one of 32 bits.
+BUILD = os.environ.get("LUMOTUNE_BUILD", os.path.join(TOP, "build", "windows"))
+PROBE = os.path.join(BUILD, "tests", "desktop", "probe.exe")
 
 
 def wait_for(what, seconds=30.0, every=0.1):

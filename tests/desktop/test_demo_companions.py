@@ -6,11 +6,11 @@ import subprocess
 import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from demo_folder import LIST, TOP, Folder  # noqa: E402
+from demo_folder import LIST, Folder  # noqa: E402
 from directory_server_control import OwnServer  # noqa: E402
-from probing import WINE, wait_for, wine  # noqa: E402
+from probing import BUILD, WINE, wait_for, wine  # noqa: E402
 
-COMPANIONS = os.path.join(os.environ.get("LUMOTUNE_BUILD", os.path.join(TOP, "build", "windows")), "demo", "companions")
+COMPANIONS = os.path.join(BUILD, "demo", "companions")
 
 
 class TestCompanions(Folder):

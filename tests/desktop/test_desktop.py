@@ -8,7 +8,7 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
 from desk import Desk  # noqa: E402
-from probing import PROBE, TOP, WINE, wait_for, wine  # noqa: E402
+from probing import PROBE, WINE, wait_for, wine  # noqa: E402
 from program import BY_ID, Program  # noqa: E402
 from sound import Sound  # noqa: E402
 
@@ -234,7 +234,7 @@ class TestWindow(Program):
     def test_the_close_of_the_system_and_the_end_of_the_session_save(self):
         for order in ("close", "endsession"):
             desk = self.begin("20=#020:LTvolume:777")
-            wine(os.path.join(TOP, "build", "windows", "tests", "desktop", "probe.exe"), order)
+            wine(PROBE, order)
             assert desk.ended(), order
             assert desk.options()[20] == "#020:LTvolume:100", order
             desk.close()
@@ -251,7 +251,7 @@ class TestWindow(Program):
         with open(desk.path("Orb_Data", "error.log"), encoding="cp1250") as log:
             assert re.search(r" Lumotune \(LoadSkin\) .*Vadny\.skin line 1: .*end\.gif", log.read())
         assert not desk.visible("LineMenu_End")
-        wine(os.path.join(TOP, "build", "windows", "tests", "desktop", "probe.exe"), "close")
+        wine(PROBE, "close")
         assert desk.ended()
 
     def test_a_place_off_the_screen_is_not_taken(self):

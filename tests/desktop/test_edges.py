@@ -13,11 +13,11 @@ import time
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
 from desk import Desk  # noqa: E402
-from probing import PROBE, TOP, WINE, wait_for  # noqa: E402
+from probing import BUILD, PROBE, WINE, wait_for  # noqa: E402
 from program import Program  # noqa: E402
 from sound import Sound  # noqa: E402
 
-PLANTED = os.path.join(TOP, "build", "windows", "tests", "desktop", "planted.dll")
+PLANTED = os.path.join(BUILD, "tests", "desktop", "planted.dll")
 # What users are promised, and what a busy machine may add to it: the click is made and the end seen by other programs.
 LONGEST_END, ALLOWANCE = 6.0, 6.0
 

@@ -3,14 +3,14 @@
 import os
 import subprocess
 
-from probing import TOP, WINE
+from probing import BUILD, WINE
 
 
 class Watcher:
     """tests/desktop/watcher.cpp, beside the program."""
 
     def __init__(self):
-        path = os.path.join(TOP, "build", "windows", "tests", "desktop", "watcher.exe")
+        path = os.path.join(BUILD, "tests", "desktop", "watcher.exe")
         self.process = subprocess.Popen([WINE, path], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                                         encoding="utf-8")
 
