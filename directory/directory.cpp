@@ -6,21 +6,22 @@ namespace lumotune::directory {
 Directory::Directory(const DirectoryUses& uses) : uses_(uses) {}
 
 void Directory::Naladit() {
-  if (!ListRadios_) {
+  const bool fresh = !ListRadios_;
+  if (fresh) {
     ListRadios_ = std::make_unique<ListRadios>(uses_, advert_state_);
     ListRadios_->on_unload = [this] { forget(); };
     if (!ListRadios_->Form_Load())
       return;
-    // Loading runs events: the user may have closed the window by now.
-    if (!ListRadios_)
-      return;
-    ListRadios_->watch_for_categories();
   }
-  ListRadios_->show();
-  // So does bringing it to the front, which delivers messages sent by other programs.
-  if (!ListRadios_)
+  ListRadios* const shown = ListRadios_.get();
+  shown->show();
+  // Bringing it to the front delivers messages sent by other programs: it may be closed by now, or another one open.
+  if (ListRadios_.get() != shown)
     return;
-  ListRadios_->NajdiIndexRadia(uses_.settings.IDlastRadio);
+  if (fresh)
+    shown->load();
+  else
+    shown->NajdiIndexRadia(uses_.settings.IDlastRadio);
 }
 
 // One of its own procedures may be on the stack, waiting: destroy it from the top of the loop.

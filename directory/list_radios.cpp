@@ -3,11 +3,15 @@
 
 #include "base/server_file.h"
 
+#include <cstddef>
+#include <utility>
+
 namespace lumotune::directory {
 namespace {
 
 constexpr const wchar_t* window_name = L"ListRadios";
 constexpr wchar_t enter_key = 13;
+constexpr std::size_t most_waiting = 100; // actions; other programs can send clicks as fast as they like
 
 } // namespace
 
@@ -25,7 +29,8 @@ ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state)
       actions_({form_, list_, details_, uses.identity, uses.settings, uses.favourites, uses.sender, uses.menus,
                 uses.loop, uses.shell, uses.folder, uses.dialogs, uses.web}),
       updater_({form_, list_, *this, uses.station_files, uses.settings, uses.loop, uses.folder, uses.shell,
-                uses.dialogs, uses.connection, uses.worker}) {
+                uses.dialogs, uses.connection, uses.worker}),
+      loading_(uses.loop) {
   set_texts();
   load_pictures();
   form_.InfoPanel.set_visible(false);
@@ -44,18 +49,52 @@ bool ListRadios::Form_Load() {
     uses_.loop.quit();
     return false;
   }
-  list_.NactiKategorie();
   list_.make_columns();
-  LoadOptions();
-  (void)uses_.identity.LoadOptionsLodin(); // without the file, keep the values read at start
-  bool OnlyMemory = false;
-  list_.NactiRadia(OnlyMemory);
-  updater_.LoadAktualizaceRadii();
   return true;
+}
+
+void ListRadios::load() {
+  const auto whole = [](auto step) {
+    return [step] {
+      step();
+      return true;
+    };
+  };
+  loading_.start({whole([this] { list_.NactiKategorie(); }), whole([this] { LoadOptions(); }),
+                  // without the file, keep the values read at start
+                  whole([this] { (void)uses_.identity.LoadOptionsLodin(); }), whole([this] { list_.begin_listing(); }),
+                  [this] { return list_.list_more(); }, whole([this] { list_.end_listing(); }),
+                  whole([this] { updater_.LoadAktualizaceRadii(); }),
+                  whole([this] { updater_.watch_for_categories(); }), whole([this] { list_.index_table(); })},
+                 [this] { loaded(); });
+}
+
+// A waiting action may open a box, and the window be closed meanwhile.
+void ListRadios::loaded() {
+  loaded_ = true;
+  NajdiIndexRadia(uses_.settings.IDlastRadio);
+  for (const auto& action : std::exchange(waiting_, {})) {
+    if (closed_ || uses_.loop.quitting())
+      return;
+    action();
+  }
+}
+
+// As if the events had waited in the queue: none of them meets a list that is half there.
+void ListRadios::wait_for_loading(const std::function<void()>& action) {
+  if (loaded_)
+    action();
+  else if (!closed_ && waiting_.size() < most_waiting)
+    waiting_.push_back(action);
+}
+
+std::function<void()> ListRadios::once_loaded(std::function<void()> action) {
+  return [this, action = std::move(action)] { wait_for_loading(action); };
 }
 
 void ListRadios::Form_Unload() {
   closed_ = true;
+  loading_.give_up();
   updater_.close();
   panel_.close();
   window_->set_visible(false);
@@ -71,6 +110,8 @@ void ListRadios::show() {
 }
 
 void ListRadios::NajdiIndexRadia(const std::wstring& IDradia) {
+  if (!loaded_)
+    return;
   list_.select_station(IDradia);
   details_.show_all();
   details_.NactiInfoRadio();
@@ -119,34 +160,35 @@ void ListRadios::bind_window() {
     if (const auto copy = on_unload)
       copy();
   };
-  form_.Command1.on_click = [this] { updater_.Command1_Click(); };
-  form_.InfoPanel.on_click = [this] { panel_.InfoPanel_Click(); };
+  form_.Command1.on_click = once_loaded([this] { updater_.Command1_Click(); });
+  form_.InfoPanel.on_click = once_loaded([this] { panel_.InfoPanel_Click(); });
   form_.InfoPanel.on_mouse_move = [this](const platform::MouseEvent&) { panel_.InfoPanel_MouseMove(); };
   form_.InfoPanel.on_mouse_down = [this](const platform::MouseEvent&) { panel_.InfoPanel_MouseDown(); };
   form_.ImageInPan.on_mouse_move = [this](const platform::MouseEvent&) { panel_.ImageInPan_MouseMove(); };
 }
 
 void ListRadios::bind_lists() {
-  const auto choose = [this] { list_.choose_category(); };
+  const auto choose = once_loaded([this] { list_.choose_category(); });
   form_.TreeView1.on_click = choose;
   form_.TreeView1.on_key_up = choose;
   form_.ListView1.on_mouse_down = [this](const platform::MouseEvent& event) { pressed_ = event.button; };
-  form_.ListView1.on_click = [this] { ListView1_Click(); };
-  form_.ListView1.on_key_up = [this] { ListView1_KeyUp(); };
-  form_.ListView1.on_double_click = [this] { actions_.tune_row(); };
+  const auto tune = once_loaded([this] { actions_.tune_row(); });
+  form_.ListView1.on_click = once_loaded([this] { ListView1_Click(); });
+  form_.ListView1.on_key_up = once_loaded([this] { ListView1_KeyUp(); });
+  form_.ListView1.on_double_click = tune;
   form_.ListView1.on_menu_key = [this] {
     pressed_ = platform::MouseButton::right; // so that the click opens the menu
-    ListView1_Click();
+    wait_for_loading([this] { ListView1_Click(); });
   };
-  form_.ListView1.on_key_press = [this](wchar_t character) {
+  form_.ListView1.on_key_press = [tune](wchar_t character) {
     if (character == enter_key)
-      actions_.tune_row();
+      tune();
   };
 }
 
 void ListRadios::bind_details() {
   const auto on_link = [this](platform::Label& label, void (Actions::*action)()) {
-    label.on_click = [this, action] { (actions_.*action)(); };
+    label.on_click = once_loaded([this, action] { (actions_.*action)(); });
     label.on_mouse_move = [this, &label](const platform::MouseEvent&) { details_.hover(label); };
   };
   on_link(form_.Label4, &Actions::Label4_Click);
@@ -155,7 +197,7 @@ void ListRadios::bind_details() {
   on_link(form_.Label7, &Actions::Label7_Click);
   on_link(form_.Label9, &Actions::Label9_Click);
   on_link(form_.Label10, &Actions::Label10_Click);
-  form_.Image3.on_click = [this] { actions_.Image3_Click(); };
+  form_.Image3.on_click = once_loaded([this] { actions_.Image3_Click(); });
   const auto back = [this](const platform::MouseEvent&) { details_.ZpetMouseMove(); };
   form_.Frame1.on_mouse_move = back;
   form_.Image1.on_mouse_move = back;

@@ -6,6 +6,7 @@
 #include "base/program_folder.h"
 #include "base/session.h"
 #include "base/settings_files.h"
+#include "base/stepped_work.h"
 #include "companions/identity.h"
 #include "companions/open_url.h"
 #include "companions/send_command.h"
@@ -29,6 +30,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace lumotune::directory {
 
@@ -64,14 +66,18 @@ public:
   ListRadios& operator=(const ListRadios&) = delete;
   ~ListRadios() override;
 
-  // Loads files, tree and list, and starts an update. False when another copy of the program runs already: then the
-  // program ends.
+  // The first part, before the window is shown. False when another copy of the program runs already: then the program
+  // ends.
   [[nodiscard]] bool Form_Load();
+  // The rest, once it is shown: loads files, tree and list, starts an update and selects the tuned station. Done at
+  // once if that takes a few milliseconds, and else in turns; what the user asks of the window meanwhile is done after
+  // it.
+  void load();
   void Form_Unload(); // hides the window and abandons what runs
   void show();        // restores it if minimised and brings it to the front
-  // Selects a station and shows its details, if it is among the rows.
+  // Selects a station and shows its details, if it is among the rows. Does nothing while the window loads: that ends
+  // with it.
   void NajdiIndexRadia(const std::wstring& IDradia);
-  void watch_for_categories() { updater_.watch_for_categories(); }
 
   std::function<void()> on_unload; // the user closed it; called after Form_Unload
 
@@ -90,6 +96,9 @@ private:
   void bind_window();
   void ListView1_Click();
   void ListView1_KeyUp();
+  [[nodiscard]] std::function<void()> once_loaded(std::function<void()> action); // a handler that waits for the loading
+  void wait_for_loading(const std::function<void()>& action);
+  void loaded();
 
   DirectoryUses uses_;
   std::unique_ptr<platform::FramedWindow> window_;
@@ -102,6 +111,9 @@ private:
   Actions actions_;
   base::TextLines List2; // the lines of the server file
   Updater updater_;
+  base::SteppedWork loading_;
+  std::vector<std::function<void()>> waiting_; // what the user did while the window was loading
+  bool loaded_ = false;
   platform::MouseButton pressed_ = platform::MouseButton::none; // on the list, for the next click
   bool closed_ = false;
 };

@@ -7,7 +7,8 @@
 namespace lumotune::directory {
 namespace {
 
-constexpr std::size_t key_prefix = 4; // a station's identifier starts at this character of its row's key
+constexpr std::size_t listed_at_once = 2000; // lines, well below a millisecond
+constexpr std::size_t key_prefix = 4;        // a station's identifier starts at this character of its row's key
 
 } // namespace
 
@@ -34,16 +35,27 @@ void StationList::NactiKategorie() {
 }
 
 void StationList::NactiRadia(bool& OnlyMemory) {
-  auto& list = uses_.form.ListView1;
-  if (!OnlyMemory) {
-    rows_.clear();
-    list.rows_changed();
-  }
-  table_.load();
   if (OnlyMemory)
-    return;
+    return table_.load();
+  begin_listing();
   rows_.show_all(table_.lines());
-  show_rows();
+  end_listing();
+}
+
+void StationList::begin_listing() {
+  rows_.clear();
+  uses_.form.ListView1.rows_changed();
+  table_.load();
+  rows_.begin_all(table_.lines());
+}
+
+void StationList::index_table() const {
+  if (const auto lines = table_.lines())
+    lines->index();
+}
+
+bool StationList::list_more() {
+  return rows_.add_more(listed_at_once);
 }
 
 void StationList::show_rows() {

@@ -33,6 +33,12 @@ public:
   void make_columns();
   void NactiKategorie();             // fills the tree from kategories.tt
   void NactiRadia(bool& OnlyMemory); // fills the table from radios.tt and, unless OnlyMemory, lists every station
+  // NactiRadia with OnlyMemory false in pieces: `begin_listing`, `list_more` until it returns true, `end_listing`. The
+  // window shows no rows before the end.
+  void begin_listing();
+  [[nodiscard]] bool list_more();
+  void end_listing() { show_rows(); }
+  void index_table() const; // so that the first look-up of a station need not
   void ZobrazKategoriiRadii(std::wstring& Kategorie);
   // A node was clicked or reached by a key: shows its stations.
   void choose_category();

@@ -3,6 +3,8 @@
 
 #include "base/text.h"
 
+#include <algorithm>
+
 namespace lumotune::directory {
 namespace {
 
@@ -77,8 +79,25 @@ void StationRows::fill(const std::shared_ptr<const stations::StationLines>& List
   }
 }
 
+void StationRows::begin_all(const std::shared_ptr<const stations::StationLines>& List1) {
+  clear();
+  lines_ = List1;
+  next_line_ = 0;
+}
+
+bool StationRows::add_more(std::size_t most_lines) {
+  const std::size_t count = lines_ ? lines_->count() : 0;
+  const std::size_t end = next_line_ + std::min(most_lines, count - next_line_);
+  for (; next_line_ < end; ++next_line_) {
+    if (!lines_->line(next_line_).empty())
+      PridejDoSeznamu(next_line_);
+  }
+  return next_line_ == count;
+}
+
 void StationRows::show_all(const std::shared_ptr<const stations::StationLines>& List1) {
-  fill(List1, [](const stations::StationRecord&) { return true; });
+  begin_all(List1);
+  (void)add_more(List1 ? List1->count() : 0); // all of them
 }
 
 void StationRows::ZobrazKategoriiRadii(const std::shared_ptr<const stations::StationLines>& List1,

@@ -31,6 +31,9 @@ public:
   void clear();
   // Replaces the rows by every station of the lines. Of several with one identifier only the first is added.
   void show_all(const std::shared_ptr<const stations::StationLines>& List1);
+  // The same in pieces: `begin_all`, and `add_more` until it returns true. Until then the rows are incomplete.
+  void begin_all(const std::shared_ptr<const stations::StationLines>& List1);
+  [[nodiscard]] bool add_more(std::size_t most_lines);
   // The rows of one category: "100000" (which becomes empty) and an empty text mean every station, "x" and a text the
   // stations whose category code goes on so after six characters, another text those whose code begins so.
   void ZobrazKategoriiRadii(const std::shared_ptr<const stations::StationLines>& List1, std::wstring& Kategorie);
@@ -50,6 +53,7 @@ private:
   base::CodePageFold fold_;
   std::shared_ptr<const stations::StationLines> lines_;
   std::vector<std::uint32_t> rows_; // line numbers
+  std::size_t next_line_ = 0;       // for `add_more`
   stations::StationKeys keys_;
 };
 

@@ -110,6 +110,7 @@ std::unique_ptr<TopLevelWork> EventLoop::post_top_level(std::function<void()> wo
 
 std::uint32_t EventLoop::tick_count_ms() const {
   thread_.check();
+  now_ += look_cost_;
   return static_cast<std::uint32_t>(now_);
 }
 

@@ -57,6 +57,8 @@ public:
 
   // The duration of one pass of a wait, in milliseconds.
   void set_wait_step(std::uint32_t ms) { wait_step_ = ms; }
+  // How far the clock moves whenever somebody looks at it: a machine that needs that long for the work between two looks.
+  void set_look_cost(std::uint32_t ms) { look_cost_ = ms; }
   [[nodiscard]] std::uint64_t pending_runs() const { return pending_runs_; }
   [[nodiscard]] std::uint64_t wait_passes() const { return wait_passes_; }
 
@@ -75,11 +77,12 @@ private:
   [[nodiscard]] bool next_due(std::uint64_t& due) const;
 
   const ThreadCheck thread_{"user-interface thread"};
-  std::uint64_t now_;
+  mutable std::uint64_t now_;
   std::uint64_t order_ = 0;
   std::uint64_t pending_runs_ = 0;
   std::uint64_t wait_passes_ = 0;
   std::uint32_t wait_step_ = 5;
+  std::uint32_t look_cost_ = 0;
   int depth_ = 0; // active handlers, waits, message boxes and menus
   bool ending_ = false;
   bool quitting_ = false;

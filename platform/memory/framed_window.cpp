@@ -290,6 +290,8 @@ std::unique_ptr<platform::FramedWindow> FramedWindowMaker::make(const std::wstri
   auto window = std::make_unique<FramedWindow>(name, files_);
   last = window.get();
   ++made;
+  if (const auto copy = on_make)
+    copy(*window);
   return window;
 }
 

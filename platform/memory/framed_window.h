@@ -206,6 +206,7 @@ public:
   explicit FramedWindowMaker(const platform::Files& files) : files_(files) {}
   [[nodiscard]] std::unique_ptr<platform::FramedWindow> make(const std::wstring& name) override;
 
+  std::function<void(FramedWindow&)> on_make; // called with each new window
   FramedWindow* last = nullptr; // the latest one; dangling once its owner has destroyed it
   int made = 0;
 
