@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace lumotune::directory {
 namespace {
@@ -17,11 +18,18 @@ std::string_view rest_of(std::string_view text, std::size_t from) {
   return text.substr(std::min(from, text.size()));
 }
 
+std::wstring letters_of(const platform::AnsiCodec& codec) {
+  std::string bytes(256, '\0');
+  std::iota(bytes.begin(), bytes.end(), '\0');
+  return codec.decode(bytes);
+}
+
 } // namespace
 
 StationRows::StationRows(const platform::AnsiCodec& codec)
     : codec_(codec),
       fold_(codec),
+      letters_(letters_of(codec)),
       keys_(fold_, [this](std::size_t row) { return record(line(row))[StationField::id]; }) {}
 
 stations::StationRecord StationRows::record(std::string_view line) const {
@@ -40,6 +48,19 @@ std::wstring StationRows::text(std::size_t row, std::size_t column) const {
     return {};
   std::string name(station[StationField::name]);
   return codec_.decode(name.append(rest_of(station[StationField::marker], appended_from)));
+}
+
+std::size_t StationRows::beginning(std::size_t row, wchar_t* out, std::size_t room) const {
+  const stations::StationRecord station = record(line(row));
+  wchar_t* at = out;
+  const auto add = [&](std::string_view bytes) {
+    for (const char byte : bytes.substr(0, room - static_cast<std::size_t>(at - out)))
+      *at++ = letters_[static_cast<std::uint8_t>(byte)];
+  };
+  add(station[StationField::name]);
+  if (static_cast<std::size_t>(at - out) < room)
+    add(rest_of(station[StationField::marker], appended_from));
+  return static_cast<std::size_t>(at - out);
 }
 
 bool StationRows::bold(std::size_t row) const {

@@ -26,6 +26,7 @@ public:
 
   [[nodiscard]] std::size_t count() const override { return rows_.size(); }
   [[nodiscard]] std::wstring text(std::size_t row, std::size_t column) const override;
+  [[nodiscard]] std::size_t beginning(std::size_t row, wchar_t* out, std::size_t room) const override;
   [[nodiscard]] bool bold(std::size_t row) const override;
 
   void clear();
@@ -51,6 +52,7 @@ private:
 
   const platform::AnsiCodec& codec_;
   base::CodePageFold fold_;
+  std::wstring letters_; // what each byte stands for
   std::shared_ptr<const stations::StationLines> lines_;
   std::vector<std::uint32_t> rows_; // line numbers
   std::size_t next_line_ = 0;       // for `add_more`

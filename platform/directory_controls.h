@@ -40,6 +40,11 @@ public:
 
   [[nodiscard]] virtual std::size_t count() const = 0;
   [[nodiscard]] virtual std::wstring text(std::size_t row, std::size_t column) const = 0; // row from 1, column from 0
+  // Writes the first `room` characters of the row's first column, or all of a shorter one, and returns their number.
+  // The search for typed letters asks every row: a model that can answer without making the text does.
+  [[nodiscard]] virtual std::size_t beginning(std::size_t row, wchar_t* out, std::size_t room) const {
+    return text(row, 0).copy(out, room);
+  }
   [[nodiscard]] virtual bool bold(std::size_t row) const = 0;
 };
 

@@ -14,6 +14,7 @@ namespace lumotune::platform::win32 {
 namespace {
 
 constexpr UINT message_show_selected = WM_APP + 1;
+constexpr std::size_t most_compared = 32767; // characters
 
 } // namespace
 
@@ -147,22 +148,33 @@ void ListView::answer_text(NMLVDISPINFOW& request) const {
   item.pszText[length] = 0;
 }
 
+// Most rows differ in the first letter already, and most letters are ASCII: the system is asked about the others.
+bool ListView::begins_with(const std::wstring& text, std::wstring_view wanted) {
+  const auto small = [](wchar_t letter) {
+    return letter >= L'A' && letter <= L'Z' ? static_cast<wchar_t>(letter + 32) : letter;
+  };
+  if (text.front() < 0x80 && wanted.front() < 0x80 && small(text.front()) != small(wanted.front()))
+    return false;
+  const auto length = static_cast<int>(wanted.size());
+  return CompareStringOrdinal(text.c_str(), length, wanted.data(), length, TRUE) == CSTR_EQUAL;
+}
+
 // Type-ahead searches the first column, wrapping around from the given row.
 LRESULT ListView::find_row(const NMLVFINDITEMW& request) const {
   const LVFINDINFOW& wanted = request.lvfi;
   const std::size_t count = row_count();
   if (count == 0 || wanted.psz == nullptr || (wanted.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0)
     return -1;
-  const auto length = static_cast<int>(std::wcslen(wanted.psz));
+  const std::wstring_view letters(wanted.psz, std::min(std::wcslen(wanted.psz), most_compared));
   const bool whole = (wanted.flags & LVFI_PARTIAL) == 0;
   const std::size_t start = request.iStart < 0 ? 0 : static_cast<std::size_t>(request.iStart) % count;
+  std::wstring text(letters.size() + 1, L'\0'); // one more tells a longer text from a whole one
   for (std::size_t i = 0; i < count; ++i) {
     const std::size_t row = (start + i) % count;
-    const std::wstring text = rows_->text(row + 1, 0);
-    const auto size = static_cast<int>(std::min<std::size_t>(text.size(), 32767));
-    if (size < length || (whole && size != length))
+    const std::size_t size = rows_->beginning(row + 1, text.data(), text.size());
+    if (size < letters.size() || (whole && size != letters.size()))
       continue;
-    if (CompareStringOrdinal(text.c_str(), length, wanted.psz, length, TRUE) == CSTR_EQUAL)
+    if (letters.empty() || begins_with(text, letters))
       return static_cast<LRESULT>(row);
   }
   return -1;

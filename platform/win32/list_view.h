@@ -9,6 +9,7 @@
 #include <commctrl.h>
 
 #include <string>
+#include <string_view>
 
 namespace lumotune::platform::win32 {
 
@@ -33,6 +34,7 @@ private:
   [[nodiscard]] std::size_t row_count() const;
   void answer_text(NMLVDISPINFOW& request) const;
   [[nodiscard]] LRESULT find_row(const NMLVFINDITEMW& request) const;
+  [[nodiscard]] static bool begins_with(const std::wstring& text, std::wstring_view wanted);
   [[nodiscard]] LRESULT customise(NMLVCUSTOMDRAW& item);
   [[nodiscard]] LRESULT selected_item() const;
   void unselect();

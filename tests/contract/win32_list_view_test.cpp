@@ -140,6 +140,51 @@ TEST_F(Win32ListViewTest, TypingFindsARowAmongFiftyThousand) {
   EXPECT_EQ(list.selected(), 50000U);
 }
 
+struct NamedRows final : platform::RowModel {
+  std::vector<std::wstring> names{L"Alfa",  L"ČRo Plus", L"česko", L"Žižkov", L"Čas",      L"Plus",
+                                  L"PLUSKO", L"ώμεγα",    L"plus",  L"",       L"ČESKO dnes"};
+  bool quick = false; // answers beginnings itself
+  mutable int made = 0;
+  [[nodiscard]] std::size_t count() const override { return names.size(); }
+  [[nodiscard]] std::wstring text(std::size_t row, std::size_t column) const override {
+    ++made;
+    return column == 0 ? names[row - 1] : L"";
+  }
+  [[nodiscard]] std::size_t beginning(std::size_t row, wchar_t* out, std::size_t room) const override {
+    return quick ? names[row - 1].copy(out, room) : RowModel::beginning(row, out, room);
+  }
+  [[nodiscard]] bool bold(std::size_t /*row*/) const override { return false; }
+};
+
+TEST_F(Win32ListViewTest, TypedLettersFindTheRowThatBeginsWithThem) {
+  NamedRows named;
+  const auto find = [&](const wchar_t* text, UINT flags, int after) {
+    LVFINDINFOW wanted{};
+    wanted.flags = flags;
+    wanted.psz = text;
+    return SendMessageW(handle(list), LVM_FINDITEMW, static_cast<WPARAM>(after), reinterpret_cast<LPARAM>(&wanted)) + 1;
+  };
+  for (const bool quick : {false, true}) {
+    named.quick = quick;
+    list.set_rows(&named);
+    EXPECT_EQ(find(L"č", LVFI_PARTIAL, -1), 2) << "not the plain letter";
+    EXPECT_EQ(find(L"č", LVFI_PARTIAL, 1), 3);
+    EXPECT_EQ(find(L"ČES", LVFI_PARTIAL, -1), 3);
+    EXPECT_EQ(find(L"česko ", LVFI_PARTIAL, -1), 11);
+    EXPECT_EQ(find(L"ž", LVFI_PARTIAL, -1), 4);
+    EXPECT_EQ(find(L"z", LVFI_PARTIAL, -1), 0);
+    EXPECT_EQ(find(L"p", LVFI_PARTIAL, -1), 6);
+    EXPECT_EQ(find(L"PLUS", LVFI_STRING, 6), 9) << "the whole text";
+    EXPECT_EQ(find(L"plusk", LVFI_PARTIAL, -1), 7);
+    EXPECT_EQ(find(L"Ώ", LVFI_PARTIAL, -1), 8);
+    EXPECT_EQ(find(L"pluskový", LVFI_PARTIAL, -1), 0) << "longer than any";
+    named.made = 0;
+    (void)find(L"x", LVFI_PARTIAL, -1);
+    EXPECT_EQ(named.made, quick ? 0 : 11);
+  }
+  list.set_rows(nullptr);
+}
+
 TEST_F(Win32ListViewTest, OnlyRowsInSightAreAskedFor) {
   rows.size = 50000;
   list.rows_changed();

@@ -57,6 +57,22 @@ TEST(StationRows, ShowNameCountryAndMarker) {
   EXPECT_EQ(w.rows.key(2), L"orbRADIO2");
 }
 
+// The search for typed letters sees what the list shows.
+TEST(StationRows, ARowsBeginningIsThatOfItsText) {
+  RowsWorld w;
+  w.all(station("RADIO1", "\xdeluv\x9a", "", "1") + station("RADIO2", "Druh\xe9", "tip (nov\xe9)", "1") +
+        station("RADIO3", "", "tip-jen", "1") + "RADIO4\r\n");
+  ASSERT_EQ(w.rows.count(), 4U);
+  for (std::size_t row = 0; row <= 5; ++row) {
+    for (std::size_t room = 0; room < 15; ++room) {
+      std::wstring beginning(room + 1, L'#');
+      const std::size_t length = w.rows.beginning(row, beginning.data(), room);
+      EXPECT_EQ(beginning.substr(0, length), w.rows.text(row, 0).substr(0, room)) << row;
+      EXPECT_EQ(beginning[length], L'#') << "nothing behind it";
+    }
+  }
+}
+
 TEST(StationRows, TheMarkerAppendsFromItsFifthCharacter) {
   RowsWorld w;
   w.all(station("RADIO1", "A", "tip", "") + station("RADIO2", "B", "tip!", "") +
