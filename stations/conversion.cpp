@@ -7,6 +7,7 @@
 #include "stations/station_limits.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -80,6 +81,21 @@ std::optional<Converted> convert(std::string_view list) {
     return std::nullopt;
   result.orders = orders.take();
   return result;
+}
+
+// Each step is one-to-one in the mark so far and in the word: a single changed word always changes the mark.
+std::uint64_t list_mark(std::string_view list) {
+  constexpr std::uint64_t odd_factor = 0x9e3779b97f4a7c15ULL;
+  std::uint64_t mark = list.size();
+  while (!list.empty()) {
+    std::uint64_t word = 0;
+    const std::size_t length = std::min(list.size(), sizeof word);
+    std::memcpy(&word, list.data(), length);
+    mark = (mark ^ word) * odd_factor;
+    mark ^= mark >> 32;
+    list.remove_prefix(length);
+  }
+  return mark;
 }
 
 } // namespace lumotune::stations

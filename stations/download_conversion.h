@@ -27,7 +27,8 @@ public:
   explicit DownloadConversion(const Uses& uses) : uses_(uses) {}
 
   // The list is read completely and must be `announced_size` bytes long; then its orders are shown; then both files are
-  // replaced, or neither. `done` is called from the event loop. Gives up a conversion that is under way.
+  // replaced, or neither. A file that has the new bytes already is left alone, and the list that both files were made
+  // from is not converted again. `done` is called from the event loop. Gives up a conversion that is under way.
   void start(std::uint64_t announced_size, std::function<void(Conversion)> done);
   // Nothing is shown or told any more. The files stay as they are, unless they are just being replaced: then both are.
   void give_up();

@@ -44,8 +44,9 @@ bool StationFiles::stations_too_long() {
   return stations()->too_many() || folder_.files().size(path(stations_file)).value_or(0) > max_station_bytes;
 }
 
-void StationFiles::take(StationContents fresh) {
+void StationFiles::take(StationContents fresh, std::shared_ptr<const ConvertedList> made_from) {
   contents_ = std::move(fresh);
+  made_from_ = std::move(made_from);
 }
 
 } // namespace lumotune::stations

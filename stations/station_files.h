@@ -6,8 +6,10 @@
 #include "base/code_page_fold.h"
 #include "base/program_folder.h"
 #include "stations/categories.h"
+#include "stations/conversion.h"
 #include "stations/station_lines.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,6 +29,16 @@ struct StationContents {
   StampedContent<std::vector<CategoryNode>> categories;
 };
 
+// The downloaded list that both files were last made from.
+struct ConvertedList {
+  std::uint64_t mark = 0; // `list_mark` of its bytes
+  std::uint64_t size = 0; // bytes
+  std::vector<Order> orders;
+  // Of the files then: with other ones, the list must be converted again.
+  std::optional<platform::FileStamp> stations;
+  std::optional<platform::FileStamp> categories;
+};
+
 // User-interface thread. Nothing throws or shows a message.
 class StationFiles {
 public:
@@ -40,8 +52,11 @@ public:
   // Whether radios.tt has more bytes or lines than a station file may have, and is therefore not used.
   [[nodiscard]] bool stations_too_long();
 
-  // Both files were just replaced by these contents: the next calls above return them without reading them back.
-  void take(StationContents fresh);
+  // Both files have these contents now, made from that list: the next calls above return them without reading.
+  void take(StationContents fresh, std::shared_ptr<const ConvertedList> made_from);
+  // What is in memory, without looking at the files; null before something was read or taken.
+  [[nodiscard]] StationContents kept() const { return contents_; }
+  [[nodiscard]] std::shared_ptr<const ConvertedList> made_from() const { return made_from_; }
 
 private:
   [[nodiscard]] std::wstring path(const wchar_t* name) const;
@@ -52,6 +67,7 @@ private:
   const base::ProgramFolder& folder_;
   base::CodePageFold fold_;
   StationContents contents_;
+  std::shared_ptr<const ConvertedList> made_from_; // null until a list has been converted in this run
 };
 
 } // namespace lumotune::stations

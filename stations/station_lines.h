@@ -15,7 +15,7 @@
 
 namespace lumotune::stations {
 
-// One thread at a time. Lines count from 0; views live as long as the object.
+// One thread at a time, except for `bytes`. Lines count from 0; views live as long as the object.
 class StationLines {
 public:
   // All lines of a file, empty ones too; none at all of a file with more than `max_station_lines`. The bytes are at
@@ -26,6 +26,7 @@ public:
   ~StationLines() = default;
 
   [[nodiscard]] bool too_many() const { return too_many_; }
+  [[nodiscard]] std::string_view bytes() const { return bytes_; } // any thread; empty for too many lines
   [[nodiscard]] std::size_t count() const { return starts_.size(); }
   [[nodiscard]] std::string_view line(std::size_t index) const; // without the line end; empty past the last line
 

@@ -231,6 +231,19 @@ TEST(Conversion, AnUnreadableListChangesNothing) {
   EXPECT_EQ(w.port.shown, Shown());
 }
 
+TEST(Conversion, ListsThatDifferHaveOtherMarks) {
+  const std::string list = "orb:k:new//1/@/A\r\nRADIO1/@/Prvn\xed\r\n";
+  EXPECT_EQ(stations::list_mark(list), stations::list_mark(std::string(list)));
+  for (std::size_t at = 0; at < list.size(); ++at) {
+    std::string other = list;
+    other[at] = static_cast<char>(other[at] ^ 1);
+    EXPECT_NE(stations::list_mark(other), stations::list_mark(list)) << at;
+    EXPECT_NE(stations::list_mark(list.substr(0, at)), stations::list_mark(list)) << at;
+  }
+  EXPECT_NE(stations::list_mark(list + std::string(1, '\0')), stations::list_mark(list));
+  EXPECT_NE(stations::list_mark("RADIO1\r\nRADIO2\r\n"), stations::list_mark("RADIO2\r\nRADIO1\r\n"));
+}
+
 TEST(Conversion, BothFilesAreReplacedOrNeither) {
   for (const wchar_t* locked : {L"radios.tt", L"kategories.tt"}) {
     ConversionWorld w;

@@ -178,5 +178,123 @@ TEST_F(DownloadConversionTest, WithoutAThreadOrMemoryItFails) {
   expect_nothing_changed();
 }
 
+// What the server sends again costs a reading, and the listener sees the same as with a new list.
+TEST_F(DownloadConversionTest, TheListThatTheFilesWereMadeFromIsNotConvertedAgain) {
+  start(list);
+  w.loop.advance(0);
+  const auto lines = w.station_files.stations();
+  const std::size_t works = w.worker.works();
+  const auto stamp = w.files.stamp(w.path(L"radios.tt"));
+  shown.clear();
+  result.reset();
+  int changes = 0;
+  start(list);
+  w.files.after_change = [&] { ++changes; };
+  w.loop.advance(0);
+  w.files.after_change = nullptr;
+  EXPECT_EQ(result, Conversion::done);
+  EXPECT_EQ(shown, std::vector<std::wstring>({L"i:prvni", L"i:druha", L"end"}));
+  EXPECT_EQ(w.worker.works(), works + 1) << "read only";
+  EXPECT_EQ(changes, 0);
+  EXPECT_EQ(w.files.stamp(w.path(L"radios.tt")), stamp);
+  EXPECT_EQ(w.station_files.stations(), lines);
+}
+
+TEST_F(DownloadConversionTest, AListOfTheSameLengthThatDiffersInOneByteIsConverted) {
+  start(list);
+  w.loop.advance(0);
+  std::string other = list;
+  other[other.size() - 3] = 'X';
+  start(other);
+  w.loop.advance(0);
+  EXPECT_EQ(w.get(L"radios.tt"), "NOVE01/@/NovX\r\n\r\n");
+}
+
+TEST_F(DownloadConversionTest, TheSameListPutsRightWhatAnotherProgramChanged) {
+  for (const wchar_t* file : {L"radios.tt", L"kategories.tt"}) {
+    start(list);
+    w.loop.advance(0);
+    w.files.written_by_another(w.path(file), "JINA01\r\n");
+    start(list);
+    w.loop.advance(0);
+    EXPECT_EQ(w.get(L"radios.tt"), "NOVE01/@/Nov\xe9\r\n\r\n");
+    EXPECT_EQ(w.get(L"kategories.tt"), "new//100001/@/A\r\n\r\n");
+    (void)w.files.remove(w.path(file));
+    start(list);
+    w.loop.advance(0);
+    EXPECT_EQ(w.get(L"radios.tt"), "NOVE01/@/Nov\xe9\r\n\r\n");
+    EXPECT_EQ(w.get(L"kategories.tt"), "new//100001/@/A\r\n\r\n");
+    EXPECT_EQ(w.station_files.stations()->line(0), "NOVE01/@/Nov\xe9");
+  }
+}
+
+// In the next run nothing is known of the last list, but the files have its bytes.
+TEST_F(DownloadConversionTest, FilesThatHaveTheBytesAlreadyAreLeftAlone) {
+  w.put(L"radios.tt", "NOVE01/@/Nov\xe9\r\n\r\n");
+  w.put(L"kategories.tt", "new//100001/@/A\r\n\r\n");
+  w.files.make_readonly(w.path(L"radios.tt")); // so that a replacement would fail
+  w.files.make_readonly(w.path(L"kategories.tt"));
+  for (const bool in_memory : {false, true}) {
+    stations::StationFiles fresh(w.folder);
+    const auto lines = in_memory ? fresh.stations() : nullptr;
+    stations::DownloadConversion another({w.folder, fresh, *this, w.worker, w.loop});
+    const auto stamp = w.files.stamp(w.path(L"radios.tt"));
+    w.put(L"seznam.tt", list);
+    const std::size_t reads = w.files.reads(w.path(L"radios.tt"));
+    another.start(list.size(), [this](Conversion answer) { result = answer; });
+    w.loop.advance(0);
+    EXPECT_EQ(std::exchange(result, std::nullopt), Conversion::done);
+    EXPECT_EQ(w.files.reads(w.path(L"radios.tt")) - reads, in_memory ? 0U : 1U);
+    EXPECT_EQ(w.files.stamp(w.path(L"radios.tt")), stamp);
+    EXPECT_EQ(fresh.stations()->line(0), "NOVE01/@/Nov\xe9");
+    EXPECT_EQ(fresh.categories()->size(), 1U);
+    if (in_memory)
+      EXPECT_EQ(fresh.stations(), lines) << "one copy";
+  }
+}
+
+TEST_F(DownloadConversionTest, OnlyTheFileThatDiffersIsReplaced) {
+  start(list);
+  w.loop.advance(0);
+  const auto stations = w.files.stamp(w.path(L"radios.tt"));
+  start("orb:k:new//100001/@/B\r\nNOVE01/@/Nov\xe9\r\n");
+  w.loop.advance(0);
+  EXPECT_EQ(w.files.stamp(w.path(L"radios.tt")), stations);
+  EXPECT_EQ(w.get(L"kategories.tt"), "new//100001/@/B\r\n\r\n");
+  EXPECT_EQ(w.station_files.categories()->at(0).name, L"B");
+  const auto categories = w.files.stamp(w.path(L"kategories.tt"));
+  start("orb:k:new//100001/@/B\r\nNOVE02/@/Nov\xe9\r\n");
+  w.loop.advance(0);
+  EXPECT_EQ(w.files.stamp(w.path(L"kategories.tt")), categories);
+  EXPECT_EQ(w.get(L"radios.tt"), "NOVE02/@/Nov\xe9\r\n\r\n");
+  EXPECT_EQ(w.station_files.stations()->line(0), "NOVE02/@/Nov\xe9");
+}
+
+TEST_F(DownloadConversionTest, AFileThatDiffersAndCannotBeWrittenLeavesBoth) {
+  start(list);
+  w.loop.advance(0);
+  w.files.make_readonly(w.path(L"kategories.tt"));
+  start("orb:k:new//100001/@/B\r\nNOVE01/@/Nov\xe9\r\n");
+  w.loop.advance(0);
+  EXPECT_EQ(result, Conversion::not_written);
+  EXPECT_EQ(w.get(L"kategories.tt"), "new//100001/@/A\r\n\r\n");
+  start("orb:k:new//100001/@/B\r\nNOVE02/@/Nov\xe9\r\n");
+  w.loop.advance(0);
+  EXPECT_EQ(result, Conversion::not_written);
+  EXPECT_EQ(w.get(L"radios.tt"), "NOVE01/@/Nov\xe9\r\n\r\n");
+}
+
+TEST_F(DownloadConversionTest, AnUnchangedListCanBeGivenUpByAnOrder) {
+  start(list);
+  w.loop.advance(0);
+  result.reset();
+  shown.clear();
+  while_shown = [this] { conversion.give_up(); };
+  start(list);
+  w.loop.advance(1000);
+  EXPECT_FALSE(result.has_value());
+  EXPECT_EQ(shown.size(), 1U);
+}
+
 } // namespace
 } // namespace lumotune::test
