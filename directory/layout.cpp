@@ -9,6 +9,8 @@ namespace {
 constexpr int gap = 120;
 constexpr int row = 270;
 constexpr int info_row = 300;
+constexpr int entry_height = 315;
+constexpr int count_width = 1350;
 constexpr int button_width = 1800;
 constexpr int button_height = 375;
 constexpr int progress_width = 1500;
@@ -109,8 +111,19 @@ void Layout::place() {
   const int lists_width = width - details_width - 4 * gap;
   const int tree_width = lists_width * tree_share / 100;
   put(form_.TreeView1, gap, gap, tree_width, lists_bottom - gap);
-  put(form_.ListView1, tree_width + 2 * gap, gap, lists_width - tree_width, lists_bottom - gap);
+  place_list(tree_width + 2 * gap, lists_width - tree_width, lists_bottom);
   place_details(width - details_width - gap, details_width, lists_bottom);
+}
+
+// The entry of the filter takes its room from the list.
+void Layout::place_list(int left, int width, int bottom) {
+  int top = gap;
+  if (form_.Filter.visible()) {
+    put(form_.Filter, left, top, width - count_width - gap, entry_height);
+    put(form_.FilterCount, left + width - count_width, top + 45, count_width, row);
+    top += entry_height + gap / 2;
+  }
+  put(form_.ListView1, left, top, width, bottom - top);
 }
 
 void Layout::place_status(int width, int top) {

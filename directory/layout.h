@@ -41,6 +41,7 @@ private:
   [[nodiscard]] int advert_room() const; // below its top, that the smallest window has
   [[nodiscard]] int advert_top(int inside) const;
   void place_details(int left, int width, int bottom);
+  void place_list(int left, int width, int bottom);
   void place_status(int width, int top);
   [[nodiscard]] bool advert_shown() const;
 

@@ -21,6 +21,7 @@ ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state)
       form_(*window_),
       layout_(form_),
       list_({form_, uses.station_files, uses.folder.codec(), uses.session, uses.favourites}),
+      filter_({form_, layout_, list_}),
       advert_({form_, layout_, advert_state}),
       panel_({form_, layout_, uses.settings, uses.loop, uses.dialogs, uses.shell, uses.folder, uses.sender,
               uses.identity, uses.web}),
@@ -112,6 +113,8 @@ void ListRadios::show() {
 void ListRadios::NajdiIndexRadia(const std::wstring& IDradia) {
   if (!loaded_)
     return;
+  if (list_.filtered_away(IDradia))
+    (void)filter_.close();
   list_.select_station(IDradia);
   details_.show_all();
   details_.NactiInfoRadio();
@@ -152,6 +155,7 @@ void ListRadios::load_pictures() {
 
 void ListRadios::bind_window() {
   window_->on_resize = [this] { layout_.place(); };
+  window_->on_window_key = [this](platform::WindowKey key) { return window_key(key); };
   // Ignore a second close request before destruction.
   window_->on_close = [this] {
     if (closed_)
@@ -165,6 +169,14 @@ void ListRadios::bind_window() {
   form_.InfoPanel.on_mouse_move = [this](const platform::MouseEvent&) { panel_.InfoPanel_MouseMove(); };
   form_.InfoPanel.on_mouse_down = [this](const platform::MouseEvent&) { panel_.InfoPanel_MouseDown(); };
   form_.ImageInPan.on_mouse_move = [this](const platform::MouseEvent&) { panel_.ImageInPan_MouseMove(); };
+}
+
+// Escape closes nothing else here.
+bool ListRadios::window_key(platform::WindowKey key) {
+  if (key == platform::WindowKey::escape)
+    return filter_.close();
+  wait_for_loading([this] { filter_.open(); });
+  return true;
 }
 
 void ListRadios::bind_lists() {

@@ -13,6 +13,7 @@
 #include "directory/actions.h"
 #include "directory/advert.h"
 #include "directory/details.h"
+#include "directory/filter_line.h"
 #include "directory/info_panel.h"
 #include "directory/layout.h"
 #include "directory/list_radios_form.h"
@@ -94,6 +95,7 @@ private:
   void bind_lists();
   void bind_details();
   void bind_window();
+  [[nodiscard]] bool window_key(platform::WindowKey key);
   void ListView1_Click();
   void ListView1_KeyUp();
   [[nodiscard]] std::function<void()> once_loaded(std::function<void()> action); // a handler that waits for the loading
@@ -105,6 +107,7 @@ private:
   ListRadiosForm form_;
   Layout layout_;
   StationList list_;
+  FilterLine filter_;
   Advert advert_;
   InfoPanelLine panel_;
   Details details_;

@@ -12,6 +12,8 @@ using platform::PictureKind;
 ListRadiosForm::ListRadiosForm(platform::FramedWindow& window_made)
     : window(window_made),
       TreeView1(window.make_tree(L"TreeView1")),
+      Filter(window.make_text_entry(L"Filter")),
+      FilterCount(window.make_label(L"FilterCount", LabelKind::text, LabelFont::normal)),
       ListView1(window.make_list_view(L"ListView1")),
       Label2(window.make_label(L"Label2", LabelKind::text, LabelFont::heading)),
       Image3(window.make_picture(L"Image3", PictureKind::button)),

@@ -14,6 +14,8 @@ struct ListRadiosForm {
   platform::FramedWindow& window;
 
   platform::TreeView& TreeView1;    // categories
+  platform::TextEntry& Filter;      // what the shown stations are searched for; hidden until it is asked for
+  platform::Label& FilterCount;     // how many it leaves
   platform::ListView& ListView1;    // stations of the category
   platform::Label& Label2;          // name of the station, heading of the details
   platform::PictureBox& Image3;     // logo: the site's login page

@@ -63,9 +63,46 @@ void StationList::show_rows() {
   uses_.form.ListView1.select(remembered_row_);
 }
 
+void StationList::remember_row() {
+  remembered_row_ = uses_.form.ListView1.selected();
+  hidden_station_.clear();
+}
+
+// The one that the listener thinks of as selected.
+std::wstring StationList::station_in_mind() const {
+  return row_selected() ? selected_id() : hidden_station_;
+}
+
+// A position among filtered rows means nothing for others: the station counts.
+void StationList::select_row_of(const std::wstring& station) {
+  uses_.form.ListView1.rows_changed();
+  const std::size_t row = rows_.find(station);
+  if (row != 0)
+    remembered_row_ = row;
+  hidden_station_ = row == 0 ? station : std::wstring();
+  uses_.form.ListView1.select(row != 0 || rows_.filtered() ? row : remembered_row_);
+}
+
+void StationList::filter(const std::wstring& typed) {
+  const std::wstring station = station_in_mind();
+  rows_.set_filter(typed);
+  select_row_of(station);
+  show_filter_count();
+}
+
+void StationList::show_filter_count() {
+  uses_.form.FilterCount.set_text(
+      rows_.filtered() ? std::to_wstring(rows_.count()) + L" z " + std::to_wstring(rows_.unfiltered_count()) : L"");
+}
+
 void StationList::ZobrazKategoriiRadii(std::wstring& Kategorie) {
+  const std::wstring station = station_in_mind();
   rows_.ZobrazKategoriiRadii(table_.lines(), Kategorie);
-  show_rows();
+  if (rows_.filtered())
+    select_row_of(station);
+  else
+    show_rows();
+  show_filter_count();
   uses_.form.Label1.set_text(L"Zobrazeno " + std::to_wstring(rows_.count()) + L" rádií");
 }
 
@@ -92,6 +129,8 @@ void StationList::reload() {
   ZobrazKategoriiRadii(category);
   if (!selected)
     return;
+  if (rows_.filtered())
+    return select_row_of(station);
   remembered_row_ = rows_.find(station);
   uses_.form.ListView1.select(remembered_row_);
 }

@@ -45,12 +45,15 @@ public:
   // New files are in place: reloads the table, the tree and the stations of the node clicked last (by default the
   // first). Restores the selection by station, not by row; nothing is selected if the station is gone.
   void reload();
+  // Shows only the stations that match what was typed, or all again; the selection follows its station, also back.
+  void filter(const std::wstring& typed);
+  [[nodiscard]] bool filtered_away(const std::wstring& IDradia) const { return rows_.filtered_away(IDradia); }
   // The tree was refilled: re-enables the update and refreshes the main window's favourites.
   void CommandOK();
   // Selects the station if it is shown; otherwise keeps the selection.
   void select_station(const std::wstring& IDradia);
 
-  void remember_row() { remembered_row_ = uses_.form.ListView1.selected(); }
+  void remember_row();
   [[nodiscard]] bool row_selected() const { return uses_.form.ListView1.selected() != 0; }
   [[nodiscard]] std::wstring selected_id() const;   // empty while nothing is selected
   [[nodiscard]] std::wstring selected_text() const; // the row's first column
@@ -61,12 +64,16 @@ public:
 
 private:
   void show_rows();
+  void select_row_of(const std::wstring& station);
+  [[nodiscard]] std::wstring station_in_mind() const;
+  void show_filter_count();
 
   Uses uses_;
   stations::StationTable table_;
   StationRows rows_;
   std::size_t remembered_node_ = 0; // the node clicked last, 0 for none
   std::size_t remembered_row_ = 0;  // the row selected or found last, 0 for none
+  std::wstring hidden_station_;     // was selected when the filter hid it
 };
 
 } // namespace lumotune::directory

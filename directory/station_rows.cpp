@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace lumotune::directory {
 namespace {
@@ -13,6 +14,7 @@ using stations::StationField;
 
 constexpr std::size_t top_level_length = 6; // characters of a category code before the subcategory part
 constexpr std::size_t appended_from = 4;    // the marker's fifth character
+constexpr std::size_t most_words = 20;      // of a filter
 
 std::string_view rest_of(std::string_view text, std::size_t from) {
   return text.substr(std::min(from, text.size()));
@@ -30,14 +32,17 @@ StationRows::StationRows(const platform::AnsiCodec& codec)
     : codec_(codec),
       fold_(codec),
       letters_(letters_of(codec)),
-      keys_(fold_, [this](std::size_t row) { return record(line(row))[StationField::id]; }) {}
+      plain_letters_(codec),
+      keys_(fold_, [this](std::size_t row) { return record(lines_->line(rows_[row - 1]))[StationField::id]; }) {}
 
 stations::StationRecord StationRows::record(std::string_view line) const {
   return {line, codec_};
 }
 
 std::string_view StationRows::line(std::size_t row) const {
-  return row == 0 || row > rows_.size() ? std::string_view() : lines_->line(rows_[row - 1]);
+  if (row == 0 || row > count())
+    return {};
+  return lines_->line(rows_[filtered() ? shown_[row - 1] : row - 1]);
 }
 
 std::wstring StationRows::text(std::size_t row, std::size_t column) const {
@@ -68,18 +73,69 @@ bool StationRows::bold(std::size_t row) const {
 }
 
 std::wstring StationRows::key(std::size_t row) const {
-  if (row == 0 || row > rows_.size())
+  if (row == 0 || row > count())
     return {};
   return L"orb" + record(line(row)).text(StationField::id);
 }
 
-std::size_t StationRows::find(const std::wstring& IDradia) const {
+std::size_t StationRows::find_unfiltered(const std::wstring& IDradia) const {
   const auto id = base::exact_bytes(codec_, IDradia);
   return id.has_value() && !id->empty() ? keys_.find(*id) : 0;
 }
 
+std::size_t StationRows::find(const std::wstring& IDradia) const {
+  const std::size_t row = find_unfiltered(IDradia);
+  if (row == 0 || !filtered())
+    return row;
+  const auto found = std::lower_bound(shown_.begin(), shown_.end(), row - 1);
+  return found == shown_.end() || *found != row - 1 ? 0 : static_cast<std::size_t>(found - shown_.begin()) + 1;
+}
+
+bool StationRows::filtered_away(const std::wstring& IDradia) const {
+  return filtered() && find_unfiltered(IDradia) != 0 && find(IDradia) == 0;
+}
+
+void StationRows::set_filter(const std::wstring& typed) {
+  filter_.reset();
+  Filter wanted;
+  for (const std::wstring& word : base::split_text(typed, L" ", most_words)) {
+    if (word.empty())
+      continue;
+    const auto plain = plain_letters_.of(word);
+    wanted.possible = wanted.possible && plain.has_value();
+    wanted.words.push_back(plain.value_or(std::string()));
+  }
+  if (!wanted.words.empty())
+    filter_ = std::move(wanted);
+  apply_filter();
+}
+
+// The buffer is kept from station to station.
+bool StationRows::passes(std::string_view line, std::string& plain) const {
+  const stations::StationRecord station = record(line);
+  plain.clear();
+  plain_letters_.append(plain, station[StationField::name]);
+  plain_letters_.append(plain, rest_of(station[StationField::marker], appended_from));
+  plain += '\n'; // no word reaches from the name into the country
+  plain_letters_.append(plain, station[StationField::country]);
+  return std::all_of(filter_->words.begin(), filter_->words.end(),
+                     [&](const std::string& word) { return plain.find(word) != std::string::npos; });
+}
+
+void StationRows::apply_filter() {
+  shown_.clear();
+  if (!filtered() || !filter_->possible)
+    return;
+  std::string plain;
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (passes(lines_->line(rows_[i]), plain))
+      shown_.push_back(static_cast<std::uint32_t>(i));
+  }
+}
+
 void StationRows::clear() {
   rows_.clear();
+  shown_.clear();
   keys_.clear();
   lines_.reset();
 }
@@ -98,6 +154,7 @@ void StationRows::fill(const std::shared_ptr<const stations::StationLines>& List
     if (!text.empty() && wanted(record(text)))
       PridejDoSeznamu(i);
   }
+  apply_filter();
 }
 
 void StationRows::begin_all(const std::shared_ptr<const stations::StationLines>& List1) {
@@ -113,7 +170,10 @@ bool StationRows::add_more(std::size_t most_lines) {
     if (!lines_->line(next_line_).empty())
       PridejDoSeznamu(next_line_);
   }
-  return next_line_ == count;
+  const bool complete = next_line_ == count;
+  if (complete)
+    apply_filter();
+  return complete;
 }
 
 void StationRows::show_all(const std::shared_ptr<const stations::StationLines>& List1) {

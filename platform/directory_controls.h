@@ -59,8 +59,23 @@ public:
   // Selects only this row and scrolls it into view; outside 1..count clears the selection. Fires nothing.
   virtual void select(std::size_t index) = 0;
 
+  virtual void take_keyboard() = 0; // the focus, if it can be reached and its window is active
+
   std::function<void()> on_key_up;           // any key released, after it has moved the selection
   std::function<void(wchar_t)> on_key_press; // a typed character, 13 for Enter
+};
+
+// One line of text that the user edits.
+class TextEntry : public Control {
+public:
+  static constexpr std::size_t max_typed = 200; // characters; the user can type and paste no more
+
+  virtual void set_cue(const std::wstring& cue) = 0; // shown in grey while there is no text
+  [[nodiscard]] virtual std::wstring cue() const = 0;
+  virtual void take_keyboard() = 0; // the focus, as for a list, and its text is selected
+
+  std::function<void()> on_change; // the user changed the text
+  std::function<void()> on_enter;  // Enter, or the down arrow
 };
 
 // Read-only multi-line text that can be selected and copied.

@@ -11,6 +11,12 @@
 
 namespace lumotune::platform {
 
+// Keys of the window, whichever of its controls has the focus.
+enum class WindowKey {
+  find, // Ctrl+F
+  escape
+};
+
 // Created hidden. User-interface thread, handlers too. The controls live as long as the window; each carries the window
 // property "<window name>.<designer name>", the window itself "<window name>.Form". Text uses the system's message
 // font. Tab follows reading order by position; arrow keys work as in the system's controls.
@@ -30,6 +36,7 @@ public:
   [[nodiscard]] virtual Button& make_button(const std::wstring& designer_name) = 0;
   [[nodiscard]] virtual PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) = 0;
   [[nodiscard]] virtual TextBox& make_text_box(const std::wstring& designer_name) = 0;
+  [[nodiscard]] virtual TextEntry& make_text_entry(const std::wstring& designer_name) = 0;
   [[nodiscard]] virtual ProgressBar& make_progress(const std::wstring& designer_name) = 0;
   [[nodiscard]] virtual Frame& make_frame(const std::wstring& designer_name) = 0;
   [[nodiscard]] virtual Browser& make_browser(const std::wstring& designer_name) = 0;
@@ -52,6 +59,8 @@ public:
 
   std::function<void()> on_resize; // the client area's size or resolution changed: lay out the controls again
   std::function<void()> on_close;  // the user closes it; nothing is destroyed automatically
+  // Before the focused control gets the key. True when it is used up.
+  std::function<bool(WindowKey)> on_window_key;
 };
 
 // Creates framed windows. Destroy them only from the top level of the loop, never inside one of their handlers.

@@ -119,6 +119,18 @@ bool ListView::user_arrow(std::size_t index) {
   return fire(on_key_up);
 }
 
+bool TextEntry::user_writes(const std::wstring& text) {
+  if (!has_keyboard())
+    return false;
+  const std::wstring before = this->text();
+  set_text(text.substr(0, max_typed));
+  return before != this->text() && fire(on_change);
+}
+
+bool TextEntry::user_enter() {
+  return has_keyboard() && fire(on_enter);
+}
+
 bool ListView::user_type(wchar_t character) {
   return has_keyboard() && fire(on_key_press, character);
 }
@@ -151,6 +163,10 @@ platform::PictureBox& FramedWindow::make_picture(const std::wstring& designer_na
 
 platform::TextBox& FramedWindow::make_text_box(const std::wstring& designer_name) {
   return make_stop<TextBox>(designer_name);
+}
+
+platform::TextEntry& FramedWindow::make_text_entry(const std::wstring& designer_name) {
+  return make_stop<TextEntry>(designer_name);
 }
 
 platform::ProgressBar& FramedWindow::make_progress(const std::wstring& designer_name) {
@@ -284,6 +300,11 @@ void FramedWindow::user_resize(int width, int height) {
 void FramedWindow::user_close() {
   if (const auto copy = on_close)
     copy();
+}
+
+bool FramedWindow::user_key(WindowKey key) {
+  const auto copy = on_window_key;
+  return keyboard_.active() && copy && copy(key);
 }
 
 std::unique_ptr<platform::FramedWindow> FramedWindowMaker::make(const std::wstring& name) {

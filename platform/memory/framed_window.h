@@ -54,6 +54,7 @@ public:
   void rows_changed() override;
   [[nodiscard]] std::size_t selected() const override { return selected_ <= count() ? selected_ : 0; }
   void select(std::size_t index) override;
+  void take_keyboard() override { take_focus(); }
   [[nodiscard]] std::size_t count() const { return rows_ == nullptr ? 0 : std::min(told_, rows_->count()); }
   [[nodiscard]] std::wstring cell(std::size_t row, std::size_t column) const;
   [[nodiscard]] const std::vector<Column>& columns() const { return columns_; }
@@ -70,6 +71,20 @@ private:
   std::size_t told_ = 0; // number of rows at the last rows_changed: the list asks its model for no more
   std::vector<Column> columns_;
   std::size_t selected_ = 0;
+};
+
+class TextEntry final : public ControlOf<platform::TextEntry> {
+public:
+  using ControlOf::ControlOf;
+  void set_cue(const std::wstring& cue) override { cue_ = cue; }
+  [[nodiscard]] std::wstring cue() const override { return cue_; }
+  void take_keyboard() override { take_focus(); }
+
+  bool user_writes(const std::wstring& text); // replaces what is there
+  bool user_enter();
+
+private:
+  std::wstring cue_;
 };
 
 class TextBox final : public ControlOf<platform::TextBox> {
@@ -111,6 +126,7 @@ public:
   [[nodiscard]] platform::Button& make_button(const std::wstring& designer_name) override;
   [[nodiscard]] platform::PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
   [[nodiscard]] platform::TextBox& make_text_box(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::TextEntry& make_text_entry(const std::wstring& designer_name) override;
   [[nodiscard]] platform::ProgressBar& make_progress(const std::wstring& designer_name) override;
   [[nodiscard]] platform::Frame& make_frame(const std::wstring& designer_name) override;
   [[nodiscard]] platform::Browser& make_browser(const std::wstring& designer_name) override;
@@ -155,6 +171,7 @@ public:
   [[nodiscard]] std::wstring keyboard_at() const { return keyboard_.at() == nullptr ? L"" : keyboard_.at()->name(); }
   void user_resize(int width, int height);
   void user_close();
+  bool user_key(WindowKey key); // whether it was used up
 
   // The system's minimum window size in twips, and the only monitor, with and without the task bar.
   static constexpr int system_minimum_width = 136 * 15;

@@ -62,6 +62,11 @@ void Keyboard::pressed(const Control& stop) {
     awaited_ = stand_in_ = nullptr;
 }
 
+void Keyboard::take(const Control& stop) {
+  if (active_ && seen_ && reachable(stop))
+    pressed(stop);
+}
+
 void Keyboard::leave(const Control& control) {
   if (awaited_ == nullptr || &control != stand_in_)
     awaited_ = &control;

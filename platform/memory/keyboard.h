@@ -29,6 +29,7 @@ public:
   [[nodiscard]] bool seen() const { return seen_; }
   void tab(bool back);
   void pressed(const Control& stop);          // by the mouse, which also activates the window
+  void take(const Control& stop);             // by the program: only if it is reachable and the window active
   void reach_changed(const Control& control); // it was shown, hidden, enabled or disabled
   void resized(const Control& control, bool to_something);
 

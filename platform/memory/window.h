@@ -82,6 +82,11 @@ protected:
       keyboard_->pressed(*this);
     return true;
   }
+  void take_focus() {
+    thread_.check();
+    if (keyboard_ != nullptr)
+      keyboard_->take(*this);
+  }
   [[nodiscard]] bool has_keyboard() const { return keyboard_ == nullptr || keyboard_->at() == this; }
   // The handler is copied first, because it may replace itself.
   template <typename Handler, typename... Arguments>

@@ -131,6 +131,14 @@ void ChildWindow::enable(bool enabled) {
     surface_.keyboard_may_return(window_);
 }
 
+// The active window of the thread alone: the focus of another program is not taken.
+void ChildWindow::take_focus() {
+  surface_.check_thread();
+  if (shown_ && sized_ && IsWindowVisible(window_) != 0 && IsWindowEnabled(window_) != 0 &&
+      GetActiveWindow() == surface_.handle())
+    SetFocus(window_);
+}
+
 // Hidden controls are placed when first shown.
 void ChildWindow::settle() {
   if (!shown_ || std::exchange(settled_, true))

@@ -76,6 +76,7 @@ protected:
   [[nodiscard]] virtual bool menu_key_pressed() = 0; // whether somebody listens
   void show(bool visible);
   void enable(bool enabled);
+  void take_focus(); // if the user can reach it and its window is active
   void apply_place();
   void reach_changed(bool within); // whether the user can reach it
   void redraw();                   // and what lies over it

@@ -56,6 +56,8 @@ bool ControlHost::filter(MSG& message) {
 }
 
 bool ControlHost::key_down(MSG& message) {
+  if (window_key(message))
+    return true;
   ChildWindow* child = child_of(GetFocus());
   if (message.wParam == VK_RETURN) {
     if (child != nullptr && child->takes_enter())

@@ -6,6 +6,7 @@
 #include "platform/win32/frame.h"
 #include "platform/win32/list_view.h"
 #include "platform/win32/text_box.h"
+#include "platform/win32/text_entry.h"
 #include "platform/win32/tree_view.h"
 
 #include <algorithm>
@@ -99,6 +100,10 @@ platform::TextBox& FramedWindow::make_text_box(const std::wstring& designer_name
   return make_control<TextBox>(designer_name);
 }
 
+platform::TextEntry& FramedWindow::make_text_entry(const std::wstring& designer_name) {
+  return make_control<TextEntry>(designer_name);
+}
+
 platform::ProgressBar& FramedWindow::make_progress(const std::wstring& designer_name) {
   return make_control<ProgressBar>(designer_name);
 }
@@ -147,6 +152,20 @@ LRESULT FramedWindow::handle_message(UINT message, WPARAM w, LPARAM l) {
   default:
     return DefWindowProcW(window_, message, w, l);
   }
+}
+
+// Ctrl with Alt is AltGr, which types letters.
+bool FramedWindow::window_key(const MSG& message) {
+  const auto held = [](int key) { return GetKeyState(key) < 0; };
+  std::optional<WindowKey> key;
+  if (message.wParam == 'F' && held(VK_CONTROL) && !held(VK_MENU) && !held(VK_SHIFT))
+    key = WindowKey::find;
+  else if (message.wParam == VK_ESCAPE && !held(VK_CONTROL) && !held(VK_SHIFT))
+    key = WindowKey::escape;
+  bool used = false;
+  if (const auto copy = on_window_key; key && copy)
+    caught().guard([&] { used = copy(*key); });
+  return used;
 }
 
 void FramedWindow::draw_ground(HDC target, const RECT& area) {

@@ -27,6 +27,7 @@ public:
   [[nodiscard]] platform::Button& make_button(const std::wstring& designer_name) override;
   [[nodiscard]] platform::PictureBox& make_picture(const std::wstring& designer_name, PictureKind kind) override;
   [[nodiscard]] platform::TextBox& make_text_box(const std::wstring& designer_name) override;
+  [[nodiscard]] platform::TextEntry& make_text_entry(const std::wstring& designer_name) override;
   [[nodiscard]] platform::ProgressBar& make_progress(const std::wstring& designer_name) override;
   [[nodiscard]] platform::Frame& make_frame(const std::wstring& designer_name) override;
   [[nodiscard]] platform::Browser& make_browser(const std::wstring& designer_name) override;
@@ -62,6 +63,7 @@ private:
   void draw_ground(HDC target, const RECT& area) override;
   [[nodiscard]] COLORREF label_colour(LabelKind kind, bool enabled) const override;
   void fonts_changed() override { fire(on_resize); }
+  [[nodiscard]] bool window_key(const MSG& message) override;
 
   std::wstring caption_;
   RECT normal_{}; // pixels of the desktop, where it was last in its normal state

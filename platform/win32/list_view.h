@@ -21,6 +21,7 @@ public:
   void rows_changed() override;
   [[nodiscard]] std::size_t selected() const override;
   void select(std::size_t index) override;
+  void take_keyboard() override { take_focus(); }
   void dpi_changed() override;
   [[nodiscard]] bool takes_enter() const override { return true; }
   [[nodiscard]] bool asked(NMHDR& header, LRESULT& result) override;

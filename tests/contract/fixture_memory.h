@@ -75,6 +75,14 @@ struct Backend {
   void arrow(platform::FramedWindow& /*framed*/, platform::TreeView& tree) {
     (void)dynamic_cast<platform::memory::TreeView&>(tree).user_arrow(tree.selected() + 1);
   }
+  // Keys where the keyboard is: letters over what is selected there, Enter, a key of the window.
+  void write(platform::FramedWindow& /*framed*/, platform::TextEntry& entry, const std::wstring& text) {
+    (void)dynamic_cast<platform::memory::TextEntry&>(entry).user_writes(text);
+  }
+  void enter(platform::FramedWindow& /*framed*/, platform::TextEntry& entry) {
+    (void)dynamic_cast<platform::memory::TextEntry&>(entry).user_enter();
+  }
+  void window_key(platform::FramedWindow& framed, platform::WindowKey key) { (void)twin(framed).user_key(key); }
   // How often screen readers are told of that label by the work.
   template <typename Work>
   [[nodiscard]] std::size_t announced(platform::FramedWindow& /*framed*/, platform::Label& label, const Work& work) {

@@ -177,6 +177,31 @@ struct Backend {
       pass(20);
     }
   }
+  // Keys where the keyboard is: letters over what is selected there, Enter, a key of the window.
+  void write(platform::FramedWindow& /*framed*/, platform::TextEntry& /*entry*/, const std::wstring& text) {
+    SendMessageW(GetFocus(), EM_SETSEL, 0, -1);
+    if (text.empty())
+      PostMessageW(GetFocus(), WM_KEYDOWN, VK_DELETE, 1);
+    for (const wchar_t letter : text)
+      PostMessageW(GetFocus(), WM_CHAR, letter, 1);
+    loop.run_pending();
+  }
+  void enter(platform::FramedWindow& /*framed*/, platform::TextEntry& /*entry*/) {
+    PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 1);
+    loop.run_pending();
+  }
+  void window_key(platform::FramedWindow& /*framed*/, platform::WindowKey key) {
+    BYTE keys[256];
+    GetKeyboardState(keys);
+    const bool find = key == platform::WindowKey::find;
+    keys[VK_CONTROL] = find ? 0x80 : 0;
+    SetKeyboardState(keys);
+    if (GetFocus() != nullptr)
+      PostMessageW(GetFocus(), WM_KEYDOWN, find ? 'F' : VK_ESCAPE, 1);
+    loop.run_pending();
+    keys[VK_CONTROL] = 0;
+    SetKeyboardState(keys);
+  }
   // How often screen readers are told of that label by the work.
   template <typename Work>
   [[nodiscard]] std::size_t announced(platform::FramedWindow& framed, const platform::Label& label, const Work& work) {

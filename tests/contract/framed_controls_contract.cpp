@@ -31,14 +31,15 @@ TEST_F(FramedControlsContract, EveryControlHasItsNameAndIsSeen) {
                                          &window->make_text_box(L"F"),
                                          &window->make_progress(L"G"),
                                          &window->make_frame(L"H"),
-                                         &window->make_browser(L"I")};
+                                         &window->make_browser(L"I"),
+                                         &window->make_text_entry(L"J")};
   std::wstring names;
   for (const auto* control : controls) {
     names += control->name();
     EXPECT_TRUE(control->visible());
     EXPECT_TRUE(control->enabled());
   }
-  EXPECT_EQ(names, L"ABCDEFGHI");
+  EXPECT_EQ(names, L"ABCDEFGHIJ");
 }
 
 TEST_F(FramedControlsContract, EveryControlKeepsWhatItIsGiven) {
@@ -51,6 +52,7 @@ TEST_F(FramedControlsContract, EveryControlKeepsWhatItIsGiven) {
                                    &window->make_frame(L"H"),
                                    &window->make_browser(L"I"),
                                    &window->make_label(L"J", LabelKind::link, {}),
+                                   &window->make_text_entry(L"K"),
                                    &window->make_picture(L"E", PictureKind::decoration)};
   for (auto* control : controls) {
     control->move(150, 300);

@@ -38,6 +38,7 @@ TEST_F(Win32FramedWindowTest, EveryControlIsAChildOfASystemClassWithItsProperty)
       {&window->make_button(L"Command1"), L"Button"},
       {&window->make_picture(L"Image3", PictureKind::button), L"Button"},
       {&window->make_text_box(L"Text1"), L"Edit"},
+      {&window->make_text_entry(L"Filter"), L"Edit"},
       {&window->make_progress(L"Progress"), L"msctls_progress32"},
       {&window->make_frame(L"Frame1"), L"Button"}};
   for (const auto& [control, name] : controls) {
