@@ -7,12 +7,15 @@ namespace lumotune::base {
 
 // A timer, and not posted work: posted messages would come before input and drawing.
 SteppedWork::SteppedWork(platform::EventLoop& loop)
-    : loop_(loop), next_turn_(loop.make_timer(1, [this] { take_turn(); })) {}
+    : loop_(loop), next_turn_(loop.make_timer(1, [this] { take_turn(loop_.tick_count_ms()); })) {}
 
-void SteppedWork::start(std::vector<Step> steps, std::function<void()> done) {
+void SteppedWork::start(std::vector<Step> steps, std::function<void()> done, std::uint32_t begun_ms) {
   give_up();
   work_ = std::make_shared<Work>(Work{std::move(steps), std::move(done)});
-  take_turn();
+  if (loop_.tick_count_ms() - begun_ms < turn_ms)
+    take_turn(begun_ms);
+  else
+    next_turn_->start();
 }
 
 void SteppedWork::give_up() {
@@ -20,14 +23,14 @@ void SteppedWork::give_up() {
   next_turn_->stop();
 }
 
-// A step that runs events may see the work given up or replaced.
-void SteppedWork::take_turn() {
+// At least one piece a turn, however slow the machine. A step that runs events may see the work given up or replaced.
+void SteppedWork::take_turn(std::uint32_t begun_ms) {
   const auto work = work_;
   if (!work || work->in_turn)
     return;
   next_turn_->stop();
   work->in_turn = true;
-  do_steps(work);
+  do_steps(work, begun_ms);
   work->in_turn = false;
   if (work != work_)
     return;
@@ -39,12 +42,11 @@ void SteppedWork::take_turn() {
   work->done();
 }
 
-void SteppedWork::do_steps(const std::shared_ptr<Work>& work) {
-  const std::uint32_t begun = loop_.tick_count_ms();
+void SteppedWork::do_steps(const std::shared_ptr<Work>& work, std::uint32_t begun_ms) {
   while (work == work_ && !loop_.quitting() && work->next < work->steps.size()) {
     if (work->steps[work->next]())
       ++work->next;
-    if (loop_.tick_count_ms() - begun >= turn_ms)
+    if (loop_.tick_count_ms() - begun_ms >= turn_ms)
       return;
   }
 }

@@ -22,10 +22,10 @@ public:
 
   explicit SteppedWork(platform::EventLoop& loop);
 
-  // Takes the first turn at once and the others from timer ticks, which come after input and drawing; boxes, menus and
-  // waits do not hold them up. `done` follows the last step in its turn. Nothing more runs once the program ends.
-  // Gives up earlier work.
-  void start(std::vector<Step> steps, std::function<void()> done);
+  // The first turn is the rest of one that the caller began at that tick; nothing of it, if it is used up. The others
+  // come from timer ticks, after input and drawing; boxes, menus and waits do not hold them up. `done` follows the last
+  // step in its turn. Nothing more runs once the program ends. Gives up earlier work.
+  void start(std::vector<Step> steps, std::function<void()> done, std::uint32_t begun_ms);
   void give_up(); // no further step, no `done`
   [[nodiscard]] bool running() const { return work_ != nullptr; }
 
@@ -36,8 +36,8 @@ private:
     std::size_t next = 0;
     bool in_turn = false;
   };
-  void take_turn();
-  void do_steps(const std::shared_ptr<Work>& work);
+  void take_turn(std::uint32_t begun_ms);
+  void do_steps(const std::shared_ptr<Work>& work, std::uint32_t begun_ms);
 
   platform::EventLoop& loop_;
   std::shared_ptr<Work> work_;

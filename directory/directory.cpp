@@ -6,22 +6,17 @@ namespace lumotune::directory {
 Directory::Directory(const DirectoryUses& uses) : uses_(uses) {}
 
 void Directory::Naladit() {
-  const bool fresh = !ListRadios_;
-  if (fresh) {
-    ListRadios_ = std::make_unique<ListRadios>(uses_, advert_state_);
+  if (!ListRadios_) {
+    const std::uint32_t begun = uses_.loop.tick_count_ms();
+    ListRadios_ = std::make_unique<ListRadios>(uses_, advert_state_, kept_view_);
     ListRadios_->on_unload = [this] { forget(); };
-    if (!ListRadios_->Form_Load())
-      return;
-  }
-  ListRadios* const shown = ListRadios_.get();
-  shown->show();
-  // Bringing it to the front delivers messages sent by other programs: it may be closed by now, or another one open.
-  if (ListRadios_.get() != shown)
+    (void)ListRadios_->Form_Load(begun); // where it fails, the program ends
     return;
-  if (fresh)
-    shown->load();
-  else
-    shown->NajdiIndexRadia(uses_.settings.IDlastRadio);
+  }
+  ListRadios_->show();
+  // Bringing it to the front delivers messages sent by other programs: the user may have closed it by now.
+  if (ListRadios_)
+    ListRadios_->NajdiIndexRadia(uses_.settings.IDlastRadio);
 }
 
 // One of its own procedures may be on the stack, waiting: destroy it from the top of the loop.

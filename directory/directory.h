@@ -26,6 +26,7 @@ private:
 
   DirectoryUses uses_;
   AdvertState advert_state_;
+  KeptView kept_view_;
   std::unique_ptr<ListRadios> ListRadios_;
   std::vector<std::unique_ptr<ListRadios>> closed_;
   std::unique_ptr<platform::TopLevelWork> destroy_closed_;

@@ -9,7 +9,8 @@ FilterLine::FilterLine(const Uses& uses) : uses_(uses) {
   uses_.form.FilterCount.set_visible(false);
   entry.set_cue(L"Hledat název nebo zemi");
   entry.set_tooltip(L"Esc zobrazí zase všechna rádia");
-  entry.on_change = [this] { uses_.list.filter(uses_.form.Filter.text()); };
+  // Other programs can set longer texts than a user can type.
+  entry.on_change = [this] { uses_.list.filter(uses_.form.Filter.text().substr(0, platform::TextEntry::max_typed)); };
   entry.on_enter = [this] { uses_.form.ListView1.take_keyboard(); };
 }
 

@@ -15,8 +15,9 @@ constexpr std::size_t most_waiting = 100; // actions; other programs can send cl
 
 } // namespace
 
-ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state)
+ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state, KeptView& kept_view)
     : uses_(uses),
+      kept_view_(kept_view),
       window_(uses.windows.make(window_name)),
       form_(*window_),
       layout_(form_),
@@ -38,6 +39,7 @@ ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state)
   form_.ImageInPan.set_visible(false);
   form_.Progress.set_visible(false);
   layout_.set_up();
+  take_place();
   bind_window();
   bind_lists();
   bind_details();
@@ -45,29 +47,55 @@ ListRadios::ListRadios(const DirectoryUses& uses, AdvertState& advert_state)
 
 ListRadios::~ListRadios() = default;
 
-bool ListRadios::Form_Load() {
+// Showing the window delivers messages sent by other programs: it may be closed by then, which gives the rest up.
+bool ListRadios::Form_Load(std::uint32_t begun_ms) {
   if (uses_.machine.previous_instance()) {
     uses_.loop.quit();
     return false;
   }
   list_.make_columns();
+  list_.set_open_categories(kept_view_.open_categories);
+  load(begun_ms);
   return true;
 }
 
-void ListRadios::load() {
+void ListRadios::take_place() {
+  if (!kept_view_.place)
+    return;
+  window_->move(kept_view_.place->left, kept_view_.place->top);
+  window_->resize(kept_view_.place->width, kept_view_.place->height);
+  layout_.place();
+}
+
+// A tree that is not filled yet has nothing open.
+void ListRadios::keep_view() {
+  kept_view_.place = window_->rect();
+  if (loaded_)
+    kept_view_.open_categories = list_.open_categories();
+}
+
+// Opening the window starts an update, whatever became of the last one.
+void ListRadios::say_what_to_do() {
+  const bool connected = uses_.connection.state().connected;
+  list_.set_no_stations_text(connected ? L"Seznam rádií se stahuje, za chvíli bude tady. Pokud ne, otevřete okno znovu."
+                                       : L"Nejste připojeni k internetu. Připojte se a otevřete okno znovu.");
+}
+
+void ListRadios::load(std::uint32_t begun_ms) {
   const auto whole = [](auto step) {
     return [step] {
       step();
       return true;
     };
   };
-  loading_.start({whole([this] { list_.NactiKategorie(); }), whole([this] { LoadOptions(); }),
-                  // without the file, keep the values read at start
-                  whole([this] { (void)uses_.identity.LoadOptionsLodin(); }), whole([this] { list_.begin_listing(); }),
-                  [this] { return list_.list_more(); }, whole([this] { list_.end_listing(); }),
-                  whole([this] { updater_.LoadAktualizaceRadii(); }),
-                  whole([this] { updater_.watch_for_categories(); }), whole([this] { list_.index_table(); })},
-                 [this] { loaded(); });
+  loading_.start(
+      {whole([this] { show(); }), whole([this] { list_.NactiKategorie(); }), whole([this] { LoadOptions(); }),
+       // without the file, keep the values read at start
+       whole([this] { (void)uses_.identity.LoadOptionsLodin(); }), whole([this] { say_what_to_do(); }),
+       whole([this] { list_.begin_listing(); }), [this] { return list_.list_more(); },
+       whole([this] { list_.end_listing(); }), whole([this] { updater_.LoadAktualizaceRadii(); }),
+       whole([this] { updater_.watch_for_categories(); }), whole([this] { list_.index_table(); })},
+      [this] { loaded(); }, begun_ms);
 }
 
 // A waiting action may open a box, and the window be closed meanwhile.
@@ -95,6 +123,7 @@ std::function<void()> ListRadios::once_loaded(std::function<void()> action) {
 
 void ListRadios::Form_Unload() {
   closed_ = true;
+  keep_view();
   loading_.give_up();
   updater_.close();
   panel_.close();

@@ -28,12 +28,20 @@
 #include "stations/station_files.h"
 #include "stations/station_lookup.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace lumotune::directory {
+
+// What the window takes over from the one before, as long as the program runs.
+struct KeptView {
+  std::optional<platform::TwipsRect> place; // where the last one was, and how large
+  std::vector<std::wstring> open_categories;
+};
 
 // What the directory is built on; everything outlives it.
 struct DirectoryUses {
@@ -62,18 +70,15 @@ struct DirectoryUses {
 // User-interface thread. Destroy only from the top of the loop: its procedures run nested loops.
 class ListRadios final : public stations::ConversionPort {
 public:
-  ListRadios(const DirectoryUses& uses, AdvertState& advert_state);
+  ListRadios(const DirectoryUses& uses, AdvertState& advert_state, KeptView& kept_view);
   ListRadios(const ListRadios&) = delete;
   ListRadios& operator=(const ListRadios&) = delete;
   ~ListRadios() override;
 
-  // The first part, before the window is shown. False when another copy of the program runs already: then the program
-  // ends.
-  [[nodiscard]] bool Form_Load();
-  // The rest, once it is shown: loads files, tree and list, starts an update and selects the tuned station. Done at
-  // once if that takes a few milliseconds, and else in turns; what the user asks of the window meanwhile is done after
-  // it.
-  void load();
+  // Shows the window, loads files, tree and list, starts an update and selects the tuned station. Done at once if that
+  // takes a few milliseconds from that tick on, and else in turns; what the user asks of the window meanwhile is done
+  // after it. False when another copy of the program runs already: then the program ends.
+  [[nodiscard]] bool Form_Load(std::uint32_t begun_ms);
   void Form_Unload(); // hides the window and abandons what runs
   void show();        // restores it if minimised and brings it to the front
   // Selects a station and shows its details, if it is among the rows. Does nothing while the window loads: that ends
@@ -89,9 +94,13 @@ public:
   void orders_end() override;
 
 private:
+  void load(std::uint32_t begun_ms);
   void LoadOptions(); // the server address
   void set_texts();
   void load_pictures();
+  void take_place();
+  void keep_view();
+  void say_what_to_do();
   void bind_lists();
   void bind_details();
   void bind_window();
@@ -103,6 +112,7 @@ private:
   void loaded();
 
   DirectoryUses uses_;
+  KeptView& kept_view_;
   std::unique_ptr<platform::FramedWindow> window_;
   ListRadiosForm form_;
   Layout layout_;

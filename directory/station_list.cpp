@@ -4,6 +4,9 @@
 #include "base/text.h"
 #include "stations/categories.h"
 
+#include <string_view>
+#include <unordered_set>
+
 namespace lumotune::directory {
 namespace {
 
@@ -27,11 +30,33 @@ void StationList::make_columns() {
 
 void StationList::NactiKategorie() {
   auto& tree = uses_.form.TreeView1;
+  if (tree.count() != 0)
+    open_categories_ = open_categories();
   tree.clear();
   const auto nodes = uses_.station_files.categories(); // a file that cannot be read is an empty one
   for (const stations::CategoryNode& node : *nodes)
     (void)tree.add(node.key, node.parent_key, node.name); // a refused node is left out
+  expand_categories();
   tree.select(remembered_node_);
+}
+
+std::vector<std::wstring> StationList::open_categories() const {
+  const auto& tree = uses_.form.TreeView1;
+  std::vector<std::wstring> keys;
+  for (std::size_t node = 1; node <= tree.count(); ++node) {
+    if (tree.expanded(node))
+      keys.push_back(tree.key(node));
+  }
+  return keys;
+}
+
+void StationList::expand_categories() {
+  auto& tree = uses_.form.TreeView1;
+  const std::unordered_set<std::wstring> open(open_categories_.begin(), open_categories_.end());
+  for (std::size_t node = 1; !open.empty() && node <= tree.count(); ++node) {
+    if (open.contains(tree.key(node)))
+      tree.expand(node);
+  }
 }
 
 void StationList::NactiRadia(bool& OnlyMemory) {
@@ -58,7 +83,17 @@ bool StationList::list_more() {
   return rows_.add_more(listed_at_once);
 }
 
+void StationList::set_empty_text() {
+  const auto lines = table_.lines();
+  const bool none = !lines || lines->bytes().find_first_not_of("\r\n") == std::string_view::npos;
+  uses_.form.ListView1.set_empty_text(none ? no_stations_text_
+                                      : rows_.filtered()
+                                          ? L"Hledání nic neodpovídá. Esc zobrazí zase všechna rádia."
+                                          : L"V této kategorii žádná rádia nejsou. Vyberte vlevo jinou.");
+}
+
 void StationList::show_rows() {
+  set_empty_text();
   uses_.form.ListView1.rows_changed();
   uses_.form.ListView1.select(remembered_row_);
 }
@@ -75,6 +110,7 @@ std::wstring StationList::station_in_mind() const {
 
 // A position among filtered rows means nothing for others: the station counts.
 void StationList::select_row_of(const std::wstring& station) {
+  set_empty_text();
   uses_.form.ListView1.rows_changed();
   const std::size_t row = rows_.find(station);
   if (row != 0)
@@ -91,8 +127,9 @@ void StationList::filter(const std::wstring& typed) {
 }
 
 void StationList::show_filter_count() {
-  uses_.form.FilterCount.set_text(
-      rows_.filtered() ? std::to_wstring(rows_.count()) + L" z " + std::to_wstring(rows_.unfiltered_count()) : L"");
+  const std::size_t left = rows_.count();
+  const std::size_t all = rows_.unfiltered_count();
+  uses_.form.FilterCount.set_text(rows_.filtered() ? std::to_wstring(left) + L" z " + std::to_wstring(all) : L"");
 }
 
 void StationList::ZobrazKategoriiRadii(std::wstring& Kategorie) {

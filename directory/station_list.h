@@ -12,6 +12,8 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace lumotune::directory {
 
@@ -31,7 +33,12 @@ public:
   ~StationList();
 
   void make_columns();
-  void NactiKategorie();             // fills the tree from kategories.tt
+  // What the empty list says while there are no stations at all.
+  void set_no_stations_text(const std::wstring& text) { no_stations_text_ = text; }
+  // The keys of the categories whose subcategories are shown; and those that the next NactiKategorie opens.
+  [[nodiscard]] std::vector<std::wstring> open_categories() const;
+  void set_open_categories(std::vector<std::wstring> keys) { open_categories_ = std::move(keys); }
+  void NactiKategorie();             // fills the tree from kategories.tt; what was open is open again
   void NactiRadia(bool& OnlyMemory); // fills the table from radios.tt and, unless OnlyMemory, lists every station
   // NactiRadia with OnlyMemory false in pieces: `begin_listing`, `list_more` until it returns true, `end_listing`. The
   // window shows no rows before the end.
@@ -67,6 +74,8 @@ private:
   void select_row_of(const std::wstring& station);
   [[nodiscard]] std::wstring station_in_mind() const;
   void show_filter_count();
+  void set_empty_text();
+  void expand_categories();
 
   Uses uses_;
   stations::StationTable table_;
@@ -74,6 +83,8 @@ private:
   std::size_t remembered_node_ = 0; // the node clicked last, 0 for none
   std::size_t remembered_row_ = 0;  // the row selected or found last, 0 for none
   std::wstring hidden_station_;     // was selected when the filter hid it
+  std::wstring no_stations_text_;
+  std::vector<std::wstring> open_categories_;
 };
 
 } // namespace lumotune::directory

@@ -22,6 +22,9 @@ public:
   [[nodiscard]] virtual std::wstring key(std::size_t index) const = 0;       // empty outside 1..count
   [[nodiscard]] virtual std::wstring node_text(std::size_t index) const = 0; // likewise
   [[nodiscard]] virtual std::size_t selected() const = 0;
+  // Whether the nodes below it are shown; never for a node without any.
+  [[nodiscard]] virtual bool expanded(std::size_t index) const = 0;
+  virtual void expand(std::size_t index) = 0; // does nothing outside 1..count. Fires nothing.
   // Selects the node and scrolls it into view, expanding its parents; does nothing outside 1..count. Fires nothing.
   virtual void select(std::size_t index) = 0;
 
@@ -48,7 +51,8 @@ public:
   [[nodiscard]] virtual bool bold(std::size_t row) const = 0;
 };
 
-// Rows in columns (report view) over a model that is not copied. on_click: left or right button on a row, after the row
+// Rows in columns (report view) over a model that is not copied. A double click on the divider right of a column's
+// caption makes the column as wide as its caption and the rows in sight need. on_click: left or right button on a row, after the row
 // was selected; on_mouse_down fires before it with the button. on_double_click: on a row only.
 class ListView : public Control {
 public:
@@ -60,6 +64,9 @@ public:
   virtual void select(std::size_t index) = 0;
 
   virtual void take_keyboard() = 0; // the focus, if it can be reached and its window is active
+  // Shown in grey where the rows would be while there are none.
+  virtual void set_empty_text(const std::wstring& text) = 0;
+  [[nodiscard]] virtual std::wstring empty_text() const = 0;
 
   std::function<void()> on_key_up;           // any key released, after it has moved the selection
   std::function<void(wchar_t)> on_key_press; // a typed character, 13 for Enter

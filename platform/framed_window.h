@@ -51,7 +51,9 @@ public:
   // The outer size, including frame and caption, clamped between the minimum size and the monitor's work area. The
   // window is kept entirely on its monitor if possible. A minimised or maximised window takes the size when restored.
   virtual void resize(int width, int height) = 0;
-  [[nodiscard]] virtual TwipsRect rect() const = 0;
+  // The upper left corner in the normal state; showing brings the window into view.
+  virtual void move(int left, int top) = 0;
+  [[nodiscard]] virtual TwipsRect rect() const = 0; // in the normal state, whatever the state
   virtual void set_minimum(int width, int height) = 0; // minimum outer size, for the user and the program
   [[nodiscard]] virtual int client_width() const = 0;  // 0 while minimised
   [[nodiscard]] virtual int client_height() const = 0;

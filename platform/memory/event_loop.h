@@ -57,7 +57,8 @@ public:
 
   // The duration of one pass of a wait, in milliseconds.
   void set_wait_step(std::uint32_t ms) { wait_step_ = ms; }
-  // How far the clock moves whenever somebody looks at it: a machine that needs that long for the work between two looks.
+  // How far the clock moves whenever somebody looks at it: a machine that needs that long for the work between two
+  // looks.
   void set_look_cost(std::uint32_t ms) { look_cost_ = ms; }
   [[nodiscard]] std::uint64_t pending_runs() const { return pending_runs_; }
   [[nodiscard]] std::uint64_t wait_passes() const { return wait_passes_; }

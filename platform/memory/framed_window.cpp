@@ -49,9 +49,33 @@ std::size_t TreeView::parent(std::size_t index) const {
   return index == 0 || index > nodes_.size() ? 0 : nodes_[index - 1].parent;
 }
 
+bool TreeView::expanded(std::size_t index) const {
+  return index != 0 && index <= nodes_.size() && nodes_[index - 1].expanded;
+}
+
+void TreeView::expand(std::size_t index) {
+  const bool parent_of_some =
+      std::any_of(nodes_.begin(), nodes_.end(), [&](const Node& node) { return index != 0 && node.parent == index; });
+  if (parent_of_some)
+    nodes_[index - 1].expanded = true;
+}
+
 void TreeView::select(std::size_t index) {
-  if (index != 0 && index <= nodes_.size())
-    selected_ = index;
+  if (index == 0 || index > nodes_.size())
+    return;
+  selected_ = index;
+  for (std::size_t above = parent(index); above != 0; above = parent(above))
+    nodes_[above - 1].expanded = true;
+}
+
+bool TreeView::user_expands(std::size_t index, bool expanded) {
+  if (index == 0 || index > nodes_.size() || !take_press())
+    return false;
+  if (expanded)
+    expand(index);
+  else
+    nodes_[index - 1].expanded = false;
+  return true;
 }
 
 bool TreeView::user_pick(std::size_t index) {
@@ -240,6 +264,12 @@ void FramedWindow::resize(int width, int height) {
   owed_ = !in_normal_state();
   if (in_normal_state())
     tell_size();
+}
+
+void FramedWindow::move(int left, int top) {
+  thread_.check();
+  rect_.left = left;
+  rect_.top = top;
 }
 
 void FramedWindow::move_to(const ScreenPoint& corner) {

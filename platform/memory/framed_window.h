@@ -23,12 +23,15 @@ public:
   [[nodiscard]] std::wstring key(std::size_t index) const override;
   [[nodiscard]] std::wstring node_text(std::size_t index) const override;
   [[nodiscard]] std::size_t selected() const override { return selected_; }
+  [[nodiscard]] bool expanded(std::size_t index) const override;
+  void expand(std::size_t index) override;
   void select(std::size_t index) override;
   [[nodiscard]] std::size_t parent(std::size_t index) const; // 0 for a root
   [[nodiscard]] std::size_t find(const std::wstring& key) const;
 
   bool user_pick(std::size_t index);  // clicks the node
   bool user_arrow(std::size_t index); // moves to the node with the keyboard
+  bool user_expands(std::size_t index, bool expanded); // clicks its button
   bool user_enter();                  // presses Enter on the selected node, which stays selected
 
 private:
@@ -36,6 +39,7 @@ private:
     std::wstring key;
     std::wstring text;
     std::size_t parent = 0;
+    bool expanded = false;
   };
   std::vector<Node> nodes_;
   std::size_t selected_ = 0;
@@ -55,6 +59,8 @@ public:
   [[nodiscard]] std::size_t selected() const override { return selected_ <= count() ? selected_ : 0; }
   void select(std::size_t index) override;
   void take_keyboard() override { take_focus(); }
+  void set_empty_text(const std::wstring& text) override { empty_text_ = text; }
+  [[nodiscard]] std::wstring empty_text() const override { return empty_text_; }
   [[nodiscard]] std::size_t count() const { return rows_ == nullptr ? 0 : std::min(told_, rows_->count()); }
   [[nodiscard]] std::wstring cell(std::size_t row, std::size_t column) const;
   [[nodiscard]] const std::vector<Column>& columns() const { return columns_; }
@@ -70,6 +76,7 @@ private:
   const RowModel* rows_ = nullptr;
   std::size_t told_ = 0; // number of rows at the last rows_changed: the list asks its model for no more
   std::vector<Column> columns_;
+  std::wstring empty_text_;
   std::size_t selected_ = 0;
 };
 
@@ -138,6 +145,7 @@ public:
   [[nodiscard]] bool minimized() const override { return minimized_; }
   void activate() override;
   void resize(int width, int height) override;
+  void move(int left, int top) override;
   [[nodiscard]] TwipsRect rect() const override { return rect_; }
   void set_minimum(int width, int height) override;
   // The frame is 120 twips wide on each side, the caption 435 high. A minimised window has no client area.

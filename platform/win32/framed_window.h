@@ -39,6 +39,7 @@ public:
   [[nodiscard]] bool minimized() const override { return IsIconic(window_) != 0; }
   void activate() override;
   void resize(int width, int height) override;
+  void move(int left, int top) override;
   [[nodiscard]] TwipsRect rect() const override;
   void set_minimum(int width, int height) override;
   [[nodiscard]] int client_width() const override;

@@ -127,6 +127,13 @@ void FramedWindow::resize(int width, int height) {
   set_normal_place(place);
 }
 
+void FramedWindow::move(int left, int top) {
+  check_thread();
+  RECT place = normal_place();
+  OffsetRect(&place, pixels(left, system_dpi_) - place.left, pixels(top, system_dpi_) - place.top);
+  set_normal_place(place);
+}
+
 // Posted, because a window manager may restore the old size first. Only the size is applied late. The restored position
 // may lie on a monitor that is gone.
 void FramedWindow::come_back() {

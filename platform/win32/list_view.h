@@ -22,6 +22,8 @@ public:
   [[nodiscard]] std::size_t selected() const override;
   void select(std::size_t index) override;
   void take_keyboard() override { take_focus(); }
+  void set_empty_text(const std::wstring& text) override;
+  [[nodiscard]] std::wstring empty_text() const override { return empty_text_; }
   void dpi_changed() override;
   [[nodiscard]] bool takes_enter() const override { return true; }
   [[nodiscard]] bool asked(NMHDR& header, LRESULT& result) override;
@@ -40,10 +42,14 @@ private:
   [[nodiscard]] LRESULT selected_item() const;
   void unselect();
   void set_row_height();
+  void draw_empty_text() const;
+  void fit_column(int column);
+  [[nodiscard]] int needed_width(int column) const;
 
   const RowModel* rows_ = nullptr;
   int height_ = 0; // pixels
   int columns_ = 0;
+  std::wstring empty_text_;
   unsigned columns_dpi_; // of the columns' widths
   KeysDown keys_;
   std::size_t right_pressed_ = 0;  // row under the right button, until it is let go

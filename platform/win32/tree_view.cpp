@@ -118,6 +118,19 @@ std::size_t TreeView::selected() const {
   return index_of(reinterpret_cast<HTREEITEM>(SendMessageW(window_, TVM_GETNEXTITEM, TVGN_CARET, 0)));
 }
 
+bool TreeView::expanded(std::size_t index) const {
+  if (index == 0 || index > nodes_.size())
+    return false;
+  const LRESULT state = SendMessageW(window_, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(nodes_[index - 1].item),
+                                     static_cast<LPARAM>(TVIS_EXPANDED));
+  return (state & TVIS_EXPANDED) != 0;
+}
+
+void TreeView::expand(std::size_t index) {
+  if (index != 0 && index <= nodes_.size())
+    SendMessageW(window_, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(nodes_[index - 1].item));
+}
+
 void TreeView::select(std::size_t index) {
   if (index == 0 || index > nodes_.size())
     return;

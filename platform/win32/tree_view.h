@@ -23,6 +23,8 @@ public:
   [[nodiscard]] std::wstring key(std::size_t index) const override;
   [[nodiscard]] std::wstring node_text(std::size_t index) const override;
   [[nodiscard]] std::size_t selected() const override;
+  [[nodiscard]] bool expanded(std::size_t index) const override;
+  void expand(std::size_t index) override;
   void select(std::size_t index) override;
   void dpi_changed() override;
   [[nodiscard]] bool takes_enter() const override { return true; }

@@ -3,7 +3,7 @@
 #include "base/plain_letters.h"
 
 #include "base/text.h"
-#include "platform/memory/messages.h"
+#include "platform/memory/files.h"
 
 #include <gtest/gtest.h>
 

@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace lumotune::base {
 namespace {
@@ -28,26 +30,27 @@ struct SteppedWorkTest : testing::Test {
       return --count == 0;
     };
   }
+  void start(std::vector<SteppedWork::Step> steps) { work.start(std::move(steps), end(), loop.tick_count_ms()); }
   [[nodiscard]] std::function<void()> end() {
     return [this] { log += '.'; };
   }
 };
 
 TEST_F(SteppedWorkTest, WorkThatIsQuickIsDoneAtOnce) {
-  work.start({step('a'), pieces('b', 3), step('c')}, end());
+  start({step('a'), pieces('b', 3), step('c')});
   EXPECT_EQ(log, "abbbc.");
   EXPECT_FALSE(work.running());
 }
 
 TEST_F(SteppedWorkTest, ATurnEndsWhenItsTimeIsUsedUp) {
   loop.set_look_cost(4);
-  work.start({step('a'), pieces('b', 3), step('c')}, end());
-  EXPECT_EQ(log, "ab");
+  start({step('a'), pieces('b', 3), step('c')});
+  EXPECT_EQ(log, "a");
   EXPECT_TRUE(work.running());
   loop.run_pending();
-  EXPECT_EQ(log, "ab") << "what waits in the queue comes first";
+  EXPECT_EQ(log, "a") << "what waits in the queue comes first";
   loop.advance(1);
-  EXPECT_EQ(log, "abbb");
+  EXPECT_EQ(log, "abb");
   loop.advance(1);
   EXPECT_EQ(log, "abbbc.");
   EXPECT_FALSE(work.running());
@@ -55,17 +58,37 @@ TEST_F(SteppedWorkTest, ATurnEndsWhenItsTimeIsUsedUp) {
   EXPECT_EQ(log, "abbbc.");
 }
 
+TEST_F(SteppedWorkTest, ATurnThatIsUsedUpAlreadyWaitsForTheNext) {
+  const std::uint32_t begun = loop.tick_count_ms();
+  loop.advance(SteppedWork::turn_ms);
+  work.start({step('a')}, end(), begun);
+  EXPECT_EQ(log, "");
+  EXPECT_TRUE(work.running());
+  loop.advance(1);
+  EXPECT_EQ(log, "a.");
+}
+
+TEST_F(SteppedWorkTest, EveryTurnDoesSomethingHoweverSlowTheMachine) {
+  loop.set_look_cost(100);
+  start({step('a'), pieces('b', 2)});
+  EXPECT_EQ(log, "");
+  for (const char* done : {"a", "ab", "abb."}) {
+    loop.advance(1);
+    EXPECT_EQ(log, done);
+  }
+}
+
 TEST_F(SteppedWorkTest, AClockThatWrapsMakesNoDifference) {
   platform::memory::EventLoop late(0xfffffffaU);
-  late.set_look_cost(4);
+  late.set_look_cost(3);
   SteppedWork there(late);
-  there.start({pieces('a', 3)}, end());
+  there.start({pieces('a', 3)}, end(), late.tick_count_ms());
   EXPECT_EQ(log, "aa");
 }
 
 TEST_F(SteppedWorkTest, GivenUpItDoesNothingMore) {
-  loop.set_look_cost(10);
-  work.start({step('a'), step('b')}, end());
+  loop.set_look_cost(5);
+  start({step('a'), step('b')});
   work.give_up();
   loop.advance(1000);
   EXPECT_EQ(log, "a");
@@ -78,24 +101,25 @@ TEST_F(SteppedWorkTest, AStepMayGiveItUp) {
                 return true;
               },
               step('b')},
-             end());
+             end(), loop.tick_count_ms());
   loop.advance(1000);
   EXPECT_EQ(log, "");
 }
 
 TEST_F(SteppedWorkTest, AStepMayStartOtherWork) {
-  work.start({[this] {
-                work.start({step('x')}, end());
-                return true;
-              },
-              step('b')},
-             [this] { log += '!'; });
+  work.start(
+      {[this] {
+         start({step('x')});
+         return true;
+       },
+       step('b')},
+      [this] { log += '!'; }, loop.tick_count_ms());
   loop.advance(1000);
   EXPECT_EQ(log, "x.");
 }
 
 TEST_F(SteppedWorkTest, AStepThatRunsEventsIsNotEnteredTwice) {
-  loop.set_look_cost(10);
+  loop.set_look_cost(5);
   work.start({step('a'),
               [this] {
                 log += '(';
@@ -105,26 +129,26 @@ TEST_F(SteppedWorkTest, AStepThatRunsEventsIsNotEnteredTwice) {
                 return true;
               },
               step('b')},
-             end());
+             end(), loop.tick_count_ms());
   loop.advance(1000);
   EXPECT_EQ(log, "a()b.");
 }
 
 TEST_F(SteppedWorkTest, WaitsOfOthersDoNotHoldItUp) {
-  loop.set_look_cost(10);
-  work.start({step('a'), step('b')}, end());
+  loop.set_look_cost(5);
+  start({step('a'), step('b')});
   const platform::memory::EventLoop::Nested box(loop);
   loop.advance(1);
   EXPECT_EQ(log, "ab.");
 }
 
 TEST_F(SteppedWorkTest, TheEndOfTheProgramEndsIt) {
-  loop.set_look_cost(10);
-  work.start({step('a'), step('b')}, end());
+  loop.set_look_cost(5);
+  start({step('a'), step('b')});
   loop.quit();
   loop.advance(1000);
   EXPECT_EQ(log, "a");
-  work.start({step('c')}, end());
+  start({step('c')});
   EXPECT_EQ(log, "a");
 }
 

@@ -173,6 +173,17 @@ TEST_F(FramedWindowContract, ALowerSmallestSizeCountsAtOnceInEveryState) {
   }
 }
 
+TEST_F(FramedWindowContract, IsMovedBeforeItIsShownAndInEveryState) {
+  window->resize(6000, 4500);
+  window->move(3000, 2250);
+  EXPECT_EQ(window->rect(), (platform::TwipsRect{3000, 2250, 6000, 4500}));
+  window->set_visible(true);
+  b.pass(250); // a window manager has its say first
+  EXPECT_EQ(window->rect(), (platform::TwipsRect{3000, 2250, 6000, 4500}));
+  window->move(1500, 1500);
+  EXPECT_TRUE(b.until([&] { return window->rect() == platform::TwipsRect{1500, 1500, 6000, 4500}; }));
+}
+
 TEST_F(FramedWindowContract, ShowsAndHides) {
   window->set_visible(true);
   EXPECT_TRUE(b.until([&] { return window->visible(); }));

@@ -141,6 +141,20 @@ TEST_F(ListViewContract, ThePressIsToldBeforeTheRowTheClickAfterItTheDoubleClick
       << "the click moved the selection away";
 }
 
+TEST_F(ListViewContract, TheTextForNoRowsIsKept) {
+  EXPECT_EQ(list.empty_text(), L"");
+  list.set_empty_text(L"Žádná rádia & nic");
+  window->set_visible(true);
+  b.loop.run_pending();
+  show(3);
+  EXPECT_EQ(list.empty_text(), L"Žádná rádia & nic");
+  show(0);
+  b.loop.run_pending();
+  list.set_empty_text(L"");
+  EXPECT_EQ(list.empty_text(), L"");
+  EXPECT_EQ(fired, 0);
+}
+
 TEST_F(ListViewContract, FiftyThousandRowsAreTaken) {
   window->set_visible(true);
   show(50000);

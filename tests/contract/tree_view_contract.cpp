@@ -104,6 +104,34 @@ TEST_F(TreeViewContract, ClearedItTakesTheSameKeysAgain) {
   EXPECT_EQ(fired, 0);
 }
 
+TEST_F(TreeViewContract, NodesWithOthersBelowThemCanBeExpanded) {
+  for (const bool seen : {false, true}) {
+    window->set_visible(seen);
+    tree.clear();
+    fill();
+    EXPECT_FALSE(tree.expanded(1));
+    tree.expand(1);
+    EXPECT_TRUE(tree.expanded(1));
+    tree.expand(1);
+    EXPECT_TRUE(tree.expanded(1)) << "still";
+    tree.expand(3);
+    EXPECT_FALSE(tree.expanded(3)) << "nothing is below it";
+    for (const std::size_t outside : {std::size_t{0}, std::size_t{5}, static_cast<std::size_t>(-1)}) {
+      tree.expand(outside);
+      EXPECT_FALSE(tree.expanded(outside));
+    }
+    b.loop.run_pending();
+    EXPECT_TRUE(tree.expanded(1));
+    EXPECT_EQ(tree.selected(), 0U);
+    tree.clear();
+    fill();
+    EXPECT_FALSE(tree.expanded(1)) << "other nodes";
+    tree.select(2);
+    EXPECT_TRUE(tree.expanded(1)) << "what is selected is in sight";
+  }
+  EXPECT_EQ(fired, 0);
+}
+
 TEST_F(TreeViewContract, ThousandsOfNodesAndHugeTextsAreTaken) {
   window->set_visible(true);
   tree.resize(3000, 3000);

@@ -140,6 +140,55 @@ TEST_F(Win32ListViewTest, TypingFindsARowAmongFiftyThousand) {
   EXPECT_EQ(list.selected(), 50000U);
 }
 
+TEST_F(Win32ListViewTest, ADoubleClickOnTheDividerFitsTheColumnToWhatIsInSight) {
+  const HWND captions = reinterpret_cast<HWND>(SendMessageW(handle(list), LVM_GETHEADER, 0, 0));
+  const auto fit = [&](int column) {
+    NMHEADERW told{};
+    told.hdr.hwndFrom = captions;
+    told.hdr.code = static_cast<UINT>(HDN_DIVIDERDBLCLICKW);
+    told.iItem = column;
+    SendMessageW(handle(list), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&told));
+    return SendMessageW(handle(list), LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0);
+  };
+  rows.size = 200'000; // the longest name is the last row's
+  list.rows_changed();
+  rows.asked.clear();
+  const LRESULT narrow = fit(0);
+  EXPECT_LT(rows.asked.size(), 100U);
+  list.select(rows.size);
+  const LRESULT wide = fit(0);
+  EXPECT_GT(wide, narrow);
+  EXPECT_EQ(SendMessageW(handle(list), LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(L"Žluťoučký kůň & přátelé")) <
+                wide,
+            TRUE)
+      << "all of it is shown";
+  EXPECT_GT(fit(1), 0);
+  EXPECT_EQ(fit(7), 0) << "no such column";
+}
+
+TEST_F(Win32ListViewTest, AnEmptyListDrawsItsText) {
+  rows.size = 0;
+  list.rows_changed();
+  const auto ink = [this] {
+    RedrawWindow(handle(list), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    b.loop.run_pending();
+    const HDC dc = GetDC(handle(list));
+    RECT room{};
+    GetClientRect(handle(list), &room);
+    int dark = 0;
+    for (int y = room.bottom / 4; y < room.bottom; y += 2)
+      for (int x = 0; x < room.right; x += 2)
+        dark += GetRValue(GetPixel(dc, x, y)) < 200 ? 1 : 0;
+    ReleaseDC(handle(list), dc);
+    return dark;
+  };
+  EXPECT_EQ(ink(), 0);
+  list.set_empty_text(L"Žádná rádia tu nejsou, vyberte jinou kategorii vlevo v seznamu kategorií a zkuste to znovu.");
+  EXPECT_GT(ink(), 30);
+  list.set_empty_text(L"");
+  EXPECT_EQ(ink(), 0);
+}
+
 struct NamedRows final : platform::RowModel {
   std::vector<std::wstring> names{L"Alfa",  L"ČRo Plus", L"česko", L"Žižkov", L"Čas",      L"Plus",
                                   L"PLUSKO", L"ώμεγα",    L"plus",  L"",       L"ČESKO dnes"};

@@ -17,6 +17,7 @@ class Directory(Program):
         self.server.set(**{"seconds": "0.5", "probe_seconds": "0", **settings})
         desk.click("Control_Sat")
         self.until(lambda: (form := self.control("Form")) and form.visible, text="the directory opens")
+        self.until(self.status, text="it is loaded, and its update has begun")
         return desk
 
     def control(self, name):

@@ -122,7 +122,11 @@ TEST_F(ListRadiosFilter, AnotherCategoryIsFilteredAsWell) {
 TEST_F(ListRadiosFilter, AnUpdateKeepsFilterAndStation) {
   type(L"tret");
   (void)list().user_pick(1, MouseButton::left);
-  serve("orb:k:new//100000/@/V\r\n" + test::Record{"RADIO0", "T\xf8" "etina"}.line() + stations_text());
+  serve("orb:k:new//100000/@/V\r\n" +
+        test::Record{"RADIO0", "T\xf8"
+                               "etina"}
+            .line() +
+        stations_text());
   part<platform::memory::Button>(L"Command1").press();
   loop.advance(1000);
   EXPECT_EQ(status(), L"Hotovo, připraven...");
@@ -150,6 +154,9 @@ TEST_F(ListRadiosFilter, EnterGoesOnToTheStations) {
   EXPECT_EQ(window_shown().keyboard_at(), L"ListView1");
   EXPECT_TRUE(entry().visible());
   EXPECT_TRUE(escape()) << "from there too";
+  (void)window_shown().user_key(WindowKey::find);
+  window_shown().user_tab(false);
+  EXPECT_EQ(window_shown().keyboard_at(), L"ListView1") << "Tab goes there as well";
 }
 
 TEST_F(ListRadiosFilter, ItIsClosedWithTheWindow) {
@@ -162,6 +169,8 @@ TEST_F(ListRadiosFilter, ItIsClosedWithTheWindow) {
 TEST_F(ListRadiosFilter, WhileTheWindowLoadsItWaits) {
   loop.set_look_cost(base::SteppedWork::turn_ms);
   open_again();
+  loop.advance(1);
+  EXPECT_TRUE(window_shown().visible());
   EXPECT_TRUE(window_shown().user_key(WindowKey::find));
   EXPECT_FALSE(entry().visible());
   loop.advance(200);

@@ -193,6 +193,7 @@ TEST_F(ListRadiosForm, TabVisitsTheControlsInTheOrderOfMaking) {
   EXPECT_EQ(visited, (Names{L"TreeView1", L"ListView1", L"Image3", L"Label4", L"Text1", L"Label7", L"Label5", L"Label9",
                             L"Label10", L"Label6", L"Command1", L"InfoPanel"}));
   EXPECT_EQ(window_shown().keyboard_at(), L"TreeView1") << "and round";
+  visited.insert(visited.begin() + 1, L"Filter"); // hidden as long as nobody searches
   EXPECT_EQ(window_shown().made_stops(), visited);
 }
 

@@ -149,7 +149,7 @@ TEST_F(ListRadiosUpdate, ClosingAndOpeningBringsTheButtonBackWhateverHappened) {
       [this] { bring(std::string(stations::max_station_lines + 1, '\n')); }, // of too many lines
       [this] {
         files.make_readonly(path(L"radios.tt"));
-        bring(stations_text());
+        bring(stations_text() + Record{"NOVA01", "Nov\xe1"}.line());
         EXPECT_EQ(status(), held);
       }};
   for (const auto& end : ends) {

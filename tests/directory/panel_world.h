@@ -35,6 +35,7 @@ struct ListRadiosPanel : testing::Test, test::MemoryPlatform {
   ListRadiosPanel() {
     window.on_resize = [this] { layout.place(); };
     form.InfoPanel.set_visible(false);
+    form.Filter.set_visible(false);
     form.ImageInPan.set_visible(false);
     settings.server_address = L"http://server";
     settings.idh = L"ja";

@@ -60,8 +60,11 @@ TEST(StationRows, ShowNameCountryAndMarker) {
 struct FilteredRows : RowsWorld, testing::Test {
   FilteredRows() {
     all(station("RADIO1", "\xc8Ro Plus", "", "100001") + station("RADIO2", "Z\xe1pad", "tip (\xc8R)", "100002") +
-        "RADIO3/@/Antenne S\xfc" "d/@//@/x/@/N\xecmecko/@/100001\r\n" +
-        "RADIO4/@/R\xe1" "dio Stra\xdf" "e/@//@/x/@/Rakousko/@/100001\r\n");
+        "RADIO3/@/Antenne S\xfc"
+        "d/@//@/x/@/N\xecmecko/@/100001\r\n" +
+        "RADIO4/@/R\xe1"
+        "dio Stra\xdf"
+        "e/@//@/x/@/Rakousko/@/100001\r\n");
   }
   Keys found(const std::wstring& typed) {
     rows.set_filter(typed);
