@@ -184,7 +184,7 @@ void ListRadios::load_pictures() {
 
 void ListRadios::bind_window() {
   window_->on_resize = [this] { layout_.place(); };
-  window_->on_window_key = [this](platform::WindowKey key) { return window_key(key); };
+  window_->on_window_key = [this](platform::FramedWindowKey key) { return window_key(key); };
   // Ignore a second close request before destruction.
   window_->on_close = [this] {
     if (closed_)
@@ -201,8 +201,8 @@ void ListRadios::bind_window() {
 }
 
 // Escape closes nothing else here.
-bool ListRadios::window_key(platform::WindowKey key) {
-  if (key == platform::WindowKey::escape)
+bool ListRadios::window_key(platform::FramedWindowKey key) {
+  if (key == platform::FramedWindowKey::escape)
     return filter_.close();
   wait_for_loading([this] { filter_.open(); });
   return true;

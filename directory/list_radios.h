@@ -104,7 +104,7 @@ private:
   void bind_lists();
   void bind_details();
   void bind_window();
-  [[nodiscard]] bool window_key(platform::WindowKey key);
+  [[nodiscard]] bool window_key(platform::FramedWindowKey key);
   void ListView1_Click();
   void ListView1_KeyUp();
   [[nodiscard]] std::function<void()> once_loaded(std::function<void()> action); // a handler that waits for the loading

@@ -76,7 +76,7 @@ private:
   std::vector<std::uint32_t> rows_; // line numbers of all stations of the content
   std::optional<Filter> filter_;
   std::vector<std::uint32_t> shown_; // with a filter: positions in `rows_`, ascending
-  std::size_t next_line_ = 0;       // for `add_more`
+  std::size_t next_line_ = 0;        // for `add_more`
   stations::StationKeys keys_;
 };
 

@@ -52,8 +52,8 @@ public:
 };
 
 // Rows in columns (report view) over a model that is not copied. A double click on the divider right of a column's
-// caption makes the column as wide as its caption and the rows in sight need. on_click: left or right button on a row, after the row
-// was selected; on_mouse_down fires before it with the button. on_double_click: on a row only.
+// caption makes the column as wide as its caption and the rows in sight need. on_click: left or right button on a row,
+// after the row was selected; on_mouse_down fires before it with the button. on_double_click: on a row only.
 class ListView : public Control {
 public:
   virtual void set_rows(const RowModel* rows) = 0; // must outlive the list; may be nullptr

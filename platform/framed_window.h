@@ -12,7 +12,7 @@
 namespace lumotune::platform {
 
 // Keys of the window, whichever of its controls has the focus.
-enum class WindowKey {
+enum class FramedWindowKey {
   find, // Ctrl+F
   escape
 };
@@ -53,7 +53,7 @@ public:
   virtual void resize(int width, int height) = 0;
   // The upper left corner in the normal state; showing brings the window into view.
   virtual void move(int left, int top) = 0;
-  [[nodiscard]] virtual TwipsRect rect() const = 0; // in the normal state, whatever the state
+  [[nodiscard]] virtual TwipsRect rect() const = 0;    // in the normal state, whatever the state
   virtual void set_minimum(int width, int height) = 0; // minimum outer size, for the user and the program
   [[nodiscard]] virtual int client_width() const = 0;  // 0 while minimised
   [[nodiscard]] virtual int client_height() const = 0;
@@ -62,7 +62,7 @@ public:
   std::function<void()> on_resize; // the client area's size or resolution changed: lay out the controls again
   std::function<void()> on_close;  // the user closes it; nothing is destroyed automatically
   // Before the focused control gets the key. True when it is used up.
-  std::function<bool(WindowKey)> on_window_key;
+  std::function<bool(FramedWindowKey)> on_window_key;
 };
 
 // Creates framed windows. Destroy them only from the top level of the loop, never inside one of their handlers.

@@ -332,7 +332,7 @@ void FramedWindow::user_close() {
     copy();
 }
 
-bool FramedWindow::user_key(WindowKey key) {
+bool FramedWindow::user_key(FramedWindowKey key) {
   const auto copy = on_window_key;
   return keyboard_.active() && copy && copy(key);
 }

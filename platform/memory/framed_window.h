@@ -29,10 +29,10 @@ public:
   [[nodiscard]] std::size_t parent(std::size_t index) const; // 0 for a root
   [[nodiscard]] std::size_t find(const std::wstring& key) const;
 
-  bool user_pick(std::size_t index);  // clicks the node
-  bool user_arrow(std::size_t index); // moves to the node with the keyboard
+  bool user_pick(std::size_t index);                   // clicks the node
+  bool user_arrow(std::size_t index);                  // moves to the node with the keyboard
   bool user_expands(std::size_t index, bool expanded); // clicks its button
-  bool user_enter();                  // presses Enter on the selected node, which stays selected
+  bool user_enter();                                   // presses Enter on the selected node, which stays selected
 
 private:
   struct Node {
@@ -179,7 +179,7 @@ public:
   [[nodiscard]] std::wstring keyboard_at() const { return keyboard_.at() == nullptr ? L"" : keyboard_.at()->name(); }
   void user_resize(int width, int height);
   void user_close();
-  bool user_key(WindowKey key); // whether it was used up
+  bool user_key(FramedWindowKey key); // whether it was used up
 
   // The system's minimum window size in twips, and the only monitor, with and without the task bar.
   static constexpr int system_minimum_width = 136 * 15;
@@ -232,7 +232,7 @@ public:
   [[nodiscard]] std::unique_ptr<platform::FramedWindow> make(const std::wstring& name) override;
 
   std::function<void(FramedWindow&)> on_make; // called with each new window
-  FramedWindow* last = nullptr; // the latest one; dangling once its owner has destroyed it
+  FramedWindow* last = nullptr;               // the latest one; dangling once its owner has destroyed it
   int made = 0;
 
 private:

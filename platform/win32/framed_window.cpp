@@ -157,11 +157,11 @@ LRESULT FramedWindow::handle_message(UINT message, WPARAM w, LPARAM l) {
 // Ctrl with Alt is AltGr, which types letters.
 bool FramedWindow::window_key(const MSG& message) {
   const auto held = [](int key) { return GetKeyState(key) < 0; };
-  std::optional<WindowKey> key;
+  std::optional<FramedWindowKey> key;
   if (message.wParam == 'F' && held(VK_CONTROL) && !held(VK_MENU) && !held(VK_SHIFT))
-    key = WindowKey::find;
+    key = FramedWindowKey::find;
   else if (message.wParam == VK_ESCAPE && !held(VK_CONTROL) && !held(VK_SHIFT))
-    key = WindowKey::escape;
+    key = FramedWindowKey::escape;
   bool used = false;
   if (const auto copy = on_window_key; key && copy)
     caught().guard([&] { used = copy(*key); });

@@ -117,7 +117,9 @@ double letter_ms(const directory::StationRows& rows) {
 double filter_ms(directory::StationRows& rows) {
   double slowest = 0;
   for (const wchar_t* typed : {L"r", L"ra", L"radio s4999", L"cesko radio 99", L"neni", L""})
-    slowest = std::max(slowest, bench::best_ms(rounds, [&] { rows.set_filter(typed); }, [] {}).ours);
+    slowest = std::max(slowest, bench::best_ms(
+                                    rounds, [&] { rows.set_filter(typed); }, [] {})
+                                    .ours);
   return slowest;
 }
 

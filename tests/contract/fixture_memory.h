@@ -82,7 +82,7 @@ struct Backend {
   void enter(platform::FramedWindow& /*framed*/, platform::TextEntry& entry) {
     (void)dynamic_cast<platform::memory::TextEntry&>(entry).user_enter();
   }
-  void window_key(platform::FramedWindow& framed, platform::WindowKey key) { (void)twin(framed).user_key(key); }
+  void window_key(platform::FramedWindow& framed, platform::FramedWindowKey key) { (void)twin(framed).user_key(key); }
   // How often screen readers are told of that label by the work.
   template <typename Work>
   [[nodiscard]] std::size_t announced(platform::FramedWindow& /*framed*/, platform::Label& label, const Work& work) {

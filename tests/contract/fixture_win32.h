@@ -190,10 +190,10 @@ struct Backend {
     PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 1);
     loop.run_pending();
   }
-  void window_key(platform::FramedWindow& /*framed*/, platform::WindowKey key) {
+  void window_key(platform::FramedWindow& /*framed*/, platform::FramedWindowKey key) {
     BYTE keys[256];
     GetKeyboardState(keys);
-    const bool find = key == platform::WindowKey::find;
+    const bool find = key == platform::FramedWindowKey::find;
     keys[VK_CONTROL] = find ? 0x80 : 0;
     SetKeyboardState(keys);
     if (GetFocus() != nullptr)

@@ -11,7 +11,7 @@
 namespace lumotune::contract {
 namespace {
 
-using platform::WindowKey;
+using platform::FramedWindowKey;
 
 struct TextEntryContract : testing::Test {
   Backend b;
@@ -20,13 +20,13 @@ struct TextEntryContract : testing::Test {
   platform::TextEntry& entry = placed(window->make_text_entry(L"Filter"), 900);
   platform::ListView& list = placed(window->make_list_view(L"Seznam"), 1650);
   std::vector<std::wstring> changes;
-  std::vector<WindowKey> keys;
+  std::vector<FramedWindowKey> keys;
   int entered = 0;
 
   TextEntryContract() {
     entry.on_change = [this] { changes.push_back(entry.text()); };
     entry.on_enter = [this] { ++entered; };
-    window->on_window_key = [this](WindowKey key) {
+    window->on_window_key = [this](FramedWindowKey key) {
       keys.push_back(key);
       return true;
     };
@@ -109,14 +109,14 @@ TEST_F(TextEntryContract, TheKeyboardIsTakenOnlyWhereItCanBe) {
 }
 
 TEST_F(TextEntryContract, TheWindowsKeysComeFromEveryControl) {
-  b.window_key(*window, WindowKey::find);
+  b.window_key(*window, FramedWindowKey::find);
   EXPECT_TRUE(keys.empty()) << "a hidden window";
   come();
   for (int control = 0; control < 3; ++control) {
     keys.clear();
-    b.window_key(*window, WindowKey::find);
-    b.window_key(*window, WindowKey::escape);
-    EXPECT_EQ(keys, (std::vector<WindowKey>{WindowKey::find, WindowKey::escape})) << control;
+    b.window_key(*window, FramedWindowKey::find);
+    b.window_key(*window, FramedWindowKey::escape);
+    EXPECT_EQ(keys, (std::vector<FramedWindowKey>{FramedWindowKey::find, FramedWindowKey::escape})) << control;
     b.tab(*window);
   }
   EXPECT_TRUE(changes.empty()) << "no letter of them gets through";
@@ -127,8 +127,8 @@ TEST_F(TextEntryContract, WithoutAHandlerTheKeysDoNothing) {
   window->on_window_key = nullptr;
   come();
   entry.take_keyboard();
-  b.window_key(*window, WindowKey::find);
-  b.window_key(*window, WindowKey::escape);
+  b.window_key(*window, FramedWindowKey::find);
+  b.window_key(*window, FramedWindowKey::escape);
   EXPECT_TRUE(window->visible());
   EXPECT_EQ(entry.text(), L"");
 }

@@ -190,7 +190,7 @@ TEST_F(Win32ListViewTest, AnEmptyListDrawsItsText) {
 }
 
 struct NamedRows final : platform::RowModel {
-  std::vector<std::wstring> names{L"Alfa",  L"ČRo Plus", L"česko", L"Žižkov", L"Čas",      L"Plus",
+  std::vector<std::wstring> names{L"Alfa",   L"ČRo Plus", L"česko", L"Žižkov", L"Čas",       L"Plus",
                                   L"PLUSKO", L"ώμεγα",    L"plus",  L"",       L"ČESKO dnes"};
   bool quick = false; // answers beginnings itself
   mutable int made = 0;

@@ -6,23 +6,23 @@ namespace lumotune::directory {
 namespace {
 
 using platform::MouseButton;
-using platform::WindowKey;
+using platform::FramedWindowKey;
 
 struct ListRadiosFilter : WindowWorld {
   ListRadiosFilter() { directory.Naladit(); }
   [[nodiscard]] platform::memory::TextEntry& entry() const { return part<platform::memory::TextEntry>(L"Filter"); }
   void type(const std::wstring& text) {
-    (void)window_shown().user_key(WindowKey::find);
+    (void)window_shown().user_key(FramedWindowKey::find);
     EXPECT_TRUE(entry().user_writes(text) || entry().text() == text);
   }
-  bool escape() { return window_shown().user_key(WindowKey::escape); }
+  bool escape() { return window_shown().user_key(FramedWindowKey::escape); }
 };
 
 TEST_F(ListRadiosFilter, ItIsHiddenUntilItIsAskedFor) {
   const auto before = list().rect();
   EXPECT_FALSE(entry().visible());
   EXPECT_FALSE(label(L"FilterCount").visible());
-  EXPECT_TRUE(window_shown().user_key(WindowKey::find));
+  EXPECT_TRUE(window_shown().user_key(FramedWindowKey::find));
   EXPECT_TRUE(entry().visible());
   EXPECT_EQ(window_shown().keyboard_at(), L"Filter");
   EXPECT_EQ(entry().cue(), L"Hledat název nebo zemi");
@@ -48,7 +48,7 @@ TEST_F(ListRadiosFilter, WhatIsTypedIsWhatIsShown) {
   EXPECT_EQ(names(), Names{});
   EXPECT_TRUE(escape());
   EXPECT_EQ(names().size(), 4U);
-  (void)window_shown().user_key(WindowKey::find);
+  (void)window_shown().user_key(FramedWindowKey::find);
   EXPECT_EQ(entry().text(), L"") << "it begins anew";
   EXPECT_EQ(label(L"FilterCount").text(), L"");
 }
@@ -154,7 +154,7 @@ TEST_F(ListRadiosFilter, EnterGoesOnToTheStations) {
   EXPECT_EQ(window_shown().keyboard_at(), L"ListView1");
   EXPECT_TRUE(entry().visible());
   EXPECT_TRUE(escape()) << "from there too";
-  (void)window_shown().user_key(WindowKey::find);
+  (void)window_shown().user_key(FramedWindowKey::find);
   window_shown().user_tab(false);
   EXPECT_EQ(window_shown().keyboard_at(), L"ListView1") << "Tab goes there as well";
 }
@@ -171,7 +171,7 @@ TEST_F(ListRadiosFilter, WhileTheWindowLoadsItWaits) {
   open_again();
   loop.advance(1);
   EXPECT_TRUE(window_shown().visible());
-  EXPECT_TRUE(window_shown().user_key(WindowKey::find));
+  EXPECT_TRUE(window_shown().user_key(FramedWindowKey::find));
   EXPECT_FALSE(entry().visible());
   loop.advance(200);
   EXPECT_TRUE(entry().visible());

@@ -5,7 +5,7 @@
 namespace lumotune::directory {
 namespace {
 
-using platform::WindowKey;
+using platform::FramedWindowKey;
 
 struct ListRadiosKept : WindowWorld {
   [[nodiscard]] bool open(const wchar_t* key) const { return tree().expanded(tree().find(key)); }
@@ -101,7 +101,7 @@ TEST_F(ListRadiosKept, AnEmptyCategoryAndAnEmptySearchSayWhy) {
   EXPECT_EQ(list().empty_text(), L"V této kategorii žádná rádia nejsou. Vyberte vlevo jinou.");
   EXPECT_EQ(status(), L"Zobrazeno 0 rádií");
   pick_node(L"a100000");
-  (void)window_shown().user_key(WindowKey::find);
+  (void)window_shown().user_key(FramedWindowKey::find);
   (void)part<platform::memory::TextEntry>(L"Filter").user_writes(L"nikde");
   EXPECT_EQ(list().empty_text(), L"Hledání nic neodpovídá. Esc zobrazí zase všechna rádia.");
 }
