@@ -2,9 +2,9 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """The community's server on this machine: the station list with its size probe, the play report, the web pages.
 
-    demo/directory_server.py [--port N] [--port-file FILE] [--request-log FILE] [--set NAME=VALUE ...]
+    demo/directory_server.py [--port N] [--port-file FILE] [--request-log FILE] [--list FILE] [--set NAME=VALUE ...]
 
-The demonstration radio serves the same pages at its own address. How the server behaves, and misbehaves, is steered by
+--list gives a list of your own, as tools/make-stations makes it, in place of the invented one. The demonstration radio serves the same pages at its own address. How the server behaves, and misbehaves, is steered by
 its settings (the table SETTINGS below), from the command line or while it runs:
 
     /control/set?probe=huge&list=stall    changes settings and answers with all of them
@@ -60,8 +60,9 @@ SETTINGS = {
 class Directory:
     """What the server knows, whatever program it runs in. `answer` is called on many threads."""
 
-    def __init__(self, base, log_path=None, settings=()):
+    def __init__(self, base, log_path=None, settings=(), own_list=None):
         self.base, self.log_path = base, log_path
+        self.own_list = own_list  # bytes, whatever the settings say of stations
         self.stopping = False
         self.lock = threading.Lock()
         self.requests = collections.deque(maxlen=10000)
@@ -99,6 +100,8 @@ class Directory:
     def list_bytes(self, number=None):
         if self.of("list") == "empty":
             return b"<end>\r\n"
+        if self.own_list is not None:
+            return self.own_list
         return directory_data.downloaded_list(self.base, self.of("stations"), number or self.of("version"), self.of("info"),
                                               self.of("advert"), [line for line in self.of("orders").split("|") if line])
 
@@ -248,6 +251,7 @@ def add_options(parser):
     parser.add_argument("--port", type=int, default=0)
     parser.add_argument("--port-file")
     parser.add_argument("--request-log")
+    parser.add_argument("--list", type=argparse.FileType("rb"), metavar="FILE")
     parser.add_argument("--set", action="append", default=[], metavar="NAME=VALUE")
 
 
@@ -256,7 +260,8 @@ def make_server(options, handler):
     server = http.server.ThreadingHTTPServer(("127.0.0.1", options.port), handler)
     server.daemon_threads = True
     pairs = [tuple(text.partition("=")[::2]) for text in options.set]
-    server.directory = Directory(f"http://127.0.0.1:{server.server_address[1]}", options.request_log, pairs)
+    own_list = options.list.read() if options.list else None
+    server.directory = Directory(f"http://127.0.0.1:{server.server_address[1]}", options.request_log, pairs, own_list)
     return server
 
 
