@@ -42,7 +42,7 @@ int wmain(int count, wchar_t** arguments) {
     print(L"Použití: skincheck JMÉNO    zkontroluje skin Orb_Data\\skins\\JMÉNO.skin vedle tohoto programu");
     return 2;
   }
-  const platform::win32::Files files;
+  platform::win32::Files files;
   const platform::win32::Codec codec;
   const auto read_picture = [](std::string_view bytes) -> std::optional<skin::PictureSize> {
     const auto size = platform::win32::picture_size(bytes);

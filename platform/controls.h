@@ -89,7 +89,7 @@ public:
   [[nodiscard]] virtual bool load_picture(const std::wstring& path) = 0;
   virtual void clear_picture() = 0;                       // shows nothing; the size becomes empty
   [[nodiscard]] virtual std::wstring picture() const = 0; // path of the picture shown, empty for none
-  virtual void set_neutral(bool neutral) = 0;             // a button without its colours, which can still be pressed
+  virtual void set_neutral(bool neutral) = 0;             // a button without its red, which can still be pressed
   [[nodiscard]] virtual bool neutral() const = 0;
   virtual void set_closes(bool closes) = 0; // a button that is red under the pointer
   [[nodiscard]] virtual bool closes() const = 0;

@@ -67,6 +67,22 @@ Value faded(Value pixel, double much) {
   return result;
 }
 
+// Towards a grey of the same lightness; `much` 0..1.
+Value greyed(Value pixel, double much) {
+  const int grey = luminance(pixel);
+  Value result = pixel & black;
+  for (const unsigned shift : {0U, 8U, 16U})
+    result |= static_cast<Value>(std::lround(part(pixel, shift) * (1 - much) + grey * much)) << shift;
+  return result;
+}
+
+// 0 for what no one calls red, 1 for what everyone does.
+double redness(Value pixel) {
+  constexpr double none = 16;
+  constexpr double all = 48;
+  return std::clamp((part(pixel, 16) - std::max(part(pixel, 8), part(pixel, 0)) - none) / (all - none), 0.0, 1.0);
+}
+
 struct Box {
   int left = 0;
   int top = 0;
@@ -165,12 +181,10 @@ void paint_ground(Pixels& behind, const ButtonState& state, double radius) {
 
 Value look_of(Value pixel, const ButtonState& state, const Shape& shape) {
   constexpr int very_light = 200;
-  if (!state.enabled || state.neutral) {
-    const auto grey = static_cast<Value>(luminance(pixel));
-    pixel = (pixel & black) | grey << 16U | grey << 8U | grey;
-  }
   if (!state.enabled)
-    return faded(pixel, 0.38);
+    return faded(greyed(pixel, 1), 0.38);
+  if (state.neutral)
+    pixel = greyed(pixel, redness(pixel));
   if (state.closes && state.hovered)
     return shape.body() ? tinted(pixel, closing, 0.6) : tinted(pixel, white, 1);
   if (state.pressed)

@@ -11,7 +11,7 @@ struct ButtonState {
   bool hovered = false;
   bool pressed = false;
   bool focused = false; // by the keyboard
-  bool neutral = false; // without its colours: what it does is not to be had just now
+  bool neutral = false; // without its red: what that warns of is not to be had just now
   bool closes = false;  // its ground under the pointer is red
 };
 

@@ -125,13 +125,15 @@ TEST(ButtonLook, DisabledItIsGreyAndFainterWhateverThePointerDoes) {
   EXPECT_EQ(shown(disc(), all).values, off.values);
 }
 
-TEST(ButtonLook, ANeutralOneLosesItsColoursAndNothingElse) {
+TEST(ButtonLook, ANeutralOneLosesItsRedAndNothingElse) {
   Pixels picture = sign(0xffff7a7a);
   at(picture, 8, 11) = 0xffb9c8d2;
   Pixels off = shown(picture, {.neutral = true});
   EXPECT_EQ(part(at(off, 10, 11), 16), part(at(off, 10, 11), 0));
   EXPECT_EQ(luminance(at(off, 10, 11)), luminance(0xffff7a7a));
+  EXPECT_EQ(at(off, 8, 11), 0xffb9c8d2U);
   EXPECT_EQ(at(off, 0, 0), dark);
+  EXPECT_EQ(shown(disc(), {.neutral = true}).values, shown(disc(), {}).values) << "an accent is not red";
   Pixels under = shown(picture, {.hovered = true, .neutral = true});
   EXPECT_GT(luminance(at(under, 12, 3)), luminance(dark)) << "it can still be pressed";
 }
