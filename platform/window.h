@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/controls.h"
+#include "platform/drop.h"
 
 #include <cstdint>
 #include <functional>
@@ -17,6 +18,8 @@ enum class WindowState : int { normal = 0, minimized = 1 };
 enum class PictureKind { button, decoration };
 enum class LabelKind { text, link };
 enum class LabelFont { normal, heading };
+// Keys that a window hears of, without Shift and Alt, and without Ctrl unless it is said.
+enum class WindowKey { space, up, down, f1, f5, ctrl_c, ctrl_e };
 
 // The borderless main window. Created hidden, with a default size. User-interface thread, handlers too. The controls
 // live as long as the window. Each carries the window property "<window name>.<designer name>".
@@ -78,9 +81,19 @@ public:
   virtual void drag_by_caption() = 0;
 
   std::function<void(const MouseEvent&)> on_mouse_move; // over the background
+  // The wheel over the window: whole notches, positive away from the user. A list with more rows than it shows keeps
+  // it.
+  std::function<void(int notches)> on_wheel;
+  std::function<void()> on_middle_click; // over the window or any of its controls
+  // While the window has the keyboard. Space is a button's or a link's own while that has the focus, the arrow keys are
+  // a list's. A key that is held down comes once, but for the arrow keys.
+  std::function<void(WindowKey)> on_key;
   // The right button over the background or over a control that is not itself clickable; or the menu key or Shift+F10,
   // unless a control handles it.
   std::function<void()> on_menu;
+  // Something within the limits of `Drop` was dropped on the visible window. Comes after the other program has been
+  // answered: the handler may take its time, and open boxes. Of several drops in a row the last one counts.
+  std::function<void(const Drop&)> on_drop;
   std::function<void()> on_close;       // Alt+F4 or the system's close; nothing is destroyed automatically
   std::function<void()> on_session_end; // Windows ends the session: finish before returning
   std::function<void()> on_suspend;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/memory/window.h"
 
+#include "platform/common/drop_record.h"
 #include "platform/common/gif.h"
 
 #include <algorithm>
@@ -63,7 +64,6 @@ void ListBox::set_colours(Colour background, Colour text) {
 
 // The in-memory list is never scrolled.
 std::size_t ListBox::item_at(int x, int y) const {
-  constexpr int row_height = 300;
   if (x < 0 || y < 0 || x >= rect().width || y >= rect().height)
     return none;
   const auto row = static_cast<std::size_t>(y / row_height);
@@ -74,6 +74,14 @@ bool ListBox::user_pick(std::size_t index) {
   if (index >= items_.size() || !take_press())
     return false;
   selected_ = index;
+  return fire(on_click);
+}
+
+bool ListBox::user_arrow(bool down) {
+  const std::size_t wanted = selected_ == none ? 0 : down ? selected_ + 1 : selected_ - 1; // before the first: none
+  if (wanted >= items_.size())
+    return true;
+  selected_ = wanted;
   return fire(on_click);
 }
 
@@ -174,6 +182,56 @@ bool Window::fire_menu() {
   if (const auto copy = on_menu)
     copy();
   return static_cast<bool>(on_menu);
+}
+
+bool Window::user_wheel(int notches, const std::wstring& control) {
+  const auto* list = find<ListBox>(control);
+  if (!keyboard_.seen() || (list != nullptr && list->visible() && list->scrolls()))
+    return false;
+  if (const auto copy = on_wheel)
+    copy(notches);
+  return true;
+}
+
+bool Window::user_middle_click() {
+  if (!keyboard_.seen())
+    return false;
+  if (const auto copy = on_middle_click)
+    copy();
+  return true;
+}
+
+// As the controls of the system take their own keys first.
+bool Window::user_key(WindowKey key) {
+  if (!keyboard_.active())
+    return false;
+  const std::wstring at = keyboard_at();
+  auto* list = find<ListBox>(at);
+  if (list != nullptr && (key == WindowKey::up || key == WindowKey::down)) {
+    (void)list->user_arrow(key == WindowKey::down);
+    return false;
+  }
+  if (list == nullptr && !at.empty() && key == WindowKey::space) {
+    if (auto* button = find<PictureBox>(at))
+      (void)button->user_click();
+    else if (auto* link = find<Label>(at))
+      (void)link->user_click();
+    return false;
+  }
+  if (const auto copy = on_key)
+    copy(key);
+  return true;
+}
+
+// A control that is hidden or disabled lets it through to the background.
+bool Window::user_drop(Drop drop, const std::wstring& control) {
+  if (!keyboard_.seen() || !can_be_dropped(drop))
+    return false;
+  const auto* target = find<platform::Control>(control);
+  drop.over = target != nullptr && target->visible() && target->enabled() ? target : nullptr;
+  if (const auto copy = on_drop)
+    copy(drop);
+  return true;
 }
 
 bool Window::user_menu_key() {

@@ -189,12 +189,15 @@ public:
   void set_shown_columns(std::size_t columns) override { shown_columns_ = columns; }
   [[nodiscard]] std::size_t shown_columns() const { return shown_columns_; }
 
-  // The user clicks a row with the left button.
+  // The user clicks a row with the left button; presses an arrow key while it has the focus.
   bool user_pick(std::size_t index);
+  bool user_arrow(bool down);
+  [[nodiscard]] bool scrolls() const { return static_cast<int>(items_.size()) * row_height > rect().height; }
 
   int drawn = 0; // number of redraws with changed items
 
 private:
+  static constexpr int row_height = 300;
   std::vector<std::wstring> items_;
   std::size_t selected_ = none;
   Colour background_{};
@@ -261,7 +264,13 @@ public:
   void user_changes_monitors(std::vector<TwipsRect> wanted);
   void user_tab(bool back) { keyboard_.tab(back); }
   bool user_right_click() { return visible_ && fire_menu(); } // on the background
-  bool user_menu_key();                                       // the focused control handles it first
+  // The wheel, the middle button and a key; whether they reached the window. The wheel is over a control by name, or
+  // over the background.
+  bool user_wheel(int notches, const std::wstring& control = L"");
+  bool user_middle_click();
+  bool user_key(WindowKey key);
+  bool user_drop(Drop drop, const std::wstring& control); // on a control by name, or on the background; whether taken
+  bool user_menu_key();                                   // the focused control handles it first
   [[nodiscard]] std::wstring keyboard_at() const { return keyboard_.at() == nullptr ? L"" : keyboard_.at()->name(); }
 
   // Recorded calls and test settings.

@@ -4,6 +4,7 @@
 #include "platform/win32/browser_gate.h"
 #include "platform/win32/browser_site.h"
 #include "platform/win32/late.h"
+#include "platform/win32/ole_session.h"
 
 #include <exdisp.h>
 #include <urlmon.h>
@@ -30,21 +31,6 @@ Object<Interface> ask(IUnknown* object) {
     return {};
   return Object<Interface>(static_cast<Interface*>(found));
 }
-
-// The control wants more of the system than our own windows do: dragging and the clipboard.
-class OleSession {
-public:
-  OleSession() : entered_(SUCCEEDED(OleInitialize(nullptr))) {}
-  OleSession(const OleSession&) = delete;
-  OleSession& operator=(const OleSession&) = delete;
-  ~OleSession() {
-    if (entered_)
-      OleUninitialize();
-  }
-
-private:
-  bool entered_;
-};
 
 // What pages could do to the whole process, and the click that the system plays at each new page: beside music it would
 // be heard.

@@ -63,8 +63,8 @@ protected:
   void change_dpi(unsigned dpi);
   void renew_fonts();
   virtual void fonts_changed() {} // texts may need more or less room
-  // A key that the window has a use for, before the focused control gets it. True when it is used up.
-  [[nodiscard]] virtual bool window_key(const MSG& /*message*/) { return false; }
+  // Input for the window as a whole, before its controls see it; true when it is handled.
+  [[nodiscard]] virtual bool window_input(const MSG& /*message*/) { return false; }
   // The window never keeps the focus: it passes it on to the control that had it last, initially the first one created.
   // True when the message is handled.
   [[nodiscard]] bool handle_focus_message(UINT message, WPARAM w);

@@ -38,7 +38,7 @@ bool ControlHost::filter(MSG& message) {
     return false;
   case WM_KEYDOWN:
     note_keyboard(true);
-    return key_down(message);
+    return window_input(message) || key_down(message);
   case WM_SYSKEYDOWN:
     note_keyboard(true);
     break;
@@ -52,12 +52,10 @@ bool ControlHost::filter(MSG& message) {
   default:
     break;
   }
-  return IsDialogMessageW(window_, &message) != 0;
+  return window_input(message) || IsDialogMessageW(window_, &message) != 0;
 }
 
 bool ControlHost::key_down(MSG& message) {
-  if (window_key(message))
-    return true;
   ChildWindow* child = child_of(GetFocus());
   if (message.wParam == VK_RETURN) {
     if (child != nullptr && child->takes_enter())

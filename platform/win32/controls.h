@@ -124,6 +124,7 @@ public:
   void dpi_changed() override;
   void colours_changed() override { set_colours(background_, text_colour_); }
   void draw_row(const DRAWITEMSTRUCT& item);
+  [[nodiscard]] bool scrolls() const; // has more rows than it shows
   [[nodiscard]] HBRUSH brush() const { return static_cast<HBRUSH>(brush_.get()); }
 
 private:

@@ -155,7 +155,9 @@ LRESULT FramedWindow::handle_message(UINT message, WPARAM w, LPARAM l) {
 }
 
 // Ctrl with Alt is AltGr, which types letters.
-bool FramedWindow::window_key(const MSG& message) {
+bool FramedWindow::window_input(const MSG& message) {
+  if (message.message != WM_KEYDOWN)
+    return false;
   const auto held = [](int key) { return GetKeyState(key) < 0; };
   std::optional<FramedWindowKey> key;
   if (message.wParam == 'F' && held(VK_CONTROL) && !held(VK_MENU) && !held(VK_SHIFT))

@@ -64,7 +64,7 @@ private:
   void draw_ground(HDC target, const RECT& area) override;
   [[nodiscard]] COLORREF label_colour(LabelKind kind, bool enabled) const override;
   void fonts_changed() override { fire(on_resize); }
-  [[nodiscard]] bool window_key(const MSG& message) override;
+  [[nodiscard]] bool window_input(const MSG& message) override;
 
   std::wstring caption_;
   RECT normal_{}; // pixels of the desktop, where it was last in its normal state

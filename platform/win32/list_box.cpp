@@ -88,6 +88,12 @@ std::size_t ListBox::item_at(int x, int y) const {
   return row < count() ? row : none;
 }
 
+bool ListBox::scrolls() const {
+  RECT room{};
+  GetClientRect(window_, &room);
+  return static_cast<LRESULT>(count()) * SendMessageW(window_, LB_GETITEMHEIGHT, 0, 0) > room.bottom;
+}
+
 void ListBox::set_shown_columns(std::size_t columns) {
   shown_columns_ = columns;
   redraw();

@@ -13,12 +13,17 @@ namespace lumotune::platform::win32 {
 namespace {
 
 constexpr const wchar_t* class_name = L"LumotuneWindow";
+// The first drop comes later than that; the start need not wait for OLE.
+constexpr std::uint32_t drops_start_ms = 200;
 
 } // namespace
 
 // A tool window has no task-bar button: the program lives in the notification area.
 Window::Window(EventLoop& loop, const std::wstring& name, int icon)
-    : ControlHost(loop, name, FontSize::fixed), recheck_(loop, [this] { look_at_screen(); }) {
+    : ControlHost(loop, name, FontSize::fixed),
+      recheck_(loop, [this] { look_at_screen(); }),
+      drops_start_(loop.make_timer(drops_start_ms, [this] { take_drops(); })),
+      drop_waker_(loop.make_waker([this] { hand_over_drop(); })) {
   const HINSTANCE program = GetModuleHandleW(nullptr);
   icon_ = LoadIconW(program, MAKEINTRESOURCEW(icon));
   if (icon_ == nullptr)
@@ -41,6 +46,7 @@ Window::Window(EventLoop& loop, const std::wstring& name, int icon)
 }
 
 Window::~Window() {
+  drops_.reset();
   destroy_controls();
   SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
   DestroyWindow(window_);
@@ -170,6 +176,8 @@ void Window::set_visible(bool visible) {
   }
   settling_since_ = GetTickCount();
   come_into_view();
+  if (drops_ == nullptr)
+    drops_start_->start();
   place_first();
   if (IsIconic(window_) != 0) {
     const POINT place = place_;

@@ -5,11 +5,13 @@
 #include "platform/common/screen_recheck.h"
 #include "platform/common/view_keeper.h"
 #include "platform/win32/control_host.h"
+#include "platform/win32/drop_target.h"
 #include "platform/win32/picture.h"
 #include "platform/win32/win.h"
 #include "platform/window.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace lumotune::platform::win32 {
@@ -63,6 +65,12 @@ private:
   void paint(HDC target, const RECT& area);
   void place_first();
   void apply_size();
+  void take_drops();
+  void dropped(Drop drop, POINT point);
+  void hand_over_drop();
+  [[nodiscard]] bool window_input(const MSG& message) override;
+  [[nodiscard]] bool key_pressed(const MSG& message);
+  [[nodiscard]] bool wheel_turned(const MSG& message);
   void draw_ground(HDC target, const RECT& area) override;
   [[nodiscard]] COLORREF label_colour(LabelKind kind, bool enabled) const override;
 
@@ -82,6 +90,11 @@ private:
   ViewKeeper view_;
   ScreenRecheck recheck_;
   bool dragging_ = false;
+  int wheel_rest_ = 0; // of a wheel with finer steps than notches
+  Drop dropped_;       // not handed over yet
+  std::unique_ptr<platform::Timer> drops_start_;
+  std::unique_ptr<platform::Waker> drop_waker_;
+  std::unique_ptr<DropTarget> drops_;
 };
 
 } // namespace lumotune::platform::win32
