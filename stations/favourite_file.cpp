@@ -8,6 +8,9 @@
 #include "base/text.h"
 #include "stations/file_names.h"
 
+#include <algorithm>
+#include <set>
+
 namespace lumotune::stations {
 namespace {
 
@@ -18,6 +21,15 @@ std::string lines_with_ends(const base::TextLines& lines) {
   for (const std::string& line : lines)
     bytes.append(line).append(line_end);
   return bytes;
+}
+
+bool is_no_line(const std::wstring& text) {
+  return text.find_first_of(std::wstring_view(L"\r\n\0", 3)) != std::wstring::npos;
+}
+
+std::wstring folded(std::wstring text) {
+  std::transform(text.begin(), text.end(), text.begin(), base::fold);
+  return text;
 }
 
 } // namespace
@@ -57,7 +69,7 @@ std::string FavouriteFile::read() const {
 }
 
 FavouriteAdded FavouriteFile::add(const std::wstring& line) {
-  if (line.find_first_of(std::wstring_view(L"\r\n\0", 3)) != std::wstring::npos)
+  if (is_no_line(line))
     return FavouriteAdded::failed;
   // An existing file that cannot be read is never written: its contents would be lost.
   const bool exists = folder_.files().exists(path());
@@ -79,6 +91,28 @@ FavouriteAdded FavouriteFile::add(const std::wstring& line) {
   if (fresh != *bytes && !folder_.files().replace(path(), fresh) && !there)
     return FavouriteAdded::failed;
   return there ? FavouriteAdded::already_there : FavouriteAdded::added;
+}
+
+std::optional<std::size_t> FavouriteFile::add_all(const std::vector<std::wstring>& lines) {
+  const bool exists = folder_.files().exists(path());
+  const auto bytes = exists ? read_bytes() : std::string();
+  const bool single = std::none_of(lines.begin(), lines.end(), is_no_line);
+  if (!bytes.has_value() || !single)
+    return std::nullopt;
+  base::TextLines List3 = base::without_empty_lines(base::split_text_lines(*bytes));
+  std::set<std::wstring> there;
+  for (const std::string& kept : List3)
+    there.insert(folded(folder_.codec().decode(kept)));
+  std::size_t added = 0;
+  for (const std::wstring& line : lines) {
+    if (line.empty() || !there.insert(folded(line)).second)
+      continue;
+    List3.push_back(folder_.codec().encode(line));
+    ++added;
+  }
+  if (added > 0 && !folder_.files().replace(path(), lines_with_ends(List3)))
+    return std::nullopt;
+  return added;
 }
 
 FavouriteRemoved FavouriteFile::remove(const std::wstring& line) {

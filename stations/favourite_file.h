@@ -49,6 +49,10 @@ public:
   // replaced, or the text is not a single line.
   [[nodiscard]] FavouriteAdded add(const std::wstring& line);
 
+  // Appends those lines that are not there yet, each once, in one writing; how many there were. Nothing when the file
+  // cannot be created, read or replaced, or a text is not a single line: then nothing is changed.
+  [[nodiscard]] std::optional<std::size_t> add_all(const std::vector<std::wstring>& lines);
+
   // Removes every such line. The new file begins with an empty line and has no other, even when nothing was found. A
   // missing file is created. `failed` changes nothing.
   [[nodiscard]] FavouriteRemoved remove(const std::wstring& line);
