@@ -4,6 +4,7 @@
 #include "base/error_log.h"
 #include "platform/media/player.h"
 #include "platform/win32/backend.h"
+#include "platform/win32/clipboard.h"
 #include "platform/win32/connection.h"
 #include "platform/win32/end_limit.h"
 #include "platform/win32/hardening.h"
@@ -30,6 +31,7 @@ void run(platform::win32::Backend& backend) {
   platform::win32::PopupMenus popups(backend.loop, backend.window.handle());
   platform::win32::InputBox input_box(backend.loop, backend.window.handle());
   platform::win32::Pointer pointer;
+  platform::win32::Clipboard clipboard(backend.loop, backend.window.handle());
   platform::win32::Connection connection;
   // Two companion programs are started from the current directory. The trailing backslash turns a bare drive into its
   // root instead of the drive's current folder.
@@ -42,7 +44,7 @@ void run(platform::win32::Backend& backend) {
   const auto player = media::make_media_player(backend.loop, options);
   app::Program program({backend.loop, backend.codec, backend.files, backend.shell, backend.machine, backend.window,
                         backend.messages, backend.dialogs, tray, *player, popups, input_box, pointer, media_keys,
-                        connection, backend.framed_windows, backend.worker},
+                        clipboard, connection, backend.framed_windows, backend.worker},
                        form);
   if (program.start())
     backend.loop.run();

@@ -9,6 +9,7 @@
 #include "menus/menus.h"
 #include "menus/skin_menu.h"
 #include "menus/tray_events.h"
+#include "platform/clipboard.h"
 #include "platform/connection.h"
 #include "platform/framed_window.h"
 #include "platform/input_box.h"
@@ -17,7 +18,10 @@
 #include "platform/worker.h"
 #include "player/client_link.h"
 #include "player/console.h"
+#include "player/drops.h"
+#include "player/favourite_lists.h"
 #include "player/favourites.h"
+#include "player/gestures.h"
 #include "player/media_key_rule.h"
 #include "player/report_programs.h"
 #include "player/shutdown.h"
@@ -45,6 +49,7 @@ struct Platform {
   platform::InputBox& input_box;
   platform::Pointer& pointer;
   platform::MediaKeys& media_keys;
+  platform::Clipboard& clipboard;
   platform::Connection& connection;
   platform::FramedWindowMaker& framed_windows;
   platform::Worker& worker;
@@ -92,6 +97,9 @@ public:
   player::StatusDisplay status;
   player::Favourites favourites;
   player::Console console;
+  player::FavouriteLists favourite_lists;
+  player::Drops drops;
+  player::Gestures gestures;
   player::ClientCommands commands;
   player::Startup startup;
   player::Shutdown shutdown;

@@ -11,7 +11,11 @@ namespace {
 
 void bind_window(Program& program, const Platform& platform, platform::Window& window) {
   window.on_mouse_move = [&](const MouseEvent& event) { program.chrome.Form_MouseMove(event); };
+  window.on_wheel = [&](int notches) { program.gestures.wheel(notches); };
+  window.on_middle_click = [&] { program.gestures.middle_click(); };
+  window.on_key = [&](platform::WindowKey key) { program.gestures.key(key); };
   window.on_menu = [&] { program.menus.open_main(); };
+  window.on_drop = [&](const platform::Drop& drop) { program.drops.dropped(drop); };
   window.on_close = [&] { program.shutdown.Form_Unload(); };
   window.on_session_end = [&] { program.shutdown.Konec(); };
   window.on_suspend = [&player = platform.player] { player.system_suspended(); };

@@ -3,14 +3,12 @@
 
 #include "base/boxes.h"
 #include "base/text.h"
+#include "player/notices.h"
 
 namespace lumotune::menus {
 
 void MenuCommands::tell_refused() {
-  if (uses_.status.can_tell())
-    uses_.status.tell(player::address_refused);
-  else
-    base::inform(uses_.dialogs, player::address_refused);
+  player::tell_or_inform(uses_.status, uses_.dialogs, player::address_refused);
 }
 
 // Until the server's address is known there is no page to open.

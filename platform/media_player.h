@@ -17,6 +17,8 @@ enum class PlayState : int { stopped = 1, playing = 3, buffering = 6, reconnecti
 enum class AddressOrigin {
   station,  // a station file, or the client on behalf of a station: network schemes only
   message,  // a message from another program: also files on this machine's drives, never a share or a device
+  dropped,  // a file dropped on the window: a file on this machine's drives; if it is a list, its entries are a
+            // station's
   listener, // typed into the console or on the command line: anything the listener may open
 };
 

@@ -168,12 +168,13 @@ bool may_open(std::string_view address, platform::AddressOrigin origin) {
     return false;
   if (kind == AddressKind::network || origin == platform::AddressOrigin::listener)
     return true;
-  return origin == platform::AddressOrigin::message && is_plain_path(local_path(address));
+  return origin != platform::AddressOrigin::station && is_plain_path(local_path(address));
 }
 
 platform::AddressOrigin origin_of_entry(std::string_view list, platform::AddressOrigin list_origin,
                                         std::string_view entry) {
-  if (address_kind(list) != AddressKind::local || list_origin == platform::AddressOrigin::station)
+  if (address_kind(list) != AddressKind::local || list_origin == platform::AddressOrigin::station ||
+      list_origin == platform::AddressOrigin::dropped)
     return platform::AddressOrigin::station;
   if (list_origin == platform::AddressOrigin::message || address_kind(entry) != AddressKind::local)
     return platform::AddressOrigin::message;

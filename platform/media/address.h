@@ -26,7 +26,8 @@ inline constexpr std::size_t max_address_bytes = 4000;
 
 // The origin of a playlist entry; `entry` is absolute. Entries of a network playlist count as coming from the network.
 // Entries of a local one are not the listener's own choice either, as most such files were downloaded: they may reach
-// what a message may and, if the listener opened a playlist on a share, that same share.
+// what a message may and, if the listener opened a playlist on a share, that same share. Entries of a dropped one count
+// as coming from the network: a list that came with a mail or a page is dropped as easily as one's own.
 [[nodiscard]] platform::AddressOrigin origin_of_entry(std::string_view list, platform::AddressOrigin list_origin,
                                                       std::string_view entry);
 

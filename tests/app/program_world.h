@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/program.h"
+#include "platform/memory/clipboard.h"
 #include "platform/memory/framed_window.h"
 #include "platform/memory/menus.h"
 #include "tests/support/memory_platform.h"
@@ -20,10 +21,11 @@ struct ProgramWorld : testing::Test, MemoryPlatform {
   platform::memory::InputBox input_box{loop};
   platform::memory::Pointer pointer;
   platform::memory::MediaKeys media_keys;
+  platform::memory::Clipboard clipboard;
   platform::memory::Connection connection;
   platform::memory::FramedWindowMaker framed_windows{files};
   app::Program program{{loop, codec, files, shell, machine, window, messages, dialogs, tray, player, popups, input_box,
-                        pointer, media_keys, connection, framed_windows, worker},
+                        pointer, media_keys, clipboard, connection, framed_windows, worker},
                        form};
 
   ProgramWorld() {

@@ -137,6 +137,18 @@ TEST(Reach, OfAListsEntryIsNoLargerThanItsLists) {
   EXPECT_EQ(origin_of_entry("\\\\nas\\music\\l.m3u", Origin::message, "\\\\nas\\music\\x"), Origin::message);
 }
 
+TEST(Reach, OfWhatIsDroppedIsAFileHereAndOfItsEntriesTheNetwork) {
+  for (const char* each : {"C:\\r\xc3\xa1"
+                           "dio\\l.m3u",
+                           "D:/x.mp3", "http://a/"})
+    EXPECT_TRUE(may_open(each, Origin::dropped)) << each;
+  for (const char* each :
+       {"\\\\nas\\music\\x.mp3", "file://nas/music/x", "\\\\?\\C:\\x", "C:\\con", "C:\\x:y", "x.mp3", "data:x"})
+    EXPECT_FALSE(may_open(each, Origin::dropped)) << each;
+  for (const char* each : {"http://a/x", "C:\\x.mp3", "x.mp3", "\\\\nas\\music\\x"})
+    EXPECT_EQ(origin_of_entry("C:\\l.m3u", Origin::dropped, each), Origin::station) << each;
+}
+
 TEST(Reach, OfAListOnAShareIsThatShare) {
   const auto origin = [](const char* entry) {
     return origin_of_entry("\\\\NAS\\music\\lists\\l.m3u", Origin::listener, entry);
