@@ -19,6 +19,7 @@ Program::Program(const Platform& p, base::LumotuneForm& form)
       media_keys({form, session}),
       playback({settings, session, form, p.player, stations, p.loop, client_link, media_keys}),
       status({settings, session, form, p.player, p.loop}),
+      quality_backup({settings, session, p.player, p.loop, stations, playback, status}),
       favourites({folder, settings, session, form, playback, station_files, p.dialogs, p.loop, p.pointer}),
       console({session, p.loop, p.input_box, p.dialogs, playback}),
       favourite_lists({folder, station_files, p.dialogs, favourites}),
@@ -51,6 +52,7 @@ bool Program::start() {
     return false;
   status.tick();
   status.start();
+  quality_backup.start();
   media_keys.start(keys_);
   return true;
 }

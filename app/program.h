@@ -23,6 +23,7 @@
 #include "player/favourites.h"
 #include "player/gestures.h"
 #include "player/media_key_rule.h"
+#include "player/quality_backup.h"
 #include "player/report_programs.h"
 #include "player/shutdown.h"
 #include "player/startup.h"
@@ -95,6 +96,7 @@ public:
   player::MediaKeyRule media_keys;
   player::Playback playback;
   player::StatusDisplay status;
+  player::QualityBackup quality_backup;
   player::Favourites favourites;
   player::Console console;
   player::FavouriteLists favourite_lists;

@@ -57,13 +57,14 @@ enum class Panel { as_designed, station, favourites, hint };
 
 // State that lives as long as the program.
 struct Session {
-  std::wstring OverrideURL;  // one-shot address; written by "remoteplay", cleared by PripravHrani
-  std::wstring OverrideName; // name for an address from the client; written by "remoteplay"
-  std::wstring station_name; // field "name" of the station; written by Play and the console
-  std::wstring shown_name;   // written by the status display
-  std::wstring time_text;    // elapsed time, empty until playback is audible; written by the status display
-  std::wstring title_text;   // for the tray icon's tooltip; written by the status display
-  std::wstring window_shown; // "1" shown, "0" hidden, empty before either; written by FormMax, FormMin, OrbMinMax
+  std::wstring OverrideURL;    // one-shot address; written by "remoteplay", cleared by PripravHrani
+  std::wstring OverrideName;   // name for an address from the client; written by "remoteplay"
+  std::wstring station_name;   // field "name" of the station; written by Play and the console
+  std::wstring backup_quality; // bit rate of what plays in place of the chosen quality, else empty; written by Playback
+  std::wstring shown_name;     // written by the status display
+  std::wstring time_text;      // elapsed time, empty until playback is audible; written by the status display
+  std::wstring title_text;     // for the tray icon's tooltip; written by the status display
+  std::wstring window_shown;   // "1" shown, "0" hidden, empty before either; written by FormMax, FormMin, OrbMinMax
   std::wstring favourite_line = L"lt:/"; // line of the last clicked favourite; written by Control_List_Click
   std::wstring refresh_favourites;       // "1" while CommandOK reloads the list; never read by the program itself
   bool playing = false;                  // whether sound is wanted; written by Playback

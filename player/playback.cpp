@@ -21,7 +21,12 @@ void Playback::prepare(std::wstring URL, platform::AddressOrigin origin) {
     origin = platform::AddressOrigin::station; // it came with "remoteplay", whoever plays it
   }
   uses_.session.OverrideURL.clear();
-  uses_.player.set_url(URL, origin);
+  // The chosen quality set again while a backup plays in its place has no effect, as with the address that plays.
+  if (origin != platform::AddressOrigin::station || chosen_address_ != URL) {
+    chosen_address_.reset();
+    uses_.session.backup_quality.clear();
+    uses_.player.set_url(URL, origin);
+  }
   uses_.form.PlayTL.set_enabled(true);
   uses_.form.Control_Play.set_enabled(true);
   uses_.media_keys.can_be_pressed();
@@ -41,6 +46,8 @@ void Playback::PripravHrani(std::wstring URL, platform::AddressOrigin origin) {
 void Playback::Play() {
   if (uses_.loop.ending())
     return;
+  ++starts_;
+  take_back_backup();
   uses_.player.play();
   set_playing(true);
   uses_.session.panel = base::Panel::station;
@@ -49,9 +56,33 @@ void Playback::Play() {
   uses_.client_link.enable_Timer1();
 }
 
+// The player's address becomes the chosen quality's; while it plays, that ends it.
+void Playback::take_back_backup() {
+  uses_.session.backup_quality.clear();
+  if (const auto chosen = std::exchange(chosen_address_, std::nullopt))
+    uses_.player.set_url(*chosen, platform::AddressOrigin::station);
+}
+
+void Playback::play_backup(const std::wstring& address, const std::wstring& bit_rate) {
+  if (stopped() || uses_.loop.ending())
+    return;
+  chosen_address_ = chosen_address_.value_or(uses_.player.url());
+  uses_.session.backup_quality = bit_rate;
+  uses_.player.set_url(address, platform::AddressOrigin::station);
+  uses_.player.play();
+}
+
+void Playback::return_to_chosen() {
+  if (stopped() || !plays_backup() || uses_.loop.ending())
+    return;
+  take_back_backup();
+  uses_.player.play();
+}
+
 void Playback::PlayStop() {
   uses_.player.stop();
   set_playing(false);
+  take_back_backup();
   skin->ZobrazCoMas(uses_.form.PlayTL.text());
   favourites->ZobrazOblibene();
 }

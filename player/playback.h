@@ -12,6 +12,7 @@
 #include "player/ports.h"
 #include "stations/station_lookup.h"
 
+#include <optional>
 #include <string>
 
 namespace lumotune::player {
@@ -41,6 +42,13 @@ public:
   void PripravHrani(std::wstring URL, platform::AddressOrigin origin = platform::AddressOrigin::station);
   void Play(); // does nothing once the program is ending
   void PlayStop();
+
+  // Another quality of the station that plays, in place of the chosen one: nothing is saved or reported anew. The next
+  // start or press returns to the chosen one.
+  void play_backup(const std::wstring& address, const std::wstring& bit_rate);
+  void return_to_chosen(); // now; does nothing unless a backup plays
+  [[nodiscard]] bool plays_backup() const { return chosen_address_.has_value(); }
+  [[nodiscard]] unsigned starts() const { return starts_; } // how often `Play` was called
   // Prepares and plays.
   void PlayAll(const std::wstring& URL, platform::AddressOrigin origin = platform::AddressOrigin::station);
 
@@ -60,8 +68,11 @@ public:
 private:
   void prepare(std::wstring URL, platform::AddressOrigin origin);
   void set_playing(bool playing);
+  void take_back_backup();
 
   Uses uses_;
+  unsigned starts_ = 0;
+  std::optional<std::wstring> chosen_address_; // of the quality that a backup stands in for
 };
 
 } // namespace lumotune::player

@@ -116,7 +116,10 @@ void StatusDisplay::copy_status() {
   if (notice_.empty())
     uses_.form.InfoStatus.set_text(status);
   show_needle();
-  uses_.form.InfoStatus.set_tooltip(warning.empty() || warning == status ? status : status + L" - " + warning);
+  std::wstring tip = warning.empty() || warning == status ? status : status + L" - " + warning;
+  if (!uses_.session.backup_quality.empty())
+    tip += L" - náhradní kvalita " + uses_.session.backup_quality + L" kbps";
+  uses_.form.InfoStatus.set_tooltip(tip);
 }
 
 // A change of station updates the name at once; everything else waits for the tick.

@@ -49,6 +49,19 @@ TEST_F(ProgramTest, ThePlayersNotificationsReachTheStatus) {
   EXPECT_EQ(form.InfoStatus.tooltip(), L"Přehrávání");
 }
 
+TEST_F(ProgramTest, AQualityThatIsGoneIsReplaced) {
+  ASSERT_TRUE(program.start());
+  ASSERT_TRUE(window.picture(L"Control_Play")->user_click());
+  platform::StreamStatus gone;
+  gone.phase = platform::StreamPhase::waiting;
+  gone.trouble = platform::StreamTrouble::lost;
+  player.reported = gone;
+  loop.advance(21000);
+  EXPECT_EQ(player.url(), L"u1a");
+  program.shutdown.Konec();
+  EXPECT_NE(get(L"Orb_Data\\options.ini").find("LTLast:RADIO1/2"), std::string::npos);
+}
+
 TEST_F(ProgramTest, TheFramesPicturesAndTheTrayWork) {
   ASSERT_TRUE(program.start());
   EXPECT_TRUE(window.picture(L"LineMenu_OnTop")->user_click());
