@@ -20,6 +20,7 @@ Program::Program(const Platform& p, base::LumotuneForm& form)
       playback({settings, session, form, p.player, stations, p.loop, client_link, media_keys}),
       status({settings, session, form, p.player, p.loop}),
       quality_backup({settings, session, p.player, p.loop, stations, playback, status}),
+      title_history({session, folder, p.machine, p.player, p.loop}),
       favourites({folder, settings, session, form, playback, station_files, p.dialogs, p.loop, p.pointer}),
       console({session, p.loop, p.input_box, p.dialogs, playback}),
       favourite_lists({folder, station_files, p.dialogs, favourites}),
@@ -28,7 +29,7 @@ Program::Program(const Platform& p, base::LumotuneForm& form)
       commands({settings, session, form, p.loop, p.messages, p.dialogs, p.codec, playback, favourites}),
       startup({settings, session, form, p.loop, folder, p.machine, p.messages, p.shell, p.dialogs, p.player, options,
                error_log, playback, commands, sender, favourites}),
-      shutdown({session, p.loop, p.machine, p.messages, p.player, options, commands, sender}),
+      shutdown({session, p.loop, p.machine, p.messages, p.player, options, commands, sender, title_history}),
       skin({settings, session, form, folder, p.loop, error_log}),
       chrome({settings, session, form, folder}),
       tray_icon(p.tray),
@@ -53,6 +54,7 @@ bool Program::start() {
   status.tick();
   status.start();
   quality_backup.start();
+  title_history.start();
   media_keys.start(keys_);
   return true;
 }

@@ -28,6 +28,7 @@
 #include "player/shutdown.h"
 #include "player/startup.h"
 #include "player/status_display.h"
+#include "player/title_history.h"
 #include "skin/chrome.h"
 #include "skin/skin.h"
 #include "skin/tray_icon.h"
@@ -97,6 +98,7 @@ public:
   player::Playback playback;
   player::StatusDisplay status;
   player::QualityBackup quality_backup;
+  player::TitleHistory title_history;
   player::Favourites favourites;
   player::Console console;
   player::FavouriteLists favourite_lists;

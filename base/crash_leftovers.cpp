@@ -4,7 +4,8 @@
 namespace lumotune::base {
 
 void settle_leftovers(const ProgramFolder& folder) {
-  for (const std::wstring& file : {folder.data(L"options.ini"), folder.data(L"orb_server.tt"), folder.path(L"list.tt")})
+  for (const std::wstring& file : {folder.data(L"options.ini"), folder.data(L"orb_server.tt"), folder.path(L"list.tt"),
+                                   folder.path(L"skladby.txt")})
     folder.files().settle(file);
   folder.files().settle(folder.path(L"radios.tt"), folder.path(L"kategories.tt"));
 }

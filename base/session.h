@@ -61,6 +61,7 @@ struct Session {
   std::wstring OverrideName;   // name for an address from the client; written by "remoteplay"
   std::wstring station_name;   // field "name" of the station; written by Play and the console
   std::wstring backup_quality; // bit rate of what plays in place of the chosen quality, else empty; written by Playback
+  std::wstring last_titles;    // what was heard last, each after a line end, newest first; written by TitleHistory
   std::wstring shown_name;     // written by the status display
   std::wstring time_text;      // elapsed time, empty until playback is audible; written by the status display
   std::wstring title_text;     // for the tray icon's tooltip; written by the status display

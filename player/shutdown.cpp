@@ -15,6 +15,7 @@ void Shutdown::Konec() {
   uses_.loop.run_pending();
   uses_.player.stop(); // silence at once: the remaining steps may take a moment
   chrome->remove_tray();
+  uses_.titles.flush();
   uses_.options.LoadOptions(); // keeps what the client wrote meanwhile
   uses_.options.SaveOptions();
   chrome->OnTopNO();

@@ -7,6 +7,7 @@
 #include "platform/machine.h"
 #include "player/client_commands.h"
 #include "player/ports.h"
+#include "player/title_history.h"
 
 namespace lumotune::player {
 
@@ -22,6 +23,7 @@ public:
     base::SettingsFiles& options;
     ClientCommands& commands;
     companions::CommandSender& sender;
+    TitleHistory& titles;
   };
   explicit Shutdown(const Uses& uses) : uses_(uses) {}
 

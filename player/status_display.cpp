@@ -119,7 +119,7 @@ void StatusDisplay::copy_status() {
   std::wstring tip = warning.empty() || warning == status ? status : status + L" - " + warning;
   if (!uses_.session.backup_quality.empty())
     tip += L" - náhradní kvalita " + uses_.session.backup_quality + L" kbps";
-  uses_.form.InfoStatus.set_tooltip(tip);
+  uses_.form.InfoStatus.set_tooltip(tip + uses_.session.last_titles);
 }
 
 // A change of station updates the name at once; everything else waits for the tick.

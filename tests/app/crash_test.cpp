@@ -38,6 +38,7 @@ struct OneRun : ProgramWorld {
     outside(L"Orb_Data\\error.log", std::string(base::ErrorLog::max_bytes - 2, 'x') + "\r\n");
     outside(L"kategories.tt", "new//100000/@/Vse\r\n\r\n");
     outside(L"list.tt", "lt:RADIO1/1\r\n");
+    outside(L"skladby.txt", "zapisovat:ano\r\n");
     outside(L"orblt.tt", "old");
     outside(L"seznam.tt", "old");
     outside(L"orb_test_size.tt", "old");
@@ -52,6 +53,7 @@ struct OneRun : ProgramWorld {
   void session() {
     (void)program.start();
     play_and_be_asked();
+    hear(L"Kometa");
     popups.choices = {L"LT_Menu_Skins_SKIN(0)"};
     program.menus.open_main();
     update_and_keep_a_favourite();
@@ -61,6 +63,13 @@ struct OneRun : ProgramWorld {
   }
 
 private:
+  void hear(const wchar_t* title) {
+    platform::StreamStatus status;
+    status.phase = platform::StreamPhase::playing;
+    status.title = title;
+    player.reported = status;
+    loop.advance(1000);
+  }
   void play_and_be_asked() {
     (void)window.picture(L"Control_Play")->user_click();
     loop.advance(3000); // the report
@@ -177,7 +186,7 @@ TEST_P(CrashTest, TheSessionChangesEveryFile) {
   const Disk& before = moments.front().disk;
   const Disk& after = moments.back().disk;
   for (const wchar_t* name : {L"orb_data\\options.ini", L"orb_data\\orb_server.tt", L"orb_data\\error.log", L"list.tt",
-                              L"radios.tt", L"kategories.tt"}) {
+                              L"radios.tt", L"kategories.tt", L"skladby.txt"}) {
     const std::wstring path = std::wstring(L"c:\\orb\\") + name;
     EXPECT_NE(before.at(path), after.at(path)) << std::string(path.begin(), path.end());
   }

@@ -85,7 +85,8 @@ struct PlayerWorld : StationsWorld {
   player::ClientCommands commands{{settings, session, form, loop, messages, dialogs, codec, playback, favourites}};
   player::Startup startup{{settings, session, form, loop, folder, machine, messages, shell, dialogs, player, options,
                            error_log, playback, commands, sender, favourites}};
-  player::Shutdown shutdown{{session, loop, machine, messages, player, options, commands, sender}};
+  player::TitleHistory title_history{{session, folder, machine, player, loop}};
+  player::Shutdown shutdown{{session, loop, machine, messages, player, options, commands, sender, title_history}};
   SilentTitle title;
 
   PlayerWorld() {
