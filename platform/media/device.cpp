@@ -18,7 +18,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr auto retry_interval = 2000ms;    // while there is no device
+constexpr auto retry_interval = 1000ms;    // while there is no device: one that comes is heard within two seconds
 constexpr auto shortest_life = 500ms;      // a device that fails is replaced at once, but no sooner than this
 constexpr auto muted_run_time = 250ms;     // after a stop, the device plays what it has taken, muted
 constexpr auto idle_close_after = 30000ms; // an unused device is closed

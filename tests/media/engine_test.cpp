@@ -189,6 +189,16 @@ TEST_F(Engine, WaitsForASoundDevice) {
   EXPECT_TRUE(until([this] { return says("playing MP3"); })) << told();
 }
 
+TEST_F(Engine, TakesASoundDeviceThatComesWithinTwoSeconds) {
+  device->present = false;
+  play(radio.url("/live/440.mp3"));
+  ASSERT_TRUE(until([this] { return status() == "playing: no device"; })) << told();
+  const auto since = std::chrono::steady_clock::now();
+  device->present = true;
+  ASSERT_TRUE(until([this] { return device->opened > 0; })) << told();
+  EXPECT_LT(std::chrono::steady_clock::now() - since, std::chrono::milliseconds(1700));
+}
+
 TEST_F(Engine, TakesTheNextSoundDeviceWhenOneDies) {
   play(radio.url("/live/440.mp3"));
   ASSERT_TRUE(until_hears(440)) << told();
