@@ -180,22 +180,6 @@ LRESULT ListView::find_row(const NMLVFINDITEMW& request) const {
   return -1;
 }
 
-LRESULT ListView::customise(NMLVCUSTOMDRAW& item) {
-  if (item.nmcd.dwDrawStage == CDDS_PREPAINT)
-    return CDRF_NOTIFYITEMDRAW;
-  if (item.nmcd.dwDrawStage != CDDS_ITEMPREPAINT)
-    return CDRF_DODEFAULT;
-  const std::size_t row = item.nmcd.dwItemSpec + 1;
-  const bool bold = row <= row_count() && rows_->bold(row);
-  SelectObject(item.nmcd.hdc, surface_.font(LabelFont::normal, false, bold));
-  if (row == selected() && GetFocus() != window_) {
-    item.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
-    item.clrText = GetSysColor(COLOR_WINDOWTEXT);
-    item.clrTextBk = resting_selection();
-  }
-  return CDRF_NEWFONT;
-}
-
 std::size_t ListView::row_at(LPARAM point) const {
   LVHITTESTINFO hit{};
   hit.pt = {GET_X_LPARAM(point), GET_Y_LPARAM(point)};
@@ -265,65 +249,6 @@ bool ListView::handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   result = enter ? 0 : DefSubclassProc(window_, message, w, l);
   fire(on_key_press, static_cast<wchar_t>(w));
   return true;
-}
-
-void ListView::set_empty_text(const std::wstring& text) {
-  surface_.check_thread();
-  if (text == empty_text_)
-    return;
-  empty_text_ = text;
-  if (row_count() == 0)
-    InvalidateRect(window_, nullptr, TRUE);
-}
-
-// Over what the list has drawn; the system's own text for empty lists is newer than some systems.
-void ListView::draw_empty_text() const {
-  RECT room{};
-  GetClientRect(window_, &room);
-  RECT header{};
-  GetWindowRect(reinterpret_cast<HWND>(SendMessageW(window_, LVM_GETHEADER, 0, 0)), &header);
-  const int edge = pixels(150, surface_.dpi());
-  room.top += header.bottom - header.top + edge;
-  InflateRect(&room, -edge, 0);
-  const HDC dc = GetDC(window_);
-  const HGDIOBJ before = SelectObject(dc, surface_.font(LabelFont::normal, false));
-  SetBkMode(dc, TRANSPARENT);
-  SetTextColor(dc, GetSysColor(COLOR_GRAYTEXT));
-  DrawTextW(dc, empty_text_.c_str(), -1, &room, DT_WORDBREAK | DT_NOPREFIX);
-  SelectObject(dc, before);
-  ReleaseDC(window_, dc);
-}
-
-// In pixels, for the caption and the rows in sight: measuring all rows of a long list would take seconds.
-int ListView::needed_width(int column) const {
-  const HDC dc = GetDC(window_);
-  const HGDIOBJ before = SelectObject(dc, surface_.font(LabelFont::normal, false));
-  int widest = 0;
-  const auto measure = [&](const std::wstring& text, bool bold) {
-    SIZE size{};
-    SelectObject(dc, surface_.font(LabelFont::normal, false, bold));
-    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(std::min<std::size_t>(text.size(), 1000)), &size);
-    widest = std::max(widest, static_cast<int>(size.cx));
-  };
-  std::wstring caption(200, L'\0');
-  LVCOLUMNW asked{};
-  asked.mask = LVCF_TEXT;
-  asked.pszText = caption.data();
-  asked.cchTextMax = static_cast<int>(caption.size());
-  SendMessageW(window_, LVM_GETCOLUMNW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&asked));
-  measure(caption.c_str(), false);
-  const auto first = static_cast<std::size_t>(SendMessageW(window_, LVM_GETTOPINDEX, 0, 0));
-  const auto page = static_cast<std::size_t>(SendMessageW(window_, LVM_GETCOUNTPERPAGE, 0, 0)) + 1;
-  for (std::size_t row = first + 1; row <= std::min(first + page, row_count()); ++row)
-    measure(rows_->text(row, static_cast<std::size_t>(column)), rows_->bold(row));
-  SelectObject(dc, before);
-  ReleaseDC(window_, dc);
-  return widest + pixels(270, surface_.dpi()); // the room that the list leaves around a text
-}
-
-void ListView::fit_column(int column) {
-  if (column >= 0 && column < columns_)
-    SendMessageW(window_, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), needed_width(column));
 }
 
 bool ListView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
