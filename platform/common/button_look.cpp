@@ -199,7 +199,7 @@ std::vector<double> ring_of(const Pixels& target, const Shape& shape, double sca
   const double line = 2 * std::max(1.0, std::round(scale));
   const bool outlined = shape.body() && std::max(target.width, target.height) <= most_outlined;
   const bool outside = outlined && shape.margin() >= line;
-  const double gap = outside && shape.margin() >= 1.5 * line ? line / 2 : 0;
+  const double gap = outside && shape.margin() >= 2 * line ? line / 2 : 0;
   const int reach = static_cast<int>(std::ceil(gap + line)) + 1;
   std::vector<double> ring;
   ring.reserve(target.values.size());

@@ -181,7 +181,7 @@ void ListBox::draw_row_text(HDC target, const RECT& row, const std::wstring& ite
   RECT room = row;
   room.left += scaled(120);
   room.right -= scaled(90);
-  const HGDIOBJ before = SelectObject(target, surface_.font(LabelFont::normal, false, mark));
+  const HGDIOBJ before = SelectObject(target, surface_.font(LabelFont::normal, false));
   SetBkMode(target, TRANSPARENT);
   const auto put = [&](std::wstring_view text, std::uint32_t colour, UINT side) {
     SetTextColor(target, colour);
@@ -199,7 +199,11 @@ void ListBox::draw_row_text(HDC target, const RECT& row, const std::wstring& ite
     draw_mark(target, {room.left, (row.top + row.bottom) / 2});
     room.left += scaled(150);
   }
-  put(parts.first, mark ? colour_ref(accent_.value_or(text_colour_)) : colours.text, DT_LEFT);
+  SelectObject(target, surface_.font(LabelFont::normal, false, mark));
+  // Where the second part has no room of its own it stays behind the first.
+  const std::wstring_view first =
+      both ? parts.first : std::wstring_view(shown).substr(0, shown.find_last_not_of(L' ') + 1);
+  put(first, mark ? colour_ref(accent_.value_or(text_colour_)) : colours.text, DT_LEFT);
   SelectObject(target, before);
 }
 
