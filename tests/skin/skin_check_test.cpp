@@ -50,6 +50,8 @@ TEST_F(SkinCheckTest, OurOwnSkinsAreWhole) {
   int checked = 0;
   for (const auto& folder : {top / "assets" / "skins", top / "docs" / "skin-template"}) {
     for (const auto& each : std::filesystem::recursive_directory_iterator(folder)) {
+      if (!each.is_regular_file())
+        continue;
       std::ifstream file(each.path(), std::ios::binary);
       const std::string bytes{std::istreambuf_iterator<char>(file), {}};
       const std::wstring stem = each.path().stem().wstring();
