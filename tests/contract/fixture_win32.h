@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/win32/backend.h"
+#include "tests/contract/scratch_folder_win32.h"
 
 #include <commctrl.h>
 
@@ -19,29 +20,6 @@ inline std::wstring text_of(HWND window) {
   text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), 3000)));
   return text;
 }
-
-// A scratch folder of its own, emptied at the end.
-class ScratchFolder {
-public:
-  ScratchFolder() {
-    wchar_t base[MAX_PATH];
-    GetTempPathW(MAX_PATH, base);
-    path_ = std::wstring(base) + L"lumotune pokus č " + std::to_wstring(GetCurrentProcessId()) + L"." +
-            std::to_wstring(GetTickCount());
-    CreateDirectoryW(path_.c_str(), nullptr);
-  }
-  ScratchFolder(const ScratchFolder&) = delete;
-  ScratchFolder& operator=(const ScratchFolder&) = delete;
-  ~ScratchFolder() {
-    for (const auto& name : platform::win32::Files().list(path_, L"*"))
-      DeleteFileW((path_ + L"\\" + name).c_str());
-    RemoveDirectoryW(path_.c_str());
-  }
-  [[nodiscard]] const std::wstring& path() const { return path_; }
-
-private:
-  std::wstring path_;
-};
 
 struct Backend {
   platform::win32::Backend real{L"Lumotune", 1};

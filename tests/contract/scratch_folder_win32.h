@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
+// A folder of its own for each test on the real backend.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdlib>
+#include <string>
+
+namespace lumotune::contract {
+
+// A scratch folder of its own, emptied at the end.
+class ScratchFolder {
+public:
+  ScratchFolder() {
+    wchar_t base[MAX_PATH];
+    GetTempPathW(MAX_PATH, base);
+    path_ = std::wstring(base) + L"lumotune pokus č " + std::to_wstring(GetCurrentProcessId()) + L"." +
+            std::to_wstring(GetTickCount());
+    CreateDirectoryW(path_.c_str(), nullptr);
+  }
+  ScratchFolder(const ScratchFolder&) = delete;
+  ScratchFolder& operator=(const ScratchFolder&) = delete;
+  ~ScratchFolder() {
+    for (const auto& name : platform::win32::Files().list(path_, L"*"))
+      DeleteFileW((path_ + L"\\" + name).c_str());
+    RemoveDirectoryW(path_.c_str());
+  }
+  [[nodiscard]] const std::wstring& path() const { return path_; }
+
+private:
+  std::wstring path_;
+};
+
+} // namespace lumotune::contract
