@@ -13,7 +13,12 @@ void bind_window(Program& program, const Platform& platform, platform::Window& w
   window.on_mouse_move = [&](const MouseEvent& event) { program.chrome.Form_MouseMove(event); };
   window.on_wheel = [&](int notches) { program.gestures.wheel(notches); };
   window.on_middle_click = [&] { program.gestures.middle_click(); };
-  window.on_key = [&](platform::WindowKey key) { program.gestures.key(key); };
+  window.on_key = [&](platform::WindowKey key) {
+    if (key == platform::WindowKey::f5) // a copy: the current skin is set anew
+      program.menu_commands.LT_Menu_Skins_SKIN_Click(std::wstring(program.settings.LTskin));
+    else
+      program.gestures.key(key);
+  };
   window.on_menu = [&] { program.menus.open_main(); };
   window.on_drop = [&](const platform::Drop& drop) { program.drops.dropped(drop); };
   window.on_close = [&] { program.shutdown.Form_Unload(); };

@@ -34,7 +34,7 @@ void Gestures::key(platform::WindowKey key) {
     return copy_title();
   case WindowKey::ctrl_e:
     return uses_.favourite_lists.export_list();
-  case WindowKey::f5:
+  case WindowKey::f5: // the skin's, in a room above
     break;
   }
 }

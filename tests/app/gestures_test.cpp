@@ -55,6 +55,16 @@ TEST_F(GesturesTest, WheelMiddleButtonAndKeys) {
   EXPECT_EQ(clipboard.text, L"Kometa");
 }
 
+TEST_F(GesturesTest, F5LoadsTheSkinAnew) {
+  start_with("");
+  const std::string skin = get(L"Orb_Data\\skins\\Lumo.skin");
+  ASSERT_FALSE(skin.empty());
+  const int left = window.label(L"InfoName")->rect().left;
+  put(L"Orb_Data\\skins\\Lumo.skin", skin + "InfoName#" + std::to_string(left + 300) + "#0#3000#300#0\r\n");
+  ASSERT_TRUE(window.user_key(platform::WindowKey::f5));
+  EXPECT_EQ(window.label(L"InfoName")->rect().left, left + 300);
+}
+
 TEST_F(GesturesTest, AListDroppedOnTheFavouritesIsImported) {
   put(L"radios.tt", PlayerWorld::record("RADIO1", "Prvn\xed", "http://a/1", "http://a/2"));
   start_with("lt:RADIO1/1\r\n");

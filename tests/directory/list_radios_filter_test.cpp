@@ -5,8 +5,8 @@
 namespace lumotune::directory {
 namespace {
 
-using platform::MouseButton;
 using platform::FramedWindowKey;
+using platform::MouseButton;
 
 struct ListRadiosFilter : WindowWorld {
   ListRadiosFilter() { directory.Naladit(); }
