@@ -71,7 +71,7 @@ void PictureBox::draw_needle(HDC target) const {
 void PictureBox::draw_button(HDC target, const RECT& area) {
   const Pixels* picture = picture_.pixels(area.right, area.bottom);
   if (picture == nullptr)
-    return;
+    return draw_focus(target, area);
   std::uint32_t* memory = nullptr;
   const GdiObject bitmap = make_bitmap(area.right, area.bottom, memory);
   const MemoryDc dc(CreateCompatibleDC(nullptr));
