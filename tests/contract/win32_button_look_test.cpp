@@ -130,7 +130,7 @@ TEST_F(Win32ButtonLook, TheSelectedRowIsQuietWithAnEdgeInTheAccent) {
     ReleaseDC(window, dc);
     return colour;
   };
-  EXPECT_EQ(pixel(1, 10), RGB(0xff, 0, 0));
+  EXPECT_EQ(pixel(2, 10), RGB(0xff, 0, 0)) << "beside the ring of the keyboard";
   EXPECT_EQ(pixel(100, 2), RGB(36, 36, 36));
   EXPECT_EQ(pixel(1, 30), RGB(0, 0, 0)) << "the row below";
   EXPECT_EQ(pixel(100, 22), RGB(0, 0, 0));

@@ -33,8 +33,8 @@ struct Win32ListViewTest : Win32Framed {
     list.add_column(L"Name", L"Název rádia", 2000);
     list.add_column(L"zeme", L"Země", 800);
     list.set_rows(&rows);
-    list.on_mouse_down = [this](const MouseEvent& event) {
-      note(event.button == MouseButton::right ? L"right" : L"left");
+    list.on_mouse_down = [this](const platform::MouseEvent& event) {
+      note(event.button == platform::MouseButton::right ? L"right" : L"left");
     };
     list.on_click = [this] { note(L"click"); };
     list.on_double_click = [this] { note(L"double"); };

@@ -11,9 +11,6 @@
 namespace lumotune::contract {
 namespace {
 
-using platform::MouseButton;
-using platform::MouseEvent;
-
 TEST_F(Win32ListViewTest, ADoubleClickOnTheDividerFitsTheColumnToWhatIsInSight) {
   const HWND captions = reinterpret_cast<HWND>(SendMessageW(handle(list), LVM_GETHEADER, 0, 0));
   const auto fit = [&](int column) {
@@ -49,9 +46,11 @@ TEST_F(Win32ListViewTest, AnEmptyListDrawsItsText) {
     const HDC dc = GetDC(handle(list));
     RECT room{};
     GetClientRect(handle(list), &room);
+    RECT captions{};
+    GetClientRect(reinterpret_cast<HWND>(SendMessageW(handle(list), LVM_GETHEADER, 0, 0)), &captions);
     int dark = 0;
-    for (int y = room.bottom / 4; y < room.bottom; y += 2)
-      for (int x = 0; x < room.right; x += 2)
+    for (int y = captions.bottom + 2; y < room.bottom; ++y)
+      for (int x = 2; x < room.right - 2; ++x)
         dark += GetRValue(GetPixel(dc, x, y)) < 200 ? 1 : 0;
     ReleaseDC(handle(list), dc);
     return dark;
@@ -91,7 +90,6 @@ TEST_F(Win32ListViewTest, TypedLettersFindTheRowThatBeginsWithThem) {
     named.quick = quick;
     list.set_rows(&named);
     EXPECT_EQ(find(L"č", LVFI_PARTIAL, -1), 2) << "not the plain letter";
-    EXPECT_EQ(find(L"č", LVFI_PARTIAL, 1), 3);
     EXPECT_EQ(find(L"ČES", LVFI_PARTIAL, -1), 3);
     EXPECT_EQ(find(L"česko ", LVFI_PARTIAL, -1), 11);
     EXPECT_EQ(find(L"ž", LVFI_PARTIAL, -1), 4);

@@ -11,9 +11,6 @@
 namespace lumotune::contract {
 namespace {
 
-using platform::MouseButton;
-using platform::MouseEvent;
-
 TEST_F(Win32ListViewTest, TheButtonIsToldBeforeTheRowAndTheClickAfterIt) {
   click(list, middle(3));
   EXPECT_EQ(events, L"left0 click3 ");
