@@ -60,7 +60,7 @@ TEST_F(GesturesTest, F5LoadsTheSkinAnew) {
   const std::string skin = get(L"Orb_Data\\skins\\Lumo.skin");
   ASSERT_FALSE(skin.empty());
   const int left = window.label(L"InfoName")->rect().left;
-  put(L"Orb_Data\\skins\\Lumo.skin", skin + "InfoName#" + std::to_string(left + 300) + "#0#3000#300#0\r\n");
+  put(L"Orb_Data\\skins\\Lumo.skin", skin + "InfoName|1|" + std::to_string(left + 300) + "|3|4|5\r\n");
   ASSERT_TRUE(window.user_key(platform::WindowKey::f5));
   EXPECT_EQ(window.label(L"InfoName")->rect().left, left + 300);
 }

@@ -68,7 +68,7 @@ TEST_F(TitleHistoryTest, TheTipOfTheStatusShowsTheLastFive) {
   EXPECT_EQ(w.session.last_titles, L"\r\na | 5\r\na | 4\r\na | 3\r\na | 2\r\na | 1");
   play(L"Kometa");
   w.status.PlayStateChange(3);
-  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Přehrávání: Kometa\r\nPrvní | Kometa\r\na | 5\r\na | 4\r\na | 3\r\na | 2");
+  EXPECT_EQ(w.form.InfoStatus.tooltip(), L"Kometa\r\nPrvní | Kometa\r\na | 5\r\na | 4\r\na | 3\r\na | 2");
 }
 
 TEST_F(TitleHistoryTest, AFloodOfTitlesIsWrittenOnceInTenSeconds) {

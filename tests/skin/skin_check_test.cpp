@@ -45,6 +45,12 @@ TEST_F(SkinCheckTest, NothingIsSaidOfASkinThatIsWhole) {
 }
 
 // The skins that the program comes with, and the template.
+// Whatever the locale: names of files are UTF-8.
+std::wstring wide(const std::filesystem::path& path) {
+  const std::u32string characters = path.u32string();
+  return {characters.begin(), characters.end()};
+}
+
 TEST_F(SkinCheckTest, OurOwnSkinsAreWhole) {
   const std::filesystem::path top = LUMOTUNE_TOP;
   int checked = 0;
@@ -54,18 +60,18 @@ TEST_F(SkinCheckTest, OurOwnSkinsAreWhole) {
         continue;
       std::ifstream file(each.path(), std::ios::binary);
       const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-      const std::wstring stem = each.path().stem().wstring();
+      const std::wstring stem = wide(each.path().stem());
       if (each.path().extension() == ".skin")
         w.description(stem, bytes);
       else if (each.path().extension() == ".gif")
-        w.picture(each.path().parent_path().filename().wstring(), stem, bytes);
+        w.picture(wide(each.path().parent_path().filename()), stem, bytes);
     }
     for (const auto& each : std::filesystem::directory_iterator(folder)) {
       if (each.path().extension() != ".skin")
         continue;
       ++checked;
       for (const skin::Finding& found : skin::check_skin(w.files, w.codec, w.machine.folder + L"\\Orb_Data\\skins",
-                                                         each.path().stem().wstring(), read_picture))
+                                                         wide(each.path().stem()), read_picture))
         ADD_FAILURE() << each.path() << ": " << std::string(found.reason.begin(), found.reason.end());
     }
   }
