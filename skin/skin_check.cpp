@@ -53,7 +53,6 @@ std::vector<const wchar_t*> words_of(wchar_t kind) {
   case L's':
     return {L"show", L"hide"};
   case L'l':
-    return {L"showevery", L"showstop", L"hideplay"};
   case L'd':
   case L'o':
     return {L"showevery", L"showstop", L"hideplay"};
