@@ -2,6 +2,8 @@
 // A folder of its own for each test on the real backend.
 #pragma once
 
+#include "platform/win32/files.h"
+
 #include <windows.h>
 
 #include <cstdlib>
