@@ -37,19 +37,22 @@ void TitleHistory::tick() {
     if (waiting_.size() > max_waiting)
       waiting_.pop_front();
   }
-  const bool due = !written_at_ || uses_.loop.tick_count_ms() - *written_at_ >= between_writes_ms;
-  if (!waiting_.empty() && due)
-    write();
+  if (!waiting_.empty() && due(read_at_, between_writes_ms))
+    write(false);
+}
+
+bool TitleHistory::due(std::optional<std::uint32_t> since, std::uint32_t after_ms) const {
+  return !since || uses_.loop.tick_count_ms() - *since >= after_ms;
 }
 
 void TitleHistory::flush() {
   timer_->stop();
   if (!waiting_.empty())
-    write();
+    write(true);
 }
 
-void TitleHistory::write() {
-  written_at_ = uses_.loop.tick_count_ms();
+void TitleHistory::write(bool last) {
+  read_at_ = uses_.loop.tick_count_ms();
   auto lines = read();
   if (!lines.has_value())
     return;
@@ -60,8 +63,13 @@ void TitleHistory::write() {
   for (const HeardTitle& each : waiting_)
     lines->add(each);
   show(*lines);
+  if (!last && !due(failed_at_, after_failure_ms))
+    return;
+  failed_at_.reset();
   if (uses_.folder.files().replace(uses_.folder.path(titles_file), lines->bytes()))
     waiting_.clear();
+  else
+    failed_at_ = uses_.loop.tick_count_ms();
 }
 
 // Where nothing is recorded nothing is shown.

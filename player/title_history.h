@@ -21,12 +21,14 @@ inline constexpr const wchar_t* titles_file = L"skladby.txt";
 
 // User-interface thread. The file is read again before each writing: what the listener wrote meanwhile, its switch
 // above all, holds. Written completely beside the old one, which it then replaces. A file that cannot be read is never
-// written; one that cannot be written is tried again with the next title.
+// written; one that cannot be replaced is tried again after some minutes, because each attempt may hold up the user
+// interface for a fifth of a second.
 class TitleHistory {
 public:
   static constexpr std::uint64_t max_bytes = 256ULL * 1024; // a longer file counts as unreadable
   // A station that changes its title all the time does not wear out the disk.
   static constexpr std::uint32_t between_writes_ms = 10000;
+  static constexpr std::uint32_t after_failure_ms = 300000;
   static constexpr std::size_t max_waiting = TitleLines::max_titles;
   static constexpr std::size_t shown_titles = 5;
   static constexpr std::size_t shown_characters = 120; // of each
@@ -45,14 +47,16 @@ public:
   void flush(); // writes what waits, at the end of the program
 
 private:
-  void write();
+  void write(bool last);
+  [[nodiscard]] bool due(std::optional<std::uint32_t> since, std::uint32_t after_ms) const;
   void show(const TitleLines& lines);
   [[nodiscard]] std::optional<TitleLines> read() const;
 
   Uses uses_;
   std::wstring last_; // station and title of the last look
   std::deque<HeardTitle> waiting_;
-  std::optional<std::uint32_t> written_at_;
+  std::optional<std::uint32_t> read_at_;
+  std::optional<std::uint32_t> failed_at_; // while the last attempt to replace the file failed
   std::unique_ptr<platform::Timer> timer_;
 };
 

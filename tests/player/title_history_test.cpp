@@ -116,7 +116,31 @@ TEST_F(TitleHistoryTest, AFileThatCannotBeWrittenIsTriedAgain) {
   EXPECT_EQ(file(), "zapisovat:ano\r\n");
   EXPECT_NE(w.session.last_titles.find(L"Kometa"), std::wstring::npos) << "the tip knows it all the same";
   w.files.release(w.path(L"skladby.txt"));
-  w.loop.advance(12000);
+  w.loop.advance(player::TitleHistory::after_failure_ms);
+  EXPECT_NE(file().find("Kometa"), std::string::npos);
+}
+
+TEST_F(TitleHistoryTest, AHeldFileHoldsUpTheUserInterfaceOnceInFiveMinutes) {
+  history.start();
+  w.put(L"skladby.txt", "zapisovat:ano\r\n");
+  w.files.hold(w.path(L"skladby.txt"));
+  play(L"Kometa");
+  const int one_attempt = w.files.waited_ms;
+  EXPECT_GT(one_attempt, 0);
+  play(L"Sarajevo", 240000);
+  EXPECT_EQ(w.files.waited_ms, one_attempt);
+  EXPECT_NE(w.session.last_titles.find(L"Sarajevo"), std::wstring::npos) << "the tip is up to date";
+  w.loop.advance(player::TitleHistory::after_failure_ms);
+  EXPECT_GT(w.files.waited_ms, one_attempt);
+}
+
+TEST_F(TitleHistoryTest, TheEndOfTheProgramTriesAHeldFileOnceMore) {
+  history.start();
+  w.put(L"skladby.txt", "zapisovat:ano\r\n");
+  w.files.hold(w.path(L"skladby.txt"));
+  play(L"Kometa");
+  w.files.release(w.path(L"skladby.txt"));
+  history.flush();
   EXPECT_NE(file().find("Kometa"), std::string::npos);
 }
 
