@@ -24,8 +24,10 @@ HGLOBAL block_of(const std::wstring& text) {
   const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
   const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
   void* memory = block == nullptr ? nullptr : GlobalLock(block);
-  if (memory == nullptr)
+  if (memory == nullptr) {
+    GlobalFree(block); // accepts a null block
     return nullptr;
+  }
   std::memcpy(memory, text.c_str(), bytes);
   GlobalUnlock(block);
   return block;
@@ -35,14 +37,16 @@ HGLOBAL block_of(const std::wstring& text) {
 
 bool Clipboard::set_text(const std::wstring& text) {
   loop_.check_thread();
-  if (!open_clipboard(owner_))
+  const HGLOBAL block = block_of(text); // before the clipboard is emptied: without memory its content stays
+  if (block == nullptr)
     return false;
-  EmptyClipboard();
-  const HGLOBAL block = block_of(text);
-  const bool set = block != nullptr && SetClipboardData(CF_UNICODETEXT, block) != nullptr;
-  if (!set && block != nullptr)
-    GlobalFree(block); // otherwise it is the system's
-  CloseClipboard();
+  bool set = false;
+  if (open_clipboard(owner_)) {
+    set = EmptyClipboard() != 0 && SetClipboardData(CF_UNICODETEXT, block) != nullptr;
+    CloseClipboard();
+  }
+  if (!set)
+    GlobalFree(block); // otherwise the system owns it
   return set;
 }
 
