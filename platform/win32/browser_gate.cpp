@@ -2,6 +2,7 @@
 #include "platform/win32/browser_gate.h"
 
 #include "platform/win32/browser_site.h"
+#include "platform/win32/com_object.h"
 #include "platform/win32/late.h"
 
 #include <array>
@@ -141,32 +142,9 @@ private:
 
 } // namespace
 
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 // Makes a gate for each address that is opened.
-class BrowserGate::Handlers final : public IClassFactory {
+class BrowserGate::Handlers final : public ComObject<IClassFactory> {
 public:
-  Handlers() = default;
-  Handlers(const Handlers&) = delete;
-  Handlers& operator=(const Handlers&) = delete;
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    if (object == nullptr)
-      return E_POINTER;
-    *object = id == __uuidof(IUnknown) || id == __uuidof(IClassFactory) ? static_cast<IClassFactory*>(this) : nullptr;
-    if (*object == nullptr)
-      return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0)
-      delete this;
-    return left;
-  }
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** object) override {
     if (object == nullptr)
       return E_POINTER;
@@ -181,14 +159,7 @@ public:
     return result;
   }
   HRESULT STDMETHODCALLTYPE LockServer(WINBOOL) override { return S_OK; }
-
-private:
-  ~Handlers() = default;
-
-  std::atomic<ULONG> references_ = 1;
 };
-
-#pragma GCC diagnostic pop
 
 void BrowserGate::ReleaseHandlers::operator()(Handlers* handlers) const {
   handlers->Release();

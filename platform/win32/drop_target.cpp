@@ -2,6 +2,7 @@
 #include "platform/win32/drop_target.h"
 
 #include "platform/common/drop_record.h"
+#include "platform/win32/com_object.h"
 
 #include <algorithm>
 #include <string>
@@ -52,34 +53,11 @@ Drop drop_of(IDataObject& data) {
 
 } // namespace
 
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // COM interfaces are destroyed through Release alone
-
 // Other programs may hold references beyond the window's end.
-class DropTarget::Object final : public IDropTarget {
+class DropTarget::Object final : public ComObject<IDropTarget> {
 public:
   explicit Object(Taken taken) : taken_(std::move(taken)) {}
-  Object(const Object&) = delete;
-  Object& operator=(const Object&) = delete;
   void leave() { taken_ = {}; }
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    if (object == nullptr)
-      return E_POINTER;
-    *object = nullptr;
-    if (IsEqualIID(id, __uuidof(IUnknown)) == FALSE && IsEqualIID(id, __uuidof(IDropTarget)) == FALSE)
-      return E_NOINTERFACE;
-    *object = static_cast<IDropTarget*>(this);
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0)
-      delete this;
-    return left;
-  }
 
   HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD, POINTL, DWORD* effect) override {
     wanted_ = data != nullptr && (offers(*data, CF_HDROP) || offers(*data, CF_UNICODETEXT));
@@ -101,8 +79,6 @@ public:
   }
 
 private:
-  ~Object() = default;
-
   bool take(IDataObject& data, POINT point) {
     platform::Drop drop = drop_of(data);
     if (!taken_ || !can_be_dropped(drop))
@@ -123,11 +99,8 @@ private:
   }
 
   Taken taken_;
-  ULONG references_ = 1;
   bool wanted_ = false; // what is dragged over the window
 };
-
-#pragma GCC diagnostic pop
 
 DropTarget::DropTarget(HWND window, Taken taken) : window_(window), object_(new Object(std::move(taken))) {
   if (session_.entered())
