@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // Where the keyboard is in a framed window, that it keeps its place, and that keys go nowhere else.
 #include "tests/contract/fixture.h"
+#include "tests/contract/framed_steps.h"
 
 #include <gtest/gtest.h>
 
@@ -38,23 +39,11 @@ struct FramedKeyboardContract : testing::Test {
     tree.on_key_up = [this] { ++moved; };
     window->resize(7500, 6000);
   }
-  template <typename Kind>
-  static Kind& placed(Kind& control, int left, int top, int width, int height) {
-    control.move(left, top);
-    control.resize(width, height);
-    return control;
-  }
-  void come() {
-    window->set_visible(true);
-    window->activate();
-    EXPECT_TRUE(b.until([this] { return b.has_keyboard(*window); }));
-    b.pass(250); // a window manager has its say first
-  }
 };
 
 TEST_F(FramedKeyboardContract, ActivatingGivesItToTheStopMadeFirstAndTabGoesTheWayTheEyeReads) {
   EXPECT_EQ(b.keyboard_at(*window), L"");
-  come();
+  bring_up(b, *window);
   EXPECT_EQ(b.keyboard_at(*window), L"Tlacitko");
   for (const wchar_t* next : {L"Strom", L"Seznam", L"Tlacitko"}) {
     b.tab(*window);
@@ -67,20 +56,20 @@ TEST_F(FramedKeyboardContract, ActivatingGivesItToTheStopMadeFirstAndTabGoesTheW
 }
 
 TEST_F(FramedKeyboardContract, ItIsStillThereAfterAnotherWindowHidingAndMinimising) {
-  come();
+  bring_up(b, *window);
   b.tab(*window);
   b.tab(*window);
   b.leave(*window);
   EXPECT_EQ(b.keyboard_at(*window), L"");
-  come();
+  bring_up(b, *window);
   EXPECT_EQ(b.keyboard_at(*window), L"Seznam");
   window->set_visible(false);
   EXPECT_TRUE(b.until([this] { return !b.has_keyboard(*window); }));
-  come();
+  bring_up(b, *window);
   EXPECT_EQ(b.keyboard_at(*window), L"Seznam");
   b.minimize(*window);
   EXPECT_TRUE(b.until([this] { return !b.has_keyboard(*window); }));
-  come();
+  bring_up(b, *window);
   EXPECT_EQ(b.keyboard_at(*window), L"Seznam");
 }
 
@@ -92,7 +81,7 @@ TEST_F(FramedKeyboardContract, AHiddenWindowGetsNone) {
 }
 
 TEST_F(FramedKeyboardContract, APressBringsItToTheListAndToTheTree) {
-  come();
+  bring_up(b, *window);
   b.press(*window, list, 3);
   EXPECT_TRUE(b.until([this] { return b.keyboard_at(*window) == L"Seznam"; }));
   EXPECT_EQ(list.selected(), 3U);
@@ -114,12 +103,12 @@ TEST_F(FramedKeyboardContract, AnArrowMovesOnlyWhereTheKeyboardIs) {
     EXPECT_EQ(moved, 0) << where;
   };
   press_in_vain("hidden");
-  come();
+  bring_up(b, *window);
   press_in_vain("at the button");
   b.tab(*window);
   b.leave(*window);
   press_in_vain("another window is in front");
-  come();
+  bring_up(b, *window);
   b.arrow(*window, tree);
   EXPECT_EQ(tree.selected(), 2U);
   EXPECT_EQ(list.selected(), 1U);
@@ -138,7 +127,7 @@ TEST_F(FramedKeyboardContract, TheMouseReachesOnlyWhatIsSeenAndEnabled) {
     EXPECT_EQ(list.selected(), 0U) << why;
   };
   press_in_vain("hidden window");
-  come();
+  bring_up(b, *window);
   list.set_visible(false);
   press_in_vain("hidden list");
   list.set_visible(true);
@@ -147,7 +136,7 @@ TEST_F(FramedKeyboardContract, TheMouseReachesOnlyWhatIsSeenAndEnabled) {
   list.set_enabled(true);
   b.minimize(*window);
   press_in_vain("icon");
-  come();
+  bring_up(b, *window);
   b.press(*window, list, 3);
   EXPECT_TRUE(b.until([this] { return list.selected() == 3; }));
 }

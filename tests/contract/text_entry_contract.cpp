@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // A line of text that the user edits, and the keys of a framed window.
 #include "tests/contract/fixture.h"
+#include "tests/contract/framed_steps.h"
 
 #include <gtest/gtest.h>
 
@@ -16,9 +17,9 @@ using platform::FramedWindowKey;
 struct TextEntryContract : testing::Test {
   Backend b;
   std::unique_ptr<platform::FramedWindow> window = b.framed_windows.make(L"ListRadios");
-  platform::Button& button = placed(window->make_button(L"Tlacitko"), 150);
-  platform::TextEntry& entry = placed(window->make_text_entry(L"Filter"), 900);
-  platform::ListView& list = placed(window->make_list_view(L"Seznam"), 1650);
+  platform::Button& button = placed(window->make_button(L"Tlacitko"), 150, 150, 3000, 375);
+  platform::TextEntry& entry = placed(window->make_text_entry(L"Filter"), 150, 900, 3000, 375);
+  platform::ListView& list = placed(window->make_list_view(L"Seznam"), 150, 1650, 3000, 375);
   std::vector<std::wstring> changes;
   std::vector<FramedWindowKey> keys;
   int entered = 0;
@@ -32,22 +33,10 @@ struct TextEntryContract : testing::Test {
     };
     window->resize(7500, 6000);
   }
-  template <typename Kind>
-  static Kind& placed(Kind& control, int top) {
-    control.move(150, top);
-    control.resize(3000, 375);
-    return control;
-  }
-  void come() {
-    window->set_visible(true);
-    window->activate();
-    EXPECT_TRUE(b.until([this] { return b.has_keyboard(*window); }));
-    b.pass(250); // a window manager has its say first
-  }
 };
 
 TEST_F(TextEntryContract, WhatTheUserTypesIsTold) {
-  come();
+  bring_up(b, *window);
   entry.take_keyboard();
   EXPECT_EQ(b.keyboard_at(*window), L"Filter");
   b.write(*window, entry, L"ž");
@@ -62,7 +51,7 @@ TEST_F(TextEntryContract, WhatTheUserTypesIsTold) {
 }
 
 TEST_F(TextEntryContract, WhatTheProgramSetsIsNot) {
-  come();
+  bring_up(b, *window);
   entry.set_text(L"rádio");
   entry.set_cue(L"Hledat");
   EXPECT_EQ(entry.text(), L"rádio");
@@ -72,14 +61,14 @@ TEST_F(TextEntryContract, WhatTheProgramSetsIsNot) {
 }
 
 TEST_F(TextEntryContract, ThereIsALimitToTyping) {
-  come();
+  bring_up(b, *window);
   entry.take_keyboard();
   b.write(*window, entry, std::wstring(300, L'x'));
   EXPECT_EQ(entry.text(), std::wstring(platform::TextEntry::max_typed, L'x'));
 }
 
 TEST_F(TextEntryContract, EnterIsTold) {
-  come();
+  bring_up(b, *window);
   b.enter(*window, entry);
   EXPECT_EQ(entered, 0) << "the keyboard is elsewhere";
   entry.take_keyboard();
@@ -90,7 +79,7 @@ TEST_F(TextEntryContract, EnterIsTold) {
 TEST_F(TextEntryContract, TheKeyboardIsTakenOnlyWhereItCanBe) {
   entry.take_keyboard();
   EXPECT_EQ(b.keyboard_at(*window), L"") << "a hidden window";
-  come();
+  bring_up(b, *window);
   entry.set_visible(false);
   entry.take_keyboard();
   EXPECT_EQ(b.keyboard_at(*window), L"Tlacitko");
@@ -111,7 +100,7 @@ TEST_F(TextEntryContract, TheKeyboardIsTakenOnlyWhereItCanBe) {
 TEST_F(TextEntryContract, TheWindowsKeysComeFromEveryControl) {
   b.window_key(*window, FramedWindowKey::find);
   EXPECT_TRUE(keys.empty()) << "a hidden window";
-  come();
+  bring_up(b, *window);
   for (int control = 0; control < 3; ++control) {
     keys.clear();
     b.window_key(*window, FramedWindowKey::find);
@@ -125,7 +114,7 @@ TEST_F(TextEntryContract, TheWindowsKeysComeFromEveryControl) {
 
 TEST_F(TextEntryContract, WithoutAHandlerTheKeysDoNothing) {
   window->on_window_key = nullptr;
-  come();
+  bring_up(b, *window);
   entry.take_keyboard();
   b.window_key(*window, FramedWindowKey::find);
   b.window_key(*window, FramedWindowKey::escape);
