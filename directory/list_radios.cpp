@@ -109,7 +109,7 @@ void ListRadios::loaded() {
   }
 }
 
-// As if the events had waited in the queue: none of them meets a list that is half there.
+// Runs the action once the list is complete, so that no event handler sees a partly filled one.
 void ListRadios::wait_for_loading(const std::function<void()>& action) {
   if (loaded_)
     action();

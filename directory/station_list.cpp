@@ -103,7 +103,7 @@ void StationList::remember_row() {
   hidden_station_.clear();
 }
 
-// The one that the listener thinks of as selected.
+// The selected station, even while the filter hides its row.
 std::wstring StationList::station_in_mind() const {
   return row_selected() ? selected_id() : hidden_station_;
 }

@@ -10,8 +10,8 @@ namespace lumotune::platform {
 
 class Control;
 
-// Files or a text, never both; which of them decides the other program. Nothing is known of where the paths lead: they
-// may name a share, a device or a folder.
+// Files or a text, never both: files when the source program offers them. The paths are unchecked and may name a share,
+// a device or a folder.
 struct Drop {
   // What is larger is not taken.
   static constexpr std::size_t max_paths = 64;

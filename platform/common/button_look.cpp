@@ -76,7 +76,7 @@ Value greyed(Value pixel, double much) {
   return result;
 }
 
-// 0 for what no one calls red, 1 for what everyone does.
+// How far the red channel exceeds the other two: 0 for hardly red, 1 for clearly red, linear in between.
 double redness(Value pixel) {
   constexpr double none = 16;
   constexpr double all = 48;

@@ -77,13 +77,13 @@ void Label::draw_text(HDC target, const RECT& area) {
   SIZE whole{};
   GetTextExtentPoint32W(target, text_.c_str(), length, &whole);
   if (area.bottom < 2 * metrics.tmHeight && whole.cx > area.right) { // one line, and too long for it
-    const bool on_its_way = glides(whole.cx - area.right);
-    if (on_its_way) {
+    const bool gliding = glides(whole.cx - area.right);
+    if (gliding) {
       room.left -= glide_offset_;
       room.right = room.left + whole.cx;
     }
     DrawTextW(target, text_.c_str(), length, &room,
-              DT_LEFT | DT_NOPREFIX | DT_SINGLELINE | (on_its_way ? DT_NOCLIP : DT_END_ELLIPSIS));
+              DT_LEFT | DT_NOPREFIX | DT_SINGLELINE | (gliding ? DT_NOCLIP : DT_END_ELLIPSIS));
     return;
   }
   DrawTextW(target, text_.c_str(), length, &room, lines | DT_END_ELLIPSIS);
@@ -92,7 +92,7 @@ void Label::draw_text(HDC target, const RECT& area) {
     draw_arrow(target, area, DrawTextW(target, text_.c_str(), length, &needed, lines | DT_CALCRECT));
 }
 
-// Whether the text is on its way; a new one sets out when it is first drawn.
+// Whether the text is still gliding; a new text starts to glide when it is first drawn.
 bool Label::glides(int overflow) {
   BOOL animated = TRUE;
   SystemParametersInfoW(SPI_GETCLIENTAREAANIMATION, 0, &animated, 0);
@@ -145,7 +145,7 @@ void Label::notified(WORD code) {
 // The static class ignores the keyboard: a link handles Space itself, like a button.
 bool Label::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   if (message == WM_TIMER && w == glide_timer) {
-    if (IsWindowVisible(window_) == FALSE) { // it sets out anew when it is seen again
+    if (IsWindowVisible(window_) == FALSE) { // it glides again once it is visible
       KillTimer(window_, glide_timer);
       glided_.clear();
     }
