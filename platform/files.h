@@ -65,6 +65,8 @@ public:
   // To be called by the first copy of the program, before anything is written.
   virtual void settle(const std::wstring& path) = 0;
   virtual void settle(const std::wstring& first, const std::wstring& second) = 0;
+  // Creates a folder in an existing one; true when it exists afterwards.
+  [[nodiscard]] virtual bool make_folder(const std::wstring& path) = 0;
   // Whether a file can be replaced or created, as far as can be known in advance: neither it nor its folder is
   // read-only.
   [[nodiscard]] virtual bool can_replace(const std::wstring& path) = 0;

@@ -63,6 +63,8 @@ public:
   [[nodiscard]] virtual TwipsRect work_area() const = 0;
   // Width times height from the picture file's header, without reading the rest; 0 when it is missing or not a picture.
   [[nodiscard]] virtual std::int64_t picture_pixels(const std::wstring& path) const = 0;
+  // Width times height of a picture that a PictureBox can show, from its whole file; 0 for any other.
+  [[nodiscard]] virtual std::int64_t shown_pixels(std::string_view bytes) const = 0;
 
   // The background picture, unscaled, from the upper left corner, over the window's colour; same limits and file
   // handling as PictureBox. False when the file is missing, too large or not a picture; the old one then stays.

@@ -247,6 +247,19 @@ bool Files::can_replace(const std::wstring& path) {
   return !is_readonly(key(path));
 }
 
+bool Files::make_folder(const std::wstring& path) {
+  const std::wstring wanted = key(path);
+  if (off_ || files_.count(wanted) != 0)
+    return false;
+  const auto inside = files_.lower_bound(wanted + L"\\");
+  if (folders_.count(wanted) != 0 || (inside != files_.end() && inside->first.starts_with(wanted + L"\\")))
+    return true;
+  if (is_readonly(wanted) || !powered())
+    return false;
+  folders_.insert(wanted);
+  return noted(true, L"make folder " + path);
+}
+
 bool Files::move(const std::wstring& from, const std::wstring& to) {
   Steps steps(*this);
   return changeable(from) == FileStep::done &&

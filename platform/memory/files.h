@@ -28,6 +28,7 @@ public:
                                   std::string_view second_bytes) override;
   void settle(const std::wstring& path) override;
   void settle(const std::wstring& first, const std::wstring& second) override;
+  [[nodiscard]] bool make_folder(const std::wstring& path) override;
   [[nodiscard]] bool can_replace(const std::wstring& path) override;
   [[nodiscard]] bool move(const std::wstring& from, const std::wstring& to) override;
   [[nodiscard]] bool being_written(const std::wstring& path) const override;
@@ -73,7 +74,8 @@ public:
   bool clock_stands = false;
   // Called before a file's bytes are read: simulates a file that changes at that moment.
   std::function<void(const std::wstring& path)> before_read;
-  // Records: every read, and every change as "replace C:\...", "append ...", "remove ...", "copy to ...".
+  // Records: every read, and every change as "replace C:\...", "append ...", "remove ...", "copy to ...", "make folder
+  // ...".
   [[nodiscard]] const std::vector<std::wstring>& changes() const { return changes_; }
   void forget_changes() { changes_.clear(); } // for long-running use of the same files
   [[nodiscard]] std::size_t reads(const std::wstring& path) const;
@@ -98,6 +100,7 @@ private:
   [[nodiscard]] bool write(const std::wstring& path, std::string_view old, std::string_view added);
 
   std::map<std::wstring, Entry> files_;
+  std::set<std::wstring> folders_; // made by `make_folder`; others exist as soon as a file lies in them
   std::set<std::wstring> unreadable_;
   std::set<std::wstring> readonly_;
   std::set<std::wstring> readonly_folders_;

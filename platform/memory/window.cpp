@@ -274,6 +274,11 @@ bool Window::on_some_monitor(int left, int top) const {
   return can_be_held(screen_rect({left, top, rect_.width, rect_.height}), all_monitors(), piece_to_hold);
 }
 
+std::int64_t Window::shown_pixels(std::string_view bytes) const {
+  const auto picture = decode_gif(bytes, platform::PictureBox::max_side, platform::PictureBox::max_pixels);
+  return picture ? std::int64_t{picture->width} * picture->height : 0;
+}
+
 std::int64_t Window::picture_pixels(const std::wstring& path) const {
   return gif_pixels(files_.read(path).value_or(std::string()));
 }

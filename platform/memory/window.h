@@ -52,6 +52,7 @@ public:
   [[nodiscard]] double twips_per_pixel_x() const override { return twips_per_pixel; }
   [[nodiscard]] TwipsRect work_area() const override { return monitors.empty() ? TwipsRect{} : monitors.front(); }
   [[nodiscard]] std::int64_t picture_pixels(const std::wstring& path) const override;
+  [[nodiscard]] std::int64_t shown_pixels(std::string_view bytes) const override;
   [[nodiscard]] bool load_background(const std::wstring& path) override;
   void clear_background() override { background_.clear(); }
   [[nodiscard]] std::wstring background() const override { return background_; }

@@ -235,6 +235,13 @@ bool Files::can_replace(const std::wstring& path) {
   return is_open(trial);
 }
 
+bool Files::make_folder(const std::wstring& path) {
+  if (CreateDirectoryW(path.c_str(), nullptr) != 0)
+    return true;
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
 // Opening without write sharing fails while a writer has the file open.
 bool Files::being_written(const std::wstring& path) const {
   const KernelHandle file = open_file(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_EXISTING);

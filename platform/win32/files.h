@@ -18,6 +18,7 @@ public:
                                   std::string_view second_bytes) override;
   void settle(const std::wstring& path) override;
   void settle(const std::wstring& first, const std::wstring& second) override;
+  [[nodiscard]] bool make_folder(const std::wstring& path) override;
   [[nodiscard]] bool can_replace(const std::wstring& path) override;
   [[nodiscard]] bool move(const std::wstring& from, const std::wstring& to) override;
   [[nodiscard]] bool being_written(const std::wstring& path) const override;

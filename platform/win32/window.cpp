@@ -221,6 +221,11 @@ std::int64_t Window::picture_pixels(const std::wstring& path) const {
   return win32::picture_pixels(path);
 }
 
+std::int64_t Window::shown_pixels(std::string_view bytes) const {
+  const auto size = win32::picture_size(bytes);
+  return size ? std::int64_t{size->width} * size->height : 0;
+}
+
 bool Window::load_background(const std::wstring& path) {
   if (!background_.load(path))
     return false;

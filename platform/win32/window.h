@@ -42,6 +42,7 @@ public:
   [[nodiscard]] double twips_per_pixel_x() const override { return 1440.0 / dpi_; }
   [[nodiscard]] TwipsRect work_area() const override;
   [[nodiscard]] std::int64_t picture_pixels(const std::wstring& path) const override;
+  [[nodiscard]] std::int64_t shown_pixels(std::string_view bytes) const override;
   [[nodiscard]] bool load_background(const std::wstring& path) override;
   void clear_background() override;
   [[nodiscard]] std::wstring background() const override { return background_path_; }

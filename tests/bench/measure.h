@@ -52,6 +52,7 @@ public:
     return bytes && replace(to, *bytes);
   }
   [[nodiscard]] bool remove(const std::wstring& path) override { return std::remove(name(path).c_str()) == 0; }
+  [[nodiscard]] bool make_folder(const std::wstring& /*path*/) override { return true; }
   [[nodiscard]] bool exists(const std::wstring& /*path*/) const override { return true; }
   [[nodiscard]] std::optional<std::uint64_t> free_bytes(const std::wstring& /*folder*/) const override { return {}; }
   [[nodiscard]] std::optional<std::uint64_t> size(const std::wstring& /*path*/) const override { return {}; }

@@ -174,6 +174,22 @@ TEST_F(FilesContract, AFileOfAFolderThatTakesFilesCanBeReplacedAndTryingLeavesNo
   EXPECT_EQ(b.files.read(path), "a");
 }
 
+TEST_F(FilesContract, AFolderIsMadeOnceAndTakesFiles) {
+  const std::wstring folder = b.folder + L"\\Proužek";
+  EXPECT_TRUE(b.files.make_folder(folder));
+  EXPECT_FALSE(b.files.exists(folder)) << "it is no file";
+  EXPECT_TRUE(b.files.replace(folder + L"\\a.gif", "a"));
+  EXPECT_TRUE(b.files.make_folder(folder)) << "it is there";
+  EXPECT_EQ(b.files.read(folder + L"\\a.gif"), "a");
+  EXPECT_TRUE(b.files.remove(folder + L"\\a.gif"));
+}
+
+TEST_F(FilesContract, WhereAFileLiesNoFolderIsMade) {
+  EXPECT_TRUE(b.files.replace(path, "a"));
+  EXPECT_FALSE(b.files.make_folder(path));
+  EXPECT_EQ(b.files.read(path), "a");
+}
+
 TEST_F(FilesContract, AHalfWrittenFileGoes) {
   EXPECT_TRUE(b.files.replace(path, "celý"));
   EXPECT_TRUE(b.files.append(path + L".new", "ce"));

@@ -7,7 +7,9 @@
 #include <windows.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 namespace lumotune::contract {
 
@@ -24,9 +26,8 @@ public:
   ScratchFolder(const ScratchFolder&) = delete;
   ScratchFolder& operator=(const ScratchFolder&) = delete;
   ~ScratchFolder() {
-    for (const auto& name : platform::win32::Files().list(path_, L"*"))
-      DeleteFileW((path_ + L"\\" + name).c_str());
-    RemoveDirectoryW(path_.c_str());
+    std::error_code left_behind;
+    std::filesystem::remove_all(path_, left_behind);
   }
   [[nodiscard]] const std::wstring& path() const { return path_; }
 

@@ -56,6 +56,7 @@ TEST_F(WindowContract, TellsAPicturesPixelsWithoutDecodingIt) {
   EXPECT_EQ(b.window.picture_pixels(picture), 0) << "there is none";
   EXPECT_TRUE(b.files.replace(picture, std::string("GIF89a\x20\x03\x58\x02", 10)));
   EXPECT_EQ(b.window.picture_pixels(picture), 800 * 600);
+  EXPECT_EQ(b.window.shown_pixels(b.files.read(picture).value_or("")), 0) << "a header alone";
   EXPECT_TRUE(b.files.replace(picture, "GIF89a\x20"));
   EXPECT_EQ(b.window.picture_pixels(picture), 0);
 }
