@@ -33,6 +33,7 @@ Program::Program(const Platform& p, base::LumotuneForm& form)
       skin({settings, session, form, folder, p.loop, error_log}),
       chrome({settings, session, form, folder}),
       tray_icon(p.tray),
+      skin_installer({form, folder, p.loop, p.dialogs, status}),
       directory({settings,   session,   form,         error_log, station_files,    stations, playback,
                  favourites, sender,    identity,     web_pages, p.loop,           folder,   p.machine,
                  p.shell,    p.dialogs, p.connection, p.popups,  p.framed_windows, p.worker}),

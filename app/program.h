@@ -31,6 +31,7 @@
 #include "player/title_history.h"
 #include "skin/chrome.h"
 #include "skin/skin.h"
+#include "skin/skin_installer.h"
 #include "skin/tray_icon.h"
 
 namespace lumotune::app {
@@ -111,6 +112,7 @@ public:
   skin::Skin skin;
   skin::Chrome chrome;
   skin::TrayIcon tray_icon;
+  skin::SkinInstaller skin_installer;
   directory::Directory directory;
 
   menus::SkinMenu skin_menu;

@@ -20,7 +20,13 @@ void bind_window(Program& program, const Platform& platform, platform::Window& w
       program.gestures.key(key);
   };
   window.on_menu = [&] { program.menus.open_main(); };
-  window.on_drop = [&](const platform::Drop& drop) { program.drops.dropped(drop); };
+  window.on_drop = [&](const platform::Drop& drop) {
+    if (!skin::SkinInstaller::is_archive(drop))
+      return program.drops.dropped(drop);
+    const std::wstring name = program.skin_installer.install(drop);
+    if (!name.empty())
+      program.menu_commands.LT_Menu_Skins_SKIN_Click(name);
+  };
   window.on_close = [&] { program.shutdown.Form_Unload(); };
   window.on_session_end = [&] { program.shutdown.Konec(); };
   window.on_suspend = [&player = platform.player] { player.system_suspended(); };

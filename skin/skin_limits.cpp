@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "skin/skin_limits.h"
 
+#include "base/text.h"
+
+#include <algorithm>
+#include <iterator>
+
 namespace lumotune::skin {
 namespace {
 
@@ -10,6 +15,12 @@ constexpr const wchar_t* pictures[] = {L"form", L"ot",   L"otn",  L"min", L"end"
                                        L"vol3", L"vol4", L"vol5", L"orb", L"display"};
 
 } // namespace
+
+bool is_picture_file(std::wstring_view file) {
+  return std::any_of(std::begin(pictures), std::end(pictures), [&](const std::wstring& name) {
+    return base::equal_ignoring_case(file, name + L".gif") || base::equal_ignoring_case(file, name + L"@2x.gif");
+  });
+}
 
 bool too_large(const platform::Window& window, int width, int height) {
   const platform::TwipsRect work = window.work_area();

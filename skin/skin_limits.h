@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace lumotune::skin {
 
@@ -22,5 +23,8 @@ inline constexpr int max_work_areas = 10;
 
 // Whether a window of that size, in twips, is larger than a skin may make it.
 [[nodiscard]] bool too_large(const platform::Window& window, int width, int height);
+
+// Whether a skin can show a picture of that file: "play.gif", "play@2x.gif"; letter case is ignored.
+[[nodiscard]] bool is_picture_file(std::wstring_view file);
 
 } // namespace lumotune::skin

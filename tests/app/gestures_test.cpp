@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // What is dropped, the wheel, the middle button and keys, from the window to what they do.
 #include "tests/app/program_world.h"
+#include "tests/support/zip_file.h"
 
 namespace lumotune::test {
 namespace {
@@ -63,6 +64,20 @@ TEST_F(GesturesTest, F5LoadsTheSkinAnew) {
   put(L"Orb_Data\\skins\\Lumo.skin", skin + "InfoName|1|" + std::to_string(left + 300) + "|3|4|5\r\n");
   ASSERT_TRUE(window.user_key(platform::WindowKey::f5));
   EXPECT_EQ(window.label(L"InfoName")->rect().left, left + 300);
+}
+
+TEST_F(GesturesTest, ASkinDroppedAsAnArchiveIsWorn) {
+  start_with("");
+  std::vector<ZipFile> packed = {{"Noc/Noc.skin", get(L"Orb_Data\\skins\\Lumo.skin")}};
+  for (const std::wstring& file : files.list(folder.skins(L"Lumo"), L"*.gif"))
+    packed.push_back(
+        {"Noc/Noc/" + std::string(file.begin(), file.end()), files.read(folder.skins(L"Lumo\\" + file)).value_or("")});
+  (void)files.replace(L"C:\\noc.zip", zip_of(packed));
+  ASSERT_TRUE(window.user_drop({{L"C:\\noc.zip"}, L"", nullptr}, L""));
+  EXPECT_EQ(program.settings.LTskin, L"Noc");
+  EXPECT_EQ(program.settings.saved_skin, L"Noc");
+  EXPECT_EQ(get(L"Orb_Data\\skins\\Noc.skin"), get(L"Orb_Data\\skins\\Lumo.skin"));
+  EXPECT_NE(player.url(), L"C:\\noc.zip");
 }
 
 TEST_F(GesturesTest, AListDroppedOnTheFavouritesIsImported) {
