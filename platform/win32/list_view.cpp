@@ -79,14 +79,25 @@ void ListView::rows_changed() {
   InvalidateRect(window_, nullptr, TRUE);
 }
 
-// The list's own index, -1 for none. Searched for among all rows only when the selected one has lost the focus (the
-// user moved that alone, with Ctrl): some lists take tens of milliseconds to ask so many.
+void ListView::note_state(const NMLISTVIEW& change) {
+  if ((change.uNewState & LVIS_SELECTED) != 0)
+    last_selected_ = change.iItem;
+  if ((change.uNewState & LVIS_FOCUSED) != 0)
+    last_focused_ = change.iItem;
+}
+
+bool ListView::has_state(int item, UINT state) const {
+  return item >= 0 && SendMessageW(window_, LVM_GETITEMSTATE, static_cast<WPARAM>(item), state) != 0;
+}
+
+// The list's own index, -1 for none. The list itself would look for it row by row, which takes Wine tens of
+// milliseconds where rows are many.
 LRESULT ListView::selected_item() const {
-  constexpr auto before_first = static_cast<WPARAM>(-1);
   if (SendMessageW(window_, LVM_GETSELECTEDCOUNT, 0, 0) == 0)
     return -1;
-  const LRESULT item = SendMessageW(window_, LVM_GETNEXTITEM, before_first, LVNI_SELECTED | LVNI_FOCUSED);
-  return item >= 0 ? item : SendMessageW(window_, LVM_GETNEXTITEM, before_first, LVNI_SELECTED);
+  if (has_state(last_selected_, LVIS_SELECTED))
+    return last_selected_;
+  return SendMessageW(window_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
 }
 
 std::size_t ListView::selected() const {
@@ -98,8 +109,8 @@ std::size_t ListView::selected() const {
 void ListView::unselect() {
   LVITEMW state{};
   state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-  for (const LRESULT item :
-       {selected_item(), SendMessageW(window_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED)}) {
+  const LRESULT focused = has_state(last_focused_, LVIS_FOCUSED) ? last_focused_ : -1;
+  for (const LRESULT item : {selected_item(), focused}) {
     if (item >= 0)
       SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(&state));
   }
@@ -122,8 +133,13 @@ bool ListView::asked(NMHDR& header, LRESULT& result) {
   case LVN_GETDISPINFOW:
     answer_text(reinterpret_cast<NMLVDISPINFOW&>(header));
     return true;
+  case LVN_ITEMCHANGED:
+    note_state(reinterpret_cast<const NMLISTVIEW&>(header));
+    return true;
   case LVN_ODFINDITEMW:
     result = find_row(reinterpret_cast<const NMLVFINDITEMW&>(header));
+    if (typed_ && result >= 0)
+      unselect(); // left to the list, this takes as long as its rows are many
     return true;
   case NM_CUSTOMDRAW:
     result = customise(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
@@ -246,7 +262,9 @@ bool ListView::handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   const bool held = (l & 0x40000000) != 0;
   if (enter && held)
     return true;
+  typed_ = true;
   result = enter ? 0 : DefSubclassProc(window_, message, w, l);
+  typed_ = false;
   fire(on_key_press, static_cast<wchar_t>(w));
   return true;
 }
