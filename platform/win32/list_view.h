@@ -54,10 +54,10 @@ private:
   std::wstring empty_text_;
   unsigned columns_dpi_; // of the columns' widths
   KeysDown keys_;
-  std::size_t right_pressed_ = 0;  // row under the right button, until it is let go
-  int last_selected_ = -1; // the row that was selected last; it may no longer be
+  std::size_t right_pressed_ = 0; // row under the right button, until it is let go
+  int last_selected_ = -1;        // the row that was selected last; it may no longer be
   int last_focused_ = -1;
-  bool typed_ = false; // while the list handles a character
+  bool typed_ = false;             // while the list handles a character
   std::size_t double_pressed_ = 0; // row pressed twice, until the button is let go
 };
 
