@@ -28,23 +28,6 @@ std::wstring Files::key(const std::wstring& path) {
   return folded;
 }
 
-void Files::mend(const std::wstring& path) {
-  unreadable_.erase(key(path));
-  readonly_.erase(key(path));
-}
-
-bool Files::power_on() {
-  steps_to_crash_ = -1;
-  return std::exchange(off_, false);
-}
-
-// Whether the next disk change takes effect; false from the crash on.
-bool Files::powered() {
-  if (!off_ && steps_to_crash_ >= 0 && steps_to_crash_-- == 0)
-    off_ = true;
-  return !off_;
-}
-
 bool Files::is_readonly(const std::wstring& wanted) const {
   return readonly_.count(wanted) != 0 ||
          std::any_of(readonly_folders_.begin(), readonly_folders_.end(),
@@ -84,24 +67,6 @@ bool Files::write(const std::wstring& path, std::string_view old, std::string_vi
   if (whole || left_ != Left::nothing)
     store(path, std::string(old).append(added, 0, whole ? added.size() : left_ == Left::half ? added.size() / 2 : 0));
   return whole;
-}
-
-void Files::written_by_another(const std::wstring& path, std::string_view bytes) {
-  if (!off_)
-    store(path, bytes);
-}
-
-std::map<std::wstring, std::string> Files::disk() const {
-  std::map<std::wstring, std::string> contents;
-  for (const auto& [path, entry] : files_)
-    contents[path] = entry.bytes;
-  return contents;
-}
-
-void Files::start_with_disk_of(const Files& other) {
-  files_ = other.files_;
-  writings_ = other.writings_;
-  identities_ = other.identities_;
 }
 
 class Files::Steps final : public FileSteps {
@@ -269,13 +234,6 @@ bool Files::move(const std::wstring& from, const std::wstring& to) {
 bool Files::being_written(const std::wstring& path) const {
   ++writers_asked_for_;
   return written_.count(key(path)) != 0;
-}
-
-void Files::set_being_written(const std::wstring& path, bool on) {
-  if (on)
-    written_.insert(key(path));
-  else
-    written_.erase(key(path));
 }
 
 bool Files::append(const std::wstring& path, std::string_view bytes) {
