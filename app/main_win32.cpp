@@ -6,6 +6,7 @@
 #include "platform/win32/backend.h"
 #include "platform/win32/clipboard.h"
 #include "platform/win32/connection.h"
+#include "platform/win32/crash_text.h"
 #include "platform/win32/end_limit.h"
 #include "platform/win32/hardening.h"
 #include "platform/win32/input_box.h"
@@ -73,6 +74,7 @@ int run_and_log() {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   platform::win32::harden_process();
+  platform::win32::guarded([] { platform::win32::arm_crash_text(L"Orb_Data\\pad.txt", LUMOTUNE_VERSION); });
   int result = 1;
   platform::win32::guarded([&] { result = run_and_log(); });
   // Not by returning: a worker blocked in a name look-up must not keep the process alive.

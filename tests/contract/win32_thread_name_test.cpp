@@ -30,5 +30,26 @@ TEST(Win32ThreadName, IsTheOneGiven) {
   EXPECT_EQ(name, L"fifteen letters");
 }
 
+TEST(Win32ThreadName, IsToldOfAnyThreadOfThisProcess) {
+  DWORD id = 0;
+  std::thread([&] {
+    id = GetCurrentThreadId();
+    platform::name_this_thread("first");
+    platform::name_this_thread("second");
+  }).join();
+  EXPECT_STREQ(platform::name_of_thread(id), "second");
+  EXPECT_EQ(platform::name_of_thread(0xfffffffe), nullptr);
+}
+
+// The numbers of threads that ended are used again, or others take their places.
+TEST(Win32ThreadName, ThereIsRoomForEachThatRuns) {
+  for (int count = 0; count < 200; ++count) {
+    std::thread([] {
+      platform::name_this_thread("one of many");
+      EXPECT_STREQ(platform::name_of_thread(GetCurrentThreadId()), "one of many");
+    }).join();
+  }
+}
+
 } // namespace
 } // namespace lumotune::contract

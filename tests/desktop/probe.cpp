@@ -15,6 +15,7 @@
 //   probe state WINDOW X   by its system menu: x maximizes, n minimizes, r restores it
 //   probe close [WINDOW]   asks the main window to close, as the system does
 //   probe endsession      tells the main window that the session ends
+//   probe crash           starts a thread in the program whose code is nowhere
 //   probe end NAME        asks the main window to close and, right behind that, clicks its control of that name
 //   probe early TEXT      sends TEXT to a window captioned "Lumotune" the moment that there is one; waits half a minute
 //   probe flood FILE      floods the main window with commands until FILE exists, for a minute; tells how many a second
@@ -50,6 +51,8 @@ int run(std::wstring_view what) {
     return probe::close();
   if (what == L"endsession")
     return probe::end_session();
+  if (what == L"crash")
+    return probe::crash_program();
   return 2;
 }
 

@@ -4,6 +4,7 @@
 #include "probe_windows.h"
 
 #include <atomic>
+#include <cstdint>
 #include <cstdio>
 #include <thread>
 
@@ -36,6 +37,18 @@ int press(const wchar_t* button) {
     }
   }
   return 1;
+}
+
+int crash_program() {
+  DWORD process_id = 0;
+  GetWindowThreadProcessId(main_window(), &process_id);
+  const HANDLE process = OpenProcess(PROCESS_ALL_ACCESS, FALSE, process_id);
+  const auto nowhere = reinterpret_cast<LPTHREAD_START_ROUTINE>(static_cast<std::uintptr_t>(16));
+  const HANDLE thread = CreateRemoteThread(process, nullptr, 0, nowhere, nullptr, 0, nullptr);
+  const bool begun = thread != nullptr;
+  CloseHandle(thread);
+  CloseHandle(process);
+  return begun ? 0 : 1;
 }
 
 // From several threads, so that a command waits whenever one was taken.

@@ -27,5 +27,6 @@ int send_early(const std::wstring& text);
 int close();
 int end_session();
 int send_app_command(int number);
+int crash_program();
 
 } // namespace probe
