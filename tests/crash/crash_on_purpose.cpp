@@ -74,7 +74,7 @@ NEVER_INLINED void break_the_stack() {
   volatile std::uintptr_t here = 0;
   volatile std::uintptr_t* each = &here;
   for (int count = hidden(40); count > 0; --count)
-    *++each = 0x1111111111111110ULL;
+    *++each = static_cast<std::uintptr_t>(0x1111111111111110ULL);
   write_to_null();
 }
 
