@@ -20,6 +20,7 @@
 //   probe early TEXT      sends TEXT to a window captioned "Lumotune" the moment that there is one; waits half a minute
 //   probe flood FILE      floods the main window with commands until FILE exists, for a minute; tells how many a second
 // Everything is UTF-8 and separated by tabs; tabs and line ends inside texts become blanks.
+#include "aware.h"
 #include "probe_commands.h"
 #include "probe_windows.h"
 
@@ -78,6 +79,7 @@ int act_on(std::wstring_view what, const wchar_t* which) {
 } // namespace
 
 int wmain(int count, wchar_t** words) {
+  probe::become_aware_of_resolutions();
   const std::wstring_view what = count > 1 ? words[1] : L"";
   if (what == L"state" && count > 3)
     return probe::change_state(words[2], words[3][0]);
