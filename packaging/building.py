@@ -10,7 +10,7 @@ import archives
 
 TOP = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 STRIP, OBJCOPY = "x86_64-w64-mingw32-strip", "x86_64-w64-mingw32-objcopy"
-MADE = "build/package/"  # made here, not by the compiler
+MADE = ("build/package/", "build/package-data/")  # made here and by demo/make_package_data, not by the compiler
 SYMBOLS_OF = "app/lumotune.exe"
 
 
@@ -101,6 +101,13 @@ def make_manual(source, build):
     folder = os.path.join(build, "package")
     os.makedirs(folder, exist_ok=True)
     answer(os.path.join(source, "tools", "make-manual"), os.path.join(folder, "prirucka.html"))
+
+
+def make_demo_data(source, build):
+    """What the demonstration and the self-test have besides programs."""
+    maker = os.path.join(source, "demo", "make_package_data")
+    if os.path.exists(maker):
+        run_logged(os.path.join(build, "package.log"), [maker, os.path.join(build, "package-data")])
 
 
 def source_archives(out, name, commit, deps, when):

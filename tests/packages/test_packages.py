@@ -12,12 +12,17 @@ import packed  # noqa: E402
 from packed import KEY, UNINSTALLER, WINE, contents, digests, registered, same, setup, tree, uninstall, wait_for, wine  # noqa: E402
 import harness  # noqa: E402
 from desk import Desk, picture  # noqa: E402
-from probing import PROBE, TOP  # noqa: E402
+from probing import BUILD, PROBE, TOP  # noqa: E402
 from program import Program  # noqa: E402
 from sound import STATIONS  # noqa: E402
 
 PROGRAM_FILES = ("lumotune.exe", "skincheck.exe", "prirucka.html")
 OWN_SKIN = "Orb_Data/skins/Moje.skin"
+# Of the system; an installer needs some of them.
+PLANTED_NAMES = ("version", "uxtheme", "userenv", "setupapi", "propsys", "dwmapi", "cryptbase", "oleacc", "clbcatq", "ntmarta",
+                 "shfolder", "shlwapi", "riched20", "msimg32", "apphelp", "secur32", "winmm")
+# Of the demonstration: what the program and the client's stand-ins write.
+LISTENERS = ("lumotune/Orb_Data/options.ini", "lumotune/list.tt", "lumotune/radios.tt", "lumotune/kategories.tt")
 HERTZ = STATIONS[0].hertz
 
 
@@ -35,6 +40,13 @@ def write(path, content):
     os.makedirs(os.path.dirname(path), exist_ok=True)
     with open(path, "wb") as out:
         out.write(content)
+
+
+class Unpacked(Desk):
+    """A folder that something else has laid out and started."""
+
+    def __init__(self, folder, process):  # pylint: disable=super-init-not-called
+        self.folder, self.process, self.last_click = folder, process, (-100, -100)
 
 
 def begin(folder, *words):
@@ -115,12 +127,33 @@ class TestInstaller(Packages):
 
     def test_without_a_client_it_installs_nothing(self):
         assert setup() == 2
-        for place in (r"\\127.0.0.1\share", r"\\?\C:\x", "relative", r"Z:\missing"):
+        here = r"\\?\unix" + os.path.dirname(self.folder).replace("/", "\\") + r"\device"
+        write(os.path.join(os.path.dirname(self.folder), "device", "lumotune.exe"), b"")
+        for place in (r"\\127.0.0.1\share", here, "relative", r"Z:\missing"):
             wine("reg", "add", KEY, "/v", "InstallLocation", "/d", place, "/f")
             assert setup() == 2, place
         assert setup(r"\\127.0.0.1\share\x") in (2, 3)
         assert setup(r"Z:\proc\x") == 3
         assert packed.shortcut() is None
+
+    def test_libraries_beside_it_are_not_taken(self):
+        """As in a folder of downloads, where anything may lie."""
+        self.lay_out()
+        folder = os.path.join(os.path.dirname(self.folder), "Stažené")
+        shutil.rmtree(folder, ignore_errors=True)
+        os.makedirs(folder)
+        copy = shutil.copy(packed.package("setup.exe"), folder)
+        for name in PLANTED_NAMES:
+            shutil.copy(os.path.join(BUILD, "tests", "desktop", "planted.dll"), os.path.join(folder, name + ".dll"))
+        before = os.environ["WINEDLLOVERRIDES"]
+        os.environ["WINEDLLOVERRIDES"] = ";".join([before, *(f"{name}=n,b" for name in PLANTED_NAMES)])
+        try:
+            words = f"/D={self.windows_folder()}".split(" ")
+            assert wine(copy, "/S", *words, cwd=folder, timeout=120).returncode == 0
+        finally:
+            os.environ["WINEDLLOVERRIDES"] = before
+        assert not glob.glob(glob.escape(folder) + "/*.taken"), os.listdir(folder)
+        assert os.path.exists(self.desk.path("lumotune.exe"))
 
     def test_a_picture_of_the_clients_own_stays(self):
         self.lay_out()
@@ -228,6 +261,29 @@ class TestUninstaller(Packages):
         assert registered("InstallLocation") == other and packed.shortcut() is not None
 
 
+class TestDemo(Packages):
+    def test_its_start_file_plays(self):
+        """All that somebody does is a double click; closing the player's window ends the rest."""
+        shutil.rmtree(self.folder, ignore_errors=True)
+        packed.unpack("demo.zip", self.folder)
+        before = tree(self.folder)
+        started = begin(self.folder, "spustit.exe")
+        self.desk = Unpacked(os.path.join(self.folder, "lumotune"), started)
+        try:
+            self.until(lambda: self.desk.form() is not None and self.desk.form().visible, 60)
+            self.hear(HERTZ)
+            picture(os.path.join(TOP, "build", "packages-check", "demo.png"))
+        finally:
+            wine(PROBE, "close")
+            ended = wait_for(lambda: started.poll() is not None, 60)
+            for name in ("demo_radio.exe", "orb.exe"):
+                wine("taskkill", "/f", "/im", name)
+        assert ended, "the start program is still there"
+        after = tree(self.folder)
+        changed = [name for name in before if after.get(name) != before[name] and not name.startswith(LISTENERS)]
+        assert not changed, changed
+
+
 class TestPortable(Packages):
     def test_it_plays_from_a_folder_with_blanks_and_diacritics(self):
         before = self.lay_out()
@@ -246,4 +302,4 @@ class TestPortable(Packages):
 
 if __name__ == "__main__":
     assert os.path.exists(PROBE), "the probe is not built"
-    harness.run(TestInstaller, TestUpgrade, TestUninstaller, TestPortable)
+    harness.run(TestInstaller, TestUpgrade, TestUninstaller, TestPortable, TestDemo)
