@@ -6,9 +6,9 @@
 !macroend
 
 !insertmacro Text FolderText \
-  "Lumotune patří do složky klienta Orb, tam, kde leží orb.exe. Zkontrolujte prosím, že je to tato složka. $\r$\n$\r$\n\
+  "Lumotune patří do složky klienta Orb, tam, kde leží orb.exe. Zkontrolujte prosím, že je to tato složka.$\r$\n$\r$\n\
 Vaše oblíbená rádia, nastavení a skiny zůstanou, jak jsou." \
-  "Lumotune belongs into the folder of the Orb client, where orb.exe lies. Please check that this is the folder.$\r$\n$\r$\n\
+  "Lumotune belongs in the folder of the Orb client, where orb.exe lies. Please check that this is the folder.$\r$\n$\r$\n\
 Your favourites, settings and skins stay as they are."
 !insertmacro Text NoClientText \
   "V této složce není klient Orb (orb.exe), a bez něj se Lumotune nespustí. Přesto je sem nainstalovat?" \

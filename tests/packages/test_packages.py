@@ -4,17 +4,15 @@ import glob
 import os
 import shutil
 import signal
-import subprocess
 import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import packed  # noqa: E402
-from packed import KEY, UNINSTALLER, WINE, contents, digests, registered, same, setup, tree, uninstall, wait_for, wine  # noqa: E402
+from packed import KEY, UNINSTALLER, contents, digests, registered, same, setup, tree, uninstall, wait_for, wine  # noqa: E402
+from packed_case import HERTZ, Packages, Unpacked, begin, opened, with_folders, write  # noqa: E402
 import harness  # noqa: E402
-from desk import Desk, picture  # noqa: E402
+from desk import picture  # noqa: E402
 from probing import BUILD, PROBE, TOP  # noqa: E402
-from program import Program  # noqa: E402
-from sound import STATIONS  # noqa: E402
 
 PROGRAM_FILES = ("lumotune.exe", "skincheck.exe", "prirucka.html")
 OWN_SKIN = "Orb_Data/skins/Moje.skin"
@@ -22,87 +20,8 @@ OWN_SKIN = "Orb_Data/skins/Moje.skin"
 PLANTED_NAMES = ("userenv", "setupapi", "propsys", "dwmapi", "cryptbase", "oleacc", "clbcatq", "ntmarta", "shfolder", "riched20",
                  "msimg32", "apphelp", "secur32", "winmm")
 # Of the demonstration: what the program and the client's stand-ins write, and the address of a radio whose usual port is taken.
-LISTENERS = ("lumotune/Orb_Data/orb_server.tt", "lumotune/Orb_Data/options.ini", "lumotune/list.tt", "lumotune/radios.tt", "lumotune/kategories.tt")
-HERTZ = STATIONS[0].hertz
-
-
-def with_folders(files):
-    """The files, and the folders that they lie in."""
-    found = dict(files)
-    for path in files:
-        for at, letter in enumerate(path):
-            if letter == "/":
-                found[path[:at + 1]] = ""
-    return found
-
-
-def write(path, content):
-    os.makedirs(os.path.dirname(path), exist_ok=True)
-    with open(path, "wb") as out:
-        out.write(content)
-
-
-class Unpacked(Desk):
-    """A folder that something else has laid out and started."""
-
-    def __init__(self, folder, process):  # pylint: disable=super-init-not-called
-        self.folder, self.process, self.last_click = folder, process, (-100, -100)
-
-
-def begin(folder, *words):
-    """A Windows program that runs on."""
-    return subprocess.Popen([WINE, *words], cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-
-
-def opened(path):
-    """Whether a process holds the file open."""
-    for link in glob.glob("/proc/[0-9]*/fd/*"):
-        try:
-            if os.readlink(link) == path:
-                return True
-        except OSError:
-            continue
-    return False
-
-
-class Packages(Program):
-    def __init__(self):
-        super().__init__()
-        self.folder = os.path.join(os.path.dirname(self.folder), "Můj klient Orb, žluťoučký")
-        self.client = None
-        wine("reg", "delete", KEY, "/f")
-        if packed.shortcut():
-            os.remove(packed.shortcut())
-
-    def tear_down(self):
-        if self.client is not None:
-            wine("taskkill", "/f", "/im", "orb.exe")
-            self.client.wait()
-        super().tear_down()
-
-    def lay_out(self):
-        """A client that was never told of Lumotune, with the listener's files; what lies there."""
-        self.desk = Desk(self.folder, self.radio)
-        for name in ("skins", "pictures"):
-            shutil.rmtree(self.desk.path("Orb_Data", name))
-        os.remove(self.desk.path("lumotune.exe"))
-        return tree(self.folder)
-
-    def install(self):
-        before = self.lay_out()
-        assert setup(self.windows_folder()) == 0
-        return before
-
-    def program_files(self):
-        return with_folders({**digests(contents("portable.zip")), UNINSTALLER: tree(self.folder).get(UNINSTALLER)})
-
-    def start_client(self):
-        self.client = begin(self.folder, "orb.exe", "m")
-        self.until(lambda: "ready" in self.desk.log("orb").splitlines())
-
-    def plays(self):
-        self.desk.start()
-        self.hear(HERTZ)
+LISTENERS = ("lumotune/Orb_Data/orb_server.tt", "lumotune/Orb_Data/options.ini", "lumotune/list.tt", "lumotune/radios.tt",
+             "lumotune/kategories.tt")
 
 
 class TestInstaller(Packages):
@@ -170,17 +89,36 @@ class TestInstaller(Packages):
         before = self.lay_out()
         self.start_client()
         process = begin(None, packed.package("setup.exe"))
-        for text in ("složky klienta Orb", self.windows_folder()):
-            self.until(lambda text=text: any(text in part for box in self.desk.boxes() for part in box), 60, text)
+        self.says("složky klienta Orb")
+        self.says(self.windows_folder())
         picture(os.path.join(TOP, "build", "packages-check", "installer.png"))
         assert self.desk.press("&Instalovat")
-        self.until(lambda: any("Otevřít příručku" in part for box in self.desk.boxes() for part in box), 120)
+        self.says("Otevřít příručku")
         picture(os.path.join(TOP, "build", "packages-check", "installer-end.png"))
         assert self.desk.press("&Dokončit")
         self.until(lambda: process.poll() == 0, 60)
         self.until(lambda: self.desk.form() is not None and self.desk.form().visible)
         self.hear(HERTZ)
         assert set(before) | set(self.program_files()) <= set(tree(self.folder))
+
+    def test_on_other_systems_it_speaks_english_and_can_be_given_up(self):
+        """And no second one runs meanwhile."""
+        before = self.lay_out()
+        czech = os.environ["LC_ALL"]
+        os.environ["LC_ALL"] = "C.UTF-8"
+        try:
+            process = begin(None, packed.package("setup.exe"))
+        finally:
+            os.environ["LC_ALL"] = czech
+        self.says("belongs in the folder")
+        assert setup(self.windows_folder()) == 5
+        assert self.desk.press("Cancel")
+        self.says("quit Lumotune Setup")
+        assert self.desk.press("&Yes"), self.desk.boxes()
+        self.until(lambda: process.poll() is not None, 60)
+        assert process.returncode == 1
+        same(before, tree(self.folder))
+        assert registered("InstallLocation") is None
 
 
 class TestUpgrade(Packages):
