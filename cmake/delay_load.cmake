@@ -18,8 +18,9 @@ function(delay_load target)
       list(REMOVE_DUPLICATES symbols)
       list(JOIN symbols "\n" symbols)
       file(WRITE ${library}.def "LIBRARY ${name}.dll\nEXPORTS\n${symbols}\n")
-      execute_process(COMMAND ${CMAKE_DLLTOOL} --input-def ${library}.def --output-delaylib ${library}
-        COMMAND_ERROR_IS_FATAL ANY)
+      # It makes names of symbols out of the path, which must not tell where this folder lies.
+      execute_process(COMMAND ${CMAKE_DLLTOOL} --input-def lib${name}.a.def --output-delaylib lib${name}.a
+        WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/delayed COMMAND_ERROR_IS_FATAL ANY)
     endif()
     target_link_libraries(${target} PUBLIC ${library} delayimp)
   endforeach()
