@@ -35,6 +35,7 @@ PARTS = (
     Part("FFmpeg (libavformat, libavcodec, libswresample, libavutil)", "ffmpeg", "", "LGPL-2.1-or-later", PROGRAMS, "ffmpeg.txt"),
     Part("cubeb", "cubeb", "", "ISC", PROGRAMS, "cubeb.txt"),
     Part("Speex resampler, in cubeb", "speexdsp", "", "BSD-3-Clause", PROGRAMS, "speexdsp.txt"),
+    Part("zlib", "", "libz-mingw-w64-dev", "Zlib", PROGRAMS, "zlib.txt"),
     Part("GCC runtime (libstdc++, libgcc, libssp)", "", "gcc-mingw-w64-x86-64-posix-runtime",
          "GPL-3.0-or-later WITH GCC-exception-3.1", ALL, "gcc.txt"),
     Part("mingw-w64 runtime", "", "mingw-w64-x86-64-dev", "ZPL-2.1 AND LicenseRef-public-domain", ALL, "mingw-w64.txt"),
