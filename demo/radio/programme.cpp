@@ -24,7 +24,7 @@ std::string read(const std::filesystem::path& path, std::size_t longest) {
     refuse("missing or too long: " + path.filename().string());
   std::string text(static_cast<std::size_t>(size), '\0');
   source.seekg(0);
-  if (!source.read(text.data(), size))
+  if (!source.read(text.data(), static_cast<std::streamsize>(size)))
     refuse("cannot be read: " + path.filename().string());
   return text;
 }

@@ -80,8 +80,8 @@ void send_stream(const Socket& socket, const Stream& stream, const Request& requ
   const auto begun = Clock::now();
   while (true) {
     const auto played = std::chrono::duration_cast<milliseconds>(Clock::now() - begun + ahead).count();
-    const std::string& title =
-        stream.titles[now_ms() / static_cast<std::uint64_t>(title_lasts.count()) % stream.titles.size()];
+    const std::uint64_t turn = now_ms() / static_cast<std::uint64_t>(title_lasts.count());
+    const std::string& title = stream.titles[static_cast<std::size_t>(turn % stream.titles.size())];
     if (!socket.send(flow.until(bytes_in(static_cast<std::uint64_t>(played)), title)))
       return;
     std::this_thread::sleep_for(step);
