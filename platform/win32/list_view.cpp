@@ -84,9 +84,6 @@ bool ListView::asked(NMHDR& header, LRESULT& result) {
   case LVN_GETDISPINFOW:
     answer_text(reinterpret_cast<NMLVDISPINFOW&>(header));
     return true;
-  case LVN_ITEMCHANGED:
-    note_state(reinterpret_cast<const NMLISTVIEW&>(header));
-    return true;
   case LVN_ODFINDITEMW:
     result = find_row(reinterpret_cast<const NMLVFINDITEMW&>(header));
     if (typed_ && result >= 0)

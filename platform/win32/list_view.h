@@ -39,8 +39,6 @@ private:
   [[nodiscard]] LRESULT find_row(const NMLVFINDITEMW& request) const;
   [[nodiscard]] static bool begins_with(const std::wstring& text, std::wstring_view wanted);
   [[nodiscard]] LRESULT customise(NMLVCUSTOMDRAW& item);
-  void note_state(const NMLISTVIEW& change);
-  [[nodiscard]] bool has_state(int item, UINT state) const;
   [[nodiscard]] LRESULT selected_item() const;
   void unselect();
   void set_row_height();
@@ -54,9 +52,7 @@ private:
   std::wstring empty_text_;
   unsigned columns_dpi_; // of the columns' widths
   KeysDown keys_;
-  std::size_t right_pressed_ = 0; // row under the right button, until it is let go
-  int last_selected_ = -1;        // the row that was selected last; it may no longer be
-  int last_focused_ = -1;
+  std::size_t right_pressed_ = 0;  // row under the right button, until it is let go
   bool typed_ = false;             // while the list handles a character
   std::size_t double_pressed_ = 0; // row pressed twice, until the button is let go
 };

@@ -4,25 +4,14 @@
 
 namespace lumotune::platform::win32 {
 
-void ListView::note_state(const NMLISTVIEW& change) {
-  if ((change.uNewState & LVIS_SELECTED) != 0)
-    last_selected_ = change.iItem;
-  if ((change.uNewState & LVIS_FOCUSED) != 0)
-    last_focused_ = change.iItem;
-}
-
-bool ListView::has_state(int item, UINT state) const {
-  return item >= 0 && SendMessageW(window_, LVM_GETITEMSTATE, static_cast<WPARAM>(item), state) != 0;
-}
-
-// The list's own index, -1 for none. The list itself would look for it row by row, which takes Wine tens of
-// milliseconds where rows are many.
+// The list's own index, -1 for none. Searched for among all rows only when the selected one has lost the focus (the
+// user moved that alone, with Ctrl): some lists take tens of milliseconds to ask so many.
 LRESULT ListView::selected_item() const {
+  constexpr auto before_first = static_cast<WPARAM>(-1);
   if (SendMessageW(window_, LVM_GETSELECTEDCOUNT, 0, 0) == 0)
     return -1;
-  if (has_state(last_selected_, LVIS_SELECTED))
-    return last_selected_;
-  return SendMessageW(window_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
+  const LRESULT item = SendMessageW(window_, LVM_GETNEXTITEM, before_first, LVNI_SELECTED | LVNI_FOCUSED);
+  return item >= 0 ? item : SendMessageW(window_, LVM_GETNEXTITEM, before_first, LVNI_SELECTED);
 }
 
 std::size_t ListView::selected() const {
@@ -34,8 +23,8 @@ std::size_t ListView::selected() const {
 void ListView::unselect() {
   LVITEMW state{};
   state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-  const LRESULT focused = has_state(last_focused_, LVIS_FOCUSED) ? last_focused_ : -1;
-  for (const LRESULT item : {selected_item(), focused}) {
+  for (const LRESULT item :
+       {selected_item(), SendMessageW(window_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED)}) {
     if (item >= 0)
       SendMessageW(window_, LVM_SETITEMSTATE, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(&state));
   }
