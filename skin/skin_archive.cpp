@@ -59,24 +59,31 @@ public:
       return L"archiv .zip je poškozený nebo příliš velký";
     for (ZipEntry& each : *entries)
       std::replace(each.name.begin(), each.name.end(), L'\\', L'/');
-    const ZipEntry* description = nullptr;
-    std::wstring wrong = find_description(*entries, description);
-    if (wrong.empty())
-      wrong = take_description(*description, skin);
+    std::wstring wrong;
+    const ZipEntry* description = find_description(*entries, wrong);
+    if (description == nullptr)
+      return wrong;
+    wrong = take_description(*description, skin);
     return wrong.empty() ? take_pictures(*entries, *description, skin) : wrong;
   }
 
 private:
-  static std::wstring find_description(const std::vector<ZipEntry>& entries, const ZipEntry*& found) {
+  // nullptr when there is not exactly one, and the reason.
+  static const ZipEntry* find_description(const std::vector<ZipEntry>& entries, std::wstring& wrong) {
+    const ZipEntry* found = nullptr;
     for (const ZipEntry& each : entries) {
       // Some systems put a hidden twin beside each file.
       if (!ends_with(each.name, description_ending) || last_part(each.name).front() == L'.')
         continue;
-      if (found != nullptr)
-        return L"v archivu je více skinů, přetáhněte každý zvlášť";
+      if (found != nullptr) {
+        wrong = L"v archivu je více skinů, přetáhněte každý zvlášť";
+        return nullptr;
+      }
       found = &each;
     }
-    return found == nullptr ? L"v archivu není soubor .skin" : L"";
+    if (found == nullptr)
+      wrong = L"v archivu není soubor .skin";
+    return found;
   }
 
   std::wstring take_description(const ZipEntry& entry, UnpackedSkin& skin) {

@@ -113,6 +113,10 @@ std::optional<std::string> inflated(std::string_view packed, std::size_t size) {
   return whole ? std::optional(std::move(content)) : std::nullopt;
 }
 
+bool has_crc(const std::string& content, std::uint32_t crc) {
+  return crc32_z(0, reinterpret_cast<const Bytef*>(content.data()), content.size()) == crc;
+}
+
 } // namespace
 
 std::optional<std::vector<ZipEntry>> zip_entries(std::string_view archive) {
@@ -153,7 +157,7 @@ std::optional<std::string> unzipped(std::string_view archive, const ZipEntry& en
     content = inflated(packed, entry.size);
   else if (entry.method == stored && entry.packed == entry.size)
     content = std::string(packed);
-  if (!content || crc32_z(0, reinterpret_cast<const Bytef*>(content->data()), content->size()) != entry.crc)
+  if (!content || !has_crc(*content, entry.crc))
     return std::nullopt;
   return content;
 }
