@@ -83,6 +83,14 @@ class TestText(unittest.TestCase):
         self.assertIn("not a crash text", done.stderr)
 
 
+class TestPlaces(unittest.TestCase):
+    def test_a_source_is_named_as_the_repository_has_it(self):
+        for place in ("/lumotune/platform/x.cpp:3", "/lumotune/build/windows/../../platform/x.cpp:3", "./platform/x.cpp:3",
+                      os.path.join(TOP, "platform", "x.cpp:3"), os.path.join(TOP, "build", "..", "platform", "x.cpp:3")):
+            self.assertEqual(tool.shortened("call() at " + place), "call() at platform/x.cpp:3")
+        self.assertEqual(tool.shortened("start at ../crt/exe.c:1"), "start at ../crt/exe.c:1", "a library's stays")
+
+
 class TestSymbols(unittest.TestCase):
     def run_on(self, lines, symbols):
         with tempfile.TemporaryDirectory() as folder:
