@@ -3,106 +3,24 @@
 // listened to, and the machine's own sound device is tried.
 #include "platform/media/player.h"
 #include "platform/win32/event_loop.h"
-#include "tests/media/tone.h"
+#include "tests/media/test_device.h"
 
 #include <gtest/gtest.h>
 
 #include <windows.h>
 
-#include <algorithm>
-#include <atomic>
-#include <chrono>
 #include <cstdlib>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
-#include <thread>
-#include <vector>
 
 namespace lumotune::selftest {
 namespace {
 
-using media::AudioOutput;
-using media::Mixer;
 using platform::StreamPhase;
 using platform::StreamStatus;
 
-constexpr int rate = 48000;
 constexpr DWORD longest_ms = 30000;
-
-// What was played last, of the left side.
-class Heard {
-public:
-  void take(const std::vector<float>& stereo) {
-    const std::lock_guard lock(mutex_);
-    for (std::size_t i = 0; i < stereo.size(); i += 2)
-      samples_.push_back(stereo[i]);
-    if (samples_.size() > kept)
-      samples_.erase(samples_.begin(), samples_.end() - kept);
-  }
-  // The share of a tone in the last half second; 0 before there was that much.
-  [[nodiscard]] double share(double hertz) const {
-    const std::lock_guard lock(mutex_);
-    return samples_.size() < kept ? 0 : media::rig::tone_share(samples_, hertz, rate);
-  }
-  [[nodiscard]] bool silent() const {
-    const std::lock_guard lock(mutex_);
-    return std::all_of(samples_.end() - std::min<std::ptrdiff_t>(rate / 10, std::ssize(samples_)), samples_.end(),
-                       [](float sample) { return sample == 0.0F; });
-  }
-
-private:
-  static constexpr std::size_t kept = rate / 2;
-  mutable std::mutex mutex_;
-  std::vector<float> samples_;
-};
-
-// A device without sound: it takes samples at its pace.
-class SilentOutput final : public AudioOutput {
-public:
-  explicit SilentOutput(std::shared_ptr<Heard> heard) : heard_(std::move(heard)) {}
-  ~SilentOutput() override { halt(); }
-  [[nodiscard]] int preferred_rate() override { return rate; }
-  [[nodiscard]] bool open(Mixer& mixer, int /*latency_ms*/) override {
-    mixer_ = &mixer;
-    return true;
-  }
-  [[nodiscard]] bool start() override {
-    running_ = true;
-    thread_ = std::thread([this] { run(); });
-    return true;
-  }
-  void stop() override { halt(); }
-  void set_volume(float volume) override { volume_ = volume; }
-  [[nodiscard]] bool failed() const override { return false; }
-
-private:
-  void halt() {
-    running_ = false;
-    if (thread_.joinable())
-      thread_.join();
-  }
-  void run() {
-    constexpr std::chrono::milliseconds block(10);
-    auto due = std::chrono::steady_clock::now();
-    while (running_) {
-      std::vector<float> stereo(static_cast<std::size_t>(rate / 100) * 2);
-      mixer_->render(stereo.data(), stereo.size() / 2);
-      for (float& sample : stereo)
-        sample *= volume_;
-      heard_->take(stereo);
-      due += block;
-      std::this_thread::sleep_until(due);
-    }
-  }
-
-  std::shared_ptr<Heard> heard_;
-  Mixer* mixer_ = nullptr;
-  std::atomic<bool> running_ = false;
-  std::atomic<float> volume_ = 1.0F;
-  std::thread thread_;
-};
 
 std::wstring radio() {
   const char* const address = std::getenv("LUMOTUNE_SELFTEST_RADIO");
@@ -124,10 +42,11 @@ protected:
   void make(bool own_device) {
     media::PlayerOptions options;
     if (!own_device)
-      options.make_output = [heard = heard] { return std::make_unique<SilentOutput>(heard); };
+      options.make_output = device->factory();
     player = media::make_media_player(loop, options);
   }
   void play(const std::wstring& address) {
+    device->forget();
     player->set_url(address, platform::AddressOrigin::station);
     player->play();
   }
@@ -140,10 +59,10 @@ protected:
     return fact();
   }
   [[nodiscard]] bool until_hears(double hertz) {
-    return until([&] { return heard->share(hertz) > 0.5; });
+    return until([&] { return device->has_heard(hertz); });
   }
 
-  std::shared_ptr<Heard> heard = std::make_shared<Heard>();
+  std::shared_ptr<media::rig::TestDevice> device = std::make_shared<media::rig::TestDevice>();
   platform::win32::EventLoop loop;
   std::unique_ptr<platform::MediaPlayer> player;
 };
@@ -183,7 +102,7 @@ TEST_F(MediaSelftest, AStopIsSilentAndAnotherStationIsHeard) {
   play(radio() + L"/lumo01-128.mp3");
   ASSERT_TRUE(until_hears(440));
   player->stop();
-  EXPECT_TRUE(until([&] { return heard->silent(); }));
+  EXPECT_TRUE(until([&] { return device->silent(); }));
   play(radio() + L"/lumo12-128.mp3");
   EXPECT_TRUE(until_hears(392));
 }
