@@ -133,7 +133,10 @@ std::string text(const std::string& name, const std::wstring& window) {
 
 void click(int x, int y, int times) {
   SetCursorPos(x, y);
-  Sleep(step_ms);
+  (void)until([&] {
+    POINT now{};
+    return GetCursorPos(&now) != 0 && now.x == x && now.y == y;
+  });
   for (int count = 0; count < times; ++count) {
     std::array<INPUT, 2> input{};
     for (INPUT& each : input)

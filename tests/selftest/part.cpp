@@ -95,7 +95,7 @@ Result run_part(const std::wstring& program, const std::wstring& words,
     silent = GetTickCount64() - spoken > longest_silence_ms;
     if (ended || silent)
       break;
-    Sleep(step_ms);
+    WaitForSingleObject(started->process.get(), step_ms); // its end needs no step; its pipe cannot be waited for
   }
   GetExitCodeProcess(started->process.get(), &result.exit_code);
   result.whole = !silent && result.running.empty();
