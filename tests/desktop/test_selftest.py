@@ -42,9 +42,11 @@ class TestSelftest:
             report = source.read()
         assert code == 0, (output[-200:], report)
         assert report.endswith("výsledek: v pořádku\r\n"), report
-        for part in ("smlouva", "zvuk", "pád", "prohlídka"):
-            assert f"část {part}: prošlo " in report, report
-        assert "neprošlo 0" in report and "Wine " in report
+        # A stack that overflows leaves no text under Wine; nothing else may be left out here.
+        for part, skipped in (("smlouva", 0), ("zvuk", 0), ("pád", 1), ("prohlídka", 0)):
+            line = next(line for line in report.splitlines() if line.startswith(f"část {part}: prošlo "))
+            assert f", neprošlo 0, vynecháno {skipped}, " in line, report
+        assert "Wine " in report
         assert self.files() == sorted([*before, "zprava.txt"]), "it leaves nothing else"
         for private in (os.environ["USER"] if "USER" in os.environ else "root", "zkouška", ":\\", "/"):
             assert private not in report, (private, report)
