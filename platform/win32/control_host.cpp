@@ -2,6 +2,7 @@
 #include "platform/win32/control_host.h"
 
 #include "platform/win32/dpi.h"
+#include "platform/win32/tip_window.h"
 
 #include <commctrl.h>
 
@@ -188,9 +189,7 @@ void ControlHost::make_tips() {
   if (tips_ != nullptr)
     return;
   use_common_controls();
-  // Without an owner: an owned window in the topmost layer would keep this one out of it.
-  tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
-                          nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+  tips_ = make_tip_window();
   SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels(6000, dpi_));
   for (const auto& [control, text] : tips_to_be_made_)
     show_tip(control, text);

@@ -24,7 +24,7 @@ ListView::ListView(Surface& surface, const std::wstring& designer_name)
                     static_cast<DWORD>(WS_TABSTOP),
                 WS_EX_CLIENTEDGE),
       columns_dpi_(surface.dpi()) {
-  constexpr LPARAM wished = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
+  constexpr LPARAM wished = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
   SendMessageW(window_, LVM_SETEXTENDEDLISTVIEWSTYLE, static_cast<WPARAM>(wished), wished);
   set_row_height();
 }
@@ -73,6 +73,7 @@ std::size_t ListView::row_count() const {
 // New content is scrolled to its start.
 void ListView::rows_changed() {
   select(0);
+  point_nowhere();
   SendMessageW(window_, LVM_SETITEMCOUNT, row_count(), 0);
   if (row_count() != 0)
     SendMessageW(window_, LVM_ENSUREVISIBLE, 0, FALSE);
@@ -169,6 +170,9 @@ void ListView::press(MouseButton button, WPARAM keys, LPARAM point) {
 // come up: what opens menus is told when the button is let go.
 bool ListView::handle_mouse(UINT message, WPARAM w, LPARAM l, LRESULT& /*result*/) {
   switch (message) {
+  case WM_MOUSEMOVE:
+    point_at(l);
+    return false;
   case WM_LBUTTONDOWN:
     press(MouseButton::left, w, l);
     return true;
@@ -225,6 +229,8 @@ bool ListView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result)
     fit_column(header.iItem);
     return true;
   }
+  if (message == WM_MOUSEWHEEL || message == WM_VSCROLL || message == WM_HSCROLL || message == WM_KEYDOWN)
+    point_nowhere();
   if (message == WM_PAINT && row_count() == 0 && !empty_text_.empty()) {
     result = DefSubclassProc(window_, message, w, l);
     draw_empty_text();

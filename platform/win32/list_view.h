@@ -5,6 +5,7 @@
 #include "platform/directory_controls.h"
 #include "platform/win32/child_window.h"
 #include "platform/win32/keys_down.h"
+#include "platform/win32/tip_window.h"
 
 #include <commctrl.h>
 
@@ -45,12 +46,18 @@ private:
   void draw_empty_text() const;
   void fit_column(int column);
   [[nodiscard]] int needed_width(int column) const;
+  [[nodiscard]] int text_width(const std::wstring& text, bool bold) const;
+  void point_at(LPARAM point);
+  void point_nowhere();
 
   const RowModel* rows_ = nullptr;
   int height_ = 0; // pixels
   int columns_ = 0;
   std::wstring empty_text_;
   unsigned columns_dpi_; // of the columns' widths
+  CellTip tip_;
+  std::size_t pointed_row_ = 0; // with its column: the cell that the pointer came to last
+  int pointed_column_ = 0;
   KeysDown keys_;
   std::size_t right_pressed_ = 0;  // row under the right button, until it is let go
   bool typed_ = false;             // while the list handles a character

@@ -51,30 +51,30 @@ void ListView::draw_empty_text() const {
   ReleaseDC(window_, dc);
 }
 
+int ListView::text_width(const std::wstring& text, bool bold) const {
+  constexpr std::size_t most_measured = 1000; // characters
+  const HDC dc = GetDC(window_);
+  const HGDIOBJ before = SelectObject(dc, surface_.font(LabelFont::normal, false, bold));
+  SIZE size{};
+  GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(std::min(text.size(), most_measured)), &size);
+  SelectObject(dc, before);
+  ReleaseDC(window_, dc);
+  return static_cast<int>(size.cx);
+}
+
 // In pixels, for the caption and the rows in sight: measuring all rows of a long list would take seconds.
 int ListView::needed_width(int column) const {
-  const HDC dc = GetDC(window_);
-  const HGDIOBJ before = SelectObject(dc, surface_.font(LabelFont::normal, false));
-  int widest = 0;
-  const auto measure = [&](const std::wstring& text, bool bold) {
-    SIZE size{};
-    SelectObject(dc, surface_.font(LabelFont::normal, false, bold));
-    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(std::min<std::size_t>(text.size(), 1000)), &size);
-    widest = std::max(widest, static_cast<int>(size.cx));
-  };
   std::wstring caption(200, L'\0');
   LVCOLUMNW asked{};
   asked.mask = LVCF_TEXT;
   asked.pszText = caption.data();
   asked.cchTextMax = static_cast<int>(caption.size());
   SendMessageW(window_, LVM_GETCOLUMNW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&asked));
-  measure(caption.c_str(), false);
+  int widest = text_width(caption.c_str(), false);
   const auto first = static_cast<std::size_t>(SendMessageW(window_, LVM_GETTOPINDEX, 0, 0));
   const auto page = static_cast<std::size_t>(SendMessageW(window_, LVM_GETCOUNTPERPAGE, 0, 0)) + 1;
   for (std::size_t row = first + 1; row <= std::min(first + page, row_count()); ++row)
-    measure(rows_->text(row, static_cast<std::size_t>(column)), rows_->bold(row));
-  SelectObject(dc, before);
-  ReleaseDC(window_, dc);
+    widest = std::max(widest, text_width(rows_->text(row, static_cast<std::size_t>(column)), rows_->bold(row)));
   return widest + pixels(270, surface_.dpi()); // the room that the list leaves around a text
 }
 

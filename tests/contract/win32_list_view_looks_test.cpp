@@ -3,9 +3,11 @@
 #include "tests/contract/win32_list_view.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace lumotune::contract {
@@ -35,6 +37,105 @@ TEST_F(Win32ListViewTest, ADoubleClickOnTheDividerFitsTheColumnToWhatIsInSight) 
       << "all of it is shown";
   EXPECT_GT(fit(1), 0);
   EXPECT_EQ(fit(7), 0) << "no such column";
+}
+
+// Of all tip windows of this thread; empty when none has a tip for the list.
+std::wstring offered_tip(HWND list) {
+  struct Search {
+    HWND list;
+    std::wstring found;
+  } search{list, {}};
+  const auto look = [](HWND window, LPARAM with) -> BOOL {
+    auto& wanted = *reinterpret_cast<Search*>(with);
+    std::array<wchar_t, 32> kind{};
+    GetClassNameW(window, kind.data(), static_cast<int>(kind.size()));
+    if (std::wstring_view(kind.data()) != TOOLTIPS_CLASSW)
+      return TRUE;
+    std::wstring text(2000, L'\0');
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.hwnd = wanted.list;
+    tool.uId = 1;
+    tool.lpszText = text.data();
+    SendMessageW(window, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
+    wanted.found += text.c_str();
+    return TRUE;
+  };
+  EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+struct LongRows final : platform::RowModel {
+  std::wstring name = L"Jméno, které se do svého sloupce nevejde celé";
+  std::wstring country = L"Demokratická republika se jménem, které se nevejde";
+  [[nodiscard]] std::size_t count() const override { return 100; }
+  [[nodiscard]] std::wstring text(std::size_t row, std::size_t column) const override {
+    return row == 2 ? L"A" : column == 0 ? name : country;
+  }
+  [[nodiscard]] bool bold(std::size_t /*row*/) const override { return false; }
+};
+
+struct Win32ListViewTips : Win32ListViewTest {
+  LongRows texts;
+  Win32ListViewTips() { list.set_rows(&texts); }
+  ~Win32ListViewTips() override { list.set_rows(nullptr); }
+  void point(std::size_t row, int column) {
+    RECT cell{};
+    cell.top = column;
+    cell.left = LVIR_LABEL;
+    SendMessageW(handle(list), LVM_GETSUBITEMRECT, row - 1, reinterpret_cast<LPARAM>(&cell));
+    SendMessageW(handle(list), WM_MOUSEMOVE, 0, MAKELPARAM(cell.left + 10, (cell.top + cell.bottom) / 2));
+  }
+};
+
+TEST_F(Win32ListViewTips, ACutTextIsOfferedWholeInEachColumn) {
+  point(1, 0);
+  EXPECT_EQ(offered_tip(handle(list)), texts.name);
+  point(1, 1);
+  EXPECT_EQ(offered_tip(handle(list)), texts.country);
+  point(2, 1);
+  EXPECT_EQ(offered_tip(handle(list)), L"") << "it fits";
+  point(3, 0);
+  EXPECT_EQ(offered_tip(handle(list)), texts.name);
+  SendMessageW(handle(list), WM_MOUSEMOVE, 0, MAKELPARAM(290, 100));
+  EXPECT_EQ(offered_tip(handle(list)), L"") << "beside the columns";
+}
+
+TEST_F(Win32ListViewTips, AWiderColumnNeedsNone) {
+  SendMessageW(handle(list), LVM_SETCOLUMNWIDTH, 1, 100);
+  point(1, 1);
+  EXPECT_EQ(offered_tip(handle(list)), texts.country);
+  point(1, 0);
+  SendMessageW(handle(list), LVM_SETCOLUMNWIDTH, 0, 10);
+  SendMessageW(handle(list), LVM_SETCOLUMNWIDTH, 1, 500);
+  point(1, 1);
+  EXPECT_EQ(offered_tip(handle(list)), texts.country) << "the list is narrower than the column";
+  texts.country = L"Česko";
+  point(3, 1);
+  EXPECT_EQ(offered_tip(handle(list)), L"");
+}
+
+TEST_F(Win32ListViewTips, WhatMovesTheRowsTakesItBack) {
+  const auto offered = [this] {
+    point(1, 0);
+    return !offered_tip(handle(list)).empty();
+  };
+  ASSERT_TRUE(offered());
+  SendMessageW(handle(list), WM_VSCROLL, SB_LINEDOWN, 0);
+  EXPECT_EQ(offered_tip(handle(list)), L"");
+  SendMessageW(handle(list), WM_VSCROLL, SB_LINEUP, 0);
+  ASSERT_TRUE(offered());
+  SendMessageW(handle(list), WM_KEYDOWN, VK_DOWN, 1);
+  EXPECT_EQ(offered_tip(handle(list)), L"");
+  ASSERT_TRUE(offered());
+  list.rows_changed();
+  EXPECT_EQ(offered_tip(handle(list)), L"");
+}
+
+TEST_F(Win32ListViewTips, AHugeTextIsCut) {
+  texts.name.assign(1'000'000, L'š');
+  point(1, 0);
+  EXPECT_EQ(offered_tip(handle(list)), std::wstring(1000, L'š'));
 }
 
 TEST_F(Win32ListViewTest, AnEmptyListDrawsItsText) {

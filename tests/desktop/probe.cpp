@@ -10,6 +10,7 @@
 //   probe menus           the places of the menus that are open: left, top, width, height
 //   probe menuitems       the items of the open menus: depth of the menu, letters (s a separator, g greyed, c checked,
 //                         h highlighted, m a submenu), left, top, caption as the user reads it
+//   probe tips            the texts of the tool tips that are shown
 //   probe cancel          closes the open menus
 //   probe command N       sends the main window the command of a keyboard's or remote control's special key
 //   probe state WINDOW X   by its system menu: x maximizes, n minimizes, r restores it
@@ -42,6 +43,8 @@ int run(std::wstring_view what) {
     return probe::print_menus();
   if (what == L"menuitems")
     return probe::print_menu_items();
+  if (what == L"tips")
+    return probe::print_tips();
   if (what == L"items")
     return probe::print_items();
   if (what == L"boxes")

@@ -10,6 +10,7 @@ namespace probe {
 int print_controls();
 int print_boxes();
 int print_menus();
+int print_tips();
 int print_menu_items();
 
 int print_items();

@@ -60,6 +60,14 @@ int print_menus() {
   return 0;
 }
 
+int print_tips() {
+  for (const HWND tip : top_windows()) {
+    if (class_of(tip) == L"tooltips_class32" && IsWindowVisible(tip) != 0)
+      std::printf("%s\n", utf8(text_of(tip)).c_str());
+  }
+  return 0;
+}
+
 // Has the system load the reader into the program, asks it and prints what it answers.
 int print_menu_items() {
   const HWND form = main_window();

@@ -7,8 +7,11 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import harness  # noqa: E402
 from directory_window import Directory  # noqa: E402
+from probing import lines_of  # noqa: E402
 from program import BY_ID, CHECK_VALUE, IDENTITY, MINIMIZED, NORMAL, WITHOUT_FOCUS  # noqa: E402
 from sound import Sound  # noqa: E402
+
+NAME_WIDTH = 133  # pixels, of the first column
 
 
 class TestLists(Directory):
@@ -78,6 +81,16 @@ class TestLists(Directory):
         subprocess.run(["xdotool", "type", "--delay", "60", "klub"], check=True)
         self.until(lambda: desk.rows()[desk.selected_row() - 1].text == "Klub Půlnoc", text=str(desk.selected_row()))
         self.until(lambda: self.control("Label2").text == "Klub Půlnoc")
+
+    def test_a_cut_text_shows_whole_as_a_tip_in_each_column(self):
+        desk = self.open()
+        self.updated()
+        long, far = self.row(BY_ID["LUMO13"].name), self.row("Night Drive FM")
+        for (x, y), text in ((long.place, long.text), ((far.place[0] + NAME_WIDTH, far.place[1]), far.country)):
+            subprocess.run(["xdotool", "mousemove", str(x), str(y)], check=True)
+            self.until(lambda text=text: lines_of("tips") == [text], text=str(lines_of("tips")))
+        subprocess.run(["xdotool", "mousemove", str(x), str(self.control("ListView1").top + 8)], check=True)
+        self.until(lambda: not lines_of("tips"), text="it goes with the pointer")
 
     def test_the_window_can_be_resized(self):
         desk = self.open()
