@@ -39,29 +39,32 @@ TEST_F(Win32ListViewTest, ADoubleClickOnTheDividerFitsTheColumnToWhatIsInSight) 
   EXPECT_EQ(fit(7), 0) << "no such column";
 }
 
+struct TipSearch {
+  HWND list;
+  std::wstring found;
+};
+
+BOOL CALLBACK collect_tip(HWND window, LPARAM with) {
+  auto& search = *reinterpret_cast<TipSearch*>(with);
+  std::array<wchar_t, 32> kind{};
+  GetClassNameW(window, kind.data(), static_cast<int>(kind.size()));
+  if (std::wstring_view(kind.data()) != TOOLTIPS_CLASSW)
+    return TRUE;
+  std::wstring text(2000, L'\0');
+  TTTOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;
+  tool.hwnd = search.list;
+  tool.uId = 1;
+  tool.lpszText = text.data();
+  SendMessageW(window, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
+  search.found += text.c_str();
+  return TRUE;
+}
+
 // Of all tip windows of this thread; empty when none has a tip for the list.
 std::wstring offered_tip(HWND list) {
-  struct Search {
-    HWND list;
-    std::wstring found;
-  } search{list, {}};
-  const auto look = [](HWND window, LPARAM with) -> BOOL {
-    auto& wanted = *reinterpret_cast<Search*>(with);
-    std::array<wchar_t, 32> kind{};
-    GetClassNameW(window, kind.data(), static_cast<int>(kind.size()));
-    if (std::wstring_view(kind.data()) != TOOLTIPS_CLASSW)
-      return TRUE;
-    std::wstring text(2000, L'\0');
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V1_SIZE;
-    tool.hwnd = wanted.list;
-    tool.uId = 1;
-    tool.lpszText = text.data();
-    SendMessageW(window, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
-    wanted.found += text.c_str();
-    return TRUE;
-  };
-  EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&search));
+  TipSearch search{list, {}};
+  EnumThreadWindows(GetCurrentThreadId(), collect_tip, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }
 
