@@ -83,8 +83,11 @@ void SettingsFiles::SaveOptions() {
     settings.LTpleft = std::to_wstring(place.left);
     settings.LTptop = std::to_wstring(place.top);
   }
-  if (List4.size() < options_line_count)
+  if (List4.size() < options_line_count) {
+    if (locked_) // it was waited for in vain; a file that is merely short is left to the client
+      uses_.error_log.add(L"SaveOptions", L"options.ini");
     return;
+  }
   // The client may have written meanwhile. When the disk is full or the file is locked, the old file stays intact and
   // keeps the settings of the last run.
   if (!read_whole() || !write_settings(List4, uses_.folder.codec(), settings) ||

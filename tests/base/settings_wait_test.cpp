@@ -148,5 +148,16 @@ TEST_F(SettingsWaitTest, ASaveThatFailsIsLogged) {
   EXPECT_TRUE(w.dialogs.shown.empty()) << "nobody wants a box at the end";
 }
 
+TEST_F(SettingsWaitTest, AFileThatCannotBeReadAtTheEndIsLogged) {
+  read();
+  w.settings.LTvolume = L"85";
+  w.files.make_unreadable(file);
+  w.options.LoadOptions();
+  w.options.SaveOptions();
+  w.files.mend(file);
+  EXPECT_EQ(w.get(L"Orb_Data\\options.ini"), joined(option_lines()));
+  EXPECT_EQ(w.get(L"Orb_Data\\error.log"), "1. 2. 2024 3:04:05 Lumotune (SaveOptions) options.ini\r\n");
+}
+
 } // namespace
 } // namespace lumotune::test
