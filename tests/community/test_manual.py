@@ -15,13 +15,15 @@ LITERAL = re.compile(r'L"((?:\\.|[^"\\])*)"')
 # Where the texts of menus, the status, boxes and links stand.
 SOURCES = ("menus/menu_table.h", "menus/menu_commands.cpp", "directory/station_menu.h", "directory/update.cpp", "directory/updater.cpp",
            "directory/list_radios.cpp", "directory/actions.cpp", "directory/details.cpp", "player/status_text.cpp", "player/status_display.h",
-           "player/startup.cpp", "player/client_link.cpp", "player/favourites.cpp", "stations/favourite_file.h", "base/lumotune_form.cpp")
+           "player/startup.cpp", "player/client_link.cpp", "player/favourites.cpp", "player/favourites.h", "stations/favourite_file.h",
+           "base/lumotune_form.cpp", "directory/filter_line.cpp", "directory/station_list.cpp", "player/drops.h", "player/gestures.cpp",
+           "player/gestures.h", "player/favourite_lists.cpp", "player/quality_backup.cpp", "skin/skin_installer.cpp")
 # Texts that are told without being repeated: a removed favourite, one that was added, advice that the program gives itself, names for
-# screen readers, and parts of the texts above.
+# screen readers, headings of columns, and parts of the texts above.
 UNTOLD = ("Rádio bylo ", "Mělo by se", "Zvolte kvalitu", "Čím je kvalita", "Pokud vyberete", "nebude plynulé", "Vyberte stanici",
           "Soubor list.tt", "LTCC", "kbps", "Kategorie rádií", "O rádiu", "Přihlásit se na Orb", "Vybrané rádio", "je plný", "disk.",
-          "Soubor options.ini používal", "Mám potíže s poslechem tohoto rádia'", "Seznam se nepodařilo uložit", "Skrýt", "Rádia",
-          "Orb - Lumotune")
+          "Soubor options.ini používal", "Mám potíže s poslechem tohoto rádia'", "Skrýt", "Rádia",
+          "Orb - Lumotune", "Název rádia", "Země")
 
 
 def read(path):
