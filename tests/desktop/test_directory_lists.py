@@ -15,6 +15,13 @@ NAME_WIDTH = 133  # pixels, of the first column
 
 
 class TestLists(Directory):
+    def inks(self, name):
+        """The colours of a control's dark pixels."""
+        control = self.control(name)
+        place = f"{control.width}x{control.height}+{control.left}+{control.top}"
+        data = subprocess.run(["import", "-window", "root", "-crop", place, "-depth", "8", "rgb:-"], capture_output=True, check=True).stdout
+        return {pixel for pixel in zip(data[::3], data[1::3], data[2::3]) if min(pixel) < 100}
+
     def test_categories_filter_by_mouse_and_keyboard(self):
         desk = self.open()
         self.updated()
@@ -110,6 +117,8 @@ class TestLists(Directory):
         desk = self.open("13=#013:LTautoStart:0", "12=#012:LTLast:LUMO06/1")
         assert desk.selected_row() == 6
         assert self.control("Label2").text == "Rádio Dunaj"
+        self.until(lambda: self.inks("Label4"), text="its address is drawn")
+        assert not any(blue > red + 60 for red, _, blue in self.inks("Label4")), "black, as after the first move of the mouse"
 
 
 class TestActions(Directory):
