@@ -44,7 +44,6 @@ char32_t referenced(std::wstring_view name) {
     return 0;
   const bool hex = name[1] == L'x' || name[1] == L'X';
   char32_t number = 0;
-  std::size_t digits = 0;
   for (const wchar_t c : name.substr(hex ? 2 : 1)) {
     char32_t digit = 99;
     if (c >= L'0' && c <= L'9')
@@ -56,10 +55,9 @@ char32_t referenced(std::wstring_view name) {
     if (digit == 99)
       return 0;
     number = number * (hex ? 16 : 10) + digit;
-    ++digits;
   }
   const bool surrogate = number >= 0xd800 && number < 0xe000;
-  return digits == 0 || surrogate || number > 0x10ffff ? 0 : number;
+  return surrogate || number > 0x10ffff ? 0 : number;
 }
 
 std::wstring resolve_references(const std::wstring& text) {
