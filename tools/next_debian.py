@@ -15,7 +15,7 @@ import time
 TOP = os.path.realpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."))
 HOME_SUITE, SUITE = "bookworm", "trixie"
 PACKAGES = """wine wine64 libgnutls30t64 xvfb xauth openbox trayer xdotool x11-utils x11-xserver-utils imagemagick pulseaudio
-    pulseaudio-utils locales fonts-dejavu-core fonts-liberation python3 ffmpeg procps""".split()
+    pulseaudio-utils locales fonts-dejavu-core fonts-liberation python3 ffmpeg procps binutils""".split()
 NEEDED = {"debootstrap": "debootstrap", "unshare": "util-linux", "setpriv": "util-linux", "ip": "iproute2",
           "i686-w64-mingw32-strip": "binutils-mingw-w64-i686"}
 
