@@ -246,4 +246,6 @@ def mutate(path, source, arguments, relaxed, begun, wanted):
     rewriting = Rewriting(source, begun, wanted)
     bodies = sorted(functions(unit.cursor, path), key=lambda body: body.extent.start.offset)
     text = rewriting.spliced(0, len(source), [(body, rewriting.rewrite(body)) for body in bodies])
-    return '#include "mutants_runtime.h"\n#line 1\n' + text, rewriting.mutants, rewriting.number
+    # Where two nodes overlap, one of them keeps its original text, and the mutants in it are in no program.
+    made = [mutant for mutant in rewriting.mutants if f"mutants::on({mutant.number})" in text]
+    return '#include "mutants_runtime.h"\n#line 1\n' + text, made, rewriting.number
