@@ -215,6 +215,37 @@ TEST_F(FileReplacingTest, TwoFilesThatAreHeldCostAsMuchTwiceAtMost) {
   expect_nothing_beside(files);
 }
 
+TEST_F(FileReplacingTest, AReplacementSettlesWhatACrashLeft) {
+  for (const int step : {1, 2, 3, 4}) {
+    platform::memory::Files files;
+    put(files, first, "old 1");
+    put(files, second, "old 2");
+    files.crash_at(step);
+    EXPECT_FALSE(files.replace_both(first, "torn 1", second, "torn 2"));
+    EXPECT_TRUE(files.power_on());
+    EXPECT_TRUE(files.replace_both(first, "new 1", second, "new 2")) << step;
+    expect_pair(files, "new 1", "new 2", false);
+  }
+}
+
+TEST_F(FileReplacingTest, AFirstFileThatIsHeldLeavesNothingBeside) {
+  platform::memory::Files files;
+  put(files, first, "old 1");
+  put(files, second, "old 2");
+  files.hold(first);
+  EXPECT_FALSE(files.replace_both(first, "new 1", second, "new 2"));
+  expect_pair(files, "old 1", "old 2", false);
+}
+
+TEST_F(FileReplacingTest, AFirstFileThatWasNotThereIsNotThereAfterTheWayBack) {
+  platform::memory::Files files;
+  put(files, second, "old 2");
+  files.hold(second);
+  EXPECT_FALSE(files.replace_both(first, "new 1", second, "new 2"));
+  EXPECT_FALSE(files.exists(first)) << "not even empty";
+  expect_pair(files, "", "old 2", false);
+}
+
 TEST_F(FileReplacingTest, WhatIsReadOnlyIsNotWaitedFor) {
   platform::memory::Files files;
   put(files, first, "old");

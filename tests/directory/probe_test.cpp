@@ -35,8 +35,9 @@ TEST(Probe, TheLastSizeCounts) {
 }
 
 TEST(Probe, ASizeThatIsNoLengthIsUnusable) {
-  for (const char* bad : {"", "size:", "size: ", "siz", "size", "size:0", "size:000", "size:-5", "size:+5", "size:x12",
-                          "size:12x", "size:1.5", "size:1e3", "size:1 2", "size:0x10", " size:12", "nic\r\njineho"})
+  for (const char* bad :
+       {"", "size:", "size: ", "siz", "size", "size:0", "size:000", "size:-5", "size:+5", "size:x12", "size:12x",
+        "size:12:", "size:12/", "size:1.5", "size:1e3", "size:1 2", "size:0x10", " size:12", "nic\r\njineho"})
     EXPECT_EQ(probe(bad), "unusable") << bad;
   EXPECT_EQ(probe("size:1" + std::string(30, '0')), "unusable");
   EXPECT_EQ(probe("size:" + std::string(1'000'000, '9')), "unusable");

@@ -44,6 +44,18 @@ TEST(Update, AListThatDoesNotGrowIsToldUntilItDoes) {
   EXPECT_EQ(texts(update.Timer1_Timer(of_length(200))).back(), L"convert") << "the watch goes on";
 }
 
+TEST(Update, TheSilenceOfTheProbeIsNotTheDownloads) {
+  Update update;
+  (void)update.LoadAktualizaceRadii();
+  (void)update.Timer3_Timer({{}, false, 0});
+  EXPECT_FALSE(update.stands(20'000)) << "nothing is downloaded yet";
+  (void)update.Timer3_Timer({7, false, 9'000});
+  (void)update.probe_read(update.run(), announcing(200));
+  EXPECT_EQ(texts(update.Timer1_Timer({0, false, 10'500})).at(0), percent(L"0"));
+  EXPECT_FALSE(update.stands(20'499));
+  EXPECT_TRUE(update.stands(20'500));
+}
+
 TEST(Update, WhatIsWrongWithThePresentListIsToldBesideTheStatusUntilThereIsAnother) {
   Update update;
   EXPECT_EQ(texts(update.LoadAktualizaceRadii(L"Je vadný.")).at(6), connecting + L" Je vadný.");

@@ -43,6 +43,14 @@ TEST(TitleQueue, EachTitleHasItsMoment) {
   EXPECT_EQ(titles.size(), 0U);
 }
 
+TEST(TitleQueue, ForgetsWhatIsNotPlayedAnyMore) {
+  TitleQueue titles;
+  titles.add(100, L"a");
+  titles.clear();
+  EXPECT_EQ(titles.size(), 0U);
+  EXPECT_EQ(titles.take_due(100), std::nullopt);
+}
+
 TEST(TitleQueue, AFloodKeepsTheNewest) {
   TitleQueue titles;
   titles.add(0, L"first");

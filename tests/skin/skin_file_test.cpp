@@ -28,13 +28,13 @@ TEST(SkinFile, CutsAtEveryBar) {
 }
 
 TEST(SkinFile, NumbersAreWhole) {
-  const auto line = SkinLine::parse(L"x|12|-12| 7 |1.5|12a||-|+3|1 2");
+  const auto line = SkinLine::parse(L"x|12|-12| 7 |1.5|12a||-|+3|1 2|12:|12/");
   ASSERT_TRUE(line);
   EXPECT_EQ(line->twips(1), 12);
   EXPECT_EQ(line->twips(2), -12);
   EXPECT_EQ(line->twips(3), 7);
   EXPECT_EQ(line->twips(8), 3);
-  for (const std::size_t bad : {4U, 5U, 6U, 7U, 9U, 20U}) {
+  for (const std::size_t bad : {4U, 5U, 6U, 7U, 9U, 10U, 11U, 20U}) {
     EXPECT_FALSE(line->twips(bad)) << bad;
     EXPECT_FALSE(line->size(bad)) << bad;
     EXPECT_FALSE(line->colour(bad)) << bad;

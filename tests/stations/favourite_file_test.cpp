@@ -132,5 +132,34 @@ TEST_F(FavouriteFileTest, RemovingTellsAFileThatIsMissingFromOneThatCannotBeRead
   EXPECT_EQ(file.remove(L"lt:RADIO1/1"), stations::FavouriteRemoved::failed);
 }
 
+TEST_F(FavouriteFileTest, AddingManyCountsThoseThatAreNew) {
+  w.put(L"list.tt", "\r\nLT:radio1/1\r\n");
+  EXPECT_EQ(file.add_all({L"lt:RADIO1/1", L"lt:RADIO2/1", L"", L"lt:radio2/1", L"lt:RADIO3/5"}), 2U);
+  EXPECT_EQ(w.get(L"list.tt"), "LT:radio1/1\r\nlt:RADIO2/1\r\nlt:RADIO3/5\r\n");
+}
+
+TEST_F(FavouriteFileTest, AddingManyThatAreThereWritesNothing) {
+  w.put(L"list.tt", "\r\nlt:RADIO1/1\r\n");
+  const std::size_t changes = w.files.changes().size();
+  EXPECT_EQ(file.add_all({L"lt:radio1/1", L""}), 0U);
+  EXPECT_EQ(file.add_all({}), 0U);
+  EXPECT_EQ(w.get(L"list.tt"), "\r\nlt:RADIO1/1\r\n");
+  EXPECT_EQ(w.files.changes().size(), changes);
+}
+
+TEST_F(FavouriteFileTest, AddingManyIsAllOrNothing) {
+  EXPECT_EQ(file.add_all({L"lt:RADIO1/1", std::wstring(L"lt:RADIO2/1\0", 12)}), std::nullopt);
+  EXPECT_EQ(file.add_all({L"lt:RADIO1/1", L"lt:RADIO2/1\r\nlt:RADIO3/1"}), std::nullopt);
+  EXPECT_FALSE(w.files.exists(w.path(L"list.tt")));
+  w.put(L"list.tt", "lt:RADIO9/1\r\n");
+  w.files.make_readonly(w.path(L"list.tt"));
+  EXPECT_EQ(file.add_all({L"lt:RADIO1/1"}), std::nullopt);
+  w.files.mend(w.path(L"list.tt"));
+  w.files.make_unreadable(w.path(L"list.tt"));
+  EXPECT_EQ(file.add_all({L"lt:RADIO1/1"}), std::nullopt);
+  w.files.mend(w.path(L"list.tt"));
+  EXPECT_EQ(w.get(L"list.tt"), "lt:RADIO9/1\r\n");
+}
+
 } // namespace
 } // namespace lumotune::test
