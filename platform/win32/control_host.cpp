@@ -170,7 +170,7 @@ void ControlHost::change_dpi(unsigned dpi) {
     return;
   dpi_ = dpi;
   if (tips_ != nullptr)
-    SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels(6000, dpi_));
+    SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels(tip_width, dpi_));
   renew_fonts();
 }
 
@@ -190,7 +190,7 @@ void ControlHost::make_tips() {
     return;
   use_common_controls();
   tips_ = make_tip_window();
-  SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels(6000, dpi_));
+  SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, pixels(tip_width, dpi_));
   for (const auto& [control, text] : tips_to_be_made_)
     show_tip(control, text);
   tips_to_be_made_.clear();
@@ -204,8 +204,7 @@ void ControlHost::set_tip(HWND control, const std::wstring& text) {
 }
 
 void ControlHost::show_tip(HWND control, const std::wstring& text) {
-  constexpr std::size_t most_shown = 1000;
-  std::wstring shown = text.substr(0, most_shown); // the record wants writable text
+  std::wstring shown = text.substr(0, most_tip_characters); // the record wants writable text
   TTTOOLINFOW tool{};
   tool.cbSize = TTTOOLINFOW_V1_SIZE;
   tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;

@@ -224,6 +224,8 @@ bool ListView::handle_key(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
 bool ListView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
   if (message == WM_NOTIFY) { // from the captions; the list's own fitting looks at every row
     const auto& header = *reinterpret_cast<const NMHEADERW*>(l);
+    if (header.hdr.code == HDN_ITEMCHANGEDW || header.hdr.code == HDN_ITEMCHANGEDA) // a column's width
+      point_nowhere();
     if (header.hdr.code != HDN_DIVIDERDBLCLICKW && header.hdr.code != HDN_DIVIDERDBLCLICKA)
       return false;
     fit_column(header.iItem);
@@ -237,6 +239,7 @@ bool ListView::handle_message(UINT message, WPARAM w, LPARAM l, LRESULT& result)
     return true;
   }
   if (message == WM_WINDOWPOSCHANGED) {
+    point_nowhere();
     result = DefSubclassProc(window_, message, w, l);
     RECT room{};
     GetClientRect(window_, &room);

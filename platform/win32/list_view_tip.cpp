@@ -39,10 +39,10 @@ void ListView::point_at(LPARAM point) {
   move.hwnd = window_;
   move.message = WM_MOUSEMOVE;
   move.lParam = point;
-  tip_.offer(window_, cell, text, pixels(6000, surface_.dpi()), move);
+  tip_.offer(window_, cell, text, pixels(tip_width, surface_.dpi()), move);
 }
 
-// What the pointer is over is not known any more: the rows have moved under it, or it is beside them.
+// What the pointer is over is not known any more: rows or columns have moved under it, or it is beside them.
 void ListView::point_nowhere() {
   pointed_row_ = 0;
   tip_.withdraw();

@@ -8,8 +8,6 @@
 namespace lumotune::platform::win32 {
 namespace {
 
-constexpr std::size_t most_shown = 1000;
-
 // The system keeps an area of a window by the window and a number.
 TTTOOLINFOW area_of(HWND list) {
   TTTOOLINFOW tool{};
@@ -37,7 +35,7 @@ void CellTip::offer(HWND list, const RECT& cell, const std::wstring& text, int w
   if (window_ == nullptr)
     window_ = make_tip_window();
   SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, width);
-  std::wstring shown = text.substr(0, most_shown); // the record wants writable text
+  std::wstring shown = text.substr(0, most_tip_characters); // the record wants writable text
   TTTOOLINFOW tool = area_of(list);
   tool.rect = cell;
   tool.lpszText = shown.data();

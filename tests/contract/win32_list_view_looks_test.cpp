@@ -118,6 +118,31 @@ TEST_F(Win32ListViewTips, AWiderColumnNeedsNone) {
   EXPECT_EQ(offered_tip(handle(list)), L"");
 }
 
+// The pointer changes a column in the captions, from where the list hears no move, and comes back to the same cell.
+TEST_F(Win32ListViewTips, AColumnOfAnotherWidthIsLookedAtAnew) {
+  texts.name = L"Rádio Úsvit";
+  SendMessageW(handle(list), LVM_SETCOLUMNWIDTH, 0, 30);
+  point(1, 0);
+  EXPECT_EQ(offered_tip(handle(list)), texts.name);
+  SendMessageW(handle(list), LVM_SETCOLUMNWIDTH, 0, 200);
+  EXPECT_EQ(offered_tip(handle(list)), L"");
+  point(1, 0);
+  EXPECT_EQ(offered_tip(handle(list)), L"") << "it fits now";
+  SendMessageW(handle(list), LVM_SETCOLUMNWIDTH, 0, 30);
+  point(1, 0);
+  EXPECT_EQ(offered_tip(handle(list)), texts.name);
+}
+
+TEST_F(Win32ListViewTips, ANarrowerListIsLookedAtAnew) {
+  texts.name = L"Rádio Úsvit";
+  SendMessageW(handle(list), LVM_SETCOLUMNWIDTH, 0, 200);
+  point(1, 0);
+  EXPECT_EQ(offered_tip(handle(list)), L"");
+  list.resize(600, 3000);
+  point(1, 0);
+  EXPECT_EQ(offered_tip(handle(list)), texts.name);
+}
+
 TEST_F(Win32ListViewTips, WhatMovesTheRowsTakesItBack) {
   const auto offered = [this] {
     point(1, 0);
