@@ -239,7 +239,7 @@ void ListRadios::bind_details() {
   on_link(form_.Label9, &Actions::Label9_Click);
   on_link(form_.Label10, &Actions::Label10_Click);
   form_.Image3.on_click = once_loaded([this] { actions_.Image3_Click(); });
-  details_.ZpetMouseMove(); // looks before the first mouse move as it does after it
+  details_.ZpetMouseMove(); // the links look the same before the first mouse move as after it
   const auto back = [this](const platform::MouseEvent&) { details_.ZpetMouseMove(); };
   form_.Frame1.on_mouse_move = back;
   form_.Image1.on_mouse_move = back;
