@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-// Validates HLS playlists before FFmpeg parses them: untrusted text from a server. Pure.
+// Validates HLS playlists (RFC 8216) and writes them anew before FFmpeg parses them: untrusted text from a server.
+// Pure.
 #pragma once
 
 #include <chrono>
@@ -13,7 +14,7 @@
 namespace lumotune::media {
 
 inline constexpr std::size_t max_hls_list_bytes = 1024 * 1024;
-inline constexpr int max_hls_variants = 8;                    // further ones are dropped
+inline constexpr std::size_t max_hls_variants = 8;            // further ones are dropped, renditions as well
 inline constexpr std::size_t max_hls_maps = 64;               // initialization sections in one list
 inline constexpr std::size_t max_hls_cost = 32 * 1024 * 1024; // estimate of FFmpeg's memory for one list
 
@@ -24,7 +25,7 @@ struct HlsList {
   std::uint64_t digest = 0; // of its segments: changes when the list advances
   bool segments = false;    // it has some
   bool choices = false;     // it has variants or renditions
-  std::string text;         // sanitized, for FFmpeg
+  std::string text;         // for FFmpeg, written anew: only tags that it needs, from their parsed values
 
   // Required of nested and reloaded lists: FFmpeg reads from each variant and rendition that it knows, also from one
   // that it never opened, or could not open because it has no segments; both are null pointers.
@@ -36,7 +37,8 @@ struct HlsList {
 // Whether a text is an HLS list rather than a plain M3U. Needs the whole text.
 [[nodiscard]] bool is_hls_list(std::string_view text);
 
-// Nothing for a list that exceeds a limit. `base` is the length of its address, which FFmpeg prepends to relative ones.
+// Nothing for a list that exceeds a limit, has segments as well as choices, or is encrypted otherwise than with
+// AES-128. `base` is the length of its address, which FFmpeg prepends to relative ones.
 [[nodiscard]] std::optional<HlsList> read_hls_list(std::string_view text, std::size_t base);
 
 // Detects live lists that have stopped advancing, by their addresses.

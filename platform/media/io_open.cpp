@@ -201,9 +201,9 @@ int IoOpen::open_nested(AVIOContext** made, const Request& request) {
   const int error = make_feed(request, feed);
   if (error < 0)
     return error;
+  feed->skip_tags(); // first: FFmpeg takes what follows for a list as well
   if (!read_list(request.address, *feed))
     return AVERROR_INVALIDDATA;
-  feed->skip_tags();
   *made = feed->context(true);
   if (*made == nullptr)
     return AVERROR(ENOMEM);

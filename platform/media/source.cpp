@@ -41,7 +41,7 @@ Opened Source::open(const std::string& address, const SourceOptions& options) {
   std::unique_ptr<Source> source(new Source(options));
   int error = source->io_.open(address, source->feed_);
   const Kind kind = error >= 0 ? source->detect(address, opened) : Kind::sound;
-  if (error >= 0 && (kind == Kind::sound || kind == Kind::hls))
+  if (error >= 0 && opened.trouble == Trouble::none && (kind == Kind::sound || kind == Kind::hls))
     error = source->open_format(address, kind == Kind::hls);
   opened.cancelled = source->watch_.cancelled;
   opened.over_budget = source->io_.refused();
@@ -56,7 +56,7 @@ Opened Source::open(const std::string& address, const SourceOptions& options) {
     opened.trouble = Trouble::not_answering; // the server closed without sending anything
   if (opened.over_budget || kind == Kind::refused)
     opened.trouble = Trouble::unknown_format;
-  if (error >= 0 && (kind == Kind::sound || kind == Kind::hls))
+  if (error >= 0 && opened.trouble == Trouble::none && (kind == Kind::sound || kind == Kind::hls))
     opened.source = std::move(source);
   return opened;
 }
@@ -124,6 +124,9 @@ int Source::open_format(const std::string& address, bool hls) {
     // Requests on a kept connection would bypass our io_open.
     settings.set("http_persistent", "0");
     settings.set("http_multiple", "0");
+    // A segment whose name ends otherwise would make a list fail while it is loaded again. What is read is bounded by
+    // its format instead.
+    settings.set("extension_picky", "0");
     settings.set("seg_format_options", "max_streams=32");
   }
   int error = context->pb == nullptr ? AVERROR(ENOMEM) : 0;

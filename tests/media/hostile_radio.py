@@ -21,8 +21,10 @@ test's own root. Takes one command a line, answers each with one line, until its
 /list/still      a live list that never changes; target=N seconds, segments of 550
 /list/rolling    one that goes on, a segment each 2 seconds
 /list/hasty      one of segments that claim to last a millisecond
-/list/turning    one that goes on, but the third time it is a choice of itself, without segments
-/list/vanishing  one that goes on, but the third time it has no segments
+/list/turning    as rolling, the third time a choice of itself; /list/tagged: the same behind a tag of 5 MiB
+/list/vanishing  as rolling, the third time without segments
+/list/nameless   as rolling, segments without ending /list/renaming   the same from the second time on
+/list/torn       a list with a short piece of sound, from the second time on with the line with=..
 Any path: password=1 wants a name and password, cookie=TEXT sets a cookie.
 /mms/NAME        a media server that sends after=N packets and falls silent; drip=1 sends single bytes instead
 """
@@ -136,7 +138,7 @@ class Answer:
 
     def file(self, name):
         try:
-            data = media(name)
+            data = media(name)[:int(self.asked.get("bytes", 1 << 30))]
         except OSError:
             return self.head("HTTP/1.1 404 Not Found", {"Content-Length": "0"})
         self.ok("application/octet-stream", **{"Content-Length": len(data)})
@@ -206,7 +208,9 @@ class Answer:
     def list(self, name):
         kind = "application/vnd.apple.mpegurl"
         start = b"#EXTM3U\n#EXT-X-VERSION:3\n"
+        choice = start + b"#EXT-X-STREAM-INF:BANDWIDTH=128000\n" + self.path.encode() + b"\n"
         target = int(self.asked.get("target", 2))
+        hits = self.server.hits["/list/" + name]
         if name.startswith("endless"):
             self.ok(kind)
             self.send(start + b"#EXT-X-TARGETDURATION:2\n#EXT-X-MEDIA-SEQUENCE:1\n")
@@ -215,17 +219,17 @@ class Answer:
         if name.startswith("large"):
             body = start + b"#EXT-X-TARGETDURATION:2\n#EXT-X-MEDIA-SEQUENCE:1\n"
             body += b"#EXTINF:2,\n/file/5500.ts\n" * (int(self.asked["mb"]) * 40330) + b"#EXT-X-ENDLIST\n"
-        elif name.startswith("master"):
-            body = start + b"#EXT-X-STREAM-INF:BANDWIDTH=128000\n" + self.path.encode() + b"\n"
         elif name.startswith("chain"):
-            number = int(self.asked.get("n", 0))
-            body = start + f"#EXT-X-STREAM-INF:BANDWIDTH=128000\n/list/chain?n={number + 1}\n".encode()
+            body = start + b"#EXT-X-STREAM-INF:BANDWIDTH=1\n/list/chain?n=%d\n" % (int(self.asked.get("n", 0)) + 1)
         elif name.startswith("variants"):
             body = start + b"".join(b"#EXT-X-STREAM-INF:BANDWIDTH=%d\n/v%d.m3u8\n" % (n, n) for n in range(40000))
-        elif name.startswith("turning") and self.server.hits["/list/" + name] == 3:
-            body = start + b"#EXT-X-STREAM-INF:BANDWIDTH=128000\n" + self.path.encode() + b"\n"
-        elif name.startswith("vanishing") and self.server.hits["/list/" + name] == 3:
+        elif name.startswith("vanishing") and hits == 3:
             body = start + b"#EXT-X-TARGETDURATION:2\n"
+        elif name.startswith("torn"):  # a short piece of sound, then at once a list that FFmpeg refuses
+            body = start + b"#EXT-X-TARGETDURATION:1\n#EXTINF:0.001,\n/file/440.mp3?bytes=3000\n"
+            body += (self.asked["with"].encode() + b"\n#EXTINF:1,\n/file/440.mp3\n") * (hits > 1)
+        elif name.startswith("master") or name.startswith(("turning", "tagged")) and hits == 3:
+            body = (self.tag_head(5 << 20) + bytes(5 << 20) if name.startswith("tagged") else b"") + choice
         elif name.startswith("hasty"):
             first = int((time.monotonic() - self.server.born) * 1000)
             body = start + f"#EXT-X-TARGETDURATION:1\n#EXT-X-MEDIA-SEQUENCE:{first}\n".encode()
@@ -234,7 +238,9 @@ class Answer:
         else:
             first = 0 if name.startswith("still") else int((time.monotonic() - self.server.born) / 2)
             body = start + f"#EXT-X-TARGETDURATION:{target}\n#EXT-X-MEDIA-SEQUENCE:{first}\n".encode()
-            body += b"".join(b"#EXTINF:2,\n/file/550%d.ts?n=%d\n" % (n % 3, n) for n in range(first, first + 3))
+            nameless = name.startswith("nameless") or name.startswith("renaming") and hits > 1
+            segment = b"#EXTINF:2,\n" + (b"/to/x?url=/file/550%d.ts&n=%d\n" if nameless else b"/file/550%d.ts?n=%d\n")
+            body += b"".join(segment % (n % 3, n) for n in range(first, first + 3))
         self.ok(kind, **{"Content-Length": len(body)})
         self.send(body)
 
