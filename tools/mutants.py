@@ -161,6 +161,9 @@ def skipped(cursor, parent, rewriting):
         return True
     if kind == CursorKind.VAR_DECL and rewriting.original(cursor).startswith(("constexpr", "static constexpr", "inline constexpr")):
         return True
+    if kind == CursorKind.INTEGER_LITERAL and parent is not None and parent.kind == CursorKind.VAR_DECL \
+            and rewriting.source[cursor.extent.end.offset:cursor.extent.end.offset + 1] == b">":
+        return True  # a template's argument
     return (kind == CursorKind.INTEGER_LITERAL and parent is not None and parent.kind in (CursorKind.VAR_DECL, CursorKind.FIELD_DECL)
             and parent.type.kind == TypeKind.CONSTANTARRAY)
 
@@ -238,7 +241,8 @@ def mutate(path, source, arguments, relaxed, begun, wanted):
     """(rewritten source, mutants) of these bytes, which the compiler is to take for the file of this path. `relaxed` lets
     constants of functions be variables, so that they can be mutated."""
     if relaxed:
-        source = source.replace(b"  constexpr ", b"  const     ")
+        # Not even `const`: what initialises a constant is evaluated by the compiler, where no mutant is chosen.
+        source = source.replace(b"  constexpr ", b"            ")
     unit = clang.cindex.Index.create().parse(path, args=arguments, unsaved_files=[(path, source.decode())])
     errors = [each for each in unit.diagnostics if each.severity >= clang.cindex.Diagnostic.Error]
     if errors:

@@ -43,6 +43,34 @@ TEST(OptionsLines, AValueStaysInItsLine) {
   EXPECT_EQ(lines[21], "#021:LTskin:a b c  d e f");
 }
 
+TEST(OptionsLines, EachValueHasItsLine) {
+  const BaseWorld w;
+  base::Settings settings;
+  settings.LTTop = L"1";
+  settings.IDlastRadio = L"ABCDEF";
+  settings.KvalitaLT = L"4";
+  settings.LTautoStart = L"1";
+  settings.LTvolume = L"77";
+  settings.saved_skin = L"Papír";
+  settings.LTpleft = L"-15";
+  settings.LTptop = L"30";
+  base::TextLines lines = option_lines();
+  const base::TextLines before = lines;
+  ASSERT_TRUE(base::write_settings(lines, w.codec, settings));
+  base::Settings read;
+  base::read_settings(lines, w.codec, read);
+  EXPECT_EQ(read.LTTop, settings.LTTop);
+  EXPECT_EQ(read.IDlastRadio, settings.IDlastRadio);
+  EXPECT_EQ(read.KvalitaLT, settings.KvalitaLT);
+  EXPECT_EQ(read.LTautoStart, settings.LTautoStart);
+  EXPECT_EQ(read.LTvolume, settings.LTvolume);
+  EXPECT_EQ(read.LTskin, settings.saved_skin);
+  EXPECT_EQ(read.LTpleft, settings.LTpleft);
+  EXPECT_EQ(read.LTptop, settings.LTptop);
+  for (const std::size_t others : {0U, 1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 10U, 14U, 15U, 16U, 17U, 18U, 19U})
+    EXPECT_EQ(lines[others], before[others]) << others;
+}
+
 TEST(OptionsLines, AFileThatLacksALineIsNotChanged) {
   const BaseWorld w;
   base::Settings settings;

@@ -24,6 +24,15 @@ TEST(Settings, ReadsEveryValueFromItsLineAndColumn) {
   EXPECT_EQ(w.settings.LTptop, L"4500");
 }
 
+TEST(Settings, WhoIsLoggedInHasAnIdentityOfAnyLength) {
+  for (const char* identity : {"", "x"}) {
+    BaseWorld w;
+    w.set_option(5, option_lines()[5].substr(0, 11) + identity);
+    w.options.LoadOptions();
+    EXPECT_EQ(w.options.logged_in(), *identity != '\0') << identity;
+  }
+}
+
 TEST(Settings, EmptyLinesBetweenTheEntriesChangeNothing) {
   BaseWorld w;
   std::string bytes;

@@ -84,6 +84,18 @@ TEST_F(SettingsWaitTest, AtTheEndItIsWaitedForOneSecondOnly) {
   EXPECT_LT(world.loop.tick_count_ms() - begun, 1050U);
 }
 
+TEST_F(SettingsWaitTest, AFileThatIsWrittenIsUsedOnceItIsComplete) {
+  for (const std::size_t lines : {base::options_line_count - 1, base::options_line_count}) {
+    test::BaseWorld world;
+    auto all = option_lines();
+    all.resize(lines);
+    world.put(L"Orb_Data\\options.ini", joined(all));
+    world.files.set_being_written(world.path(L"Orb_Data\\options.ini"), true);
+    world.options.LoadClientValues();
+    EXPECT_EQ(world.settings.idh.empty(), lines < base::options_line_count);
+  }
+}
+
 TEST_F(SettingsWaitTest, AHugeFileIsNotRead) {
   test::BaseWorld world;
   world.put(L"Orb_Data\\options.ini", joined(option_lines()) + std::string(base::SettingsFiles::max_bytes, 'x'));
