@@ -61,8 +61,8 @@ wchar_t fold(wchar_t character) {
     return character;
   if (between(code, 0xc0, 0xde) && code != 0xd7)
     return static_cast<wchar_t>(code + 32);
-  if (code == 0x130 || code == 0x131 || code == 0x138 || code == 0x149)
-    return character;
+  if (code == 0x130)
+    return character; // the dotted I: its small letter is the one of another
   if (code == 0x178)
     return static_cast<wchar_t>(0xff);
   if (is_capital_of_pair(code))
@@ -156,7 +156,6 @@ double number_value(std::wstring_view text) {
 
 std::optional<double> whole_text_number(std::wstring_view text) {
   text = trimmed(text);
-  text = text.substr(0, text.find_last_not_of(L" \t") + 1);
   if (text.empty() || number_length(text) != text.size())
     return std::nullopt;
   return number_value(text);

@@ -12,13 +12,13 @@ constexpr std::wstring_view separators = L"\\/";
 bool is_exe(std::wstring_view ending) {
   constexpr std::wstring_view exe = L"exe";
   return std::equal(ending.begin(), ending.end(), exe.begin(), exe.end(), [](wchar_t given, wchar_t wanted) {
-    return given == wanted || (given >= L'A' && given <= L'Z' && given - L'A' + L'a' == wanted);
+    return given == wanted || given - L'A' + L'a' == wanted;
   });
 }
 
 // The name with its ending; empty where it is not that of a program.
 std::wstring program_name(std::wstring_view name) {
-  if (name.empty() || name.find_first_of(L"\"*/:<>?\\|") != npos || name.ends_with(L'.') || name.ends_with(L' '))
+  if (name.empty() || name.find_first_of(L"\"*/:<>?\\|") != npos || name.ends_with(L' '))
     return {};
   const std::size_t dot = name.rfind(L'.');
   if (dot == npos)
@@ -32,11 +32,11 @@ bool is_whole(std::wstring_view path) {
 }
 
 ProgramFile whole_path(std::wstring_view path) {
-  const std::size_t cut = path.find_last_of(separators);
-  const std::wstring name = program_name(path.substr(cut == npos ? 0 : cut + 1));
-  if (!is_whole(path) || name.empty())
+  if (!is_whole(path))
     return {};
-  return {std::wstring(path.substr(0, cut + 1)) + name, true};
+  const std::size_t begin = path.find_last_of(separators) + 1;
+  const std::wstring name = program_name(path.substr(begin));
+  return name.empty() ? ProgramFile() : ProgramFile{std::wstring(path.substr(0, begin)) + name, true};
 }
 
 } // namespace

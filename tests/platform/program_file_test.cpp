@@ -23,6 +23,7 @@ void expect(const Case& expected, const ProgramFile& found) {
 TEST(ProgramFileOf, ACommandLineIsItsFirstWord) {
   for (const Case& each : {Case{L"orb.exe", L"orb.exe", false},
                            {L"orb", L"orb.exe", false},
+                           {L"a.exe", L"a.exe", false},
                            {L"ORB.EXE a b", L"ORB.EXE", false},
                            {L"a.b.Exe\tx", L"a.b.Exe", false},
                            {L"\"with blanks.exe\" \"C:\\x\"", L"with blanks.exe", false},
@@ -42,32 +43,11 @@ TEST(ProgramFileOf, AnApplicationIsAWholePath) {
 }
 
 TEST(ProgramFileOf, OtherNamesAreNoPrograms) {
-  for (const wchar_t* text : {L"list.tt",
-                              L"orb.exe.tt",
-                              L"orb.bat",
-                              L"orb.exf",
-                              L"orb.ex",
-                              L"orb.exee",
-                              L"orb.dxe",
-                              L"orb.@xe",
-                              L"orb.[xe",
-                              L".exe",
-                              L"\"orb.\"",
-                              L"\"orb.exe \"",
-                              L"\"orb.exe.\"",
-                              L"orb.",
-                              L"",
-                              L"\"\"",
-                              L"a:b.exe",
-                              L"a\\b.exe",
-                              L"a/b.exe",
-                              L"a*.exe",
-                              L"a?.exe",
-                              L"a|b.exe",
-                              L"a<b.exe",
-                              L"a>b.exe",
-                              L"a\"b.exe",
-                              L"\"never closed.exe"})
+  for (const wchar_t* text :
+       {L"list.tt",      L"orb.exe.tt", L"orb.bat", L"orb.exf",  L"orb.ex",       L"orb.exee", L"orb.dxe",
+        L"orb.@xe",      L"orb.[xe",    L".exe",    L"\"orb.\"", L"\"orb.exe \"", L"\"orb \"", L"orb..",
+        L"\"orb.exe.\"", L"orb.",       L"",        L"\"\"",     L"a:b.exe",      L"a\\b.exe", L"a/b.exe",
+        L"a*.exe",       L"a?.exe",     L"a|b.exe", L"a<b.exe",  L"a>b.exe",      L"a\"b.exe", L"\"never closed.exe"})
     EXPECT_EQ(program_file(text, L"").name, L"") << text;
 }
 

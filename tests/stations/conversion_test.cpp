@@ -235,9 +235,11 @@ TEST(Conversion, ListsThatDifferHaveOtherMarks) {
   const std::string list = "orb:k:new//1/@/A\r\nRADIO1/@/Prvn\xed\r\n";
   EXPECT_EQ(stations::list_mark(list), stations::list_mark(std::string(list)));
   for (std::size_t at = 0; at < list.size(); ++at) {
-    std::string other = list;
-    other[at] = static_cast<char>(other[at] ^ 1);
-    EXPECT_NE(stations::list_mark(other), stations::list_mark(list)) << at;
+    for (const int bit : {1, 0x80}) {
+      std::string other = list;
+      other[at] = static_cast<char>(other[at] ^ bit);
+      EXPECT_NE(stations::list_mark(other), stations::list_mark(list)) << at << ' ' << bit;
+    }
     EXPECT_NE(stations::list_mark(list.substr(0, at)), stations::list_mark(list)) << at;
   }
   EXPECT_NE(stations::list_mark(list + std::string(1, '\0')), stations::list_mark(list));
