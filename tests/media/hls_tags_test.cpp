@@ -34,6 +34,9 @@ TEST(HlsTags, OfSegmentsAreWrittenAnew) {
                     "#EXT-X-BYTERANGE:5\n"
                     "b.ts\n"
                     "nobody.ts\n"
+                    "#EXT-X-KEY:METHOD=AES-128,URI=\"k#2\"\n"
+                    "#EXTINF:1\n"
+                    "c.ts\n"
                     "#EXT-X-ENDLIST\n"),
             "#EXT-X-TARGETDURATION:12\n"
             "#EXT-X-MEDIA-SEQUENCE:42\n"
@@ -47,7 +50,13 @@ TEST(HlsTags, OfSegmentsAreWrittenAnew) {
             "#EXTINF:10.000,\n"
             "#EXT-X-BYTERANGE:5\n"
             "b.ts\n"
+            "#EXT-X-KEY:METHOD=AES-128,URI=\"k#2\"\n"
+            "#EXTINF:1.000,\n"
+            "c.ts\n"
             "#EXT-X-ENDLIST\n");
+  EXPECT_EQ(
+      text_of("#EXT-X-TARGETDURATION:1\n#EXT-X-MEDIA-SEQUENCE:0\n#EXT-X-PLAYLIST-TYPE:VOD\n#EXT-X-PLAYLIST-TYPE:X\n"),
+      "#EXT-X-TARGETDURATION:1\n#EXT-X-MEDIA-SEQUENCE:0\n#EXT-X-PLAYLIST-TYPE:VOD\n");
 }
 
 TEST(HlsTags, OfChoicesAreWrittenAnew) {
@@ -79,6 +88,15 @@ TEST(HlsTags, NameNoListTwice) {
             "#EXT-X-MEDIA:TYPE=AUDIO,GROUP-ID=\"b\",NAME=\"n\",LANGUAGE=\"\",URI=\"two.m3u8\"\n");
 }
 
+TEST(HlsTags, OfRenditionsAreEightAtMost) {
+  std::string lines = "#EXT-X-STREAM-INF:BANDWIDTH=1\nv.m3u8\n";
+  for (int i = 1; i <= 9; ++i)
+    lines += "#EXT-X-MEDIA:TYPE=AUDIO,URI=\"" + std::to_string(i) + "\"\n";
+  const std::string text = text_of(lines);
+  EXPECT_NE(text.find("\"8\""), std::string::npos);
+  EXPECT_EQ(text.find("\"9\""), std::string::npos);
+}
+
 TEST(HlsTags, ThatCannotBePlayedRefuseTheList) {
   for (const char* line : {"#EXT-X-BYTERANGE:-1", "#EXT-X-BYTERANGE:0@5", "#EXT-X-BYTERANGE:5@9999999999999999999",
                            "#EXT-X-BYTERANGE:9999999999999999999", "#EXT-X-BYTERANGE:", "#EXT-X-MAP:",
@@ -88,6 +106,11 @@ TEST(HlsTags, ThatCannotBePlayedRefuseTheList) {
                            "#EXT-X-KEY:METHOD=AES-128,URI=\"k\",IV=1", "#EXT-X-KEY:METHOD=AES-128,URI=\"k\",IV=0x1g"})
     EXPECT_EQ(text_of("#EXTINF:1,\na.ts\n" + std::string(line) + "\n"), "refused") << line;
   EXPECT_EQ(text_of("#EXTINF:1,\na\tb\n"), "refused");
+  EXPECT_EQ(text_of("#EXTINF:1,\na\x7f"
+                    "b\n"),
+            "refused");
+  EXPECT_NE(text_of("#EXT-X-KEY:METHOD=AES-128,URI=\"k\",IV=0X" + std::string(32, 'F') + "\n"), "refused");
+  EXPECT_EQ(text_of("#EXT-X-KEY:METHOD=AES-128,URI=\"k\",IV=0X" + std::string(33, 'F') + "\n"), "refused");
   EXPECT_EQ(text_of("#EXTINF:1,\n" + std::string(3881, 'a') + "\n"), "refused");
   EXPECT_NE(text_of("#EXTINF:1,\n" + std::string(3880, 'a') + "\n"), "refused");
 }
