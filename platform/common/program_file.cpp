@@ -11,9 +11,8 @@ constexpr std::wstring_view separators = L"\\/";
 
 bool is_exe(std::wstring_view ending) {
   constexpr std::wstring_view exe = L"exe";
-  return std::equal(ending.begin(), ending.end(), exe.begin(), exe.end(), [](wchar_t given, wchar_t wanted) {
-    return given == wanted || given - L'A' + L'a' == wanted;
-  });
+  return std::equal(ending.begin(), ending.end(), exe.begin(), exe.end(),
+                    [](wchar_t given, wchar_t wanted) { return given == wanted || given - L'A' + L'a' == wanted; });
 }
 
 // The name with its ending; empty where it is not that of a program.
