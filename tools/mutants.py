@@ -161,8 +161,8 @@ def skipped(cursor, parent, rewriting):
         return True
     if kind == CursorKind.VAR_DECL and rewriting.original(cursor).startswith(("constexpr", "static constexpr", "inline constexpr")):
         return True
-    if kind == CursorKind.INTEGER_LITERAL and parent is not None and parent.kind == CursorKind.VAR_DECL \
-            and rewriting.source[cursor.extent.end.offset:cursor.extent.end.offset + 1] == b">":
+    begin, end = cursor.extent.start.offset, cursor.extent.end.offset
+    if kind == CursorKind.INTEGER_LITERAL and rewriting.source[end:end + 1] == b">" and rewriting.source[:begin].rstrip().endswith(b","):
         return True  # a template's argument
     return (kind == CursorKind.INTEGER_LITERAL and parent is not None and parent.kind in (CursorKind.VAR_DECL, CursorKind.FIELD_DECL)
             and parent.type.kind == TypeKind.CONSTANTARRAY)

@@ -27,9 +27,10 @@ TEST(WebAddress, EachCommaBeginsAHarmlessArgument) {
   for (const wchar_t* address :
        {L"http://a/", L"http://a/,x", L"http://a/,x,y,z", L"http://a/,x.js jse", L"http://a/,x.exe!", L"http://a/,,"})
     EXPECT_TRUE(stays_one_argument(address)) << address;
-  for (const wchar_t* address : {L"http://a/,/x", L"http://a/, /x", L"http://a/,x,/y", L"http://a/,x.exe,y",
-                                 L"http://a/,x,y.exe", L"http://a/,x.exe ", L"http://a/,x.exe. ", L"http://a/,c:x",
-                                 L"http://a/,x,\\y", L"http://a/\"", L"http://a/\x7f", L"http://a/\x1f"})
+  for (const wchar_t* address :
+       {L"http://a/,/x", L"http://a/, /x", L"http://a/,x,/y", L"http://a/,,/x", L"http://a/,x.exe,y",
+        L"http://a/,x,y.exe", L"http://a/,x.exe ", L"http://a/,x.exe. ", L"http://a/,c:x", L"http://a/,x,\\y",
+        L"http://a/\"", L"http://a/\x7f", L"http://a/\x1f"})
     EXPECT_FALSE(stays_one_argument(address)) << address;
   EXPECT_EQ(with_harmless_commas(L"a,b"), L"a,b");
   EXPECT_EQ(with_harmless_commas(L"a,/b,c"), L"a%2C/b%2Cc");

@@ -68,6 +68,7 @@ TEST(HlsTags, OfChoicesAreWrittenAnew) {
               "#EXT-X-STREAM-INF:AVERAGE-BANDWIDTH=7,BANDWIDTH=64000,CODECS=\"mp4a.40.2,avc1\", "
               "AUDIO=\"a\\b\",VIDEO=\"v\"\n"
               "low.m3u8\n"
+              "nobodys.m3u8\n"
               "#EXT-X-STREAM-INF:AUDIO=bare\n"
               "next.m3u8\n"),
       "#EXT-X-STREAM-INF:BANDWIDTH=64000,AUDIO=\"ab\"\n"
