@@ -62,7 +62,7 @@ wchar_t fold(wchar_t character) {
   if (between(code, 0xc0, 0xde) && code != 0xd7)
     return static_cast<wchar_t>(code + 32);
   if (code == 0x130)
-    return character; // the dotted I: its small letter is the one of another
+    return character; // I with a dot: its lower case is i, which is that of the plain I already
   if (code == 0x178)
     return static_cast<wchar_t>(0xff);
   if (is_capital_of_pair(code))

@@ -71,13 +71,6 @@ bool is_separator(char c) {
   return c == '/' || c == '\\';
 }
 
-bool has_control(std::string_view text) {
-  return std::any_of(text.begin(), text.end(), [](char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return byte < 0x20 || byte == 0x7f;
-  });
-}
-
 // The path of a local address, as passed to the system.
 std::string local_path(std::string_view address) {
   address = trimmed(address);
@@ -147,6 +140,13 @@ bool is_network(const std::string& scheme) {
 }
 
 } // namespace
+
+bool has_control(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x20 || byte == 0x7f;
+  });
+}
 
 AddressKind address_kind(std::string_view address) {
   address = trimmed(address);

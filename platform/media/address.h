@@ -11,6 +11,9 @@
 
 namespace lumotune::media {
 
+// Whether it has a control character of ASCII, which could inject lines into a request.
+[[nodiscard]] bool has_control(std::string_view text);
+
 enum class AddressKind { none, network, local, unsupported };
 
 // FFmpeg truncates longer ones and opens the truncated address.

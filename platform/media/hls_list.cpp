@@ -90,8 +90,9 @@ private:
 
   bool rendition(std::string_view attributes) {
     list_.choices = true;
-    if (renditions_.size() < max_hls_variants)
-      renditions_.push_back(hls_rendition(attributes, base_));
+    HlsRendition made = hls_rendition(attributes, base_);
+    if (!made.text.empty() && renditions_.size() < max_hls_variants)
+      renditions_.push_back(std::move(made));
     return true;
   }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/media/hls_tags.h"
 
+#include "platform/media/address.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -11,10 +13,6 @@ namespace {
 
 constexpr std::size_t max_resolved = 3900; // FFmpeg's buffers hold 4,096 bytes, of a line with its tag as well
 constexpr std::size_t max_name = 63;       // as FFmpeg's
-
-bool is_control(char c) {
-  return static_cast<unsigned char>(c) < 0x20 || c == 0x7f;
-}
 
 bool is_quote(char c) {
   return c == '"' || c == '\\';
@@ -48,7 +46,7 @@ std::string_view attribute(std::string_view attributes, std::string_view name) {
 std::string quoted_name(std::string_view text) {
   std::string name = "\"";
   for (const char c : text.substr(0, max_name)) {
-    if (!is_quote(c) && !is_control(c))
+    if (!is_quote(c) && !has_control({&c, 1}))
       name += c;
   }
   return name + '"';
@@ -72,7 +70,7 @@ bool is_vector(std::string_view text) {
 } // namespace
 
 bool is_hls_address(std::string_view text, std::size_t base) {
-  return base + text.size() <= max_resolved && std::none_of(text.begin(), text.end(), is_control);
+  return base + text.size() <= max_resolved && !has_control(text);
 }
 
 std::int64_t hls_number(std::string_view text, std::int64_t least, std::int64_t most) {

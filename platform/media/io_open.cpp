@@ -201,7 +201,7 @@ int IoOpen::open_nested(AVIOContext** made, const Request& request) {
   const int error = make_feed(request, feed);
   if (error < 0)
     return error;
-  feed->skip_tags(); // first: FFmpeg takes what follows for a list as well
+  feed->skip_tags(); // first: FFmpeg reads on behind them, and may find a list there
   if (!read_list(request.address, *feed))
     return AVERROR_INVALIDDATA;
   *made = feed->context(true);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "platform/media/reach.h"
 
+#include "platform/media/address.h"
+
 #include <algorithm>
 
 namespace lumotune::media {
@@ -19,14 +21,6 @@ bool take(std::string_view& text, std::string_view start) {
     return false;
   text.remove_prefix(start.size());
   return true;
-}
-
-// Control characters could end a line of the request or an item of FFmpeg's options.
-bool is_clean(std::string_view address) {
-  return std::none_of(address.begin(), address.end(), [](char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return byte < 0x20 || byte == 0x7f;
-  });
 }
 
 std::string with_forward_slashes(std::string_view path) {
@@ -67,7 +61,7 @@ Authority authority_of(std::string_view address) {
 } // namespace
 
 Reach reach_of(std::string_view address, bool from_network) {
-  if (!is_clean(address))
+  if (has_control(address))
     return Reach::nothing;
   if (is_http(address))
     return Reach::http;
@@ -79,7 +73,7 @@ Reach reach_of(std::string_view address, bool from_network) {
 }
 
 bool may_name(std::string_view top, std::string_view named) {
-  if (!is_clean(named))
+  if (has_control(named))
     return false;
   named = without_crypto(named);
   if (!take(top, "file:"))

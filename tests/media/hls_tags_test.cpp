@@ -92,6 +92,8 @@ TEST(HlsTags, NameNoListTwice) {
 TEST(HlsTags, OfRenditionsAreEightAtMost) {
   std::string lines = "#EXT-X-STREAM-INF:BANDWIDTH=1\nv.m3u8\n";
   for (int i = 1; i <= 9; ++i)
+    lines += "#EXT-X-MEDIA:TYPE=SUBTITLES,URI=\"s" + std::to_string(i) + "\"\n";
+  for (int i = 1; i <= 9; ++i)
     lines += "#EXT-X-MEDIA:TYPE=AUDIO,URI=\"" + std::to_string(i) + "\"\n";
   const std::string text = text_of(lines);
   EXPECT_NE(text.find("\"8\""), std::string::npos);
